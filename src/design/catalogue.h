@@ -1,0 +1,69 @@
+// The one table of all fields. Look-up by name, the rows of a report, the silent restore and the front
+// ends read it.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "design/fields.h"
+
+namespace torvane {
+
+enum class Kind : std::uint8_t {
+  Text,     // the operator types it
+  ReadOut,  // shown, not typed
+  List,     // chosen from entries, or typed
+  Check,    // "1" or "0"
+  Option,   // "True" or "False"
+  Value,    // a text of the station that no window edits
+  Caption,  // says what stands beside it
+};
+
+// The machine family whose designs use a field.
+enum class UsedBy : std::uint8_t {
+  TwoAxis,
+  FourAxis,
+  ByIndex,     // 0 two axes, 1 four
+  LowIsFour,   // 0 and 1 four axes, above that two
+  Both,
+  Window,      // no part of a design or of the station's constants
+};
+
+struct FieldRow {
+  std::string_view name;
+  std::variant<Field Fields::*, FieldArray Fields::*> member;
+  Kind kind;
+  UsedBy usedBy;
+  IndexSet indexes;        // of an array
+  std::string_view first;  // the text at the start of the program
+};
+
+std::span<const FieldRow> Catalogue();
+
+// True of an array whose indexes are rows of a schedule.
+constexpr bool IsScheduleRow(const FieldRow& row) { return row.indexes.first == 1 && row.indexes.last >= 18; }
+
+bool IsUsed(const FieldRow& row, int index, bool fourAxis);
+
+// "txtWA(3)", "txtDiameterLeft".
+std::string NameOf(const Field& field);
+
+// The field of a name as NameOf gives it; null if there is none.
+Field* FindField(Fields& fields, std::string_view name);
+
+// Calls `visit` with every field in the order of the catalogue, rows of an array by rising index.
+template <class Visit>
+void ForEachField(Fields& fields, Visit visit) {
+  for (const FieldRow& row : Catalogue()) {
+    if (const auto* single = std::get_if<Field Fields::*>(&row.member)) {
+      visit(fields.*(*single));
+      continue;
+    }
+    FieldArray& array = fields.*std::get<FieldArray Fields::*>(row.member);
+    for (int place = 0; place < row.indexes.count(); ++place) visit(array(row.indexes.IndexAt(place)));
+  }
+}
+
+}  // namespace torvane

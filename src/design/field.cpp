@@ -1,0 +1,61 @@
+#include "design/field.h"
+
+#include "design/catalogue.h"
+
+namespace torvane {
+
+void Field::Attach(FieldOwner& owner, const FieldRow& row, int index) {
+  owner_ = &owner;
+  row_ = &row;
+  index_ = index;
+  text_ = row.first;
+}
+
+Number Field::number() const {
+  if (!numberKnown_ && exists()) {
+    number_ = ReadNumberText(owner_->signs, text_);
+    numberKnown_ = true;
+  }
+  return number_;
+}
+
+Field& Field::operator=(std::string_view text) {
+  if (!exists() || text_ == text) return *this;
+  Restore(text);
+  if (owner_->operations != nullptr) owner_->operations->Changed(*this);
+  return *this;
+}
+
+Field& Field::operator=(const MaybeText& text) { return text.good ? *this = text.text : *this; }
+
+Field& Field::operator=(const Masked& number) {
+  return exists() ? *this = TextOf(owner_->signs, number) : *this;
+}
+
+Field& Field::operator=(const Plain& number) {
+  return exists() ? *this = TextOf(owner_->signs, number) : *this;
+}
+
+void Field::CopyFrom(const Field& other) {
+  if (other.exists()) *this = std::string(other.text_);
+}
+
+void Field::Restore(std::string_view text) {
+  if (!exists()) return;
+  text_ = text;
+  numberKnown_ = false;
+  Repaint();
+}
+
+void Field::Repaint() const {
+  if (owner_->watcher != nullptr) owner_->watcher->Repaint(*this);
+}
+
+FieldArray::FieldArray(FieldOwner& owner, const FieldRow& row, IndexSet indexes) : indexes_(indexes) {
+  const int count = indexes.count();
+  fields_.reserve(static_cast<std::size_t>(count) + 1);
+  for (int place = 0; place < count; ++place) fields_.emplace_back(owner, row, indexes.IndexAt(place));
+  fields_.emplace_back();
+}
+
+}  // namespace torvane

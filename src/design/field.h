@@ -1,0 +1,164 @@
+// A text of the operator's window with everything that a window shows of it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/number_text.h"
+
+namespace torvane {
+
+class Field;
+struct FieldRow;
+
+// What a write sets off. Runs inside the write, after the new text stands.
+class ChangeOperations {
+ public:
+  virtual ~ChangeOperations() = default;
+  virtual void Changed(const Field& field) = 0;
+};
+
+// Told of everything that a window has to draw anew: text, mark, list, caption and the like.
+class FieldWatcher {
+ public:
+  virtual ~FieldWatcher() = default;
+  virtual void Repaint(const Field& field) = 0;
+};
+
+// What all fields of one design share.
+struct FieldOwner {
+  explicit FieldOwner(NumberSigns signsOfComputer) : signs(signsOfComputer) {}
+
+  NumberSigns signs;
+  ChangeOperations* operations = nullptr;
+  FieldWatcher* watcher = nullptr;
+};
+
+enum class Mark : std::uint8_t { Plain, NeedsInput, TooHigh, StopTooLow };
+
+// One text. A write of the same text does nothing; a write of another text stores it, tells the watcher
+// and runs the change operation before it returns. A write whose number failed has no effect.
+class Field {
+ public:
+  Field() = default;
+  Field(FieldOwner& owner, const FieldRow& row, int index) { Attach(owner, row, index); }
+  Field(Field&&) = default;
+  Field(const Field&) = delete;
+  Field& operator=(const Field&) = delete;
+  Field& operator=(Field&&) = delete;
+
+  // False of the field that stands for an index which its array does not have: it reads as a failure and
+  // ignores writes.
+  bool exists() const { return owner_ != nullptr; }
+  const FieldRow& row() const { return *row_; }
+  int index() const { return index_; }
+
+  const std::string& text() const { return text_; }
+  bool empty() const { return text_.empty(); }
+  Number number() const;
+  // The text under a mask; a text that is no number as it stands.
+  std::string through(Mask mask) const { return FormatNumberText(owner_->signs, text_, mask); }
+  // Of a check box or option.
+  bool checked() const { return text_ == "1" || text_ == "True"; }
+
+  Field& operator=(std::string_view text);
+  Field& operator=(const char* text) { return *this = std::string_view(text); }
+  Field& operator=(const std::string& text) { return *this = std::string_view(text); }
+  Field& operator=(const MaybeText& text);
+  Field& operator=(const Masked& number);
+  Field& operator=(const Plain& number);
+  // Takes the text of another field; nothing happens if that one is not there.
+  void CopyFrom(const Field& other);
+  // Sets a text without any operation.
+  void Restore(std::string_view text);
+  // Gives a field its place; its text becomes the one it has at the start of the program.
+  void Attach(FieldOwner& owner, const FieldRow& row, int index);
+
+  Mark mark() const { return mark_; }
+  bool enabled() const { return enabled_; }
+  bool shown() const { return shown_; }
+  bool bold() const { return bold_; }
+  const std::string& tip() const { return tip_; }
+  const std::string& caption() const { return caption_; }
+  const std::vector<std::string>& entries() const { return entries_; }
+
+  void SetMark(Mark mark) { Set(mark_, mark); }
+  void Enable(bool enabled) { Set(enabled_, enabled); }
+  void Show(bool shown) { Set(shown_, shown); }
+  void SetBold(bool bold) { Set(bold_, bold); }
+  void SetTip(const std::string& tip) { Set(tip_, tip); }
+  void SetCaption(const std::string& caption) { Set(caption_, caption); }
+  void SetEntries(std::vector<std::string> entries) { Set(entries_, std::move(entries)); }
+
+ private:
+  void Repaint() const;
+
+  template <class Value>
+  void Set(Value& place, Value value) {
+    if (!exists() || place == value) return;
+    place = std::move(value);
+    Repaint();
+  }
+
+  FieldOwner* owner_ = nullptr;
+  const FieldRow* row_ = nullptr;
+  std::string text_;
+  // The number that the text reads as, worked out at the first reading.
+  mutable Number number_ = Number::Failure();
+  mutable bool numberKnown_ = false;
+  Mark mark_ = Mark::Plain;
+  bool enabled_ = true;
+  bool shown_ = true;
+  bool bold_ = false;
+  int index_ = 0;
+  std::string tip_;
+  std::string caption_;
+  std::vector<std::string> entries_;
+};
+
+inline Number number(const Field& field) { return field.number(); }
+
+// The indexes of a field array: a range, and perhaps the all-rows row.
+struct IndexSet {
+  static constexpr int kAllRows = 26;
+
+  int first = 0;
+  int last = 0;
+  bool allRows = false;
+
+  constexpr int count() const { return last - first + 1 + (allRows ? 1 : 0); }
+  // Place of an index in the array, -1 if it is not of the set.
+  constexpr int Place(int index) const {
+    if (index >= first && index <= last) return index - first;
+    return allRows && index == kAllRows ? last - first + 1 : -1;
+  }
+  constexpr int IndexAt(int place) const { return place <= last - first ? first + place : kAllRows; }
+};
+
+// A row of fields: `txtWA(3)`.
+class FieldArray {
+ public:
+  FieldArray() = default;
+  FieldArray(FieldOwner& owner, const FieldRow& row, IndexSet indexes);
+  FieldArray(const FieldArray&) = delete;
+  FieldArray& operator=(const FieldArray&) = delete;
+  FieldArray& operator=(FieldArray&&) = default;
+
+  Field& operator()(int index) { return fields_[Slot(index)]; }
+  const Field& operator()(int index) const { return fields_[Slot(index)]; }
+  const IndexSet& indexes() const { return indexes_; }
+
+ private:
+  // The last slot holds the field that is not there.
+  std::size_t Slot(int index) const {
+    const int place = indexes_.Place(index);
+    return place < 0 ? fields_.size() - 1 : static_cast<std::size_t>(place);
+  }
+
+  IndexSet indexes_;
+  std::vector<Field> fields_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,20 @@
+// The blank design, and which family and drive side the window shows.
+#pragma once
+
+#include "design/state.h"
+
+namespace torvane {
+
+// Blanks the design fields of one family: 2 the two-axis family, any other value the four-axis family.
+void BlankInputs(DesignState& s, int axes);
+
+// Puts the rows in their first state and blanks the two-axis design.
+void InitializeAsNew(DesignState& s);
+
+// Selects the machine family. No value of a design changes.
+void ShowAxisDisplay(DesignState& s, bool show4Axis);
+
+// The yellow of a field that reads 0, an empty text included; a text that is no number changes no mark.
+void MarkIfZero(Field& field);
+
+}  // namespace torvane

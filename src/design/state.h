@@ -1,0 +1,120 @@
+// The one record of the open design and of the station it stands in.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/fields.h"
+
+namespace torvane {
+
+// A second copy of the schedule's rows, cell by cell: rows 0 to 50, columns 0 to 12, row r is layer r. A cell
+// outside reads as empty and takes nothing.
+class LayerTable {
+ public:
+  static constexpr int kRows = 51;
+  static constexpr int kColumns = 13;
+
+  const std::string& operator()(int row, int column) const;
+  void Set(int row, int column, std::string_view text);
+
+ private:
+  std::array<std::array<std::string, kColumns>, kRows> cells_;
+};
+
+// The fields of a split text: cell 0 the whole text, cells 1 to 100 its fields.
+class SplitFields {
+ public:
+  static constexpr int kLast = 100;
+
+  const std::string& operator()(int cell) const { return cells_[static_cast<std::size_t>(cell)]; }
+  // Splits at each character that `separators` holds; blanks round a field are cut off, and fields behind
+  // the hundredth separator are dropped.
+  void Split(std::string_view text, std::string_view separators);
+
+ private:
+  std::array<std::string, kLast + 1> cells_;
+};
+
+// All texts of a design at one time, for undo and recovery.
+struct Snapshot {
+  std::vector<std::string> fields;
+  LayerTable table2Ax, table4Ax;
+};
+
+struct DesignState : FieldOwner, Fields {
+  explicit DesignState(NumberSigns signsOfComputer);
+  DesignState(const DesignState&) = delete;
+  DesignState& operator=(const DesignState&) = delete;
+
+  LayerTable LayerTable2Ax, LayerTable4Ax;
+  SplitFields gListFields, gTagFields;
+  int gTagLineCount = 0;
+  int gCurrentRow = 0;
+  int gCopyRowSource = 0;
+  int gPolarRow = 0;
+
+  // The family in use, and the menu's marks of it and of the unit. Exactly one of a pair is True.
+  bool gShow4Axis = false;
+  bool mnu2Axis = true;
+  bool mnu4Axis = false;
+  bool mnuINCH = true;
+  bool mnuMM = false;
+
+  bool gDirty = false;
+  bool gGridSync = false;         // a change of a grid cell reaches the layer table
+  bool gAutoUpdateCells = true;   // an edit of a cell recalculates the row at once
+  bool gMirrorOnChange = false;   // a change of an inch field rewrites its millimetre twin
+  bool gMsgAnswer = false;
+  bool gDecimalComma = false;
+  bool gFileDecimalComma = false;
+  bool gIsLHDrive = false;
+  bool gIsNEMA34 = false;
+  bool chkShiftLayer = true;
+
+  // Limits of the machine: inches, inches per second, revolutions per minute.
+  double cMaxSpeed = 0;
+  double mMaxRPM = 0;
+  double cMaxTravel = 0;
+  double dhlMaxSpeed = 0;
+  std::array<double, 3> iMaxCarriageSpeeds{};  // classes 1 to 3 at 0 to 2
+  std::array<double, 3> iMaxMandrelRPM{};
+  double gNoListPatternDegrees = 0;
+  double gDelayTimeInG456ToWaitForMandrelinMS = 0;
+
+  // The field that the operator's next key goes to, where a rule has moved it.
+  const Field* focus = nullptr;
+
+  // Estimated build time of the program.
+  std::int32_t gBuildHours = 0;
+  std::int32_t gBuildMinutes = 0;
+  std::int32_t gBuildSeconds = 0;
+
+  bool InInches() const { return gUnits.text() == "in"; }
+  // Index of the panel in use: 0 two axes, 1 four.
+  int Panel() const { return gShow4Axis ? 1 : 0; }
+  Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
+
+  Snapshot TakeSnapshot();
+  // Sets all texts at once; no operation runs.
+  void Restore(const Snapshot& snapshot);
+};
+
+// Rows of a loop from 1 to the number in a field; none if it cannot be read.
+int RowsOf(const Field& count);
+
+// A value of the station that is no field (flag, count, limit, table cell, cell of a split text) as text;
+// `found` false for an unknown name.
+struct NamedValue {
+  bool found = false;
+  std::string text;
+};
+NamedValue FindValue(const DesignState& s, std::string_view name);
+
+// Names of the flags and numbers that FindValue knows and a report of a design shows.
+std::vector<std::string> ReportedValues();
+
+}  // namespace torvane

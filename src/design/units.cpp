@@ -1,0 +1,35 @@
+#include "design/units.h"
+
+namespace torvane {
+
+Masked FormatForUnits(const DesignState& s, Number value, bool alreadyInUnits) {
+  return (s.InInches() || alreadyInUnits ? value : value * kMillimetresPerInch).as("###0.000"_mask);
+}
+
+MaybeText FormatForUnits(const DesignState& s, const Field& value, bool alreadyInUnits) {
+  if (s.InInches() || alreadyInUnits) return {value.exists(), value.through("###0.000"_mask)};
+  return TextOf(s.signs, FormatForUnits(s, number(value), alreadyInUnits));
+}
+
+Number InUnits(const DesignState& s, Number value, bool alreadyInUnits) {
+  const MaybeText text = TextOf(s.signs, FormatForUnits(s, value, alreadyInUnits));
+  return text.good ? s.Read(text.text) : Number::Failure();
+}
+
+Number BandWidth(const DesignState& s, int panel) {
+  return number(s.InInches() ? s.txtBandWidth(panel) : s.txtBandWidthMM(panel));
+}
+
+void ShowUnits(DesignState& s, std::string_view inches) {
+  const bool isInches = inches == "Y";
+  s.mnuINCH = isInches;
+  s.mnuMM = !isInches;
+  s.gUnits = isInches ? "in" : "mm";
+  s.lblUnits = isInches ? "in" : "mm";
+  s.lblLengthHeading = isInches ? "Length (ft)" : "Length (meters)";
+  s.lblCarriageSpeedHeading = isInches ? "Carriage Speed (in/s)" : "Carriage Speed (mm/s)";
+  s.lblSpeedUnits = isInches ? "(in/s)" : "(mm/s)";
+  s.lblLengthUnits = isInches ? "(ft)" : "(m)";
+}
+
+}  // namespace torvane

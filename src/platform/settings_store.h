@@ -1,0 +1,28 @@
+// The per-user store of named texts that outlives the program.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/result.h"
+
+namespace torvane {
+
+class SettingsStore {
+ public:
+  struct Entry {
+    std::string section, key, value;
+  };
+
+  virtual ~SettingsStore() = default;
+
+  // Nothing where the key is missing or the store cannot be read.
+  virtual std::optional<std::string> Read(std::string_view section, std::string_view key) const = 0;
+  // The value is in the store when this returns. Another key's value never changes with it.
+  virtual Outcome Write(std::string_view section, std::string_view key, std::string_view value) = 0;
+  virtual std::vector<Entry> All() const = 0;
+};
+
+}  // namespace torvane
