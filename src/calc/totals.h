@@ -1,0 +1,19 @@
+// What the whole part will come to: wall, volume, weight, glue and build time.
+#pragma once
+
+#include "design/state.h"
+
+namespace torvane {
+
+// Wall thickness of a panel's part (0 two axes, 1 four): two bands for each layer. In the inches of the band.
+void EstimateThickness(DesignState& s, int panel);
+
+// Volume, weight and glue of the two-axis part, from its thickness as shown: a thin shell at the right
+// diameter.
+void EstimatePart(DesignState& s);
+
+// Build time of the two-axis schedule from its total minutes, in the whole hours and minutes that a program
+// declares. Sixty minutes can be left over.
+void EstimateTwoAxisBuildTime(DesignState& s);
+
+}  // namespace torvane

@@ -1,0 +1,157 @@
+#include "calc/two_axis.h"
+
+#include "calc/speed_search.h"
+#include "calc/totals.h"
+#include "design/text.h"
+#include "design/units.h"
+
+namespace torvane {
+
+namespace {
+
+// There and back, with an allowance for slowing down and speeding up at the ends.
+constexpr double kBothWays = 2 * 1.15;
+
+int SpeedClass(const DesignState& s, int row) {
+  const std::string letter = LowerCase(s.LayerTable2Ax(row, 4).substr(0, 1));
+  return letter == "s" ? 1 : letter == "m" ? 2 : 3;
+}
+
+void SpeedsFromAngle(DesignState& s, int i) {
+  const Number windingAngle = number(s.txtWA(i));
+  if (!windingAngle.good()) return;
+  Number mandrelRPM = Number::Failure();
+  Number carriageSpeed = Number::Failure();
+  CalculateSpeedsForAngle(s, mandrelRPM, carriageSpeed, windingAngle.value(), SpeedClass(s, i));
+  s.txtMRPM(i) = mandrelRPM.as("##0.0"_mask);
+  s.txtCarriageSpeed(i) = carriageSpeed.as("#0.00"_mask);
+}
+
+void CarriageSpeedFromRPM(DesignState& s, int i) {
+  const Number surfaceSpeed =
+      (number(s.Diameter_Right) + number(s.Diameter_Left)) * kPi / 2 * number(s.txtMRPM(i)) / 60;
+  s.txtCarriageSpeed(i) = (surfaceSpeed / Tan(number(s.txtWA(i)) * kPi / 180)).as("##.00"_mask);
+}
+
+// Without a right diameter it is 0.
+Number MeanDiameter(const DesignState& s) {
+  Kept mean;
+  if (!s.txtDiameterRight.empty()) mean = (number(s.txtDiameterLeft) + number(s.txtDiameterRight)) / 2;
+  return mean;
+}
+
+// Bands side by side round the left diameter.
+void Passes(DesignState& s, int i) {
+  const Number windingAngle = number(s.txtWA(i));
+  if (holds(windingAngle == 90)) {
+    s.lblPassesToCover(i) = "1";
+    return;
+  }
+  const Number base = Int(number(s.txtDiameterLeft) * kPi * Cos(windingAngle * kPi / 180) / BandWidth(s, 0));
+  const Number added = number(s.txtAddPasses);
+  if (holds(added > 0)) {
+    s.lblPassesToCover(i) = (base + added + 1).plain();
+    s.lblPassesToCover(i).SetBold(true);
+  } else {
+    s.lblPassesToCover(i) = (base + 1).plain();
+    s.lblPassesToCover(i).SetBold(false);
+  }
+}
+
+// Carriage there and back, and half a turn of the mandrel at each end.
+void Minutes(DesignState& s, int i) {
+  const Number secondsPerPass = number(s.Length_Total) * kBothWays / number(s.txtCarriageSpeed(i)) +
+                                60 / number(s.txtMRPM(i)) / 2 * kBothWays;
+  s.lblMinutesToCover(i) = (secondsPerPass / 60 * number(s.lblPassesToCover(i))).as("##0.0"_mask);
+}
+
+// Filament of a hoop: turns side by side between the stops, there and back.
+Number HoopLength(const DesignState& s, Number meanDiameter) {
+  const Number turns = Abs(number(s.txtZ2(0)) - number(s.txtZ2(1))) / BandWidth(s, 0);
+  return 2 * (meanDiameter * kPi) * turns;
+}
+
+// Filament of a helix there and back for every pass, and a circumference a pass for the turnarounds.
+Number HelixLength(const DesignState& s, int i, Number meanDiameter) {
+  const Number pitch = number(s.txtCarriageSpeed(i)) * 60 / number(s.txtMRPM(i));
+  const Number span = number(s.txtLengthTotal(0)) - number(s.txtRight(i)) - number(s.txtLeft(i));
+  const Number revolutions = span / pitch;
+  const Number oneWay =
+      Pow(Pow(kShortPi * meanDiameter * revolutions, 2) + Pow(pitch * revolutions, 2), 0.5);
+  const Number passes = number(s.lblPassesToCover(i));
+  return 2 * oneWay * passes + passes * (kShortPi * meanDiameter);
+}
+
+void WriteLength(const DesignState& s, Field& field, Number length) {
+  if (s.InInches())
+    field = length.as("#####.0"_mask);
+  else
+    field = length.as("#####.00"_mask);
+}
+
+void Length(DesignState& s, int i, Number meanDiameter) {
+  const bool hoop = holds(number(s.txtWA(i)) == 90);
+  const Number length = hoop ? HoopLength(s, meanDiameter) : HelixLength(s, i, meanDiameter);
+  WriteLength(s, s.lblLengthToCover(i), length / (s.InInches() ? 12 : 1000));
+}
+
+// Sum of the row texts, as rounded; a row that holds no number adds nothing.
+Number Sum(const FieldArray& column, int rows) {
+  Kept sum;
+  for (int i = 1; i <= rows; ++i) sum = sum + number(column(i));
+  return sum;
+}
+
+}  // namespace
+
+void RecalculateTwoAxisLayers(DesignState& s, int index) {
+  const int rows = RowsOf(s.txtNumberOfLayers(0));
+  if (index == -1)
+    for (int i = 1; i <= rows; ++i) SpeedsFromAngle(s, i);
+  else if (index >= 0 && index <= 25)
+    SpeedsFromAngle(s, index);
+  else if (index == IndexSet::kAllRows)
+    for (int i = 1; i <= rows; ++i) CarriageSpeedFromRPM(s, i);
+
+  // A row without a readable angle is no layer yet: it shows no figures, so that the sums leave it out.
+  for (int i = 1; i <= rows; ++i) {
+    if (number(s.txtWA(i)).good()) {
+      Passes(s, i);
+      Minutes(s, i);
+    } else {
+      s.lblPassesToCover(i) = "";
+      s.lblMinutesToCover(i) = "";
+    }
+  }
+  s.lblPassesToCover(IndexSet::kAllRows) = Sum(s.lblPassesToCover, rows).as("####"_mask);
+  s.lblMinutesToCover(IndexSet::kAllRows) = Sum(s.lblMinutesToCover, rows).as("##0.0"_mask);
+
+  const Number meanDiameter = MeanDiameter(s);
+  for (int i = 1; i <= rows; ++i) {
+    if (number(s.txtWA(i)).good())
+      Length(s, i, meanDiameter);
+    else
+      s.lblLengthToCover(i) = "";
+  }
+  WriteLength(s, s.lblLengthToCover(IndexSet::kAllRows), Sum(s.lblLengthToCover, rows));
+  EstimatePart(s);
+}
+
+void SyncGridToLayerTable(DesignState& s) {
+  struct Mirrored {
+    const FieldArray& field;
+    int column;
+  };
+  const Mirrored columns[] = {
+      {s.txtWA, 1},     {s.txtRight, 2}, {s.txtLeft, 3},          {s.cmbSpeed, 4},
+      {s.cmbMethod, 5}, {s.txtMRPM, 7},  {s.txtCarriageSpeed, 8}, {s.lblPassesToCover, 9},
+      {s.txtAddRevs, 10},
+  };
+  const int rows = RowsOf(s.txtNumberOfLayers(0));
+  for (int i = 1; i <= rows; ++i)
+    for (const auto& [field, column] : columns)
+      if (field(i).exists()) s.LayerTable2Ax.Set(i, column, field(i).text());
+  RecalculateTwoAxisLayers(s, -1);
+}
+
+}  // namespace torvane
