@@ -1,0 +1,100 @@
+// A program on its way: a text in memory until it is whole.
+#pragma once
+
+#include <charconv>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/number_text.h"
+
+namespace torvane {
+
+// Follows a program while it is formed.
+class ProgramProgress {
+ public:
+  virtual ~ProgramProgress() = default;
+  // `share` of the program is formed, 0 to 1. False cancels it.
+  virtual bool GoOn(double share) = 0;
+};
+
+// The most that one program may hold.
+struct ProgramLimits {
+  double lines = 10'000'000;
+  double bytes = 1'000'000'000;
+};
+
+// Lines of a program, each ended by CR LF. A line is written as a row of parts: texts, whole numbers,
+// numbers under a mask or in plain text. A line of which a part failed is left out.
+class Program {
+ public:
+  explicit Program(NumberSigns signs, ProgramProgress* progress = nullptr, ProgramLimits limits = {});
+
+  template <class... Parts>
+  void Line(const Parts&... parts) {
+    std::string& block = Room();
+    const std::size_t start = block.size();
+    if ((Append(block, parts) && ...)) {
+      block += "\r\n";
+      ++lines_;
+      bytes_ += static_cast<double>(block.size() - start);
+    } else {
+      block.resize(start);
+    }
+  }
+
+  // Before a layer is begun: refuses the program if `passes` passes of at least `linesOfPass` lines would
+  // pass the limits.
+  void BeginLayer(int layer, double passes, int linesOfPass);
+  // Asked before each pass, `share` of the program being formed. False if the program was refused or
+  // cancelled: its writers stop.
+  bool GoesOn(double share);
+
+  // Empty while nothing stands against the program, else the reason for the operator.
+  const std::string& refusal() const { return refusal_; }
+  double lines() const { return lines_; }
+  // The text in its blocks, one behind the other.
+  std::vector<std::string_view> Text() const;
+
+ private:
+  static constexpr std::size_t kBlock = 1 << 20;
+  static constexpr int kPassesBetweenReports = 256;
+
+  std::string& Room();
+  bool Append(std::string& out, std::string_view text) const {
+    out += text;
+    return true;
+  }
+  bool Append(std::string& out, int number) const {
+    char text[12];
+    out.append(text, std::to_chars(text, text + sizeof text, number).ptr);
+    return true;
+  }
+  bool Append(std::string& out, const MaybeText& text) const {
+    out += text.text;
+    return text.good;
+  }
+  bool Append(std::string& out, const Masked& number) const {
+    if (!number.value.good()) return false;
+    AppendNumberText(out, signs_, number.value.value(), number.mask);
+    return true;
+  }
+  bool Append(std::string& out, const Plain& number) const {
+    if (!number.value.good()) return false;
+    AppendPlainNumber(out, signs_, number.value.value());
+    return true;
+  }
+
+  NumberSigns signs_;
+  ProgramProgress* progress_;
+  ProgramLimits limits_;
+  std::vector<std::string> blocks_;
+  double lines_ = 0;
+  double bytes_ = 0;
+  int layer_ = 0;
+  int passesToReport_ = 0;
+  std::string refusal_;
+};
+
+}  // namespace torvane

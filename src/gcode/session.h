@@ -1,0 +1,30 @@
+// One program from its head to its last line.
+#pragma once
+
+#include "design/state.h"
+#include "gcode/program.h"
+#include "platform/platform.h"
+
+namespace torvane {
+
+// What the writers of one program share; it lives as long as one call of WriteGCode.
+struct GCodeSession {
+  DesignState& s;
+  const Platform& platform;
+  Program& program;
+};
+
+// Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its
+// like). False if the design has no file name that a program could be named after: nothing is formed then.
+// A program that was refused or cancelled says so in its refusal.
+bool FormProgram(DesignState& s, const Platform& platform, Program& program);
+
+// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. True if this call
+// wrote it whole. A design without a name writes nothing and says nothing; any other hindrance is told in a
+// message box, and the former file stays.
+bool WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
+
+// Sends the operator a notice through the executor.
+void NotifyOperator(GCodeSession& session, std::string_view message);
+
+}  // namespace torvane

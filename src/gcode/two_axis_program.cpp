@@ -1,0 +1,268 @@
+#include "gcode/two_axis_program.h"
+
+#include "design/text.h"
+#include "design/units.h"
+#include "gcode/dialect.h"
+
+namespace torvane {
+
+namespace {
+
+using dialect::Register;
+
+enum class Column { WindingAngle, Right, Left, Method, MandrelRPM, CarriageSpeed, Passes, AddRevs };
+
+// The one place that says where a program takes the values of its layers from.
+const Field& LayerField(const DesignState& s, int layer, Column column) {
+  switch (column) {
+    case Column::WindingAngle: return s.txtWA(layer);
+    case Column::Right: return s.txtRight(layer);
+    case Column::Left: return s.txtLeft(layer);
+    case Column::Method: return s.cmbMethod(layer);
+    case Column::MandrelRPM: return s.txtMRPM(layer);
+    case Column::CarriageSpeed: return s.txtCarriageSpeed(layer);
+    case Column::Passes: return s.lblPassesToCover(layer);
+    case Column::AddRevs: return s.txtAddRevs(layer);
+  }
+  return s.txtWA(layer);
+}
+
+// What the passes of one layer share.
+struct Layer {
+  const DesignState& s;
+  Program& p;
+  int number = 0;
+  Number windingAngle = 0;  // degrees
+  Number passes = Number::Failure();
+  bool mandrelShift = false;   // the method is "ms"
+  bool carriageShift = false;  // the method is "cs"
+  MaybeText speed{};           // of the carriage
+  MaybeText rpm{};
+  dialect::LayerDisplay display{};
+
+  // The operator's own wrap at the ends of a pass, degrees.
+  bool hasAddedWrap = false;
+  Number addedWrap = Number::Failure();
+};
+
+// A wrap of a fraction of a degree shows nothing under the mask; the dwell is written all the same.
+void AddedWrap(const Layer& layer, std::string_view comment) {
+  if (layer.hasAddedWrap && holds(layer.addedWrap != 0))
+    dialect::Dwell(layer.p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
+}
+
+void ExtraTurnOfFirstPass(const Layer& layer) {
+  if (layer.s.txtAddExtra360AtFarEndYN.text() == "Y")
+    dialect::Dwell(layer.p, "360", "One Time 360 Add'l Rev at End of First Pass");
+}
+
+void ExtraTurnOfEveryPass(const Layer& layer) {
+  if (layer.s.txt2AXAdd360YN.text() == "Y") dialect::Dwell(layer.p, "360", "Add Extra 360 deg.");
+}
+
+void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
+  const DesignState& s = layer.s;
+  Program& p = layer.p;
+  const std::string& farEnd = s.gFarEndZ.text();
+  const std::string& homeEnd = s.gHomeEndZ.text();
+  dialect::ShowLayer(p, layer.display, 1, &minutesLeft);
+  dialect::Turn(p, layer.rpm, "Mandrel CW Rotation");
+  dialect::Save(p, Register::HomeEnd,
+                "Save the Mandrel Home End Reference Angle at Start of First Pass to Register L602");
+  dialect::Move(p, layer.speed, farEnd, "Carriage Move to Z=", farEnd);
+  AddedWrap(layer, "User Added Add'l Wrap Angle=");
+  ExtraTurnOfFirstPass(layer);
+  ExtraTurnOfEveryPass(layer);
+  dialect::Save(p, Register::FarEnd, "Save Mandrel Ref Angle");
+  dialect::Move(p, layer.speed, homeEnd, "Carriage Move to Z=", homeEnd);
+  AddedWrap(layer, "User Added Add'l Wrap Angle=");
+  ExtraTurnOfFirstPass(layer);
+  if (layer.mandrelShift)
+    dialect::DwellBehind(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, 1),
+                         "Carriage Dwell Home End");
+  else
+    dialect::DwellTo(p, Register::HomeEnd, "Carriage Dwell Home End");
+}
+
+// The mandrel always comes back to the same angle, and the carriage reverses one band further along.
+void WriteCarriageShiftPass(const Layer& layer, int pass) {
+  const DesignState& s = layer.s;
+  Program& p = layer.p;
+  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
+  const Number shift = (pass - 1) * (bandWidth / Sin(layer.windingAngle * kPi / 180));
+  const Number right = number(LayerField(s, layer.number, Column::Right));
+  const Number left = number(LayerField(s, layer.number, Column::Left));
+  const bool addsWrap = layer.hasAddedWrap && holds(layer.addedWrap > 0);
+  const auto addWrap = [&](std::string_view comment) {
+    if (addsWrap)
+      dialect::Dwell(p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
+  };
+
+  dialect::MoveAtLastSpeed(p, (number(s.Length_Total) - right + shift).as("######.#0"_mask), "Move to L",
+                           layer.number, " Far End Right Offset Plus Carriage Shift Distance");
+  addWrap("Carriage Dwell Far End by User Defined Add'l Angle=");
+  dialect::DwellTo(p, Register::FarEnd, "Dwell Far End to Mandrel Ref. Angle");
+  dialect::MoveAtLastSpeed(p, (left + shift).as("######.#0"_mask), "Move to L", layer.number,
+                           " Home End Right Offset Plus Carriage Shift Distance");
+  addWrap("Carriage Dwell Home End by User Defined Add'l Angle=");
+  dialect::DwellTo(p, Register::HomeEnd, "Dwell Home End to Mandrel Ref. Angle");
+}
+
+// The carriage always reverses at the same Z, and the mandrel dwells one step further. The far end lags a
+// step behind: the home dwell of the first pass was step 1.
+void WriteMandrelShiftPass(const Layer& layer, int pass) {
+  const DesignState& s = layer.s;
+  Program& p = layer.p;
+  dialect::MoveAtLastSpeed(p, s.gFarEndZ.text(), "Move to Z=", s.gFarEndZ.text());
+  AddedWrap(layer, "Add User Defined Add'l Angle=");
+  ExtraTurnOfEveryPass(layer);
+  dialect::DwellBehind(p, Register::FarEnd, MandrelShiftAngleText(s, "F", layer.windingAngle, pass - 1),
+                       "Dwell Until Mandrel Shift Angle Reached");
+  dialect::MoveAtLastSpeed(p, s.gHomeEndZ.text(), "Move to Z=", s.gHomeEndZ.text());
+  AddedWrap(layer, "Carriage Dwell Home End by User Defined Add'l Angle=");
+  ExtraTurnOfEveryPass(layer);
+  dialect::DwellBehind(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, pass),
+                       "Dwell Home End To Mandrel Shift Angle");
+}
+
+void WriteLayerHead(const Layer& layer) {
+  const std::string& layers = layer.s.txtNumberOfLayers(0).text();
+  dialect::EmptyLine(layer.p);
+  if (layer.carriageShift)
+    dialect::CommentLine(layer.p, "BEGIN LAYER ", layer.number, " of ", layers,
+                         " --------- (Carriage Shift Method) ----------------- ");
+  else
+    dialect::CommentLine(layer.p, "BEGIN LAYER ", layer.number, " of ", layers,
+                         " --------------------------------------------------- ");
+}
+
+void WriteAdvanceToNextLayer(const Layer& layer) {
+  const DesignState& s = layer.s;
+  Program& p = layer.p;
+  const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
+  if (!s.chkShiftLayer || !holds(layer.number != number(s.txtNumberOfLayers(0))) || !holds(rotation != 0))
+    return;
+  dialect::EmptyLine(p);
+  dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");
+  dialect::Turn(p, layer.rpm, "Mandrel RPM");
+  const auto comment = "Winding layer Complete, Advance Mandrel by User Defined ";
+  if (layer.mandrelShift)
+    dialect::Dwell(p, rotation.plain(), comment, rotation.plain(), " deg.");
+  else
+    dialect::DwellBehind(p, Register::HomeEnd, rotation.plain(), comment, rotation.plain(), " deg.");
+}
+
+Layer LayerOf(GCodeSession& session, int number_, Number windingAngle) {
+  const DesignState& s = session.s;
+  const auto field = [&](Column column) -> const Field& { return LayerField(s, number_, column); };
+  const auto plain = [&s](const Field& f) { return TextOf(s.signs, number(f).plain()); };
+  const std::string& method = field(Column::Method).text();
+  Layer layer{.s = s, .p = session.program, .number = number_, .windingAngle = windingAngle};
+  layer.passes = number(field(Column::Passes));
+  layer.mandrelShift = EqualNoCase(method, "ms");
+  layer.carriageShift = EqualNoCase(method, "cs");
+  layer.speed = plain(field(Column::CarriageSpeed));
+  layer.rpm = plain(field(Column::MandrelRPM));
+  layer.display = {number_,
+                   s.txtNumberOfLayers(0).text(),
+                   plain(field(Column::Passes)),
+                   layer.rpm,
+                   layer.speed,
+                   plain(field(Column::WindingAngle)),
+                   method,
+                   plain(s.txtDiameterLeft),
+                   plain(s.txtBandWidth(0)),
+                   plain(field(Column::Left))};
+  layer.hasAddedWrap = !Trim(field(Column::AddRevs).text()).empty();
+  layer.addedWrap = number(field(Column::AddRevs));
+  return layer;
+}
+
+// Lines of the shortest later pass, its empty line included.
+constexpr int kLinesOfPass = 6;
+
+void WriteLayer(GCodeSession& session, int number_, int layers, Number windingAngle,
+                const MaybeText& minutesLeft) {
+  Layer layer = LayerOf(session, number_, windingAngle);
+  Program& p = session.program;
+  WriteLayerHead(layer);
+  if (layer.passes.good()) p.BeginLayer(number_, layer.passes.value(), kLinesOfPass);
+  for (int pass = 1; holds(pass <= layer.passes); ++pass) {
+    if (!p.GoesOn((number_ - 1 + pass / layer.passes.value()) / layers)) return;
+    if (pass == 1) {
+      WriteFirstPass(layer, minutesLeft);
+      // A later pass shows the angle as the operator's window does.
+      const Field& angle = LayerField(session.s, number_, Column::WindingAngle);
+      layer.display.angle = {angle.exists(), angle.text()};
+      continue;
+    }
+    dialect::EmptyLine(p);
+    dialect::ShowLayer(p, layer.display, pass, nullptr);
+    if (layer.carriageShift)
+      WriteCarriageShiftPass(layer, pass);
+    else
+      WriteMandrelShiftPass(layer, pass);
+  }
+  WriteAdvanceToNextLayer(layer);
+}
+
+}  // namespace
+
+void SetPassEnds(DesignState& s) {
+  const std::string left = s.gLeftStopText.through("###0.00"_mask);
+  const std::string right = s.gRightStopText.through("###0.00"_mask);
+  s.gFarEndZ = s.gIsLHDrive ? right : left;
+  s.gHomeEndZ = s.gIsLHDrive ? left : right;
+}
+
+void WriteTwoAxisProgram(GCodeSession& session) {
+  DesignState& s = session.s;
+  Program& p = session.program;
+  if (!s.chkWindingSchedule.checked()) return;
+  SetPassEnds(s);
+  dialect::EmptyLine(p);
+  dialect::CommentLine(
+      p, "BEGIN 2-AXIS WINDING --------------------------------------------------------- ");
+  dialect::ShowStage(p, "Winding Schedule");
+  dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
+
+  const int layers = RowsOf(s.txtNumberOfLayers(0));
+  Kept windingAngle;
+  Kept timeLeft;
+  for (int layer = 1; layer <= layers && p.refusal().empty(); ++layer) {
+    windingAngle = number(LayerField(s, layer, Column::WindingAngle));
+    MaybeText minutesLeft;
+    if (layer == 1) {
+      timeLeft = number(s.lblMinutesToCover(IndexSet::kAllRows));
+      minutesLeft = {true, s.lblMinutesToCover(IndexSet::kAllRows).text()};
+    } else {
+      // The rows are taken from the end of the schedule backward.
+      timeLeft = timeLeft - number(s.lblMinutesToCover(layers - layer + 1));
+      minutesLeft = TextOf(s.signs, Number(timeLeft).plain());
+    }
+    WriteLayer(session, layer, layers, windingAngle, minutesLeft);
+  }
+
+  dialect::EmptyLine(p);
+  dialect::ShowMessage(p, "Winding_Process_Complete");
+  dialect::Stop(p, "Mandrel Stop - Winding Complete");
+  dialect::EmptyLine(p);
+  if (s.chkNotify1.checked())
+    NotifyOperator(session, "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
+}
+
+std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
+                                  int stepCount) {
+  const bool homeEnd = endCode == "H";
+  const Number diameter = number(homeEnd != s.gIsLHDrive ? s.Diameter_Right : s.Diameter_Left);
+  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
+  const Number bandAround = bandWidth / Cos(windingAngle * kPi / 180);
+  const Number circumference = diameter * kPi;
+  const bool bandWidthSpacing = s.txtUseProportionalFilamentSpacingYN.text() == "N";
+  const Number turns = Number(stepCount) * 360;
+  const Number angle = bandWidthSpacing ? turns * bandAround / circumference
+                                        : turns / (Int(circumference / bandAround) + 1);
+  return TextOf(s.signs, angle.as("###.00"_mask)).text;
+}
+
+}  // namespace torvane

@@ -1,0 +1,25 @@
+// The winding schedule of a two-axis design.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "gcode/session.h"
+
+namespace torvane {
+
+// Sets `gFarEndZ` and `gHomeEndZ`, the carriage positions at which a pass turns round, from the stops and
+// the side of the drive.
+void SetPassEnds(DesignState& s);
+
+// Every layer with its passes. Writes nothing without `chkWindingSchedule`.
+void WriteTwoAxisProgram(GCodeSession& session);
+
+// Mandrel angle in degrees, counted from the register of an end ("H" home, any other far), at which pass
+// `stepCount` reverses, so that its band comes to lie beside the last one. The step is the band's width
+// measured round the mandrel, or the equal part of the circle that holds one band more than fit whole.
+// Empty where it cannot be worked out.
+std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
+                                  int stepCount);
+
+}  // namespace torvane
