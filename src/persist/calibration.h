@@ -1,0 +1,26 @@
+// What the station knows of its machine: limits and controller boards.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "design/state.h"
+#include "platform/settings_store.h"
+
+namespace torvane {
+
+struct CalibrationKey {
+  std::string_view key;
+  std::string_view fallback;  // in the form of a decimal-point computer
+  std::string_view meaning;
+};
+std::span<const CalibrationKey> CalibrationKeys();
+
+// The section that holds a calibration key, chosen by the computer's decimal sign.
+std::string_view CalibrationSection(const DesignState& s, std::string_view key);
+
+// Reads the machine's limits and boards, and makes the speed lists of pre-wraps and finishing passes anew
+// from the mandrel's top speed.
+void OpenCalibrationFile(DesignState& s, const SettingsStore& store);
+
+}  // namespace torvane

@@ -1,0 +1,73 @@
+#include "persist/design_file.h"
+
+#include "design/text.h"
+#include "design/units.h"
+#include "persist/settings.h"
+
+namespace torvane {
+
+void WriteHead(TaggedText& text, const DesignWriter& writer, std::string_view version, std::string_view type) {
+  text.Comment("TORVANE DESIGN FILE FORMAT VERSION #" + std::string(version) + " = " + std::string(type) +
+               " EXETNSION");
+  text.Comment("TORVANE DESIGN FILE-NAME = " + writer.s.gFileName.text());
+  text.EmptyLine();
+}
+
+void WriteLayersHead(TaggedText& text) {
+  text.EmptyLine();
+  text.Comment("LAYER PROPERTIES");
+}
+
+MaybeText DecimalCommaOf(const DesignWriter& writer) { return {true, writer.s.gDecimalComma ? "YES" : "NO"}; }
+
+MaybeText FileNameOf(const DesignWriter& writer) { return {true, writer.s.gFileName.text()}; }
+
+MaybeText VersionOf(const DesignWriter& writer) {
+  return FormatForUnits(writer.s, writer.s.gVersionNumber, true);
+}
+
+MaybeText DateOf(const DesignWriter& writer) {
+  return {true, FormatDateText(writer.s.signs, writer.now, DateForm::DayAndSeconds)};
+}
+
+MaybeText UnitsOf(const DesignWriter& writer) { return {true, writer.s.gUnits.text()}; }
+
+void ReadUnits(DesignState& s, SettingsStore& store, const std::string& value) {
+  s.gUnits = value;
+  SetUnits(s, store, value == "mm" ? "N" : "Y");
+}
+
+void ReadDecimalComma(DesignState& s, std::string_view value) { s.gFileDecimalComma = value == "yes"; }
+
+Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::string& fileName) {
+  s.mnuINCH = true;
+  s.mnuMM = false;
+  s.gFilePath = fileName;
+  if (!files.Exists(fileName)) return std::string();
+  s.gFileName = BehindLastBackslash(fileName);
+  s.frmMain.SetCaption("Torvane Designer ");
+  s.lblStatusBar1 = "File Name: " + s.gFileName.text();
+  return files.ReadWhole(fileName);
+}
+
+void FillBand(DesignState& s, int panel) {
+  constexpr Mask kWidth = "#0.000"_mask;
+  constexpr Mask kThickness = "#0.0000"_mask;
+  if (s.InInches()) {
+    s.txtBandWidth(panel) = s.Band_Width.through(kWidth);
+    s.txtBandThickness(panel) = s.Band_Thickness.through(kThickness);
+    s.txtBandWidthMM(panel) = (number(s.Band_Width) * kMillimetresPerInch).as(kWidth);
+    s.txtBandThicknessMM(panel) = (number(s.Band_Thickness) * kMillimetresPerInch).as(kThickness);
+    return;
+  }
+  // The inch fields mirror themselves into their twins, and their changes put inches into the working copies:
+  // the file's own values go into the millimetre fields last.
+  const std::string width = s.Band_Width.text();
+  const std::string thickness = s.Band_Thickness.text();
+  s.txtBandWidth(panel) = (s.Read(width) / kMillimetresPerInch).as(kWidth);
+  s.txtBandThickness(panel) = (s.Read(thickness) / kMillimetresPerInch).as(kThickness);
+  s.txtBandWidthMM(panel) = FormatNumberText(s.signs, width, kWidth);
+  s.txtBandThicknessMM(panel) = FormatNumberText(s.signs, thickness, kThickness);
+}
+
+}  // namespace torvane

@@ -1,0 +1,66 @@
+// The settings store: every key with its default, and when it is read and written.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "design/state.h"
+#include "platform/settings_store.h"
+
+namespace torvane {
+
+inline constexpr std::string_view kSettings = "Settings";
+
+std::string GetSetting(const SettingsStore& store, std::string_view section, std::string_view key,
+                       std::string_view fallback);
+void SaveSetting(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value);
+
+// Of a stored Boolean: the word in either case, or a number other than 0.
+bool ReadsAsTrue(std::string_view stored);
+
+// A field of an array, or a place of three speed classes, by its index.
+struct FieldAt {
+  FieldArray Fields::*array;
+  int index;
+};
+struct ClassAt {
+  std::array<double, 3> DesignState::*classes;
+  int speedClass;
+};
+using SettingTarget = std::variant<std::monostate, Field Fields::*, FieldAt, ClassAt,
+                                   double DesignState::*, bool DesignState::*>;
+
+// How a stored text stands in its target.
+enum class SettingForm {
+  Text,      // as it stands
+  Number,    // read as a number
+  TrueIf1,   // check: value 1 is True, any other False
+  FalseIf0,  // flag: value 0 is False, any other True
+};
+
+struct Setting {
+  std::string_view key;
+  std::string_view fallback;     // the default
+  SettingTarget target;          // nothing for a key that is read where it is needed
+  SettingForm form = SettingForm::Text;
+  bool atStart = false;          // ReadStoredSettings reads it
+  bool atExit = false;           // SaveStoredSettings writes it
+  bool emptyFallsBack = false;   // a stored empty text counts as missing
+  std::string_view meaning;
+};
+
+// In the order in which a start reads them.
+std::span<const Setting> Settings();
+
+// Fills the station's constants and choices from the store, in the order of the table.
+void ReadStoredSettings(DesignState& s, const SettingsStore& store);
+
+// Writes what a start reads back: the constants as they stand at exit.
+void SaveStoredSettings(const DesignState& s, SettingsStore& store);
+
+// Sets the unit ("Y" inches, any other text millimetres) with its captions, and stores it.
+void SetUnits(DesignState& s, SettingsStore& store, std::string_view inches);
+
+}  // namespace torvane

@@ -1,0 +1,76 @@
+#include "persist/tagged_text.h"
+
+#include "design/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+void SplitList(SplitFields& target, std::string_view text) {
+  target.Split(text, text.find(';') != std::string_view::npos ? ";" : ",");
+}
+
+}  // namespace
+
+std::vector<std::string_view> LinesOf(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const auto end = text.find_first_of("\r\n");
+    lines.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) break;
+    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+  }
+  return lines;
+}
+
+std::string_view TagOf(std::string_view line) { return line.substr(0, line.find('>') + 1); }
+
+bool IsTag(std::string_view tag, std::string_view name) {
+  return tag.size() == name.size() + 2 && tag.front() == '<' &&
+         EqualNoCase(tag.substr(1, name.size()), name);
+}
+
+std::string GetTagValue(DesignState& s, std::string_view line) {
+  const auto open = line.find('>');
+  const auto close = line.find('<', 1);
+  std::string value;
+  if (open != std::string_view::npos && close != std::string_view::npos && close > open)
+    value = line.substr(open + 1, close - open - 1);
+  if (!s.gDecimalComma && s.gFileDecimalComma) value = Replaced(value, ',', '.');
+  if (s.gDecimalComma && !s.gFileDecimalComma) value = Replaced(value, '.', ',');
+  SplitTagFields(s, value);
+  return value;
+}
+
+void SplitListToFields(DesignState& s, std::string_view text) { SplitList(s.gListFields, text); }
+
+void SplitTagFields(DesignState& s, std::string_view text) { SplitList(s.gTagFields, text); }
+
+void TaggedText::Comment(std::string_view comment) {
+  text_ += "<#";
+  text_ += comment;
+  text_ += "#>\r\n";
+}
+
+void TaggedText::Tag(std::string_view tag, const MaybeText& value) {
+  if (!value.good) return;
+  text_ += '<';
+  text_ += tag;
+  text_ += '>';
+  text_ += value.text;
+  text_ += "</w>\r\n";
+}
+
+std::string JoinList(const std::vector<std::string>& fields) {
+  std::string list;
+  for (const std::string& field : fields) {
+    if (&field != &fields.front()) list += ';';
+    list += field;
+  }
+  return list;
+}
+
+}  // namespace torvane

@@ -1,0 +1,45 @@
+// Design files as text: lines of one named value each.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/state.h"
+
+namespace torvane {
+
+// The lines of a file, whatever ends them; a byte-order mark in front is passed over.
+std::vector<std::string_view> LinesOf(std::string_view text);
+
+// The tag of a line with its brackets: what stands up to its first ">"; empty without one.
+std::string_view TagOf(std::string_view line);
+// Tags are the same in either case; `name` stands without the brackets.
+bool IsTag(std::string_view tag, std::string_view name);
+
+// The value of a tag line: between the first ">" and the next "<", empty if there is no such bracket. Its
+// decimal signs are turned to the computer's if the file was written with the other one, in texts as in
+// numbers. Leaves the value's fields in `gTagFields`.
+std::string GetTagValue(DesignState& s, std::string_view line);
+
+// Splits a list at its ";", or at its "," if it holds no ";".
+void SplitListToFields(DesignState& s, std::string_view text);
+void SplitTagFields(DesignState& s, std::string_view text);
+
+// Lines of a file that is to be written.
+class TaggedText {
+ public:
+  void EmptyLine() { text_ += "\r\n"; }
+  void Comment(std::string_view comment);
+  // A value that failed leaves its line out.
+  void Tag(std::string_view tag, const MaybeText& value);
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+// The fields of a list joined by ";".
+std::string JoinList(const std::vector<std::string>& fields);
+
+}  // namespace torvane
