@@ -1,0 +1,147 @@
+#include "workbench/design_commands.h"
+
+#include "design/reset.h"
+#include "design/text.h"
+#include "gcode/session.h"
+#include "persist/settings.h"
+#include "persist/two_axis_file.h"
+#include "workbench/messages.h"
+
+namespace torvane {
+
+namespace {
+
+// The number under which the system reports a file that cannot be read.
+constexpr std::string_view kFileAccessError = "75";
+
+void ShowName(DesignState& s, const char* caption) {
+  s.frmMain.SetCaption(caption);
+  if (s.lblStatusBar2.tip().empty()) s.lblStatusBar2.CopyFrom(s.gFileName);
+}
+
+std::string DesignFolder(Station& station) {
+  station.platform.files.MakeProgramFolderCurrent();
+  return station.platform.files.CurrentFolder() + std::string(kDesignFolder);
+}
+
+bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
+
+}  // namespace
+
+void mnuNewFile_Click(Station& station) {
+  DesignState& s = station.s;
+  s.gGridSync = false;
+  AskToSaveFirst(station);
+  s.gFileName = "";
+  s.gFilePath = "";
+  ShowName(s, "Torvane Designer");
+  BlankInputs(s, 2);
+  BlankInputs(s, 4);
+  s.gDirty = false;
+  s.gGridSync = true;
+}
+
+bool OpenDesign(Station& station, const std::string& path) {
+  DesignState& s = station.s;
+  s.gMirrorOnChange = true;
+  s.gFilePath = path;
+  s.gLastFileInUse = path;
+  s.gFileName = BehindLastBackslash(path);
+  ShowName(s, "Torvane Designer ");
+  const Outcome opened = OpenTorvaneFileVer20(s, station.twoAxisLists, station.platform, path);
+  if (!opened) {
+    station.platform.messageBox.Show(
+        "Torvane Designer",
+        "Unexpected Opening File" + std::string(kFileAccessError) + " : " + opened.reason(), BoxIcon::None);
+    return false;
+  }
+  s.gDirty = false;
+  return true;
+}
+
+void btnOPen_Click(Station& station) {
+  DesignState& s = station.s;
+  AskToSaveFirst(station);
+  s.gMirrorOnChange = true;
+  const auto path = station.platform.fileDialog.AskOpen(
+      s.mnu2Axis ? "Torvane 2Ax Design File (*.t2d)|*.t2d|" : "Torvane 4Ax Design File (*.t4d)|*.t4d|",
+      DesignFolder(station));
+  if (path) OpenDesign(station, *path);
+}
+
+bool SaveDesign(Station& station, const std::string& path) {
+  DesignState& s = station.s;
+  const std::string formerPath = s.gFilePath.text();
+  const std::string formerLast = s.gLastFileInUse.text();
+  s.gFilePath = path;
+  s.gLastFileInUse = path;
+  std::string name = path;
+  const Outcome saved = SaveTorvaneMakeFileVer20(s, station.platform, name);
+  if (!saved) {
+    s.gFilePath = formerPath;
+    s.gLastFileInUse = formerLast;
+    station.platform.messageBox.Show(
+        "Error", "The design file was not written:\r\n" + name + "\r\n" + saved.reason(), BoxIcon::Stop);
+    return false;
+  }
+  s.gFilePath = name;
+  WriteGCode(s, station.platform);
+  s.gDirty = false;
+  s.gFileName = BehindLastBackslash(s.gFilePath.text());
+  ShowName(s, "Torvane Designer ");
+  return true;
+}
+
+void btnSaveAS_Click(Station& station) {
+  const DesignState& s = station.s;
+  const auto path = station.platform.fileDialog.AskSave(
+      s.mnu2Axis ? "Torvane 2-Ax Design File (*.t2d)|*.t2d|" : "Torvane 4-Ax Design File (*.t4d)|*.t4d|",
+      DesignFolder(station), WithoutLast(s.gFileName.text(), 4));
+  if (path) SaveDesign(station, *path);
+}
+
+void OpenLastDesignerFileInUse(Station& station) {
+  DesignState& s = station.s;
+  const Platform& platform = station.platform;
+  mnuNewFile_Click(station);
+  const std::string last = GetSetting(platform.store, kSettings, "gLastFileInUse", "");
+  s.gFileName = BehindLastBackslash(last);
+  const bool twoAxis = GetSetting(platform.store, kSettings, "mnu2Axis", "0") == "1";
+  s.mnu2Axis = twoAxis;
+  s.mnu4Axis = !twoAxis;
+  s.optX(twoAxis ? 0 : 1) = "True";
+  s.optX(twoAxis ? 1 : 0) = "False";
+  s.optX(twoAxis ? 0 : 1).SetBold(true);
+  s.optX(twoAxis ? 1 : 0).SetBold(false);
+
+  const std::string name = s.gFileName.text();
+  if (!name.empty() && !UpperCase(last).ends_with("TVD")) {
+    const bool twoAxisName = IsTwoAxisName(name);
+    ShowAxisDisplay(s, !twoAxisName);
+    const std::string path = DesignFolder(station) + "\\" + name;
+    if (twoAxisName && platform.files.Exists(path)) {
+      OpenTorvaneFileVer20(s, station.twoAxisLists, platform, path);
+      s.gLastFileInUse = path;
+    }
+  }
+  platform.files.MakeProgramFolderCurrent();
+  s.gFileName = BehindLastBackslash(s.gLastFileInUse.text());
+  s.lblStatusBar2.CopyFrom(s.gFileName);
+}
+
+namespace {
+
+constexpr Operation kOperations[] = {
+    {"mnuNewFile", Event::Click, [](Station& station, int) { mnuNewFile_Click(station); }},
+    {"btnOPen", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
+    {"mnuOpenFile", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
+    {"btnSaveAS", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuSaveFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuSaveAsFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+};
+
+}  // namespace
+
+std::span<const Operation> DesignOperations() { return kOperations; }
+
+}  // namespace torvane

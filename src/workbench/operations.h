@@ -1,0 +1,37 @@
+// What the operator's doings and the program's writes set off: one table of operations for each part of the
+// window. Menus, buttons, lists and scripts all come through the same entries.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace torvane {
+
+class Station;
+
+enum class Event : std::uint8_t {
+  Change,  // the text has changed, by whatever road
+  Key,     // a key was released in the field
+  Click,   // a click, or a choice from a list
+  DoubleClick,
+  Press,
+  Release,
+  PressRight,  // the same with the right button
+  ReleaseRight,
+  Tick,  // of a timer
+};
+
+// `index` is the index of the field or control, 0 where it has none.
+struct Operation {
+  std::string_view control;
+  Event event;
+  void (*run)(Station& station, int index);
+};
+
+std::span<const Operation> TwoAxisGridOperations();
+std::span<const Operation> InputCheckOperations();
+std::span<const Operation> EstimateOperations();
+std::span<const Operation> DesignOperations();
+
+}  // namespace torvane

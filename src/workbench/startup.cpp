@@ -1,0 +1,108 @@
+// From the start of the program to the first look at a design.
+#include "design/reset.h"
+#include "persist/calibration.h"
+#include "persist/settings.h"
+#include "workbench/design_commands.h"
+#include "workbench/station.h"
+
+namespace torvane {
+
+namespace {
+
+// A store that a station of version 2 has left behind.
+void UpgradeStore(DesignState& s, SettingsStore& store) {
+  SaveSetting(store, kSettings, "mnu2Axis", "1");
+  ShowAxisDisplay(s, false);
+  SaveSetting(store, kSettings, "gLastFileInUse", "");
+  for (const char* section : {"TV2_Calibration", "TV2_Calibration_DC"}) {
+    SaveSetting(store, section, "gCarriageBoardID", "");
+    SaveSetting(store, section, "gMandrelBoardID", "");
+  }
+  constexpr const char* kClasses[][2] = {
+      {"iMaxCarriageSpeeds(1)", "2"}, {"iMaxCarriageSpeeds(2)", "4"}, {"iMaxCarriageSpeeds(3)", "6"},
+      {"iMaxMandrelRPM(1)", "20"},    {"iMaxMandrelRPM(2)", "40"},    {"iMaxMandrelRPM(3)", "60"}};
+  for (const auto& [key, value] : kClasses) SaveSetting(store, kSettings, key, value);
+}
+
+void HideAllRowsFields(DesignState& s) {
+  for (FieldArray* column : {&s.cmb3D, &s.chkPause, &s.txtWA, &s.txtLeft, &s.txtRight, &s.cmbSpeed,
+                             &s.cmbMethod, &s.txtAddRevs, &s.txtMRPM})
+    (*column)(IndexSet::kAllRows).Show(false);
+}
+
+std::vector<std::string> Numbers(int first, int last, int step, const char* behind) {
+  std::vector<std::string> entries;
+  for (int number = first; number <= last; number += step) entries.push_back(std::to_string(number) + behind);
+  return entries;
+}
+
+void FillChoiceLists(DesignState& s) {
+  std::vector<std::string> speeds = {"2", "4", "6", "8"};
+  for (const std::string& rpm : Numbers(10, 80, 5, "")) speeds.push_back(rpm);
+  for (Field* list : {&s.cmbPreWrapRPM(1), &s.cmbPreWrapRPM(2), &s.cmbHGRPM, &s.cmbHSTRPM})
+    list->SetEntries(speeds);
+  for (int i = 1; i <= IndexSet::kAllRows; ++i) {
+    s.cmbSpeed(i).SetEntries({"slow", "med", "fast"});
+    s.cmbSpeed(i) = "med";
+    s.cmbMethod(i).SetEntries({"ms", "cs"});
+    s.cmbMethod(i) = "ms";
+  }
+  s.cmbSpeed(IndexSet::kAllRows) = "";
+  s.cmbMethod(IndexSet::kAllRows) = "";
+  s.cmbRate.SetEntries({"SLOW", "MED", "FAST"});
+  const auto wraps = Numbers(111, 230, 1, "\xB0");
+  const auto splits = Numbers(25, 75, 1, "\xB0");
+  for (int i = 1; i <= 25; ++i) {
+    s.lbl4xLayerNo(i) = std::to_string(i);
+    s.cmb3D(i).SetEntries({"REG", "HOOP"});
+    s.cmb3D(i) = "REG";
+    s.cmbPhiW(i).SetEntries(wraps);
+    s.cmbPhiW(i) = "180\xB0";
+    s.cmbPhiSplit(i).SetEntries(splits);
+    s.cmbPhiSplit(i) = "45\xB0";
+    s.cmb2AxisLayerType(i).SetEntries({"REG", "HOOP"});
+    s.cmb2AxisLayerType(i) = "REG";
+  }
+}
+
+}  // namespace
+
+void Station::Form_Load() {
+  SettingsStore& store = platform.store;
+  const std::string lastVersion = GetSetting(store, kSettings, "gVersionNumber", "");
+  if (lastVersion.starts_with('2')) UpgradeStore(s, store);
+  FirstRunOrUpgrade = lastVersion.empty() || lastVersion.starts_with('2');
+  SetUnits(s, store, "Y");
+  s.gVersionNumber = "420";
+  SaveSetting(store, kSettings, "gVersionNumber", s.gVersionNumber.text());
+  s.lblVersion = "Designer Version " + s.gVersionNumber.text();
+  s.frmMain.SetCaption("Torvane Designer ");
+  s.lblStatusBar2.CopyFrom(s.gFileName);
+  s.gMirrorOnChange = true;
+  s.chkPause(1).Show(true);
+  s.lblStatusBar1.Show(false);
+  s.gDecimalComma = NumberToText(s.signs, 5.0 / 2).find(',') != std::string::npos;
+  s.gIsLHDrive = ReadsAsTrue(GetSetting(store, kSettings, "gIsLHDrive", "False"));
+  HideAllRowsFields(s);
+  for (int i = 0; i <= 2; ++i) MarkIfZero(s.txtZ2(i));
+  s.txtDiameterLeft.SetMark(Mark::NeedsInput);
+  s.txtDiameterRight.SetMark(Mark::NeedsInput);
+  SaveSetting(store, kSettings, "chkUpdateCellsAuto", "1");
+  SaveSetting(store, kSettings, "chkLaunchwLastFile", "1");
+  started = platform.clock.Now();
+  FillChoiceLists(s);
+  InitializeAsNew(s);
+  OpenCalibrationFile(s, store);
+  ReadStoredSettings(s, store);
+  OpenLastDesignerFileInUse(*this);
+  s.gDirty = false;
+  ShowAxisDisplay(s, GetSetting(store, kSettings, "mnu2Axis", "1") != "1");
+  s.gMirrorOnChange = false;
+  if (FirstRunOrUpgrade) ShowAxisDisplay(s, false);
+  for (int i = 1; i <= 20; ++i) {
+    s.txtLeft(i).Show(false);
+    s.txtRight(i).Show(false);
+  }
+}
+
+}  // namespace torvane
