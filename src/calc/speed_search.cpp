@@ -122,12 +122,11 @@ void CalculateSpeedsForAngle(const DesignState& s, Number& mandrelRPM, Number& c
   }
   Kept classSpeed;
   classSpeed = InUnits(s, s.iMaxCarriageSpeeds[index], false);
-  const Number circumference =
-      s.gShow4Axis ? number(s.txtDia(0)) * kPi
-                   : (number(s.Diameter_Right) + number(s.Diameter_Left)) * kPi / 2;
+  const Number circumference = s.gShow4Axis ? number(s.txtDia(0)) * kPi
+                                            : (number(s.Diameter_Right) + number(s.Diameter_Left)) * kPi / 2;
   const MandrelSpeed mandrel{Tan(windingAngle * kPi / 180), circumference};
-  const auto speeds = Search(mandrel, classSpeed.value(), limit,
-                             s.InInches() ? kCeilingInches : kCeilingMillimetres);
+  const auto speeds =
+      Search(mandrel, classSpeed.value(), limit, s.InInches() ? kCeilingInches : kCeilingMillimetres);
   if (!speeds) return;
   mandrelRPM = speeds->rpm;
   carriageSpeed = speeds->carriage;

@@ -25,17 +25,16 @@ void EstimateThickness(DesignState& s, int panel) {
 }
 
 void EstimatePart(DesignState& s) {
-  const Number shell = number(s.Length_Total) *
-                       (number(s.lblFinalThickness(0)) * (number(s.Diameter_Right) * kPi));
+  const Number shell =
+      number(s.Length_Total) * (number(s.lblFinalThickness(0)) * (number(s.Diameter_Right) * kPi));
   s.lblFilamentVOlume(0) = (s.InInches() ? shell : shell / 1000.0).as("###0.#0"_mask);
 
   const Number volume = number(s.lblFilamentVOlume(0));
-  s.lblEstWeight(0) = (s.InInches() ? volume * kPartDensity : volume * (kPartDensity / 2.54 / 2.54) / 2.54)
-                          .as("##0.#0"_mask);
+  s.lblEstWeight(0) =
+      (s.InInches() ? volume * kPartDensity : volume * (kPartDensity / 2.54 / 2.54) / 2.54).as("##0.#0"_mask);
   // Half of the volume is glue of 1.4 times the density of water, in grams.
-  const Number glue = s.InInches()
-                          ? volume * (1.4 * 0.5 * 62.4) / 1728.0 * 454.0
-                          : volume * (1.4 * 0.5 * 62.4) / 2.54 / 2.54 / 2.54 / 1728.0 * 454.0;
+  const Number glue = s.InInches() ? volume * (1.4 * 0.5 * 62.4) / 1728.0 * 454.0
+                                   : volume * (1.4 * 0.5 * 62.4) / 2.54 / 2.54 / 2.54 / 1728.0 * 454.0;
   s.lblTotalGlueWgt(0) = glue.as("####0"_mask);
 }
 

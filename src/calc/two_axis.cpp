@@ -76,8 +76,7 @@ Number HelixLength(const DesignState& s, int i, Number meanDiameter) {
   const Number pitch = number(s.txtCarriageSpeed(i)) * 60 / number(s.txtMRPM(i));
   const Number span = number(s.txtLengthTotal(0)) - number(s.txtRight(i)) - number(s.txtLeft(i));
   const Number revolutions = span / pitch;
-  const Number oneWay =
-      Pow(Pow(kShortPi * meanDiameter * revolutions, 2) + Pow(pitch * revolutions, 2), 0.5);
+  const Number oneWay = Pow(Pow(kShortPi * meanDiameter * revolutions, 2) + Pow(pitch * revolutions, 2), 0.5);
   const Number passes = number(s.lblPassesToCover(i));
   return 2 * oneWay * passes + passes * (kShortPi * meanDiameter);
 }
@@ -143,9 +142,8 @@ void SyncGridToLayerTable(DesignState& s) {
     int column;
   };
   const Mirrored columns[] = {
-      {s.txtWA, 1},     {s.txtRight, 2}, {s.txtLeft, 3},          {s.cmbSpeed, 4},
-      {s.cmbMethod, 5}, {s.txtMRPM, 7},  {s.txtCarriageSpeed, 8}, {s.lblPassesToCover, 9},
-      {s.txtAddRevs, 10},
+      {s.txtWA, 1},   {s.txtRight, 2},         {s.txtLeft, 3},          {s.cmbSpeed, 4},    {s.cmbMethod, 5},
+      {s.txtMRPM, 7}, {s.txtCarriageSpeed, 8}, {s.lblPassesToCover, 9}, {s.txtAddRevs, 10},
   };
   const int rows = RowsOf(s.txtNumberOfLayers(0));
   for (int i = 1; i <= rows; ++i)

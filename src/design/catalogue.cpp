@@ -162,12 +162,18 @@ std::span<const FieldRow> Catalogue() { return kCatalogue; }
 
 bool IsUsed(const FieldRow& row, int index, bool fourAxis) {
   switch (row.usedBy) {
-    case UsedBy::TwoAxis: return !fourAxis;
-    case UsedBy::FourAxis: return fourAxis;
-    case UsedBy::ByIndex: return fourAxis == (index == 1);
-    case UsedBy::LowIsFour: return fourAxis == (index <= 1);
-    case UsedBy::Both: return true;
-    case UsedBy::Window: return false;
+    case UsedBy::TwoAxis:
+      return !fourAxis;
+    case UsedBy::FourAxis:
+      return fourAxis;
+    case UsedBy::ByIndex:
+      return fourAxis == (index == 1);
+    case UsedBy::LowIsFour:
+      return fourAxis == (index <= 1);
+    case UsedBy::Both:
+      return true;
+    case UsedBy::Window:
+      return false;
   }
   return false;
 }

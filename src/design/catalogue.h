@@ -25,10 +25,10 @@ enum class Kind : std::uint8_t {
 enum class UsedBy : std::uint8_t {
   TwoAxis,
   FourAxis,
-  ByIndex,     // 0 two axes, 1 four
-  LowIsFour,   // 0 and 1 four axes, above that two
+  ByIndex,    // 0 two axes, 1 four
+  LowIsFour,  // 0 and 1 four axes, above that two
   Both,
-  Window,      // no part of a design or of the station's constants
+  Window,  // no part of a design or of the station's constants
 };
 
 struct FieldRow {

@@ -64,9 +64,9 @@ int RowsOf(const Field& count) {
 
 namespace {
 
-using Member = std::variant<bool DesignState::*, int DesignState::*, double DesignState::*,
-                            std::array<double, 3> DesignState::*, LayerTable DesignState::*,
-                            SplitFields DesignState::*>;
+using Member =
+    std::variant<bool DesignState::*, int DesignState::*, double DesignState::*,
+                 std::array<double, 3> DesignState::*, LayerTable DesignState::*, SplitFields DesignState::*>;
 
 struct ValueRow {
   std::string_view name;

@@ -65,9 +65,9 @@ struct DesignState : FieldOwner, Fields {
   bool mnuMM = false;
 
   bool gDirty = false;
-  bool gGridSync = false;         // a change of a grid cell reaches the layer table
-  bool gAutoUpdateCells = true;   // an edit of a cell recalculates the row at once
-  bool gMirrorOnChange = false;   // a change of an inch field rewrites its millimetre twin
+  bool gGridSync = false;        // a change of a grid cell reaches the layer table
+  bool gAutoUpdateCells = true;  // an edit of a cell recalculates the row at once
+  bool gMirrorOnChange = false;  // a change of an inch field rewrites its millimetre twin
   bool gMsgAnswer = false;
   bool gDecimalComma = false;
   bool gFileDecimalComma = false;

@@ -30,7 +30,8 @@ std::string& Program::Room() {
 void Program::BeginLayer(int layer, double passes, int linesOfPass) {
   layer_ = layer;
   const double lines = passes * linesOfPass;
-  if (!refusal_.empty() || (lines_ + lines <= limits_.lines && bytes_ + lines * kBytesOfLine <= limits_.bytes))
+  if (!refusal_.empty() ||
+      (lines_ + lines <= limits_.lines && bytes_ + lines * kBytesOfLine <= limits_.bytes))
     return;
   refusal_ = "Layer " + std::to_string(layer) + " has " + Count(passes) + " passes and would make " +
              Count(lines) + " lines or more. A program holds " + Count(limits_.lines) + " lines and " +

@@ -43,9 +43,9 @@ void WriteGCodeHeader(GCodeSession& session) {
   CommentLine(p, "FileName= ", s.gGCodeFileName.text(), " ");
   CommentLine(p, s.InInches() ? "Units are in INCHES " : "Units are in MILLIMETERS ");
   CommentLine(p, "FilePath= ", s.gGCodeFolder.text(), " ");
-  CommentLine(p, "GENERAL PART DESCRIPTION: LeftDia=",
-              s.gShow4Axis ? s.txtDia(0).text() : s.txtDiameterLeft.text(),
-              " RightDia=", s.gShow4Axis ? s.txtDia(1).text() : s.txtDiameterRight.text(), " ");
+  CommentLine(
+      p, "GENERAL PART DESCRIPTION: LeftDia=", s.gShow4Axis ? s.txtDia(0).text() : s.txtDiameterLeft.text(),
+      " RightDia=", s.gShow4Axis ? s.txtDia(1).text() : s.txtDiameterRight.text(), " ");
   CommentLine(p, "GENERAL PART DESCRIPTION: TotLen=", s.txtLengthTotal(panel).text(),
               " FilaWidth=", s.txtBandWidth(panel).text(), " ");
   CommentLine(p, "GENERAL PART DESCRIPTION: FilaThickness=", s.txtBandThickness(panel).text(), " ");
@@ -77,18 +77,16 @@ void EnableMotors(GCodeSession& session) {
 }
 
 void Report(const Platform& platform, std::string_view path, std::string_view reason) {
-  platform.messageBox.Show("Error",
-                           "The G-code file was not written:\r\n" + std::string(path) + "\r\n" +
-                               std::string(reason),
-                           BoxIcon::Stop);
+  platform.messageBox.Show(
+      "Error", "The G-code file was not written:\r\n" + std::string(path) + "\r\n" + std::string(reason),
+      BoxIcon::Stop);
 }
 
 }  // namespace
 
 void NotifyOperator(GCodeSession& session, std::string_view message) {
   Program& p = session.program;
-  dialect::CommentLine(
-      p, "NOTIFY OPERATOR --------------------------------------------------------- ");
+  dialect::CommentLine(p, "NOTIFY OPERATOR --------------------------------------------------------- ");
   dialect::Notify(p, session.s.txtEmail1.text(), session.s.txtEmail2.text(), message);
   dialect::EmptyLine(p);
   dialect::EmptyLine(p);

@@ -15,14 +15,22 @@ enum class Column { WindingAngle, Right, Left, Method, MandrelRPM, CarriageSpeed
 // The one place that says where a program takes the values of its layers from.
 const Field& LayerField(const DesignState& s, int layer, Column column) {
   switch (column) {
-    case Column::WindingAngle: return s.txtWA(layer);
-    case Column::Right: return s.txtRight(layer);
-    case Column::Left: return s.txtLeft(layer);
-    case Column::Method: return s.cmbMethod(layer);
-    case Column::MandrelRPM: return s.txtMRPM(layer);
-    case Column::CarriageSpeed: return s.txtCarriageSpeed(layer);
-    case Column::Passes: return s.lblPassesToCover(layer);
-    case Column::AddRevs: return s.txtAddRevs(layer);
+    case Column::WindingAngle:
+      return s.txtWA(layer);
+    case Column::Right:
+      return s.txtRight(layer);
+    case Column::Left:
+      return s.txtLeft(layer);
+    case Column::Method:
+      return s.cmbMethod(layer);
+    case Column::MandrelRPM:
+      return s.txtMRPM(layer);
+    case Column::CarriageSpeed:
+      return s.txtCarriageSpeed(layer);
+    case Column::Passes:
+      return s.lblPassesToCover(layer);
+    case Column::AddRevs:
+      return s.txtAddRevs(layer);
   }
   return s.txtWA(layer);
 }
@@ -221,8 +229,7 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   if (!s.chkWindingSchedule.checked()) return;
   SetPassEnds(s);
   dialect::EmptyLine(p);
-  dialect::CommentLine(
-      p, "BEGIN 2-AXIS WINDING --------------------------------------------------------- ");
+  dialect::CommentLine(p, "BEGIN 2-AXIS WINDING --------------------------------------------------------- ");
   dialect::ShowStage(p, "Winding Schedule");
   dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
 
@@ -247,8 +254,7 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   dialect::ShowMessage(p, "Winding_Process_Complete");
   dialect::Stop(p, "Mandrel Stop - Winding Complete");
   dialect::EmptyLine(p);
-  if (s.chkNotify1.checked())
-    NotifyOperator(session, "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
+  if (s.chkNotify1.checked()) NotifyOperator(session, "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
 }
 
 std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
@@ -260,8 +266,8 @@ std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode
   const Number circumference = diameter * kPi;
   const bool bandWidthSpacing = s.txtUseProportionalFilamentSpacingYN.text() == "N";
   const Number turns = Number(stepCount) * 360;
-  const Number angle = bandWidthSpacing ? turns * bandAround / circumference
-                                        : turns / (Int(circumference / bandAround) + 1);
+  const Number angle =
+      bandWidthSpacing ? turns * bandAround / circumference : turns / (Int(circumference / bandAround) + 1);
   return TextOf(s.signs, angle.as("###.00"_mask)).text;
 }
 

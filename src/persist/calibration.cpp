@@ -16,7 +16,8 @@ constexpr CalibrationKey kKeys[] = {
     {"FWDeliveryHeadXPositionMinimumIN", "0.0", "lowest position of the delivery head, inches"},
     {"FWDeliveryHeadXPositionMaximumIN", "0.0", "highest position of the delivery head, inches"},
     {"FWDeliveryHeadMaximumWidthIN", "0.0", "largest width of the delivery head, inches"},
-    {"FWDeliveryHeadDistanceFromMandrelChuckPlateinHomePositionIN", "0.0", "delivery head to chuck plate, inches"},
+    {"FWDeliveryHeadDistanceFromMandrelChuckPlateinHomePositionIN", "0.0",
+     "delivery head to chuck plate, inches"},
     {"gCarriageBoardID", "Select...", "controller board of the carriage"},
     {"cMaxTravel", "48.00", "carriage travel, inches"},
     {"cMaxSteps", "173904", "carriage travel, steps"},
@@ -60,9 +61,9 @@ std::string_view CalibrationSection(const DesignState& s, std::string_view key) 
 
 void OpenCalibrationFile(DesignState& s, const SettingsStore& store) {
   for (const CalibrationKey& key : kKeys) {
-    const std::string fallback =
-        s.gDecimalComma && s.Read(Replaced(key.fallback, '.', ',')).good() ? Replaced(key.fallback, '.', ',')
-                                                                          : std::string(key.fallback);
+    const std::string fallback = s.gDecimalComma && s.Read(Replaced(key.fallback, '.', ',')).good()
+                                     ? Replaced(key.fallback, '.', ',')
+                                     : std::string(key.fallback);
     const std::string text = GetSetting(store, CalibrationSection(s, key.key), key.key, fallback);
     if (key.key == "gCarriageBoardID") s.gCarriageBoardID = text;
     if (key.key == "gMandrelBoardID") s.gMandrelBoardID = text;

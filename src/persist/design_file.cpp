@@ -6,7 +6,8 @@
 
 namespace torvane {
 
-void WriteHead(TaggedText& text, const DesignWriter& writer, std::string_view version, std::string_view type) {
+void WriteHead(TaggedText& text, const DesignWriter& writer, std::string_view version,
+               std::string_view type) {
   text.Comment("TORVANE DESIGN FILE FORMAT VERSION #" + std::string(version) + " = " + std::string(type) +
                " EXETNSION");
   text.Comment("TORVANE DESIGN FILE-NAME = " + writer.s.gFileName.text());

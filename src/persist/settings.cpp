@@ -118,7 +118,9 @@ struct Reader {
   void operator()(std::monostate) const {}
   void operator()(Field Fields::*field) const { To(s.*field); }
   void operator()(const FieldAt& at) const { To((s.*at.array)(at.index)); }
-  void operator()(const ClassAt& at) const { To((s.*at.classes)[static_cast<std::size_t>(at.speedClass) - 1]); }
+  void operator()(const ClassAt& at) const {
+    To((s.*at.classes)[static_cast<std::size_t>(at.speedClass) - 1]);
+  }
   void operator()(double DesignState::*number) const { To(s.*number); }
   void operator()(bool DesignState::*flag) const { s.*flag = Flag(); }
 };
@@ -161,9 +163,9 @@ void NormaliseSigns(DesignState& s) {
   // The twins keep what was made of the stored texts.
   const bool mirror = s.gMirrorOnChange;
   s.gMirrorOnChange = false;
-  for (Field* field : {&s.txtPreWrapAdvance(1), &s.txtPreWrapAdvance(2), &s.txtHSTWidth, &s.txtHGSpeed,
-                       &s.txtStepSize4Ax, &s.txtStepSize2Ax, &s.gDHYtoMandrelCenter, &s.gDHStructureWidth,
-                       &s.gCarriageOffsetFromRMPFace})
+  for (Field* field :
+       {&s.txtPreWrapAdvance(1), &s.txtPreWrapAdvance(2), &s.txtHSTWidth, &s.txtHGSpeed, &s.txtStepSize4Ax,
+        &s.txtStepSize2Ax, &s.gDHYtoMandrelCenter, &s.gDHStructureWidth, &s.gCarriageOffsetFromRMPFace})
     *field = Replaced(field->text(), foreign, own);
   s.gMirrorOnChange = mirror;
 }

@@ -15,7 +15,8 @@ inline constexpr std::string_view kSettings = "Settings";
 
 std::string GetSetting(const SettingsStore& store, std::string_view section, std::string_view key,
                        std::string_view fallback);
-void SaveSetting(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value);
+void SaveSetting(SettingsStore& store, std::string_view section, std::string_view key,
+                 std::string_view value);
 
 // Of a stored Boolean: the word in either case, or a number other than 0.
 bool ReadsAsTrue(std::string_view stored);
@@ -29,8 +30,8 @@ struct ClassAt {
   std::array<double, 3> DesignState::*classes;
   int speedClass;
 };
-using SettingTarget = std::variant<std::monostate, Field Fields::*, FieldAt, ClassAt,
-                                   double DesignState::*, bool DesignState::*>;
+using SettingTarget = std::variant<std::monostate, Field Fields::*, FieldAt, ClassAt, double DesignState::*,
+                                   bool DesignState::*>;
 
 // How a stored text stands in its target.
 enum class SettingForm {
@@ -42,12 +43,12 @@ enum class SettingForm {
 
 struct Setting {
   std::string_view key;
-  std::string_view fallback;     // the default
-  SettingTarget target;          // nothing for a key that is read where it is needed
+  std::string_view fallback;  // the default
+  SettingTarget target;       // nothing for a key that is read where it is needed
   SettingForm form = SettingForm::Text;
-  bool atStart = false;          // ReadStoredSettings reads it
-  bool atExit = false;           // SaveStoredSettings writes it
-  bool emptyFallsBack = false;   // a stored empty text counts as missing
+  bool atStart = false;         // ReadStoredSettings reads it
+  bool atExit = false;          // SaveStoredSettings writes it
+  bool emptyFallsBack = false;  // a stored empty text counts as missing
   std::string_view meaning;
 };
 

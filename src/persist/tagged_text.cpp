@@ -29,8 +29,7 @@ std::vector<std::string_view> LinesOf(std::string_view text) {
 std::string_view TagOf(std::string_view line) { return line.substr(0, line.find('>') + 1); }
 
 bool IsTag(std::string_view tag, std::string_view name) {
-  return tag.size() == name.size() + 2 && tag.front() == '<' &&
-         EqualNoCase(tag.substr(1, name.size()), name);
+  return tag.size() == name.size() + 2 && tag.front() == '<' && EqualNoCase(tag.substr(1, name.size()), name);
 }
 
 std::string GetTagValue(DesignState& s, std::string_view line) {

@@ -69,19 +69,31 @@ MaybeText StopList(const DesignWriter& w) {
 
 // In the order of a written file. The section of the layers begins with their number.
 constexpr Tag kTags[] = {
-    {"DecimalComma", false, [](Reader& r, const std::string& v) { ReadDecimalComma(r.s, v); }, DecimalCommaOf},
+    {"DecimalComma", false, [](Reader& r, const std::string& v) { ReadDecimalComma(r.s, v); },
+     DecimalCommaOf},
     {"Filename", false, PassBy, FileNameOf},
     {"Version", false, PassBy, VersionOf},
     {"Date_of_Creation", false, Take<&Fields::Date_of_Creation>, DateOf},
     {"Units", false, [](Reader& r, const std::string& v) { ReadUnits(r.s, r.platform.store, v); }, UnitsOf},
-    {"Author", false, PassBy, [](const DesignWriter& w) { return MaybeText{true, w.s.Author.text()}; }},
+    {"Author", false, PassBy,
+     [](const DesignWriter& w) {
+       return MaybeText{true, w.s.Author.text()};
+     }},
     {"tv_community_username", false, Take<&Fields::Author>, nullptr},
-    {"Author_Email", false, PassBy, [](const DesignWriter& w) { return MaybeText{true, w.s.Author_Email.text()}; }},
-    {"Comments", false, PassBy, [](const DesignWriter& w) { return MaybeText{true, w.s.Comments.text()}; }},
+    {"Author_Email", false, PassBy,
+     [](const DesignWriter& w) {
+       return MaybeText{true, w.s.Author_Email.text()};
+     }},
+    {"Comments", false, PassBy,
+     [](const DesignWriter& w) {
+       return MaybeText{true, w.s.Comments.text()};
+     }},
     {"Diameter_Left", true, Take<&Fields::Diameter_Left>, Trimmed<&Fields::txtDiameterLeft>},
     {"Diameter_Right", true, Take<&Fields::Diameter_Right>, Trimmed<&Fields::txtDiameterRight>},
     {"Length_Total", true, Take<&Fields::Length_Total>,
-     [](const DesignWriter& w) { return MaybeText{true, std::string(Trim(w.s.txtZ2(2).text()))}; }},
+     [](const DesignWriter& w) {
+       return MaybeText{true, std::string(Trim(w.s.txtZ2(2).text()))};
+     }},
     {"Length_Offset_Right", true, PassBy, nullptr},
     {"Length_Offset_Left", true, PassBy, nullptr},
     {"Band_Width", true, Take<&Fields::Band_Width>,
@@ -89,7 +101,9 @@ constexpr Tag kTags[] = {
     {"Band_Thickness", true, Take<&Fields::Band_Thickness>,
      [](const DesignWriter& w) { return FormatForUnits(w.s, w.s.txtBandThickness(0), false); }},
     {"Number_of_Layers", true, Take<&Fields::Number_of_Layers>,
-     [](const DesignWriter& w) { return MaybeText{true, std::string(Trim(w.s.txtNumberOfLayers(0).text()))}; }},
+     [](const DesignWriter& w) {
+       return MaybeText{true, std::string(Trim(w.s.txtNumberOfLayers(0).text()))};
+     }},
     {"Winding_Angles", true, Hold<&TwoAxisLists::Winding_Angles>, ColumnList<1>},
     {"Winding_Right_Offsets", true, Hold<&TwoAxisLists::Winding_Right_Offsets>, nullptr},
     {"Winding_Left_Offsets", true, Hold<&TwoAxisLists::Winding_Left_Offsets>, nullptr},

@@ -14,7 +14,7 @@ struct Refusal {
 template <class Value>
 class Result {
  public:
-  Result(Value value) : held_(std::move(value)) {}      // NOLINT: a plain return says it best
+  Result(Value value) : held_(std::move(value)) {}        // NOLINT: a plain return says it best
   Result(Refusal refusal) : held_(std::move(refusal)) {}  // NOLINT: a plain return says it best
 
   explicit operator bool() const { return std::holds_alternative<Value>(held_); }

@@ -84,8 +84,7 @@ void txtZ2_Change(Station& station, int i) {
   s.txtZ2(2) = (s.gIsLHDrive ? right - left : left - right).as("##0.00"_mask);
   RecalculateAfterStart(station);
   const Comparison tooLow = number(s.gCarriageOffsetFromRMPFace) > number(s.txtZ2(1));
-  if (tooLow != Comparison::Impossible)
-    s.txtZ2(1).SetMark(holds(tooLow) ? Mark::StopTooLow : Mark::Plain);
+  if (tooLow != Comparison::Impossible) s.txtZ2(1).SetMark(holds(tooLow) ? Mark::StopTooLow : Mark::Plain);
 }
 
 template <FieldArray Fields::*array>

@@ -9,9 +9,9 @@ bool ShowMessageDialog(Station& station, const std::string& text, int number, Me
   SettingsStore& store = station.platform.store;
   const std::string key = "MSG" + std::to_string(number);
   if (GetSetting(store, kSettings, key, "False") == "True") return station.s.gMsgAnswer;
-  station.s.gMsgAnswer = station.platform.messageDialog.Ask(
-      {text, number, flags.okOnly, flags.beep, flags.offer,
-       [&store, &key] { SaveSetting(store, kSettings, key, "True"); }});
+  station.s.gMsgAnswer =
+      station.platform.messageDialog.Ask({text, number, flags.okOnly, flags.beep, flags.offer,
+                                          [&store, &key] { SaveSetting(store, kSettings, key, "True"); }});
   return false;
 }
 

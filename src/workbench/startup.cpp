@@ -18,9 +18,9 @@ void UpgradeStore(DesignState& s, SettingsStore& store) {
     SaveSetting(store, section, "gCarriageBoardID", "");
     SaveSetting(store, section, "gMandrelBoardID", "");
   }
-  constexpr const char* kClasses[][2] = {
-      {"iMaxCarriageSpeeds(1)", "2"}, {"iMaxCarriageSpeeds(2)", "4"}, {"iMaxCarriageSpeeds(3)", "6"},
-      {"iMaxMandrelRPM(1)", "20"},    {"iMaxMandrelRPM(2)", "40"},    {"iMaxMandrelRPM(3)", "60"}};
+  constexpr const char* kClasses[][2] = {{"iMaxCarriageSpeeds(1)", "2"}, {"iMaxCarriageSpeeds(2)", "4"},
+                                         {"iMaxCarriageSpeeds(3)", "6"}, {"iMaxMandrelRPM(1)", "20"},
+                                         {"iMaxMandrelRPM(2)", "40"},    {"iMaxMandrelRPM(3)", "60"}};
   for (const auto& [key, value] : kClasses) SaveSetting(store, kSettings, key, value);
 }
 

@@ -1,0 +1,184 @@
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+
+#include "host/file_system.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr char kNotAFile[] = "There is something else than a file under this name.";
+
+Refusal Refused(DWORD error) { return {ReasonOf({static_cast<int>(error), std::system_category()})}; }
+
+class Handle {
+ public:
+  explicit Handle(HANDLE handle) : handle_(handle) {}
+  ~Handle() { Close(); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+  explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE Get() const { return handle_; }
+  // 0 or the system's error number.
+  DWORD Close() {
+    const DWORD error = *this && !CloseHandle(handle_) ? GetLastError() : 0;
+    handle_ = INVALID_HANDLE_VALUE;
+    return error;
+  }
+
+ private:
+  HANDLE handle_;
+};
+
+HANDLE Opened(const std::filesystem::path& path, DWORD access, DWORD share, DWORD how) {
+  return CreateFileW(path.c_str(), access, share, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+DWORD WriteAll(const Handle& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 30U));
+    DWORD written = 0;
+    if (!WriteFile(file.Get(), bytes.data(), count, &written, nullptr)) return GetLastError();
+    if (written == 0) return ERROR_DISK_FULL;
+    bytes.remove_prefix(written);
+  }
+  return 0;
+}
+
+DWORD SetSize(const Handle& file, LONGLONG size) {
+  LARGE_INTEGER place{};
+  place.QuadPart = size;
+  if (!SetFilePointerEx(file.Get(), place, nullptr, FILE_BEGIN)) return GetLastError();
+  return SetEndOfFile(file.Get()) ? 0 : GetLastError();
+}
+
+DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::string_view>& parts) {
+  LONGLONG size = 0;
+  for (const auto part : parts) size += static_cast<LONGLONG>(part.size());
+  // A longer end takes the room at once.
+  if (const DWORD error = size > formerSize ? SetSize(file, size) : 0) return error;
+  if (!SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN)) return GetLastError();
+  for (const auto part : parts) {
+    if (const DWORD error = WriteAll(file, part)) return error;
+  }
+  return SetSize(file, size);
+}
+
+}  // namespace
+
+Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return Refused(GetLastError());
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
+  const Handle file(Opened(path, GENERIC_READ, kShareAll, OPEN_EXISTING));
+  if (!file) return Refused(GetLastError());
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
+
+  std::string bytes;
+  std::array<char, 65536> block{};
+  for (;;) {
+    DWORD count = 0;
+    if (!ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr)) {
+      return Refused(GetLastError());
+    }
+    if (count == 0) return bytes;
+    bytes.append(block.data(), count);
+  }
+}
+
+Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  const bool made = attributes == INVALID_FILE_ATTRIBUTES;
+  if (!made && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
+  Handle file(Opened(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS));
+  if (!file) return Refused(GetLastError());
+  LARGE_INTEGER former{};
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
+  if (!GetFileSizeEx(file.Get(), &former)) return Refused(GetLastError());
+
+  DWORD error = Overwrite(file, former.QuadPart, parts);
+  if (error != 0) SetSize(file, former.QuadPart);
+  const DWORD closing = file.Close();
+  if (error == 0) error = closing;
+  if (error == 0) return Done{};
+  if (made) DeleteFileW(path.c_str());
+  return Refused(error);
+}
+
+Outcome ReplaceAtOnce(const std::filesystem::path& path, std::string_view bytes) {
+  auto beside = path;
+  beside += L".new";
+  Handle file(Opened(beside, GENERIC_WRITE, 0, CREATE_ALWAYS));
+  if (!file) return Refused(GetLastError());
+  DWORD error = WriteAll(file, bytes);
+  if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
+  const DWORD closing = file.Close();
+  if (error == 0) error = closing;
+  // A program that looks at the file, a virus scanner say, holds the name for a moment.
+  for (int attempt = 0; error == 0; ++attempt) {
+    if (MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      return Done{};
+    }
+    const DWORD failed = GetLastError();
+    const bool held = failed == ERROR_SHARING_VIOLATION || failed == ERROR_ACCESS_DENIED;
+    if (!held || attempt == 100) error = failed;
+    if (error == 0) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  DeleteFileW(beside.c_str());
+  return Refused(error);
+}
+
+std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
+  // With no right asked for, folders and files that others hold can be looked at too.
+  const Handle file(
+      CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (!file || !GetFileInformationByHandle(file.Get(), &found)) return std::nullopt;
+  const auto joined = [](DWORD high, DWORD low) { return (std::uint64_t{high} << 32U) | low; };
+  // The system counts in units of 100 ns from the year 1601.
+  constexpr std::int64_t kUnitsTo1970 = 116'444'736'000'000'000;
+  const auto written = static_cast<std::int64_t>(
+      joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime));
+  return FileStamp{(written - kUnitsTo1970) * 100, joined(found.nFileSizeHigh, found.nFileSizeLow),
+                   joined(found.nFileIndexHigh, found.nFileIndexLow)};
+}
+
+FileLock::FileLock(const std::filesystem::path& path) {
+  using std::chrono::steady_clock;
+  const HANDLE file = Opened(path, GENERIC_READ | GENERIC_WRITE, kShareAll, OPEN_ALWAYS);
+  if (file == INVALID_HANDLE_VALUE) {
+    taken_ = Refused(GetLastError());
+    return;
+  }
+  handle_ = reinterpret_cast<std::intptr_t>(file);
+  const auto end = steady_clock::now() + std::chrono::seconds(10);
+  OVERLAPPED start{};
+  while (!LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &start)) {
+    const DWORD error = GetLastError();
+    if (error != ERROR_LOCK_VIOLATION && error != ERROR_IO_PENDING) {
+      taken_ = Refused(error);
+      return;
+    }
+    if (steady_clock::now() > end) {
+      taken_ = Refusal{"Another program keeps it locked."};
+      return;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
+FileLock::~FileLock() {
+  if (handle_ != -1) CloseHandle(reinterpret_cast<HANDLE>(handle_));
+}
+
+}  // namespace torvane

@@ -1,0 +1,64 @@
+#include "host/host_files.h"
+
+#include "host/file_system.h"
+#include "host/paths.h"
+
+namespace torvane {
+
+namespace {
+
+std::string WithoutBackslash(std::string path) {
+  if (!path.empty() && path.back() == '\\') path.pop_back();
+  return path;
+}
+
+}  // namespace
+
+Result<HostFiles> HostFiles::At(std::string_view programFolder) {
+  const auto program = AbsoluteStationPath(programFolder);
+  if (!program) return Refusal{"The program cannot run in this folder. " + program.reason()};
+  const auto current = AbsoluteStationPath(".");
+  return HostFiles(WithoutBackslash(program.value()),
+                   WithoutBackslash(current ? current.value() : program.value()));
+}
+
+HostFiles::HostFiles(std::string programFolder, std::string currentFolder)
+    : programFolder_(std::move(programFolder)), currentFolder_(std::move(currentFolder)) {}
+
+Result<std::filesystem::path> HostFiles::Found(std::string_view path) const {
+  if (path.empty()) return Refusal{"There is no file name."};
+  const auto name = HostPath(path);
+  if (!name) return Refusal{name.reason()};
+  const auto folder = HostPath(currentFolder_ + "\\");
+  if (!folder) return Refusal{folder.reason()};
+  return SystemPath(folder.value()) / SystemPath(name.value());
+}
+
+bool HostFiles::Exists(std::string_view path) const {
+  std::error_code error;
+  const auto file = Found(path);
+  return file && std::filesystem::is_regular_file(file.value(), error);
+}
+
+Result<std::string> HostFiles::ReadWhole(std::string_view path) const {
+  const auto file = Found(path);
+  if (!file) return Refusal{file.reason()};
+  return ReadRegularFile(file.value());
+}
+
+Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
+  const auto file = Found(path);
+  if (!file) return Refusal{file.reason()};
+  return WriteInPlace(file.value(), parts);
+}
+
+Outcome HostFiles::MakeFolder(std::string_view path) {
+  const auto folder = Found(path);
+  if (!folder) return Refusal{folder.reason()};
+  std::error_code error;
+  std::filesystem::create_directory(folder.value(), error);
+  if (error) return Refusal{ReasonOf(error)};
+  return Done{};
+}
+
+}  // namespace torvane

@@ -1,0 +1,72 @@
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "host/code_page.h"
+#include "host/command_line.h"
+#include "host/file_system.h"
+#include "host/host_launcher.h"
+#include "host/wide_windows.h"
+
+namespace torvane {
+
+namespace {
+
+// The program in `folder` for a name without a path; empty where there is none, for the system to search.
+std::wstring InFolder(const std::wstring& name, const std::wstring& folder) {
+  if (name.find_first_of(L"\\/:\"") != std::wstring::npos) return {};
+  std::wstring found(32768, L'\0');
+  const DWORD length = SearchPathW(folder.c_str(), name.c_str(), L".exe", static_cast<DWORD>(found.size()),
+                                   found.data(), nullptr);
+  found.resize(length < found.size() ? length : 0);
+  return found;
+}
+
+}  // namespace
+
+Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folder) {
+  const std::string_view trimmed = Bare(commandLine);
+  const std::string name(trimmed.substr(0, trimmed.find(' ')));
+  if (name.empty()) return Refusal{"There is no program to start."};
+  if (commandLine.find('\0') != std::string_view::npos || folder.find('\0') != std::string_view::npos) {
+    return Refusal{"The command line holds a NUL character."};
+  }
+  std::wstring line = Wide(ToUtf8(trimmed));
+  // The root of a drive needs the backslash that a folder's text goes without.
+  const std::wstring current = Wide(ToUtf8(folder)) + L"\\";
+  const std::wstring program = InFolder(Wide(ToUtf8(name)), current);
+
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESHOWWINDOW;
+  start.wShowWindow = SW_SHOWNORMAL;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(program.empty() ? nullptr : program.c_str(), line.data(), nullptr, nullptr, FALSE, 0,
+                      nullptr, current.c_str(), &start, &started)) {
+    const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+    return Refusal{name + ": " + ReasonOf(error)};
+  }
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  return Done{};
+}
+
+void HostLauncher::OpenLink(std::string_view url) {
+  if (!IsWebAddress(url)) return;
+  ShellExecuteW(nullptr, L"open", Wide(ToUtf8(url)).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+std::string HostLauncher::EnvironmentVariable(std::string_view name) const {
+  const std::wstring wideName = Wide(ToUtf8(name));
+  std::wstring value(32767, L'\0');  // the longest there is
+  const DWORD length =
+      GetEnvironmentVariableW(wideName.c_str(), value.data(), static_cast<DWORD>(value.size()));
+  value.resize(length < value.size() ? length : 0);
+  const auto text = FromUtf8(Narrow(value));
+  return text ? text.value() : "";
+}
+
+}  // namespace torvane

@@ -1,0 +1,41 @@
+// The settings store in a file (its text: IniText). Stations that run at once may share the file: a write
+// takes in what the others wrote before it, and the file is replaced in one step.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/file_system.h"
+#include "host/ini_text.h"
+#include "platform/settings_store.h"
+
+namespace torvane {
+
+class IniStore : public SettingsStore {
+ public:
+  // Neither the file nor its folder need be there; the first write makes them. With an empty path nothing is
+  // read and writes are refused.
+  explicit IniStore(std::string_view hostPath);
+
+  std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
+  // Refused, with the file as it was, where it cannot be read, locked or replaced.
+  Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
+  std::vector<Entry> All() const override;
+
+ private:
+  struct Seen {
+    std::optional<FileStamp> stamp;
+    bool settled = false;
+    IniText text;
+  };
+
+  const IniText& Current() const;
+
+  std::filesystem::path path_;
+  mutable std::optional<Seen> seen_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,45 @@
+// Files in memory, with the one folder of the program at first. Names are told apart by case.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace torvane {
+
+class MemoryFiles : public Files {
+ public:
+  explicit MemoryFiles(std::string programFolder = "C:\\Torvane");
+
+  std::string ProgramFolder() const override { return programFolder_; }
+  std::string CurrentFolder() const override { return currentFolder_; }
+  void MakeProgramFolderCurrent() override { currentFolder_ = programFolder_; }
+  void SetCurrentFolder(std::string folder) { currentFolder_ = std::move(folder); }
+
+  bool Exists(std::string_view path) const override;
+  Result<std::string> ReadWhole(std::string_view path) const override;
+  // Refused also where the file's folder is missing.
+  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  Outcome MakeFolder(std::string_view path) override;
+
+  // Puts a file there, and the folders above it.
+  void Put(std::string_view path, std::string bytes);
+  // From now on every write of the path is refused; the file stays as it is.
+  void FailWrites(std::string_view path, std::string reason);
+  // By full path.
+  const std::map<std::string, std::string>& All() const { return files_; }
+
+ private:
+  std::string Full(std::string_view path) const;
+  bool IsFolder(const std::string& full) const;
+
+  std::string programFolder_, currentFolder_;
+  std::map<std::string, std::string> files_, refusals_;
+  std::set<std::string> folders_;
+};
+
+}  // namespace torvane
