@@ -1,0 +1,28 @@
+// The commands of `torvane`. Each returns the exit status.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/computer.h"
+
+namespace torvane {
+
+// Writes the program of each design into the station's folder, or to standard output.
+int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool toStandardOutput);
+
+enum class InfoForm { Table, Brief, Json };
+int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);
+
+// Opens a design and saves it again under another name.
+int RunConvert(Computer& computer, const std::string& design, const std::string& out);
+
+int RunSettingList(Computer& computer);
+int RunSettingGet(Computer& computer, const std::string& section, const std::string& key);
+int RunSettingSet(Computer& computer, const std::string& section, const std::string& key,
+                  const std::string& value);
+
+// Drives a station by the lines of a file; standard input without a name.
+int RunScript(Computer& computer, const std::string& file);
+
+}  // namespace torvane

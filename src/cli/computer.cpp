@@ -1,0 +1,130 @@
+#include "cli/computer.h"
+
+#include <cstdio>
+
+#include "design/text.h"
+#include "host/code_page.h"
+#include "host/default_store.h"
+#include "host/host_clock.h"
+#include "host/host_locale.h"
+#include "host/ini_store.h"
+#include "host/paths.h"
+#include "persist/calibration.h"
+#include "persist/settings.h"
+
+namespace torvane {
+
+namespace {
+
+// "YYYY-MM-DD hh:mm:ss"
+Moment MomentOf(const std::string& text) {
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0, length = 0;
+  const int read = std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n", &year, &month, &day, &hour, &minute,
+                               &second, &length);
+  const std::chrono::year_month_day date{std::chrono::year(year),
+                                         std::chrono::month(static_cast<unsigned>(month)),
+                                         std::chrono::day(static_cast<unsigned>(day))};
+  if (read != 6 || static_cast<std::size_t>(length) != text.size() || !date.ok() || hour < 0 || hour > 23 ||
+      minute < 0 || minute > 59 || second < 0 || second > 59)
+    throw UsageError{"--now is written \"YYYY-MM-DD hh:mm:ss\", not \"" + text + "\""};
+  return std::chrono::local_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
+         std::chrono::seconds(second);
+}
+
+LocaleSigns SignsOf(const std::string& locale) {
+  if (locale == "comma") return {','};
+  if (locale == "point") return {'.'};
+  return HostLocale().Signs();
+}
+
+std::string OneLine(const std::string& text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\r') continue;
+    if (c != '\n')
+      line += c;
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+  }
+  return std::string(Trim(line));
+}
+
+// Every section that knows a key of this name.
+std::vector<std::string_view> SectionsOf(std::string_view key) {
+  for (const CalibrationKey& known : CalibrationKeys())
+    if (known.key == key) return {"TV2_Calibration", "TV2_Calibration_DC", "TV2_Calibratio_DCn"};
+  if (key == "dhlMaxSpeed") return {"TV4_Calibration"};
+  for (const Setting& known : Settings())
+    if (known.key == key) return {kSettings};
+  if (key.starts_with("MSG")) return {kSettings};
+  throw UsageError{"there is no setting " + ToUtf8(key) + "; `torvane setting list` names them"};
+}
+
+}  // namespace
+
+std::string StationText(const std::string& argument) {
+  const Result<std::string> text = FromUtf8(argument);
+  if (!text) throw UsageError{text.reason()};
+  return text.value();
+}
+
+Assignment AssignmentOf(const std::string& argument) {
+  const auto equals = argument.find('=');
+  if (equals == std::string::npos) throw UsageError{"\"" + argument + "\" is not of the form NAME=TEXT"};
+  return {StationText(argument.substr(0, equals)), StationText(argument.substr(equals + 1))};
+}
+
+void Complain(const std::string& text) { std::fprintf(stderr, "torvane: %s\n", text.c_str()); }
+
+Computer::Computer(const CommonOptions& options) {
+  Result<std::string> home = std::string(options.home);
+  if (options.home.empty()) home = RunningProgramFolder();
+  if (!home) throw UsageError{home.reason()};
+  Result<HostFiles> files = HostFiles::At(home.value());
+  if (!files) throw UsageError{home.value() + ": " + files.reason()};
+  files_.emplace(files.value());
+  files_->MakeProgramFolderCurrent();
+  if (options.store.empty())
+    realStore_ = DefaultStore();
+  else
+    realStore_ = std::make_unique<IniStore>(options.store);
+  stage.locale.signs = SignsOf(options.locale);
+  stage.clock.Set(options.now.empty() ? HostClock().Now() : MomentOf(options.now));
+  for (const std::string& setting : options.settings) {
+    settings_.push_back(AssignmentOf(setting));
+    SectionsOf(settings_.back().name);
+  }
+  for (const std::string& field : options.fields) fields_.push_back(AssignmentOf(field));
+  stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
+    Complain(ToUtf8(box.title + ": " + OneLine(box.text)));
+    complained = true;
+  };
+}
+
+OverlayStore Computer::RunSettings() const {
+  OverlayStore store(*realStore_);
+  for (const Assignment& setting : settings_)
+    for (const std::string_view section : SectionsOf(setting.name))
+      SaveSetting(store, section, setting.name, setting.text);
+  return store;
+}
+
+Platform Computer::AsPlatform(SettingsStore& store) {
+  return {store,
+          stage.clock,
+          stage.locale,
+          *files_,
+          stage.messageDialog,
+          stage.messageBox,
+          stage.fileDialog,
+          stage.launcher};
+}
+
+void Computer::MakeStationFolders() {
+  for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
+    const Outcome made = files_->MakeFolder(files_->ProgramFolder() + folder);
+    if (!made) Complain(ToUtf8(files_->ProgramFolder() + folder) + ": " + made.reason());
+  }
+}
+
+}  // namespace torvane

@@ -1,0 +1,71 @@
+// The computer as a command of `torvane` sees it: the options that all commands share, made real.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/host_files.h"
+#include "platform/platform.h"
+#include "stage/stage.h"
+
+namespace torvane {
+
+// Wrong usage, in words for the user.
+struct UsageError {
+  std::string reason;
+};
+
+enum ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
+
+// As typed, in UTF-8.
+struct CommonOptions {
+  std::string home;
+  std::string store;
+  std::vector<std::string> settings;
+  std::string locale;
+  std::string now;
+  std::vector<std::string> fields;
+};
+
+// A "NAME=TEXT" option in the station's text.
+struct Assignment {
+  std::string name, text;
+};
+
+// Text of the station from an argument; throws UsageError for a character outside its code page.
+std::string StationText(const std::string& argument);
+Assignment AssignmentOf(const std::string& argument);
+
+// Says something went wrong, on standard error.
+void Complain(const std::string& text);
+
+// Real files; a clock that stands at the time of the command; answers to questions from a queue. The
+// settings of a run are laid over the user's, which change only where a command is there for that.
+class Computer {
+ public:
+  explicit Computer(const CommonOptions& options);
+
+  // The store itself, for the commands that write it.
+  SettingsStore& RealStore() { return *realStore_; }
+  // The text of this run's `--field` options goes into these fields.
+  const std::vector<Assignment>& fields() const { return fields_; }
+
+  Platform AsPlatform(SettingsStore& store);
+  // This run's values over the store.
+  OverlayStore RunSettings() const;
+  void MakeStationFolders();
+
+  Stage stage;  // clock, locale and dialogs; its store and files are not used
+  // A message box was shown.
+  bool complained = false;
+
+ private:
+  std::unique_ptr<SettingsStore> realStore_;
+  std::optional<HostFiles> files_;
+  std::vector<Assignment> settings_;
+  std::vector<Assignment> fields_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,67 @@
+#include "cli/designs.h"
+
+#include <chrono>
+
+#include "design/catalogue.h"
+#include "design/reset.h"
+#include "design/text.h"
+#include "host/code_page.h"
+#include "host/paths.h"
+#include "persist/settings.h"
+#include "workbench/design_commands.h"
+
+namespace torvane {
+
+namespace {
+
+void SetFields(Station& station, const std::vector<Assignment>& fields) {
+  for (const Assignment& assignment : fields) {
+    Field* field = FindField(station.s, assignment.name);
+    if (field == nullptr) throw UsageError{"there is no field " + ToUtf8(assignment.name)};
+    *field = assignment.text;
+  }
+}
+
+}  // namespace
+
+std::string EndingOf(const std::string& path) {
+  return LowerCase(path.size() < 3 ? path : path.substr(path.size() - 3));
+}
+
+OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
+    : settings_(computer.RunSettings()) {
+  const std::string ending = EndingOf(design);
+  if (ending != "t2d" && ending != "tvd") {
+    Complain(design + ": not a two-axis design, its name does not end in .t2d");
+    return;
+  }
+  const Result<std::string> path = AbsoluteStationPath(design);
+  if (!path) {
+    Complain(design + ": " + path.reason());
+    return;
+  }
+  const Platform platform = computer.AsPlatform(settings_);
+  if (!platform.files.Exists(path.value())) {
+    Complain(design + ": there is no such file");
+    return;
+  }
+  // The station does not begin with the design that was open last.
+  SaveSetting(settings_, kSettings, "gLastFileInUse", "");
+  SaveSetting(settings_, kSettings, "mnu2Axis", "1");
+  constexpr auto kPastStartGuard = std::chrono::seconds(6);
+  auto station = std::make_unique<Station>(platform);
+  computer.stage.clock.Advance(-kPastStartGuard);
+  station->Form_Load();
+  computer.stage.clock.Advance(kPastStartGuard);
+  station->Run("Form", Event::Click);
+  computer.complained = false;
+  const bool opened = OpenDesign(*station, path.value());
+  if (!opened || computer.complained) {
+    Complain(design + ": not read");
+    return;
+  }
+  SetFields(*station, computer.fields());
+  station_ = std::move(station);
+}
+
+}  // namespace torvane

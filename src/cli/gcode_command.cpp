@@ -1,0 +1,53 @@
+#include <cstdio>
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+#include "cli/commands.h"
+#include "cli/designs.h"
+#include "gcode/session.h"
+#include "host/code_page.h"
+#include "host/paths.h"
+
+namespace torvane {
+
+namespace {
+
+bool PrintProgram(Station& station) {
+  Program program(station.s.signs);
+  if (!FormProgram(station.s, station.platform, program)) return false;
+  if (!program.refusal().empty()) {
+    Complain(program.refusal());
+    return false;
+  }
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
+  for (const std::string_view block : program.Text()) std::fwrite(block.data(), 1, block.size(), stdout);
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return true;
+  Complain("standard output could not be written");
+  return false;
+}
+
+bool WriteProgram(Station& station) {
+  if (!WriteGCode(station.s, station.platform)) return false;
+  const Result<std::string> path = HostPath(station.s.gGCodeFilePath.text());
+  std::printf("%s\n", path ? path.value().c_str() : ToUtf8(station.s.gGCodeFilePath.text()).c_str());
+  return true;
+}
+
+}  // namespace
+
+int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool toStandardOutput) {
+  computer.MakeStationFolders();
+  int status = kDone;
+  for (const std::string& design : designs) {
+    OpenedDesign opened(computer, design);
+    if (!opened || !(toStandardOutput ? PrintProgram(opened.station()) : WriteProgram(opened.station())))
+      status = kFailed;
+  }
+  return status;
+}
+
+}  // namespace torvane

@@ -1,0 +1,112 @@
+// `torvane`: the station's companion on the command line.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <functional>
+
+#include "cli/commands.h"
+
+namespace torvane {
+
+namespace {
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+  app.add_option("--home", options.home, "The station's folder [the folder of this program]");
+  app.add_option("--store", options.store, "Settings in this INI file [the user's own store]");
+  app.add_option("--setting", options.settings, "KEY=VALUE: this run's value of a setting or calibration key")
+      ->allow_extra_args(false);
+  app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")
+      ->check(CLI::IsMember({"point", "comma"}));
+  app.add_option("--now", options.now, "\"YYYY-MM-DD hh:mm:ss\": the time of the run [the clock]");
+  app.add_option("--field", options.fields, "NAME=TEXT: a field's text, set after the design is open")
+      ->allow_extra_args(false);
+}
+
+struct Arguments {
+  CommonOptions common;
+  std::vector<std::string> designs;
+  std::string design;
+  std::string out;
+  bool json = false;
+  bool brief = false;
+  std::string section, key, value;
+  std::string script;
+};
+
+using Command = std::function<int(Computer&)>;
+
+void AddDesigns(CLI::App& command, Arguments& a) {
+  command.add_option("DESIGN", a.designs, "Design files (.t2d)")->required();
+}
+
+void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
+  const auto add = [&](CLI::App& parent, const char* name, const char* help, Command run) {
+    CLI::App* command = parent.add_subcommand(name, help);
+    command->callback([&chosen, run = std::move(run)] { chosen = run; });
+    AddCommonOptions(*command, a.common);
+    return command;
+  };
+
+  CLI::App* gcode = add(app, "gcode", "Write the programs of designs into TV_G-Code_Files",
+                        [&a](Computer& c) { return RunGCode(c, a.designs, a.out == "-"); });
+  AddDesigns(*gcode, a);
+  gcode->add_option("--out", a.out, "-: to standard output instead")->check(CLI::IsMember({"-"}));
+
+  CLI::App* info = add(app, "info", "Show the figures of designs", [&a](Computer& c) {
+    return RunInfo(c, a.designs, a.json ? InfoForm::Json : a.brief ? InfoForm::Brief : InfoForm::Table);
+  });
+  AddDesigns(*info, a);
+  info->add_flag("--json", a.json, "Every field as one JSON object");
+  info->add_flag("--brief", a.brief, "A line for each design");
+
+  CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
+                          [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
+  convert->add_option("DESIGN", a.design, "The design file")->required();
+  convert->add_option("OUT", a.out, "The file to write")->required();
+
+  CLI::App* setting = app.add_subcommand("setting", "The station's settings");
+  setting->require_subcommand(1);
+  add(*setting, "list", "All known keys with their values, defaults and meaning",
+      [](Computer& c) { return RunSettingList(c); });
+  CLI::App* get =
+      add(*setting, "get", "Print a value", [&a](Computer& c) { return RunSettingGet(c, a.section, a.key); });
+  CLI::App* set = add(*setting, "set", "Store a value",
+                      [&a](Computer& c) { return RunSettingSet(c, a.section, a.key, a.value); });
+  for (CLI::App* command : {get, set}) {
+    command->add_option("SECTION", a.section, "Settings, or a calibration section")->required();
+    command->add_option("KEY", a.key, "The key")->required();
+  }
+  set->add_option("VALUE", a.value, "Its text")->required();
+
+  CLI::App* script = add(app, "script", "Drive the whole station by lines of text",
+                         [&a](Computer& c) { return RunScript(c, a.script); });
+  script->add_option("FILE", a.script, "The script [standard input]");
+}
+
+int Main(int argc, char** argv) {
+  CLI::App app("Torvane Designer on the command line");
+  app.require_subcommand(1);
+  Arguments arguments;
+  Command chosen;
+  AddCommands(app, arguments, chosen);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kUsage;
+  }
+  try {
+    Computer computer(arguments.common);
+    return chosen(computer);
+  } catch (const UsageError& error) {
+    Complain(error.reason);
+    return kUsage;
+  } catch (const std::exception& error) {
+    Complain(error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace
+
+}  // namespace torvane
+
+int main(int argc, char** argv) { return torvane::Main(argc, argv); }

@@ -1,0 +1,252 @@
+#include "cli/script.h"
+
+#include <charconv>
+#include <chrono>
+#include <ostream>
+
+#include "design/catalogue.h"
+#include "design/text.h"
+#include "host/code_page.h"
+#include "persist/settings.h"
+#include "persist/tagged_text.h"
+
+namespace torvane {
+
+namespace {
+
+// The first word and what stands behind the one blank that follows it.
+std::pair<std::string, std::string> FirstWord(const std::string& text) {
+  const auto blank = text.find(' ');
+  if (blank == std::string::npos) return {text, ""};
+  return {text.substr(0, blank), text.substr(blank + 1)};
+}
+
+std::string OneLine(const std::string& text) {
+  std::string line;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    if (text[i] == '\n')
+      line += "\\n";
+    else
+      line += text[i];
+  }
+  return ToUtf8(line);
+}
+
+const char* NameOfMark(Mark mark) {
+  switch (mark) {
+    case Mark::Plain:
+      return "plain";
+    case Mark::NeedsInput:
+      return "needs input";
+    case Mark::TooHigh:
+      return "too high";
+    case Mark::StopTooLow:
+      return "stop too low";
+  }
+  return "";
+}
+
+const char* YesNo(bool yes) { return yes ? "yes" : "no"; }
+
+}  // namespace
+
+struct Script::Command {
+  std::string_view word;
+  void (Script::*follow)(const std::string& rest);
+};
+
+const Script::Command* Script::Find(std::string_view word) {
+  static constexpr Command kCommands[] = {
+      {"store", &Script::Store},     {"locale", &Script::SetLocale},
+      {"start", &Script::Start},     {"type", &Script::Type},
+      {"set", &Script::Set},         {"choose", &Script::Choose},
+      {"check", &Script::Check},     {"click", &Script::Click},
+      {"get", &Script::Get},         {"list", &Script::List},
+      {"mark", &Script::ShowMark},   {"shown", &Script::Shown},
+      {"enabled", &Script::Enabled}, {"caption", &Script::Caption},
+      {"tip", &Script::Tip},         {"bold", &Script::Bold},
+      {"answer", &Script::Answer},   {"file", &Script::File},
+      {"wait", &Script::Wait},       {"setting", &Script::ShowSetting},
+      {"cat", &Script::Cat},         {"nostart", &Script::NoStart},
+  };
+  for (const Command& command : kCommands)
+    if (command.word == word) return &command;
+  return nullptr;
+}
+
+Script::Script(Computer& computer, SettingsStore& store, std::ostream& out)
+    : computer_(computer), store_(store), out_(out) {
+  Watch();
+}
+
+void Script::Watch() {
+  Stage& stage = computer_.stage;
+  stage.messageDialog.observer = [this](const Message& message) {
+    out_ << "message " << message.number << (message.okOnly ? " ok-only" : " yes-no")
+         << (message.beep ? " beep" : "") << (message.offer ? " offer" : "") << ": " << OneLine(message.text)
+         << "\n";
+  };
+  stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
+    out_ << "box " << OneLine(box.title) << ": " << OneLine(box.text) << "\n";
+  };
+  stage.fileDialog.observer = [this](const StagedFileDialog::Request& request) {
+    out_ << "dialog " << (request.save ? "save " : "open ") << OneLine(request.filter) << "\n";
+  };
+  stage.launcher.startObserver = [this](const StagedLauncher::Started& started) {
+    std::string line = started.commandLine;
+    const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
+    for (auto at = line.find(home); at != std::string::npos; at = line.find(home, at))
+      line.replace(at, home.size(), "<home>");
+    out_ << "start: " << OneLine(line) << "\n";
+  };
+  stage.launcher.linkObserver = [this](const std::string& url) { out_ << "link " << OneLine(url) << "\n"; };
+}
+
+void Script::Follow(const std::string& line) {
+  if (line.empty() || line.front() == '#') return;
+  const auto [word, rest] = FirstWord(line);
+  const Command* command = Find(word);
+  if (command == nullptr) throw ScriptError{"there is no command " + word};
+  (this->*command->follow)(rest);
+}
+
+Station& Script::Running() {
+  if (!station_) throw ScriptError{"the station has not been started"};
+  return *station_;
+}
+
+Field& Script::FieldOf(const std::string& name) {
+  Field* field = FindField(Running().s, name);
+  if (field == nullptr) throw ScriptError{"there is no field " + name};
+  return *field;
+}
+
+void Script::Store(const std::string& rest) {
+  if (station_) throw ScriptError{"the store is written before the start"};
+  const auto [section, behind] = FirstWord(rest);
+  const auto [key, value] = FirstWord(behind);
+  SaveSetting(store_, StationText(section), StationText(key), StationText(value));
+}
+
+void Script::SetLocale(const std::string& rest) {
+  if (station_) throw ScriptError{"the locale is set before the start"};
+  if (rest != "comma" && rest != "point") throw ScriptError{"a locale is comma or point"};
+  computer_.stage.locale.signs.decimal = rest == "comma" ? ',' : '.';
+}
+
+void Script::Start(const std::string&) {
+  if (station_) throw ScriptError{"the station is started already"};
+  computer_.MakeStationFolders();
+  station_ = std::make_unique<Station>(computer_.AsPlatform(store_));
+  station_->Form_Load();
+}
+
+void Script::Type(const std::string& rest) {
+  const auto [name, text] = FirstWord(rest);
+  Running().Type(FieldOf(name), StationText(text));
+}
+
+void Script::Set(const std::string& rest) {
+  const auto [name, text] = FirstWord(rest);
+  FieldOf(name) = StationText(text);
+}
+
+void Script::Choose(const std::string& rest) {
+  const auto [name, text] = FirstWord(rest);
+  Running().Choose(FieldOf(name), StationText(text));
+}
+
+void Script::Check(const std::string& rest) {
+  const auto [name, state] = FirstWord(rest);
+  if (state != "on" && state != "off") throw ScriptError{"a check box is set on or off"};
+  Field& field = FieldOf(name);
+  const bool option = field.row().kind == Kind::Option;
+  Running().Choose(field, state == "on" ? (option ? "True" : "1") : (option ? "False" : "0"));
+}
+
+void Script::Click(const std::string& rest) {
+  const auto open = rest.find('(');
+  int index = 0;
+  if (open != std::string::npos) std::from_chars(rest.data() + open + 1, rest.data() + rest.size(), index);
+  if (!Running().Run(rest.substr(0, open), Event::Click, index))
+    throw ScriptError{"there is no control " + rest};
+}
+
+void Script::Get(const std::string& rest) {
+  const Station& station = Running();
+  std::string text;
+  if (const Field* field = FindField(station_->s, rest)) {
+    text = field->text();
+  } else {
+    const NamedValue value = FindValue(station.s, rest);
+    if (!value.found) throw ScriptError{"there is no field or value " + rest};
+    text = value.text;
+  }
+  out_ << rest << " = " << ToUtf8(text) << "\n";
+}
+
+void Script::List(const std::string& rest) {
+  for (const std::string& entry : FieldOf(rest).entries()) out_ << "| " << ToUtf8(entry) << "\n";
+}
+
+void Script::ShowMark(const std::string& rest) {
+  out_ << rest << ": " << NameOfMark(FieldOf(rest).mark()) << "\n";
+}
+
+void Script::Shown(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).shown()) << "\n"; }
+
+void Script::Enabled(const std::string& rest) {
+  out_ << rest << ": " << YesNo(FieldOf(rest).enabled()) << "\n";
+}
+
+void Script::Caption(const std::string& rest) {
+  out_ << rest << ": " << ToUtf8(FieldOf(rest).caption()) << "\n";
+}
+
+void Script::Tip(const std::string& rest) { out_ << rest << ": " << ToUtf8(FieldOf(rest).tip()) << "\n"; }
+
+void Script::Bold(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).bold()) << "\n"; }
+
+void Script::Answer(const std::string& rest) {
+  const auto [answer, tick] = FirstWord(rest);
+  if ((answer != "yes" && answer != "no") || (!tick.empty() && tick != "noshow"))
+    throw ScriptError{"an answer is yes or no, and perhaps noshow"};
+  computer_.stage.messageDialog.answers.push_back({answer == "yes", tick == "noshow"});
+}
+
+std::string Script::HomePath(const std::string& relative) const {
+  return computer_.AsPlatform(store_).files.ProgramFolder() + "\\" +
+         Replaced(StationText(relative), '/', '\\');
+}
+
+void Script::File(const std::string& rest) {
+  if (rest == "cancel")
+    computer_.stage.fileDialog.answers.emplace_back(std::nullopt);
+  else
+    computer_.stage.fileDialog.answers.emplace_back(HomePath(rest));
+}
+
+void Script::Wait(const std::string& rest) {
+  int milliseconds = 0;
+  const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), milliseconds);
+  if (read.ec != std::errc() || read.ptr != rest.data() + rest.size() || milliseconds < 0)
+    throw ScriptError{"a wait is a number of milliseconds"};
+  computer_.stage.clock.Advance(std::chrono::milliseconds(milliseconds));
+}
+
+void Script::ShowSetting(const std::string& rest) {
+  const auto [section, key] = FirstWord(rest);
+  const auto value = store_.Read(StationText(section), StationText(key));
+  out_ << rest << (value ? " = " + ToUtf8(*value) : " missing") << "\n";
+}
+
+void Script::Cat(const std::string& rest) {
+  const auto text = computer_.AsPlatform(store_).files.ReadWhole(HomePath(rest));
+  if (!text) throw ScriptError{rest + ": " + text.reason()};
+  for (const std::string_view line : LinesOf(text.value())) out_ << "| " << ToUtf8(line) << "\n";
+}
+
+void Script::NoStart(const std::string&) { computer_.stage.launcher.FailNext("it was told to fail"); }
+
+}  // namespace torvane

@@ -1,0 +1,65 @@
+// The station driven by text: a command a line, what it causes printed as it happens.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "cli/computer.h"
+#include "workbench/station.h"
+
+namespace torvane {
+
+// A line that cannot be followed.
+struct ScriptError {
+  std::string reason;
+};
+
+class Script {
+ public:
+  // `store` is what the station reads and writes.
+  Script(Computer& computer, SettingsStore& store, std::ostream& out);
+
+  // One line in UTF-8; throws ScriptError.
+  void Follow(const std::string& line);
+
+ private:
+  struct Command;
+  static const Command* Find(std::string_view word);
+
+  void Store(const std::string& rest);
+  void SetLocale(const std::string& rest);
+  void Start(const std::string& rest);
+  void Type(const std::string& rest);
+  void Set(const std::string& rest);
+  void Choose(const std::string& rest);
+  void Check(const std::string& rest);
+  void Click(const std::string& rest);
+  void Get(const std::string& rest);
+  void List(const std::string& rest);
+  void ShowMark(const std::string& rest);
+  void Shown(const std::string& rest);
+  void Enabled(const std::string& rest);
+  void Caption(const std::string& rest);
+  void Tip(const std::string& rest);
+  void Bold(const std::string& rest);
+  void Answer(const std::string& rest);
+  void File(const std::string& rest);
+  void Wait(const std::string& rest);
+  void ShowSetting(const std::string& rest);
+  void Cat(const std::string& rest);
+  void NoStart(const std::string& rest);
+
+  Station& Running();
+  Field& FieldOf(const std::string& name);
+  std::string HomePath(const std::string& relative) const;
+  void Watch();
+
+  Computer& computer_;
+  SettingsStore& store_;
+  std::ostream& out_;
+  std::unique_ptr<Station> station_;
+};
+
+}  // namespace torvane
