@@ -1,0 +1,176 @@
+// The program itself, as a user starts it: its output and exit status against the files of the cases.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kCases = fs::path(SOURCE_FOLDER) / "tests" / "cases";
+
+std::string ReadFile(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::stringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+std::vector<std::string> LinesOfFile(const fs::path& path) {
+  std::vector<std::string> lines;
+  std::ifstream file(path);
+  for (std::string line; std::getline(file, line);)
+    if (!line.empty()) lines.push_back(line);
+  return lines;
+}
+
+std::string Quoted(const std::string& word) { return "'" + word + "'"; }
+
+struct Ended {
+  int status;
+  std::string out, err;
+};
+
+class Torvane : public testing::Test {
+ protected:
+  Torvane() {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = fs::temp_directory_path() / ("torvane-" + std::to_string(getpid()) + "-" + test->name());
+    fs::create_directories(home());
+  }
+  ~Torvane() override { fs::remove_all(folder_); }
+
+  fs::path home() const { return folder_ / "home"; }
+
+  Ended Start(const std::string& arguments, const std::string& store = "") {
+    const fs::path out = folder_ / "out", err = folder_ / "err";
+    const std::string command =
+        Quoted(TORVANE_PROGRAM) + " " + arguments + " --home " + Quoted(home().string()) + " --store " +
+        Quoted(store.empty() ? (folder_ / "store.ini").string() : store) + " --now '2026-03-04 05:06:07' > " +
+        Quoted(out.string()) + " 2> " + Quoted(err.string()) + " < /dev/null";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
+  }
+
+  fs::path folder_;
+};
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+    text.replace(at, from.size(), to);
+  return text;
+}
+
+// Programs worked out by hand from the rules of winding, byte for byte.
+TEST_F(Torvane, WritesProgramsAsWorkedOutByHand) {
+  int cases = 0;
+  for (const auto& entry : fs::directory_iterator(kCases / "programs")) {
+    if (!entry.is_directory()) continue;
+    SCOPED_TRACE(entry.path().filename().string());
+    std::string arguments = "gcode " + Quoted((entry.path() / "design.t2d").string()) + " --out - ";
+    for (const std::string& option : LinesOfFile(entry.path() / "options.txt")) arguments += option + " ";
+    if (arguments.find("--locale") == std::string::npos) arguments += "--locale point ";
+    for (const std::string& field : LinesOfFile(entry.path() / "fields.txt"))
+      arguments += "--field " + Quoted(field) + " ";
+    const Ended run = Start(arguments, (entry.path() / "settings.ini").string());
+    const std::string expected =
+        Replaced(ReadFile(entry.path() / "program.T2G"), "@HOME@", Replaced(home().string(), "/", "\\"));
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, expected);
+    ++cases;
+  }
+  EXPECT_GE(cases, 7);
+}
+
+// The rows of the same designs, worked out with them: case, row, speeds, passes, minutes, length.
+TEST_F(Torvane, ShowsFiguresAsWorkedOutByHand) {
+  for (const std::string& line : LinesOfFile(kCases / "programs" / "figures.txt")) {
+    std::vector<std::string> cells;
+    std::stringstream stream(line + "\t");
+    for (std::string cell; std::getline(stream, cell, '\t');) cells.push_back(cell);
+    const fs::path folder = kCases / "programs" / cells[0];
+    std::string arguments = "info --json " + Quoted((folder / "design.t2d").string());
+    const auto options = LinesOfFile(folder / "options.txt");
+    arguments += options.empty() ? " --locale point" : " " + options.front();
+    const Ended run = Start(arguments, (folder / "settings.ini").string());
+    const auto expect = [&](const std::string& name, const std::string& text) {
+      EXPECT_NE(run.out.find("\"" + name + "\": \"" + text + "\""), std::string::npos)
+          << line << ": " << name << " is not " << text;
+    };
+    if (cells[1] == "build") {
+      expect("gBuildHours", cells[2]);
+      expect("gBuildMinutes", cells[3]);
+      continue;
+    }
+    const char* names[] = {"txtMRPM", "txtCarriageSpeed", "lblPassesToCover", "lblMinutesToCover",
+                           "lblLengthToCover"};
+    ASSERT_EQ(cells.size(), 7U) << line;
+    for (std::size_t i = 0; i < 5; ++i)
+      if (cells[i + 2] != "-") expect(std::string(names[i]) + "(" + cells[1] + ")", cells[i + 2]);
+  }
+}
+
+// Each script is one situation that an operator would recognise, with what it prints beside it.
+TEST_F(Torvane, FollowsScripts) {
+  for (const auto& entry : fs::directory_iterator(kCases / "scripts")) {
+    SCOPED_TRACE(entry.path().filename().string());
+    fs::remove_all(folder_);
+    fs::create_directories(home());
+    const Ended run = Start("script --locale point " + Quoted((entry.path() / "script").string()));
+    EXPECT_EQ(run.out + (run.status == 0 ? "" : "status " + std::to_string(run.status) + "\n"),
+              ReadFile(entry.path() / "expected"))
+        << run.err;
+  }
+}
+
+TEST_F(Torvane, DoesTheOtherDesignsWhenOneCannotBeRead) {
+  const fs::path samples = fs::path(SOURCE_FOLDER) / "samples";
+  std::ofstream(folder_ / "noise.t2d") << "nothing of a design";
+  const Ended run = Start(
+      "gcode " + Quoted((folder_ / "missing.t2d").string()) + " " + Quoted((folder_ / "noise.t2d").string()) +
+      " " + Quoted((folder_ / "part.txt").string()) + " " + Quoted((samples / "Tube-4x24.t2d").string()));
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, (home() / "TV_G-Code_Files" / "Tube-4x24.T2G").string() + "\n");
+  EXPECT_NE(run.err.find("missing.t2d: there is no such file"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("Input File Lacks Sufficient Data"), std::string::npos) << run.err;
+  EXPECT_TRUE(fs::is_directory(home() / "TV_Design_Files"));
+}
+
+TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
+  const std::string sample = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
+  for (const std::string& arguments :
+       {std::string(""), std::string("wind"), "gcode " + sample + " --locale dot",
+        "gcode " + sample + " --now noon", "gcode " + sample + " --setting nothing=1",
+        "gcode " + sample + " --field nothing=1", "gcode " + sample + " --field '\xE2\x98\x83=1'",
+        std::string("setting get Settings nothing"), std::string("setting set Nowhere chkNotify1 1"),
+        "convert " + sample + " part.t4d"}) {
+    const Ended run = Start(arguments);
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_FALSE(run.err.empty()) << arguments;
+  }
+}
+
+TEST_F(Torvane, LeavesTheStoreAloneButForItsSettingCommand) {
+  const std::string sample = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
+  const Ended convert = Start("convert " + sample + " " + Quoted((folder_ / "copy.t2d").string()));
+  EXPECT_EQ(convert.out, (folder_ / "copy.t2d").string() + "\n");
+  EXPECT_NE(Start("info " + Quoted((folder_ / "copy.t2d").string())).out.find("823.6"), std::string::npos);
+  EXPECT_EQ(Start("gcode " + sample + " --setting gIsLHDrive=True").status, 0);
+  EXPECT_FALSE(fs::exists(folder_ / "store.ini"));
+  EXPECT_EQ(Start("setting get Settings gIsLHDrive").out, "False\n");
+  EXPECT_EQ(Start("setting set Settings gIsLHDrive True").status, 0);
+  EXPECT_EQ(Start("setting get Settings gIsLHDrive").out, "True\n");
+}
+
+TEST_F(Torvane, ADesignOfAMegabyteOfGarbageIsReadAtOnce) {
+  std::ofstream file(folder_ / "garbage.t2d", std::ios::binary);
+  for (int i = 0; i < 500'000; ++i) file << (i % 2 == 0 ? "\n" : "<");
+  file.close();
+  EXPECT_EQ(Start("info " + Quoted((folder_ / "garbage.t2d").string())).status, 1);
+}
+
+}  // namespace

@@ -1,0 +1,97 @@
+#include "gcode/program.h"
+
+#include <gtest/gtest.h>
+
+#include "gcode/session.h"
+#include "support/station_on_stage.h"
+
+namespace torvane {
+namespace {
+
+std::string TextOf(const Program& program) {
+  std::string text;
+  for (const std::string_view block : program.Text()) text += block;
+  return text;
+}
+
+TEST(Program, ALineWithAFailedPartIsLeftOut) {
+  Program p({});
+  p.Line("G1 F", Number(2).plain(), " Z", Number(0.5).as("###.00"_mask));
+  p.Line("G4 C", (Number(1) / 0).plain(), " [lost]");
+  p.Line("M5");
+  EXPECT_EQ(TextOf(p), "G1 F2 Z.50\r\nM5\r\n");
+  EXPECT_EQ(p.lines(), 2);
+}
+
+struct ProgramOfTube : testing::Test {
+  ProgramOfTube() {
+    TypeTube(station, 2, "45");
+    s.gFilePath = "C:\\Torvane\\TV_Design_Files\\tube.t2d";
+  }
+
+  std::string Written() { return onStage.stage.files.ReadWhole(kPath).value(); }
+
+  static constexpr const char* kPath = "C:\\Torvane\\TV_G-Code_Files\\tube.T2G";
+  StationOnStage onStage;
+  Station& station = onStage.Started();
+  DesignState& s = station.s;
+};
+
+TEST_F(ProgramOfTube, IsWrittenUnderTheStationsFolder) {
+  EXPECT_TRUE(WriteGCode(s, station.platform));
+  EXPECT_EQ(s.gGCodeFilePath.text(), kPath);
+  EXPECT_EQ(s.gGCodeFolder.text(), "C:\\Torvane\\TV_G-Code_Files\\");
+  EXPECT_TRUE(Written().ends_with("[Heat Gun Forever Between These Z Values]\r\n"));
+}
+
+TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
+  for (const char* path : {"", "C:\\Torvane\\TV_Design_Files\\", "t2d"}) {
+    s.gFilePath = path;
+    EXPECT_FALSE(WriteGCode(s, station.platform)) << path;
+  }
+  EXPECT_TRUE(onStage.stage.messageBox.shown.empty());
+}
+
+TEST_F(ProgramOfTube, ThatCannotBeWrittenLeavesTheFormerFileAndSaysWhy) {
+  onStage.stage.files.Put(kPath, "former");
+  onStage.stage.files.FailWrites(kPath, "the disk is full");
+  EXPECT_FALSE(WriteGCode(s, station.platform));
+  EXPECT_EQ(Written(), "former");
+  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  EXPECT_EQ(onStage.stage.messageBox.shown[0].title, "Error");
+  EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("the disk is full"), std::string::npos);
+}
+
+TEST_F(ProgramOfTube, OfTooManyLinesIsRefusedBeforeItIsFormed) {
+  onStage.stage.files.Put(kPath, "former");
+  s.gGridSync = false;
+  s.lblPassesToCover(2) = "123456789012";
+  EXPECT_FALSE(WriteGCode(s, station.platform));
+  EXPECT_EQ(Written(), "former");
+  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  const std::string& text = onStage.stage.messageBox.shown[0].text;
+  EXPECT_NE(text.find("Layer 2 has 123,456,789,012 passes"), std::string::npos) << text;
+  EXPECT_NE(text.find("10,000,000 lines"), std::string::npos) << text;
+}
+
+struct Impatient : ProgramProgress {
+  bool GoOn(double share) override {
+    shares.push_back(share);
+    return shares.size() < 3;
+  }
+  std::vector<double> shares;
+};
+
+TEST_F(ProgramOfTube, CanBeCancelled) {
+  s.gGridSync = false;
+  s.lblPassesToCover(1) = "5000";
+  Impatient progress;
+  EXPECT_FALSE(WriteGCode(s, station.platform, &progress));
+  EXPECT_FALSE(onStage.stage.files.Exists(kPath));
+  ASSERT_EQ(progress.shares.size(), 3U);
+  EXPECT_LT(progress.shares[1], progress.shares[2]);
+  EXPECT_LT(progress.shares[2], 0.5);
+}
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,204 @@
+// The launcher, the locale and the clock of the computer.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+#include "host/default_store.h"
+#include "host/host_clock.h"
+#include "host/host_launcher.h"
+#include "host/host_locale.h"
+#include "host/paths.h"
+#include "host/temporary_folder.h"
+
+namespace torvane {
+namespace {
+
+// Sets a variable for one test.
+class Variable {
+ public:
+  Variable(const char* name, const std::string& value) : name_(name) {
+    if (const char* former = std::getenv(name)) former_ = former;
+    setenv(name, value.c_str(), 1);
+  }
+  ~Variable() { former_ ? setenv(name_, former_->c_str(), 1) : unsetenv(name_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* name_;
+  std::optional<std::string> former_;
+};
+
+class HostLauncherTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::filesystem::create_directories(station);
+    std::filesystem::create_directories(tools);
+    // What is typed at the station is not meant for the programs that it starts.
+    std::array<int, 2> typed{};
+    ASSERT_EQ(pipe(typed.data()), 0);
+    ASSERT_EQ(write(typed[1], "typed\n", 6), 6);
+    input = dup(STDIN_FILENO);
+    dup2(typed[0], STDIN_FILENO);
+    close(typed[0]);
+    close(typed[1]);
+  }
+  void TearDown() override {
+    dup2(input, STDIN_FILENO);
+    close(input);
+  }
+  static void Install(const std::filesystem::path& program) {
+    std::filesystem::copy_file(HOST_TEST_ARGUMENTS, program);
+  }
+  // What the started program tells; empty if it told nothing within five seconds.
+  std::string Told() const {
+    for (int i = 0; i < 500 && !std::filesystem::exists(report); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    std::string told = Bytes(report);
+    std::filesystem::remove(report);
+    return told;
+  }
+  std::string Text(const std::filesystem::path& host) const { return StationPath(host.string()).value(); }
+
+  TemporaryFolder folder;
+  std::filesystem::path root = std::filesystem::canonical(folder.path);
+  std::filesystem::path station = root / "my station", tools = root / "tools", report = root / "report";
+  std::string end = "in " + station.string() + "\nno input\n";
+  Variable searched{"PATH", tools.string()};
+  Variable reported{"ARGUMENTS_FILE", report.string()};
+  HostLauncher launcher;
+  int input = -1;
+};
+
+TEST_F(HostLauncherTest, ProgramsAreFoundAndGetTheirWords) {
+  Install(station / "Torvane_Executor.exe");
+  Install(tools / "elsewhere");
+  const std::string home = Text(station);
+
+  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe TRACE", home));
+  EXPECT_EQ(Told(), "TRACE\n" + end);
+  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe ", home));
+  EXPECT_EQ(Told(), end);
+  // The path of a program goes bare: a blank in it makes it two words.
+  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe  " + home + "\\G\\M\xFCll.T2G", home));
+  EXPECT_EQ(Told(), root.string() + "/my\nstation\\G\\Müll.T2G\n" + end);
+  EXPECT_TRUE(launcher.Start("elsewhere $HOME 'a b' * ;", home));
+  EXPECT_EQ(Told(), "$HOME\n'a\nb'\n*\n;\n" + end);
+  EXPECT_TRUE(launcher.Start(home + "\\Torvane_Executor.exe x y", home));
+  EXPECT_EQ(Told(), "x\ny\n" + end);
+}
+
+TEST_F(HostLauncherTest, ProgramsThatCannotRunAreRefusedWithTheirName) {
+  Put(station / "plain.exe", "no program");
+  Put(station / "broken.exe", "no program");
+  chmod((station / "broken.exe").c_str(), 0755);
+  std::filesystem::create_directory(station / "folder.exe");
+  for (const std::string program : {"missing.exe", "plain.exe", "broken.exe", "folder.exe", "sub\\x.exe"}) {
+    const Outcome outcome = launcher.Start(program + " TRACE", Text(station));
+    ASSERT_FALSE(outcome) << program;
+    EXPECT_NE(outcome.reason().find(program), std::string::npos) << outcome.reason();
+  }
+  EXPECT_FALSE(launcher.Start("  ", Text(station)));
+  EXPECT_FALSE(launcher.Start("missing.exe", Text(root / "gone")));
+  EXPECT_FALSE(launcher.Start("Notepad2.exe \\a.T2G", Text(station)));  // with no opener either
+}
+
+TEST_F(HostLauncherTest, TheDesktopsOpenerStandsInForViewersAndOpensLinks) {
+  Install(tools / "xdg-open");
+  const std::string home = Text(station);
+  EXPECT_TRUE(launcher.Start("Notepad2.exe " + home + "\\a  b.T2G", home));
+  EXPECT_EQ(Told(), station.string() + "/a  b.T2G\n" + end);
+  EXPECT_TRUE(launcher.Start("\\EXPLORER.EXE " + home + "\\", home));
+  EXPECT_EQ(Told(), station.string() + "/\n" + end);
+  EXPECT_TRUE(launcher.Start(home + "\\Notepad2.exe " + home + "\\a.t2d", home));
+  EXPECT_EQ(Told(), station.string() + "/a.t2d\n" + end);
+  EXPECT_FALSE(launcher.Start("Other.exe \\a.T2G", home));
+
+  Install(station / "Notepad2.exe");  // a real one is better
+  EXPECT_TRUE(launcher.Start("Notepad2.exe \\a b.T2G", home));
+  EXPECT_EQ(Told(), "/a\nb.T2G\n" + end);
+
+  launcher.OpenLink("HTTPS://example.org/?a=1&b='$(x)'");
+  EXPECT_EQ(Told().substr(0, 34), "HTTPS://example.org/?a=1&b='$(x)'\n");
+  launcher.OpenLink("file:///etc/passwd");
+  launcher.OpenLink("/bin/sh");
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  EXPECT_FALSE(std::filesystem::exists(report));
+}
+
+TEST_F(HostLauncherTest, NothingWaitsForTheProgramAndNoneIsLeftBehind) {
+  const auto before = std::chrono::steady_clock::now();
+  EXPECT_TRUE(launcher.Start("\\bin\\sleep 3", Text(station)));
+  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);  // no child, neither running nor ended
+  EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(HostLauncherTest, EnvironmentVariables) {
+  const Variable variable("windir", "C:\\Müll");
+  EXPECT_EQ(launcher.EnvironmentVariable("windir"), "C:\\M\xFCll");
+  EXPECT_EQ(launcher.EnvironmentVariable("windir_not_set"), "");
+  const Variable foreign("windir", "Ω");
+  EXPECT_EQ(launcher.EnvironmentVariable("windir"), "");
+}
+
+// In a process of its own, as each program sees its environment.
+char DecimalSign(const std::string& localeFolder, const char* locale) {
+  const pid_t child = fork();
+  if (child == 0) {
+    setenv("LOCPATH", localeFolder.c_str(), 1);
+    setenv("LC_ALL", locale, 1);
+    const LocaleSigns signs = HostLocale().Signs();
+    const bool restStands = signs.date == '/' && signs.time == ':' && std::to_string(0.5) == "0.500000";
+    _exit(restStands ? signs.decimal : '?');
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? static_cast<char>(WEXITSTATUS(status)) : '!';
+}
+
+TEST(HostLocale, DecimalSignIsTheUsersAndTheProcesssLocaleStays) {
+  const TemporaryFolder folder;
+  const std::string locale = (folder.path / "de_DE.UTF-8").string();
+  const std::string command = "localedef -i de_DE -f UTF-8 '" + locale + "' >/dev/null 2>&1";
+  const bool made = std::system(command.c_str()) >= 0 && std::filesystem::exists(locale);
+  EXPECT_EQ(DecimalSign(folder.path.string(), "C"), '.');
+  EXPECT_EQ(DecimalSign(folder.path.string(), "xx_XX.UTF-8"), '.');  // not installed
+  if (!made) GTEST_SKIP() << "no locale with a comma to be had";
+  EXPECT_EQ(DecimalSign(folder.path.string(), "de_DE.UTF-8"), ',');
+}
+
+TEST(HostClock, TellsTheZonesTime) {
+  const auto differenceInZone = [](const char* zone) {
+    const Variable variable("TZ", zone);
+    tzset();
+    const Moment local = HostClock().Now();
+    const auto now = std::chrono::system_clock::now();
+    return std::chrono::duration<double>(local.time_since_epoch() - now.time_since_epoch()).count();
+  };
+  EXPECT_NEAR(differenceInZone("UTC0"), 0, 5);
+  EXPECT_NEAR(differenceInZone("AAA-5:30"), 5.5 * 3600, 5);
+  EXPECT_NEAR(differenceInZone("BBB9"), -9.0 * 3600, 5);
+  tzset();
+}
+
+TEST(DefaultStore, IsInTheUsersFolderForSettings) {
+  const TemporaryFolder folder;
+  const Variable home("HOME", (folder.path / "home").string());
+  const Variable relative("XDG_CONFIG_HOME", "not/absolute");
+  ASSERT_TRUE(DefaultStore()->Write("Settings", "a", "1"));
+  EXPECT_EQ(Bytes(folder.path / "home/.config/torvane/torvane.ini"), "[Settings]\na=1\n");
+  const Variable config("XDG_CONFIG_HOME", (folder.path / "config").string());
+  ASSERT_TRUE(DefaultStore()->Write("Settings", "a", "2"));
+  EXPECT_EQ(Bytes(folder.path / "config/torvane/torvane.ini"), "[Settings]\na=2\n");
+}
+
+}  // namespace
+}  // namespace torvane

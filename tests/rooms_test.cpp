@@ -1,0 +1,55 @@
+// Who may know whom: the include lines of every room of src/.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A room knows itself, the rooms named here, and the standard library.
+const std::map<std::string, std::set<std::string>> kMayKnow = {
+    {"design", {}},
+    {"platform", {}},
+    {"calc", {"design"}},
+    {"gcode", {"design", "calc", "platform"}},
+    {"persist", {"design", "calc", "platform"}},
+    {"workbench", {"design", "calc", "gcode", "persist", "platform"}},
+    {"handoff", {"design", "calc", "gcode", "persist", "platform"}},
+    {"host", {"platform"}},
+    {"stage", {"platform"}},
+};
+
+TEST(Rooms, KnowOnlyWhomTheyMay) {
+  const std::regex include("^\\s*#include [<\"]([^>\"]+)[>\"]");
+  int files = 0;
+  for (const auto& [room, known] : kMayKnow) {
+    const fs::path folder = fs::path(SOURCE_FOLDER) / "src" / room;
+    if (!fs::exists(folder)) continue;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      const std::string extension = entry.path().extension().string();
+      if (extension != ".h" && extension != ".cpp") continue;
+      ++files;
+      std::ifstream file(entry.path());
+      std::smatch match;
+      for (std::string line; std::getline(file, line);) {
+        if (!std::regex_search(line, match, include)) continue;
+        const std::string name = match[1];
+        const std::string other = name.substr(0, name.find('/'));
+        const bool isRoom = kMayKnow.count(other) != 0U || other == "cli" || other == "window";
+        EXPECT_TRUE(!isRoom || other == room || known.count(other) != 0U)
+            << entry.path() << " includes " << name;
+        const bool isStandard = name.find_first_of("/.") == std::string::npos;
+        EXPECT_TRUE(isRoom || isStandard || room == "host") << entry.path() << " includes " << name;
+        EXPECT_NE(name[0], 'Q') << entry.path() << " includes a toolkit";
+      }
+    }
+  }
+  EXPECT_GT(files, 40);
+}
+
+}  // namespace
