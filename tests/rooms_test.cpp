@@ -19,7 +19,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"gcode", {"design", "calc", "platform"}},
     {"persist", {"design", "calc", "platform"}},
     {"workbench", {"design", "calc", "gcode", "persist", "platform"}},
-    {"handoff", {"design", "calc", "gcode", "persist", "platform"}},
+    {"handoff", {"design", "calc", "gcode", "persist", "platform", "workbench"}},
     {"host", {"platform"}},
     {"stage", {"platform"}},
 };

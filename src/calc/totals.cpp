@@ -21,7 +21,9 @@ void EstimateThickness(DesignState& s, int panel) {
   const Number thickness = number(s.txtBandThickness(panel));
   s.lblFinalThickness(panel) =
       (number(s.txtNumberOfLayers(panel)) * (thickness + thickness)).as("0.##0"_mask);
-  s.lblFinalThickness(panel).SetTip(s.lblFinalThickness(panel).text());
+  // The thickness stands in the inches of the band, so a millimetre design says so.
+  const std::string& text = s.lblFinalThickness(panel).text();
+  s.lblFinalThickness(panel).SetTip(s.InInches() || text.empty() ? text : text + " inches");
 }
 
 void EstimatePart(DesignState& s) {

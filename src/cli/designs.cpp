@@ -5,6 +5,7 @@
 #include "design/catalogue.h"
 #include "design/reset.h"
 #include "design/text.h"
+#include "handoff/launch.h"
 #include "host/code_page.h"
 #include "host/paths.h"
 #include "persist/settings.h"
@@ -49,7 +50,7 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   SaveSetting(settings_, kSettings, "gLastFileInUse", "");
   SaveSetting(settings_, kSettings, "mnu2Axis", "1");
   constexpr auto kPastStartGuard = std::chrono::seconds(6);
-  auto station = std::make_unique<Station>(platform);
+  auto station = std::make_unique<WholeStation>(platform);
   computer.stage.clock.Advance(-kPastStartGuard);
   station->Form_Load();
   computer.stage.clock.Advance(kPastStartGuard);

@@ -6,6 +6,7 @@
 
 #include "design/catalogue.h"
 #include "design/text.h"
+#include "handoff/launch.h"
 #include "host/code_page.h"
 #include "persist/settings.h"
 #include "persist/tagged_text.h"
@@ -47,6 +48,14 @@ const char* NameOfMark(Mark mark) {
   return "";
 }
 
+enum class Button { Left, Right };
+
+Button ButtonOf(const std::string& word) {
+  if (word == "left") return Button::Left;
+  if (word == "right") return Button::Right;
+  throw ScriptError{"a button is left or right"};
+}
+
 const char* YesNo(bool yes) { return yes ? "yes" : "no"; }
 
 }  // namespace
@@ -58,17 +67,33 @@ struct Script::Command {
 
 const Script::Command* Script::Find(std::string_view word) {
   static constexpr Command kCommands[] = {
-      {"store", &Script::Store},     {"locale", &Script::SetLocale},
-      {"start", &Script::Start},     {"type", &Script::Type},
-      {"set", &Script::Set},         {"choose", &Script::Choose},
-      {"check", &Script::Check},     {"click", &Script::Click},
-      {"get", &Script::Get},         {"list", &Script::List},
-      {"mark", &Script::ShowMark},   {"shown", &Script::Shown},
-      {"enabled", &Script::Enabled}, {"caption", &Script::Caption},
-      {"tip", &Script::Tip},         {"bold", &Script::Bold},
-      {"answer", &Script::Answer},   {"file", &Script::File},
-      {"wait", &Script::Wait},       {"setting", &Script::ShowSetting},
-      {"cat", &Script::Cat},         {"nostart", &Script::NoStart},
+      {"store", &Script::Store},
+      {"locale", &Script::SetLocale},
+      {"start", &Script::Start},
+      {"type", &Script::Type},
+      {"set", &Script::Set},
+      {"choose", &Script::Choose},
+      {"check", &Script::Check},
+      {"click", &Script::Click},
+      {"get", &Script::Get},
+      {"list", &Script::List},
+      {"mark", &Script::ShowMark},
+      {"shown", &Script::Shown},
+      {"enabled", &Script::Enabled},
+      {"caption", &Script::Caption},
+      {"tip", &Script::Tip},
+      {"bold", &Script::Bold},
+      {"answer", &Script::Answer},
+      {"file", &Script::File},
+      {"wait", &Script::Wait},
+      {"setting", &Script::ShowSetting},
+      {"cat", &Script::Cat},
+      {"nostart", &Script::NoStart},
+      {"doubleclick", &Script::DoubleClick},
+      {"press", &Script::Press},
+      {"release", &Script::Release},
+      {"focus", &Script::Focus},
+      {"quit", &Script::Quit},
   };
   for (const Command& command : kCommands)
     if (command.word == word) return &command;
@@ -138,7 +163,8 @@ void Script::SetLocale(const std::string& rest) {
 void Script::Start(const std::string&) {
   if (station_) throw ScriptError{"the station is started already"};
   computer_.MakeStationFolders();
-  station_ = std::make_unique<Station>(computer_.AsPlatform(store_));
+  station_ = std::make_unique<WholeStation>(computer_.AsPlatform(store_));
+  station_->settingsOpened = [this](int tab) { out_ << "settings tab " << tab << "\n"; };
   station_->Form_Load();
 }
 
@@ -165,12 +191,32 @@ void Script::Check(const std::string& rest) {
   Running().Choose(field, state == "on" ? (option ? "True" : "1") : (option ? "False" : "0"));
 }
 
-void Script::Click(const std::string& rest) {
-  const auto open = rest.find('(');
+void Script::SetOff(const std::string& name, Event event) {
+  const auto open = name.find('(');
   int index = 0;
-  if (open != std::string::npos) std::from_chars(rest.data() + open + 1, rest.data() + rest.size(), index);
-  if (!Running().Run(rest.substr(0, open), Event::Click, index))
-    throw ScriptError{"there is no control " + rest};
+  if (open != std::string::npos) {
+    const char* const end = name.data() + name.size() - 1;
+    const auto read = std::from_chars(name.data() + open + 1, end, index);
+    if (*end != ')' || read.ec != std::errc() || read.ptr != end)
+      throw ScriptError{"there is no control " + name};
+  }
+  const bool isField = FindField(Running().s, name) != nullptr;
+  if (!Running().Run(name.substr(0, open), event, index) && !isField)
+    throw ScriptError{"there is no control " + name};
+}
+
+void Script::Click(const std::string& rest) { SetOff(rest, Event::Click); }
+
+void Script::DoubleClick(const std::string& rest) { SetOff(rest, Event::DoubleClick); }
+
+void Script::Press(const std::string& rest) {
+  const auto [name, button] = FirstWord(rest);
+  SetOff(name, ButtonOf(button) == Button::Right ? Event::PressRight : Event::Press);
+}
+
+void Script::Release(const std::string& rest) {
+  const auto [name, button] = FirstWord(rest);
+  SetOff(name, ButtonOf(button) == Button::Right ? Event::ReleaseRight : Event::Release);
 }
 
 void Script::Get(const std::string& rest) {
@@ -201,7 +247,9 @@ void Script::Enabled(const std::string& rest) {
 }
 
 void Script::Caption(const std::string& rest) {
-  out_ << rest << ": " << ToUtf8(FieldOf(rest).caption()) << "\n";
+  const Field& field = FieldOf(rest);
+  // A label shows its text.
+  out_ << rest << ": " << ToUtf8(field.caption().empty() ? field.text() : field.caption()) << "\n";
 }
 
 void Script::Tip(const std::string& rest) { out_ << rest << ": " << ToUtf8(FieldOf(rest).tip()) << "\n"; }
@@ -232,7 +280,15 @@ void Script::Wait(const std::string& rest) {
   const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), milliseconds);
   if (read.ec != std::errc() || read.ptr != rest.data() + rest.size() || milliseconds < 0)
     throw ScriptError{"a wait is a number of milliseconds"};
-  computer_.stage.clock.Advance(std::chrono::milliseconds(milliseconds));
+  StagedClock& clock = computer_.stage.clock;
+  const Moment end = clock.Now() + std::chrono::milliseconds(milliseconds);
+  while (station_) {
+    const auto next = station_->NextTick();
+    if (!next || *next > end) break;
+    clock.Set(*next);
+    station_->Tick();
+  }
+  clock.Set(end);
 }
 
 void Script::ShowSetting(const std::string& rest) {
@@ -246,6 +302,13 @@ void Script::Cat(const std::string& rest) {
   if (!text) throw ScriptError{rest + ": " + text.reason()};
   for (const std::string_view line : LinesOf(text.value())) out_ << "| " << ToUtf8(line) << "\n";
 }
+
+void Script::Focus(const std::string&) {
+  const Field* focus = Running().s.focus;
+  out_ << "focus: " << (focus != nullptr ? NameOf(*focus) : "") << "\n";
+}
+
+void Script::Quit(const std::string&) { Running().Form_Unload(); }
 
 void Script::NoStart(const std::string&) { computer_.stage.launcher.FailNext("it was told to fail"); }
 

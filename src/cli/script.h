@@ -36,6 +36,9 @@ class Script {
   void Choose(const std::string& rest);
   void Check(const std::string& rest);
   void Click(const std::string& rest);
+  void DoubleClick(const std::string& rest);
+  void Press(const std::string& rest);
+  void Release(const std::string& rest);
   void Get(const std::string& rest);
   void List(const std::string& rest);
   void ShowMark(const std::string& rest);
@@ -50,7 +53,11 @@ class Script {
   void ShowSetting(const std::string& rest);
   void Cat(const std::string& rest);
   void NoStart(const std::string& rest);
+  void Focus(const std::string& rest);
+  void Quit(const std::string& rest);
 
+  // Sets off an event of the control that a name like "btnLR(0)" says.
+  void SetOff(const std::string& name, Event event);
   Station& Running();
   Field& FieldOf(const std::string& name);
   std::string HomePath(const std::string& relative) const;

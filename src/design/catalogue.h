@@ -19,6 +19,7 @@ enum class Kind : std::uint8_t {
   Option,   // "True" or "False"
   Value,    // a text of the station that no window edits
   Caption,  // says what stands beside it
+  Control,  // a button, menu entry, picture or window
 };
 
 // The machine family whose designs use a field.

@@ -57,6 +57,20 @@ struct Fields {
   Field gCarriageBoardID, gMandrelBoardID;
   Field chkDontShowVideoLinks;
 
+  // The main window's place, in twips, and whether it fills the screen.
+  Field meTop, meLeft, meWidth, meHeight, meWasMaximized;
+
+  // Buttons, menu entries, pictures and windows.
+  FieldArray btn2XRow, lblL;
+  Field btnReCalc, mnuPopMenu, mnuWhatsThis, mnuCopy, mnuPaste, mnuClearRow, mnuDeleteRow, mnuReCalcSpeeds,
+      mnuRecalcAllRows;
+  Field imgBUILD, lblBuild, lblBeginBuild, mnuBeginWinding, Command2, lblManualOperation, mnuManually,
+      mnuLaunchExecutor, mnuViewDesignFile, mnuViewDesignDirectory, mnuViewGCodeDirectory, mnuViewMakeFile;
+  Field picVidLinks, lblCommunity, lblHelpURL, lblCheckNewSoftware;
+  FieldArray lblVidLink, picVidLink;
+  Field frmSplash, frmAbout, frmBigPic;
+  FieldArray lblNumberOfLayers;
+
   // What the window says of itself.
   Field frmMain, lblStatusBar1, lblStatusBar2, lblVersion, lblUnits, lbl2or4AX;
   Field lblLengthHeading, lblCarriageSpeedHeading, lblSpeedUnits, lblLengthUnits;

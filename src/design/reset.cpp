@@ -22,19 +22,6 @@ void BlankTwoAxisRow(DesignState& s, int row) {
   for (int column = 1; column <= 8; ++column) s.LayerTable2Ax.Set(row, column, "");
 }
 
-void ShowTwoAxisRow(DesignState& s, int row, bool shown) {
-  for (FieldArray* column :
-       {&s.txtWA, &s.cmbSpeed, &s.cmbMethod, &s.txtMRPM, &s.txtCarriageSpeed, &s.lblPassesToCover,
-        &s.txtAddRevs, &s.cmb2AxisLayerType, &s.lblMinutesToCover, &s.lblLengthToCover})
-    (*column)(row).Show(shown);
-}
-
-void ShowFourAxisRow(DesignState& s, int row, bool shown) {
-  for (FieldArray* column : {&s.lbl4xLayerNo, &s.cmb3D, &s.chkPause, &s.lblRPM, &s.lblcSpeed, &s.cmbPattern,
-                             &s.cmbPhiW, &s.cmbPhiSplit, &s.lblNPasses, &s.lblMinutes, &s.lblLength})
-    (*column)(row).Show(shown);
-}
-
 void BlankTwoAxes(DesignState& s) {
   s.lblStatusBar2 = "";
   s.txtDiameterLeft = "";
@@ -107,6 +94,19 @@ void BlankFourAxes(DesignState& s) {
 }
 
 }  // namespace
+
+void ShowTwoAxisRow(DesignState& s, int row, bool shown) {
+  for (FieldArray* column :
+       {&s.txtWA, &s.cmbSpeed, &s.cmbMethod, &s.txtMRPM, &s.txtCarriageSpeed, &s.lblPassesToCover,
+        &s.txtAddRevs, &s.cmb2AxisLayerType, &s.lblMinutesToCover, &s.lblLengthToCover})
+    (*column)(row).Show(shown);
+}
+
+void ShowFourAxisRow(DesignState& s, int row, bool shown) {
+  for (FieldArray* column : {&s.lbl4xLayerNo, &s.cmb3D, &s.chkPause, &s.lblRPM, &s.lblcSpeed, &s.cmbPattern,
+                             &s.cmbPhiW, &s.cmbPhiSplit, &s.lblNPasses, &s.lblMinutes, &s.lblLength})
+    (*column)(row).Show(shown);
+}
 
 void BlankInputs(DesignState& s, int axes) {
   if (axes == 2)

@@ -14,6 +14,10 @@ void InitializeAsNew(DesignState& s);
 // Selects the machine family. No value of a design changes.
 void ShowAxisDisplay(DesignState& s, bool show4Axis);
 
+// All fields of one row of a schedule.
+void ShowTwoAxisRow(DesignState& s, int row, bool shown);
+void ShowFourAxisRow(DesignState& s, int row, bool shown);
+
 // The yellow of a field that reads 0, an empty text included; a text that is no number changes no mark.
 void MarkIfZero(Field& field);
 

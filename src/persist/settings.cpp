@@ -86,11 +86,11 @@ constexpr Setting kTable[] = {
     {"gHasUserCheckedCarriageZOffset", "0", {}, Form::Text, kNo, kNo, kNo, "1: the operator has measured the carriage offset"},
     {"strTRACE", "", {}, Form::Text, kNo, kNo, kNo, "last trace text of the pattern preview"},
     {"cmbSpeed", "1x", {}, Form::Text, kNo, kNo, kNo, "drawing speed of the pattern preview"},
-    {"Me.Top", "400", {}, Form::Text, kNo, kNo, kNo, "place of the window, twips"},
-    {"Me.Left", "400", {}, Form::Text, kNo, kNo, kNo, "place of the window, twips"},
-    {"Me.Width", "17000", {}, Form::Text, kNo, kNo, kNo, "width of the window, twips"},
-    {"Me.Height", "12500", {}, Form::Text, kNo, kNo, kNo, "height of the window, twips"},
-    {"Me.WasMaximized", "0", {}, Form::Text, kNo, kNo, kNo, "1: the window was maximised at exit"},
+    {"Me.Top", "400", Of<&Fields::meTop>(), Form::Text, kYes, kYes, kNo, "place of the window, twips"},
+    {"Me.Left", "400", Of<&Fields::meLeft>(), Form::Text, kYes, kYes, kNo, "place of the window, twips"},
+    {"Me.Width", "17000", Of<&Fields::meWidth>(), Form::Text, kYes, kYes, kNo, "width of the window, twips"},
+    {"Me.Height", "12500", Of<&Fields::meHeight>(), Form::Text, kYes, kYes, kNo, "height of the window, twips"},
+    {"Me.WasMaximized", "0", Of<&Fields::meWasMaximized>(), Form::Text, kYes, kYes, kNo, "1: the window was maximised at exit"},
 };
 // clang-format on
 

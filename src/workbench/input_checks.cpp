@@ -1,8 +1,10 @@
-// The part's fields: their marks, their twins in millimetres, and what follows from each.
+// The part's fields: their marks, and what follows from each.
 #include "calc/two_axis.h"
 #include "design/reset.h"
-#include "design/units.h"
+#include "workbench/messages.h"
+#include "workbench/settings_dialog.h"
 #include "workbench/station.h"
+#include "workbench/twins.h"
 
 namespace torvane {
 
@@ -10,14 +12,6 @@ namespace {
 
 void RecalculateAfterStart(Station& station) {
   if (station.StartGuardPassed()) RecalculateTwoAxisLayers(station.s, -1);
-}
-
-void SetTwin(Field& twin, const Field& inches, Mask mask) {
-  twin = (number(inches) * kMillimetresPerInch).as(mask);
-}
-
-void Mirror(const DesignState& s, Field& twin, const Field& inches, Mask mask) {
-  if (s.gMirrorOnChange) SetTwin(twin, inches, mask);
 }
 
 void txtDia_Change(Station& station, int i) {
@@ -52,13 +46,13 @@ void txtBandThickness_Change(Station& station, int i) {
   s.gDirty = true;
   MarkIfZero(s.txtBandThickness(i));
   s.Band_Thickness.CopyFrom(s.txtBandThickness(i));
-  Mirror(s, s.txtBandThicknessMM(i), s.txtBandThickness(i), "##0.000"_mask);
+  MirrorInTwin(station, s.txtBandThicknessMM(i), s.txtBandThickness(i), "##0.000"_mask);
   RecalculateAfterStart(station);
 }
 
 void txtBandWidth_Change(Station& station, int i) {
   DesignState& s = station.s;
-  Mirror(s, s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
+  MirrorInTwin(station, s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
   s.gDirty = true;
   MarkIfZero(s.txtBandWidth(i));
   s.Band_Width.CopyFrom(s.txtBandWidth(s.Panel()));
@@ -103,19 +97,24 @@ void txtZ4_Change(Station& station, int i) {
   s.lblLengthTotal = Abs(number(s.txtZ4(3)) - number(s.txtZ4(0))).as("####.00"_mask);
 }
 
-void txtPreWrapAdvance_Change(Station& station, int i) {
-  DesignState& s = station.s;
-  Mirror(s, s.txtPreWrapAdvanceMM(i), s.txtPreWrapAdvance(i), "##0.00"_mask);
-}
+void SetDirty(Station& station, int) { station.s.gDirty = true; }
 
-void txtHGSpeed_Change(Station& station, int) {
+// A stop inside the carriage's offset would drive it into its limit switch: how to mend it, at every other
+// click.
+void txtZ2_Click(Station& station, int) {
   DesignState& s = station.s;
-  Mirror(s, s.txtHGSpeedMM, s.txtHGSpeed, "##0.00"_mask);
-}
-
-void txtHSTWidth_Change(Station& station, int) {
-  DesignState& s = station.s;
-  Mirror(s, s.txtHSTWidthMM, s.txtHSTWidth, "##0.00"_mask);
+  if (s.txtZ2(1).mark() != Mark::StopTooLow) return;
+  if (!station.gSlamMessageShown) {
+    const bool fourAxis = s.optX(1).checked();
+    ShowMessageDialog(station,
+                      std::string("Carriage will slam Limit Switch.\r\n"
+                                  "Enter a Z value greater than the Z home position.\r\n\r\n") +
+                          (fourAxis ? "Go To Settings --> 4-Axis --> Red Highlight"
+                                    : "Go To Settings --> 2-Axis --> Red Highlight"),
+                      567, {.okOnly = true, .beep = true});
+    OpenSettings(station, fourAxis ? 2 : 1);
+  }
+  station.gSlamMessageShown = !station.gSlamMessageShown;
 }
 
 constexpr Operation kOperations[] = {
@@ -125,13 +124,15 @@ constexpr Operation kOperations[] = {
     {"txtBandThickness", Event::Change, txtBandThickness_Change},
     {"txtBandWidth", Event::Change, txtBandWidth_Change},
     {"txtLengthTotal", Event::Change, txtLengthTotal_Change},
+    {"txtLengthTotal", Event::Click, SetDirty},
+    {"txtLengthTotal", Event::Key, SetDirty},
+    {"txtSkirtLeft", Event::Key, SetDirty},
+    {"txtSkirtRight", Event::Key, SetDirty},
     {"txtZ2", Event::Change, txtZ2_Change},
+    {"txtZ2", Event::Click, txtZ2_Click},
     {"txtPODia", Event::Change, Mark_Change<&Fields::txtPODia>},
     {"txtAdjust", Event::Change, txtAdjust_Change},
     {"txtZ4", Event::Change, txtZ4_Change},
-    {"txtPreWrapAdvance", Event::Change, txtPreWrapAdvance_Change},
-    {"txtHGSpeed", Event::Change, txtHGSpeed_Change},
-    {"txtHSTWidth", Event::Change, txtHSTWidth_Change},
 };
 
 }  // namespace

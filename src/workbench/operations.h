@@ -11,6 +11,7 @@ namespace torvane {
 class Station;
 
 enum class Event : std::uint8_t {
+  Typing,  // a key goes down in the field, before its text changes
   Change,  // the text has changed, by whatever road
   Key,     // a key was released in the field
   Click,   // a click, or a choice from a list
@@ -19,7 +20,8 @@ enum class Event : std::uint8_t {
   Release,
   PressRight,  // the same with the right button
   ReleaseRight,
-  Tick,  // of a timer
+  Tick,    // of a timer
+  Resize,  // of a window
 };
 
 // `index` is the index of the field or control, 0 where it has none.
@@ -31,7 +33,10 @@ struct Operation {
 
 std::span<const Operation> TwoAxisGridOperations();
 std::span<const Operation> InputCheckOperations();
+std::span<const Operation> ChecklistOperations();
+std::span<const Operation> UnitOperations();
 std::span<const Operation> EstimateOperations();
 std::span<const Operation> DesignOperations();
+std::span<const Operation> WindowOperations();
 
 }  // namespace torvane

@@ -69,6 +69,11 @@ void FillChoiceLists(DesignState& s) {
 
 void Station::Form_Load() {
   SettingsStore& store = platform.store;
+  // The splash shows while the main window is made ready behind it.
+  s.frmSplash.Show(true);
+  s.frmMain.Show(false);
+  for (Field* window : {&s.frmAbout, &s.frmBigPic, &s.mnuPopMenu}) window->Show(false);
+  StartTimer(tmrSplash);
   const std::string lastVersion = GetSetting(store, kSettings, "gVersionNumber", "");
   if (lastVersion.starts_with('2')) UpgradeStore(s, store);
   FirstRunOrUpgrade = lastVersion.empty() || lastVersion.starts_with('2');
@@ -77,7 +82,7 @@ void Station::Form_Load() {
   SaveSetting(store, kSettings, "gVersionNumber", s.gVersionNumber.text());
   s.lblVersion = "Designer Version " + s.gVersionNumber.text();
   s.frmMain.SetCaption("Torvane Designer ");
-  s.lblStatusBar2.CopyFrom(s.gFileName);
+  if (s.lblStatusBar2.tip().empty()) s.lblStatusBar2.CopyFrom(s.gFileName);
   s.gMirrorOnChange = true;
   s.chkPause(1).Show(true);
   s.lblStatusBar1.Show(false);
@@ -94,6 +99,13 @@ void Station::Form_Load() {
   InitializeAsNew(s);
   OpenCalibrationFile(s, store);
   ReadStoredSettings(s, store);
+  // The second pre-wrap follows the first from here on.
+  Run("chkPreWrap1", Event::Change);
+  s.picVidLinks.Show(!s.chkDontShowVideoLinks.checked());
+  if (s.meWasMaximized.text() == "1") {
+    s.meTop = "400";
+    s.meLeft = "400";
+  }
   OpenLastDesignerFileInUse(*this);
   s.gDirty = false;
   ShowAxisDisplay(s, GetSetting(store, kSettings, "mnu2Axis", "1") != "1");

@@ -1,7 +1,10 @@
 // The station: the one state, the computer it stands on, and the operations between them.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,14 +17,25 @@
 
 namespace torvane {
 
+// A timer of the window. Its front end lets the station tick when it is due.
+struct Timer {
+  std::chrono::milliseconds interval;
+  std::optional<Moment> due = std::nullopt;  // nothing while it stands
+};
+
 class Station : private ChangeOperations {
  public:
   explicit Station(const Platform& platform);
   Station(const Station&) = delete;
   Station& operator=(const Station&) = delete;
 
+  // Adds a table of operations of a room that this one does not know.
+  void Add(std::span<const Operation> operations);
+
   // Starts the program: fills the lists, reads the store, reopens the last design.
   void Form_Load();
+  // Ends it: asks about unsaved changes, writes the store.
+  void Form_Unload();
 
   // The operator replaces the whole text of a field and releases a key in it.
   void Type(Field& field, std::string_view text);
@@ -34,6 +48,13 @@ class Station : private ChangeOperations {
   // so that the start can fill the fields.
   bool StartGuardPassed() const;
 
+  void StartTimer(Timer& timer) { timer.due = platform.clock.Now() + timer.interval; }
+  void StopTimer(Timer& timer) { timer.due.reset(); }
+  // When the next running timer is due.
+  std::optional<Moment> NextTick() const;
+  // Lets every timer tick that is due by now.
+  void Tick();
+
   DesignState s;
   const Platform platform;
   // Lists of the two-axis file last read.
@@ -42,6 +63,20 @@ class Station : private ChangeOperations {
   bool FirstRunOrUpgrade = false;
   // When the start guard began.
   Moment started{};
+  bool ended = false;
+
+  Timer tmrBlink{std::chrono::milliseconds(500)};
+  Timer tmrSplash{std::chrono::milliseconds(3500)};
+
+  // The operator has accepted values that blinked; builds do not look at them any more.
+  bool gWrapValuesAccepted = false;
+  // Turns at each click, so that the message of a stop that is too low comes at every other one.
+  bool gSlamMessageShown = false;
+  // A millimetre twin is being typed: the inch field that follows it is not mirrored back.
+  bool twinIsTyped = false;
+
+  // Told when the settings dialog opens, with its tab.
+  std::function<void(int tab)> settingsOpened;
 
  private:
   void Changed(const Field& field) override;
@@ -49,6 +84,7 @@ class Station : private ChangeOperations {
   std::map<std::pair<std::string_view, Event>, const Operation*> operations_;
   // Change operations by the place of their field in the catalogue, since every write asks for one.
   std::vector<const Operation*> changes_;
+  int depth_ = 0;
 };
 
 }  // namespace torvane

@@ -4,8 +4,8 @@
 #include <chrono>
 #include <string>
 
+#include "handoff/launch.h"
 #include "stage/stage.h"
-#include "workbench/station.h"
 
 namespace torvane {
 
@@ -29,7 +29,7 @@ class StationOnStage {
   Stage stage;
 
  private:
-  Station station_;
+  WholeStation station_;
 };
 
 // A tube of 4 inches, wound over 24 inches between the stops with `layers` rows at `angle`.

@@ -1,0 +1,140 @@
+#include "handoff/launch.h"
+
+#include "design/text.h"
+#include "gcode/session.h"
+#include "persist/settings.h"
+#include "workbench/checklist.h"
+#include "workbench/messages.h"
+#include "workbench/settings_dialog.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::string_view kExecutor = "Torvane_Executor.exe";
+constexpr double kLeastAngle = 25.0;  // degrees; below it the band slips on a two-axis machine
+
+void ShowError(Station& station, std::string_view text) {
+  station.platform.messageBox.Show("Error", text, BoxIcon::Stop);
+}
+
+bool Start(Station& station, const std::string& commandLine) {
+  Files& files = station.platform.files;
+  files.MakeProgramFolderCurrent();
+  return bool(station.platform.launcher.Start(commandLine, files.CurrentFolder()));
+}
+
+// False, with the settings dialog open, until the operator has confirmed the carriage offset. Where the
+// message is silenced the last answer to any question decides.
+bool OffsetIsConfirmed(Station& station, const std::string& message) {
+  if (GetSetting(station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0") != "0")
+    return true;
+  if (ShowMessageDialog(station, message, 33, {.okOnly = true, .beep = true, .offer = true})) return true;
+  OpenSettings(station, station.s.mnu2Axis ? 1 : 2);
+  return false;
+}
+
+// Raises rows whose angle is too small, with a warning for each. False if an angle cannot be read.
+bool RaiseSmallAngles(Station& station) {
+  DesignState& s = station.s;
+  if (!number(s.txtNumberOfLayers(0)).good()) return false;
+  for (int layer = 1; layer <= RowsOf(s.txtNumberOfLayers(0)); ++layer) {
+    const Number angle = s.Read(s.LayerTable2Ax(layer, 1));
+    if (!angle.good()) return false;
+    if (!holds(angle < kLeastAngle)) continue;
+    ShowMessageDialog(station,
+                      "\r\nWARNING: 2-Axis Torvane May Have Trouble with\r\n"
+                      "Winding Angles less than 25 Degrees.\r\n\r\nProceed with Caution ...",
+                      32, {.okOnly = true, .beep = true, .offer = true});
+    s.txtWA(layer) = "25.0";
+    s.gDirty = true;
+    s.focus = &s.txtWA(layer);
+  }
+  return true;
+}
+
+std::string ProgramPath(Station& station) {
+  const DesignState& s = station.s;
+  return station.platform.files.CurrentFolder() + "\\TV_G-Code_Files\\" +
+         std::string(WithoutLast(s.gFileName.text(), 4)) + (s.gShow4Axis ? ".T4G" : ".T2G");
+}
+
+void imgBUILD_Click(Station& station, int) {
+  const std::string_view failed = "Can't Locate TorvaneExecutor.exe or G-Code File.\r\nBuild cannot proceed.";
+  if (!OffsetIsConfirmed(station,
+                         "\r\nBefore your first winding, you need to measure the carriage\r\n"
+                         "Z-offset distance. Click OK to open the settings page.\r\n"))
+    return;
+  if (!RaiseSmallAngles(station)) return ShowError(station, failed);
+  if (!station.gWrapValuesAccepted && CheckWrapHGValues(station)) return;
+  AskToSaveFirst(station);
+  if (!WriteGCode(station.s, station.platform)) return ShowError(station, failed);
+  if (!Start(station, std::string(kExecutor) + " " + ProgramPath(station))) ShowError(station, failed);
+}
+
+void Command2_Click(Station& station, int) {
+  if (WriteGCode(station.s, station.platform)) {
+    station.platform.files.MakeProgramFolderCurrent();
+    if (Start(station, "Notepad2.exe " + ProgramPath(station))) return;
+  }
+  ShowError(station,
+            "Can't Locate NotePad2.exe to display Torvane G-Code file,\r\n"
+            "or Can't Find Torvane G-Code file.");
+}
+
+void mnuViewDesignFile_Click(Station& station, int) {
+  station.platform.files.MakeProgramFolderCurrent();
+  if (Start(station, station.platform.files.CurrentFolder() + "\\Notepad2.exe " + station.s.gFilePath.text()))
+    return;
+  ShowError(station,
+            "Can't Locate NotePad2.exe to display Torvane Design file\r\n"
+            "or Can't locate Torvane Design file");
+}
+
+void ShowFolder(Station& station, const std::string& folder) {
+  const Platform& platform = station.platform;
+  platform.launcher.Start(platform.launcher.EnvironmentVariable("windir") + "\\Explorer.exe " + folder,
+                          platform.files.ProgramFolder());
+}
+
+void mnuViewDesignDirectory_Click(Station& station, int) {
+  const std::string& path = station.s.gFilePath.text();
+  station.platform.files.MakeProgramFolderCurrent();
+  ShowFolder(station, path.substr(0, path.rfind('\\') + 1));
+}
+
+void mnuViewGCodeDirectory_Click(Station& station, int) {
+  ShowFolder(station, station.platform.files.CurrentFolder() + "\\TV_G-Code_Files\\");
+}
+
+void mnuManually_Click(Station& station, int) { Start(station, std::string(kExecutor) + " MANUAL"); }
+
+void lblManualOperation_Click(Station& station, int) {
+  if (OffsetIsConfirmed(station,
+                        "\r\nBefore first winding, you need to measure the carriage Z-offset distance.\r\n"
+                        "Click OK to open the settings page.\r\n"))
+    mnuManually_Click(station, 0);
+}
+
+void mnuLaunchExecutor_Click(Station& station, int) { Start(station, std::string(kExecutor)); }
+
+constexpr Operation kOperations[] = {
+    {"imgBUILD", Event::Click, imgBUILD_Click},
+    {"lblBuild", Event::Click, imgBUILD_Click},
+    {"lblBeginBuild", Event::Click, imgBUILD_Click},
+    {"mnuBeginWinding", Event::Click, imgBUILD_Click},
+    {"Command2", Event::Click, Command2_Click},
+    {"lblManualOperation", Event::Click, lblManualOperation_Click},
+    {"mnuManually", Event::Click, mnuManually_Click},
+    {"mnuLaunchExecutor", Event::Click, mnuLaunchExecutor_Click},
+    {"mnuViewDesignFile", Event::Click, mnuViewDesignFile_Click},
+    {"mnuViewDesignDirectory", Event::Click, mnuViewDesignDirectory_Click},
+    {"mnuViewGCodeDirectory", Event::Click, mnuViewGCodeDirectory_Click},
+    {"mnuViewMakeFile", Event::Click, [](Station&, int) {}},
+};
+
+}  // namespace
+
+std::span<const Operation> LaunchOperations() { return kOperations; }
+
+}  // namespace torvane

@@ -1,0 +1,18 @@
+// Handing a program to the executor, and the viewers beside it.
+#pragma once
+
+#include <span>
+
+#include "workbench/station.h"
+
+namespace torvane {
+
+std::span<const Operation> LaunchOperations();
+
+// A station with everything that hands work to other programs.
+class WholeStation : public Station {
+ public:
+  explicit WholeStation(const Platform& computer) : Station(computer) { Add(LaunchOperations()); }
+};
+
+}  // namespace torvane

@@ -1,0 +1,12 @@
+// The choices of a build.
+#pragma once
+
+#include "workbench/station.h"
+
+namespace torvane {
+
+// Starts the blinking and tells the operator if a value of a chosen finishing pass or pre-wrap seems too
+// high; true then.
+bool CheckWrapHGValues(Station& station);
+
+}  // namespace torvane

@@ -1,0 +1,132 @@
+// The window itself: family, splash, links, about box, the roads into the settings dialog, start and end.
+#include <algorithm>
+
+#include "design/reset.h"
+#include "design/text.h"
+#include "persist/settings.h"
+#include "workbench/links.h"
+#include "workbench/messages.h"
+#include "workbench/settings_dialog.h"
+#include "workbench/station.h"
+
+namespace torvane {
+
+void OpenWebLink(Station& station, std::string_view url) {
+  const bool complete = EqualNoCase(url.substr(0, 4), "http");
+  station.platform.launcher.OpenLink(complete ? std::string(url) : "http://" + std::string(url));
+}
+
+namespace {
+
+constexpr double kLeastHeight = 9000;  // twips
+constexpr double kLeastWidth = 12000;
+
+void ChooseFamily(Station& station, bool fourAxis) {
+  DesignState& s = station.s;
+  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
+  if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
+}
+
+void optX_Click(Station& station, int index) { ChooseFamily(station, index == 1); }
+void mnu2Axis_Click(Station& station, int) { ChooseFamily(station, false); }
+void mnu4Axis_Click(Station& station, int) { ChooseFamily(station, true); }
+void lbl2or4AX_Click(Station& station, int) { ChooseFamily(station, station.s.lbl2or4AX.text() != "4Ax"); }
+
+void tmrSplash_Tick(Station& station, int) {
+  station.StopTimer(station.tmrSplash);
+  station.s.frmSplash.Show(false);
+  station.s.frmMain.Show(true);
+}
+
+void chkDontShowVideoLinks_Click(Station& station, int) {
+  DesignState& s = station.s;
+  if (!s.chkDontShowVideoLinks.checked()) return;
+  SaveSetting(station.platform.store, kSettings, "chkDontShowVideoLinks", "1");
+  s.picVidLinks.Show(false);
+}
+
+void Video(Station& station, int index) { OpenWebLink(station, kVideoLinks[index == 1 ? 1 : 0]); }
+
+// The status line can carry an address, which stands in its tool tip.
+void lblStatusBar2_Click(Station& station, int) {
+  const std::string& address = station.s.lblStatusBar2.tip();
+  if (!address.empty()) OpenWebLink(station, address);
+}
+
+void ShowAbout(Station& station, bool shown) {
+  DesignState& s = station.s;
+  s.frmAbout.Show(shown);
+  if (shown) s.lblHelpURL.SetCaption(kHelpLink);
+}
+
+void HoldLeast(const DesignState& s, Field& size, double least) {
+  const Number held = s.Read(size.text());
+  if (!holds(held >= least)) size = Number(least).plain();
+}
+
+void Form_Resize(Station& station, int) {
+  DesignState& s = station.s;
+  HoldLeast(s, s.meHeight, kLeastHeight);
+  HoldLeast(s, s.meWidth, kLeastWidth);
+  s.lblVersion = "Designer Version " + s.gVersionNumber.text();
+}
+
+void OpenSettingsAtLastTab(Station& station, int) {
+  const std::string stored = GetSetting(station.platform.store, kSettings, "LastSettingsTab", "0");
+  const Number tab = Whole(station.s.Read(stored));
+  OpenSettings(station, holds(tab >= 0) && holds(tab <= 3) ? static_cast<int>(tab.value()) : 0);
+}
+
+template <int tab>
+void OpenSettingsAt(Station& station, int) {
+  OpenSettings(station, tab);
+}
+
+constexpr Operation kOperations[] = {
+    {"optX", Event::Click, optX_Click},
+    {"mnu2Axis", Event::Click, mnu2Axis_Click},
+    {"mnu4Axis", Event::Click, mnu4Axis_Click},
+    {"lbl2or4AX", Event::Click, lbl2or4AX_Click},
+    {"lbl2D", Event::Click, [](Station&, int) {}},
+    {"lblUnits", Event::Click, [](Station&, int) {}},
+    {"tmrSplash", Event::Tick, tmrSplash_Tick},
+    {"chkDontShowVideoLinks", Event::Click, chkDontShowVideoLinks_Click},
+    {"lblCommunity", Event::Click, [](Station& station, int) { OpenWebLink(station, kCommunityLink); }},
+    {"lblVidLink", Event::Click, Video},
+    {"picVidLink", Event::Click, Video},
+    {"mnuVideo2AX", Event::Click, [](Station& station, int) { Video(station, 0); }},
+    {"mnuVideo4AX", Event::Click, [](Station& station, int) { Video(station, 1); }},
+    {"lblStatusBar2", Event::Click, lblStatusBar2_Click},
+    {"lblHelpURL", Event::Click, [](Station& station, int) { OpenWebLink(station, kHelpLink); }},
+    {"lblCheckNewSoftware", Event::Click,
+     [](Station& station, int) { OpenWebLink(station, kNewSoftwareLink); }},
+    {"frmSplash", Event::Click, [](Station& station, int) { OpenWebLink(station, kHomeLink); }},
+    {"mnuAbout", Event::Click, [](Station& station, int) { ShowAbout(station, true); }},
+    {"btnCancel", Event::Click, [](Station& station, int) { ShowAbout(station, false); }},
+    {"mnuQuit", Event::Click, [](Station& station, int) { station.Form_Unload(); }},
+    {"Form", Event::Resize, Form_Resize},
+    {"Command3", Event::Click, OpenSettingsAtLastTab},
+    {"btnProperties", Event::Click, OpenSettingsAt<3>},
+    {"mnuSpeeds", Event::Click, OpenSettingsAt<3>},
+    {"mnuProperties", Event::Click, OpenSettingsAt<0>},
+    {"Label10", Event::Click, OpenSettingsAt<1>},
+    {"Label9", Event::Click, OpenSettingsAt<2>},
+};
+
+}  // namespace
+
+std::span<const Operation> WindowOperations() { return kOperations; }
+
+void OpenSettings(Station& station, int tab) {
+  if (station.settingsOpened) station.settingsOpened(tab);
+}
+
+void Station::Form_Unload() {
+  s.frmMain.Show(false);
+  AskToSaveFirst(*this);
+  SaveStoredSettings(s, platform.store);
+  for (Field* window : {&s.frmSplash, &s.frmAbout, &s.frmBigPic}) window->Show(false);
+  ended = true;
+}
+
+}  // namespace torvane
