@@ -47,4 +47,16 @@ void EstimateTwoAxisBuildTime(DesignState& s) {
   s.gBuildSeconds = 0;
 }
 
+void EstimateFourAxisBuildTime(DesignState& s) {
+  const Number minutes = number(s.lblMinutes(IndexSet::kAllRows));
+  SetWhole(s.gBuildHours, Whole(minutes / 60) - 1);
+  if (s.gBuildHours < 0) {
+    s.gBuildHours = 0;
+    SetWhole(s.gBuildMinutes, minutes);
+  } else {
+    SetWhole(s.gBuildMinutes, minutes - static_cast<double>(s.gBuildHours) * 60);
+  }
+  s.gBuildSeconds = 0;
+}
+
 }  // namespace torvane

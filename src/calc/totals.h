@@ -16,4 +16,8 @@ void EstimatePart(DesignState& s);
 // declares. Sixty minutes can be left over.
 void EstimateTwoAxisBuildTime(DesignState& s);
 
+// The same of the four-axis schedule. Its hours are rounded and less one, so minutes run from 30 to 90; the
+// executor adds them up.
+void EstimateFourAxisBuildTime(DesignState& s);
+
 }  // namespace torvane

@@ -1,5 +1,6 @@
 #include "calc/two_axis.h"
 
+#include "calc/layer_figures.h"
 #include "calc/speed_search.h"
 #include "calc/totals.h"
 #include "design/text.h"
@@ -8,9 +9,6 @@
 namespace torvane {
 
 namespace {
-
-// There and back, with an allowance for slowing down and speeding up at the ends.
-constexpr double kBothWays = 2 * 1.15;
 
 int SpeedClass(const DesignState& s, int row) {
   const std::string letter = LowerCase(s.LayerTable2Ax(row, 4).substr(0, 1));
@@ -40,65 +38,29 @@ Number MeanDiameter(const DesignState& s) {
   return mean;
 }
 
-// Bands side by side round the left diameter.
 void Passes(DesignState& s, int i) {
   const Number windingAngle = number(s.txtWA(i));
-  if (holds(windingAngle == 90)) {
+  if (holds(windingAngle == 90))
     s.lblPassesToCover(i) = "1";
-    return;
-  }
-  const Number base = Int(number(s.txtDiameterLeft) * kPi * Cos(windingAngle * kPi / 180) / BandWidth(s, 0));
-  const Number added = number(s.txtAddPasses);
-  if (holds(added > 0)) {
-    s.lblPassesToCover(i) = (base + added + 1).plain();
-    s.lblPassesToCover(i).SetBold(true);
-  } else {
-    s.lblPassesToCover(i) = (base + 1).plain();
-    s.lblPassesToCover(i).SetBold(false);
-  }
-}
-
-// Carriage there and back, and half a turn of the mandrel at each end.
-void Minutes(DesignState& s, int i) {
-  const Number secondsPerPass = number(s.Length_Total) * kBothWays / number(s.txtCarriageSpeed(i)) +
-                                60 / number(s.txtMRPM(i)) / 2 * kBothWays;
-  s.lblMinutesToCover(i) = (secondsPerPass / 60 * number(s.lblPassesToCover(i))).as("##0.0"_mask);
-}
-
-// Filament of a hoop: turns side by side between the stops, there and back.
-Number HoopLength(const DesignState& s, Number meanDiameter) {
-  const Number turns = Abs(number(s.txtZ2(0)) - number(s.txtZ2(1))) / BandWidth(s, 0);
-  return 2 * (meanDiameter * kPi) * turns;
-}
-
-// Filament of a helix there and back for every pass, and a circumference a pass for the turnarounds.
-Number HelixLength(const DesignState& s, int i, Number meanDiameter) {
-  const Number pitch = number(s.txtCarriageSpeed(i)) * 60 / number(s.txtMRPM(i));
-  const Number span = number(s.txtLengthTotal(0)) - number(s.txtRight(i)) - number(s.txtLeft(i));
-  const Number revolutions = span / pitch;
-  const Number oneWay = Pow(Pow(kShortPi * meanDiameter * revolutions, 2) + Pow(pitch * revolutions, 2), 0.5);
-  const Number passes = number(s.lblPassesToCover(i));
-  return 2 * oneWay * passes + passes * (kShortPi * meanDiameter);
-}
-
-void WriteLength(const DesignState& s, Field& field, Number length) {
-  if (s.InInches())
-    field = length.as("#####.0"_mask);
   else
-    field = length.as("#####.00"_mask);
+    WritePasses(s, s.lblPassesToCover(i), number(s.txtDiameterLeft), windingAngle, BandWidth(s, 0));
 }
 
+void Minutes(DesignState& s, int i) {
+  s.lblMinutesToCover(i) = MinutesOfPasses(number(s.Length_Total), number(s.txtCarriageSpeed(i)),
+                                           number(s.txtMRPM(i)), number(s.lblPassesToCover(i)))
+                               .as("##0.0"_mask);
+}
+
+// A hoop runs between the stops, a helix over what the row leaves free of the part.
 void Length(DesignState& s, int i, Number meanDiameter) {
   const bool hoop = holds(number(s.txtWA(i)) == 90);
-  const Number length = hoop ? HoopLength(s, meanDiameter) : HelixLength(s, i, meanDiameter);
-  WriteLength(s, s.lblLengthToCover(i), length / (s.InInches() ? 12 : 1000));
-}
-
-// Sum of the row texts, as rounded; a row that holds no number adds nothing.
-Number Sum(const FieldArray& column, int rows) {
-  Kept sum;
-  for (int i = 1; i <= rows; ++i) sum = sum + number(column(i));
-  return sum;
+  const Number stops = Abs(number(s.txtZ2(0)) - number(s.txtZ2(1)));
+  const Number span = number(s.txtLengthTotal(0)) - number(s.txtRight(i)) - number(s.txtLeft(i));
+  const Number length = hoop ? HoopLength(meanDiameter, stops, BandWidth(s, 0))
+                             : HelixLength(meanDiameter, span, number(s.txtCarriageSpeed(i)),
+                                           number(s.txtMRPM(i)), number(s.lblPassesToCover(i)));
+  WriteLength(s, s.lblLengthToCover(i), length / LengthDivisor(s));
 }
 
 }  // namespace
@@ -122,8 +84,8 @@ void RecalculateTwoAxisLayers(DesignState& s, int index) {
       s.lblMinutesToCover(i) = "";
     }
   }
-  s.lblPassesToCover(IndexSet::kAllRows) = Sum(s.lblPassesToCover, rows).as("####"_mask);
-  s.lblMinutesToCover(IndexSet::kAllRows) = Sum(s.lblMinutesToCover, rows).as("##0.0"_mask);
+  s.lblPassesToCover(IndexSet::kAllRows) = SumOfRows(s.lblPassesToCover, rows).as("####"_mask);
+  s.lblMinutesToCover(IndexSet::kAllRows) = SumOfRows(s.lblMinutesToCover, rows).as("##0.0"_mask);
 
   const Number meanDiameter = MeanDiameter(s);
   for (int i = 1; i <= rows; ++i) {
@@ -132,7 +94,7 @@ void RecalculateTwoAxisLayers(DesignState& s, int index) {
     else
       s.lblLengthToCover(i) = "";
   }
-  WriteLength(s, s.lblLengthToCover(IndexSet::kAllRows), Sum(s.lblLengthToCover, rows));
+  WriteLength(s, s.lblLengthToCover(IndexSet::kAllRows), SumOfRows(s.lblLengthToCover, rows));
   EstimatePart(s);
 }
 

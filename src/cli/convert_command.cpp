@@ -4,14 +4,16 @@
 #include "cli/designs.h"
 #include "host/code_page.h"
 #include "host/paths.h"
+#include "persist/four_axis_file.h"
 #include "persist/two_axis_file.h"
 
 namespace torvane {
 
 int RunConvert(Computer& computer, const std::string& design, const std::string& out) {
-  const std::string ending = EndingOf(out);
-  if (ending != "t2d" && ending != "tvd")
-    throw UsageError{out + ": a two-axis design is saved under a name that ends in .t2d"};
+  const bool twoAxis = IsTwoAxisEnding(EndingOf(design));
+  if (twoAxis != IsTwoAxisEnding(EndingOf(out)) || (!twoAxis && EndingOf(out) != "t4d"))
+    throw UsageError{out + ": a design is saved under a name of its own family, ." +
+                     (twoAxis ? "t2d" : "t4d")};
   computer.MakeStationFolders();
   OpenedDesign opened(computer, design);
   if (!opened) return kFailed;
@@ -19,7 +21,8 @@ int RunConvert(Computer& computer, const std::string& design, const std::string&
   if (!path) throw UsageError{out + ": " + path.reason()};
   std::string name = path.value();
   Station& station = opened.station();
-  const Outcome saved = SaveTorvaneMakeFileVer20(station.s, station.platform, name);
+  const Outcome saved = twoAxis ? SaveTorvaneMakeFileVer20(station.s, station.platform, name)
+                                : SaveTorvaneMakeFileVer40(station.s, station.platform, name);
   if (!saved) {
     Complain(out + ": " + saved.reason());
     return kFailed;

@@ -29,11 +29,13 @@ std::string EndingOf(const std::string& path) {
   return LowerCase(path.size() < 3 ? path : path.substr(path.size() - 3));
 }
 
+bool IsTwoAxisEnding(const std::string& ending) { return ending == "t2d" || ending == "tvd"; }
+
 OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
     : settings_(computer.RunSettings()) {
   const std::string ending = EndingOf(design);
-  if (ending != "t2d" && ending != "tvd") {
-    Complain(design + ": not a two-axis design, its name does not end in .t2d");
+  if (!IsTwoAxisEnding(ending) && ending != "t4d") {
+    Complain(design + ": not a design, its name ends in neither .t2d nor .t4d");
     return;
   }
   const Result<std::string> path = AbsoluteStationPath(design);
@@ -48,11 +50,12 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   }
   // The station does not begin with the design that was open last.
   SaveSetting(settings_, kSettings, "gLastFileInUse", "");
-  SaveSetting(settings_, kSettings, "mnu2Axis", "1");
+  SaveSetting(settings_, kSettings, "mnu2Axis", IsTwoAxisEnding(ending) ? "1" : "0");
   constexpr auto kPastStartGuard = std::chrono::seconds(6);
   auto station = std::make_unique<WholeStation>(platform);
   computer.stage.clock.Advance(-kPastStartGuard);
   station->Form_Load();
+  ShowAxisDisplay(station->s, !IsTwoAxisEnding(ending));
   computer.stage.clock.Advance(kPastStartGuard);
   station->Run("Form", Event::Click);
   computer.complained = false;

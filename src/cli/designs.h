@@ -27,5 +27,6 @@ class OpenedDesign {
 
 // The ending of a design's name in small letters: "t2d", "t4d", "tvd".
 std::string EndingOf(const std::string& path);
+bool IsTwoAxisEnding(const std::string& ending);
 
 }  // namespace torvane

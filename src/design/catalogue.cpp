@@ -193,6 +193,9 @@ constexpr FieldRow kCatalogue[] = {
     {"lblCarriageSpeedHeading", &Fields::lblCarriageSpeedHeading, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblSpeedUnits", &Fields::lblSpeedUnits, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblLengthUnits", &Fields::lblLengthUnits, Kind::Caption, UsedBy::Window, {}, ""},
+    {"Label1(47)", &Fields::lblPatternHeading, Kind::Caption, UsedBy::Window, {}, "Pattern"},
+    {"lblLengthHeading4Ax", &Fields::lblLengthHeading4Ax, Kind::Caption, UsedBy::Window, {}, ""},
+    {"lblCarriageSpeedHeading4Ax", &Fields::lblCarriageSpeedHeading4Ax, Kind::Caption, UsedBy::Window, {}, ""},
     // clang-format on
 };
 
@@ -226,19 +229,18 @@ std::string NameOf(const Field& field) {
 }
 
 Field* FindField(Fields& fields, std::string_view name) {
+  for (const FieldRow& row : kCatalogue)
+    if (const auto* single = std::get_if<Field Fields::*>(&row.member); single != nullptr && row.name == name)
+      return &(fields.*(*single));
   const auto open = name.find('(');
-  const std::string_view bare = name.substr(0, open);
+  if (open == std::string_view::npos) return nullptr;
   int index = 0;
-  if (open != std::string_view::npos) {
-    const char* const end = name.data() + name.size() - 1;
-    const auto read = std::from_chars(name.data() + open + 1, end, index);
-    if (*end != ')' || read.ec != std::errc() || read.ptr != end) return nullptr;
-  }
+  const char* const end = name.data() + name.size() - 1;
+  const auto read = std::from_chars(name.data() + open + 1, end, index);
+  if (*end != ')' || read.ec != std::errc() || read.ptr != end) return nullptr;
   for (const FieldRow& row : kCatalogue) {
-    if (row.name != bare) continue;
     const auto* array = std::get_if<FieldArray Fields::*>(&row.member);
-    if ((array != nullptr) != (open != std::string_view::npos)) return nullptr;
-    if (array == nullptr) return &(fields.*std::get<Field Fields::*>(row.member));
+    if (array == nullptr || row.name != name.substr(0, open)) continue;
     Field& field = (fields.*(*array))(index);
     return field.exists() ? &field : nullptr;
   }

@@ -74,6 +74,8 @@ struct Fields {
   // What the window says of itself.
   Field frmMain, lblStatusBar1, lblStatusBar2, lblVersion, lblUnits, lbl2or4AX;
   Field lblLengthHeading, lblCarriageSpeedHeading, lblSpeedUnits, lblLengthUnits;
+  Field lblPatternHeading;  // "Label1(47)"
+  Field lblLengthHeading4Ax, lblCarriageSpeedHeading4Ax;
 };
 
 }  // namespace torvane

@@ -30,32 +30,34 @@ class Number {
   constexpr Masked as(Mask mask) const;
   constexpr Plain plain() const;
 
-  friend constexpr Number operator-(Number a) { return a.good_ ? Number(-a.value_) : a; }
-  friend constexpr Number operator+(Number a, Number b) { return Both(a, b, a.value_ + b.value_); }
-  friend constexpr Number operator-(Number a, Number b) { return Both(a, b, a.value_ - b.value_); }
-  friend constexpr Number operator*(Number a, Number b) { return Both(a, b, a.value_ * b.value_); }
-  friend constexpr Number operator/(Number a, Number b) {
-    return b.value_ == 0 ? Failure() : Both(a, b, a.value_ / b.value_);
-  }
-
  private:
   constexpr Number() = default;
   static constexpr bool IsFinite(double v) { return v - v == 0; }
-  static constexpr Number Both(Number a, Number b, double result) {
-    return a.good_ && b.good_ ? Number(result) : Failure();
-  }
-
   double value_ = 0;
   bool good_ = false;
 };
 
+namespace detail {
+constexpr Number Both(Number a, Number b, double result) {
+  return a.good() && b.good() ? Number(result) : Number::Failure();
+}
+}  // namespace detail
+
+constexpr Number operator-(Number a) { return a.good() ? Number(-a.value()) : a; }
+constexpr Number operator+(Number a, Number b) { return detail::Both(a, b, a.value() + b.value()); }
+constexpr Number operator-(Number a, Number b) { return detail::Both(a, b, a.value() - b.value()); }
+constexpr Number operator*(Number a, Number b) { return detail::Both(a, b, a.value() * b.value()); }
+constexpr Number operator/(Number a, Number b) {
+  return b.value() == 0 ? Number::Failure() : detail::Both(a, b, a.value() / b.value());
+}
+
 struct Masked {
-  Number value;
-  Mask mask;
+  Number value = Number::Failure();
+  Mask mask{};
 };
 
 struct Plain {
-  Number value;
+  Number value = Number::Failure();
 };
 
 constexpr Masked Number::as(Mask mask) const { return {*this, mask}; }
@@ -83,7 +85,8 @@ constexpr Comparison operator!=(Number a, Number b) { return detail::Compared(a,
 // A routine's own number that outlives a statement: a failed right side leaves it as it was.
 class Kept {
  public:
-  constexpr Kept(double start = 0) : value_(start) {}  // NOLINT: it stands for its number
+  constexpr Kept() = default;
+  explicit constexpr Kept(double start) : value_(start) {}
   constexpr Kept& operator=(Number n) {
     if (n.good()) value_ = n.value();
     return *this;
@@ -92,7 +95,7 @@ class Kept {
   constexpr double value() const { return value_; }
 
  private:
-  double value_;
+  double value_ = 0;
 };
 
 namespace detail {

@@ -65,7 +65,7 @@ int RowsOf(const Field& count) {
 namespace {
 
 using Member =
-    std::variant<bool DesignState::*, int DesignState::*, double DesignState::*,
+    std::variant<bool DesignState::*, int DesignState::*, double DesignState::*, Kept DesignState::*,
                  std::array<double, 3> DesignState::*, LayerTable DesignState::*, SplitFields DesignState::*>;
 
 struct ValueRow {
@@ -105,6 +105,7 @@ constexpr ValueRow kValues[] = {
     {"iMaxMandrelRPM", &DesignState::iMaxMandrelRPM, true},
     {"gNoListPatternDegrees", &DesignState::gNoListPatternDegrees, true},
     {"gDelayTimeInG456ToWaitForMandrelinMS", &DesignState::gDelayTimeInG456ToWaitForMandrelinMS, true},
+    {"gWindAngle", &DesignState::gWindAngle, false},
     {"LayerTable2Ax", &DesignState::LayerTable2Ax, false},
     {"LayerTable4Ax", &DesignState::LayerTable4Ax, false},
     {"gListFields", &DesignState::gListFields, false},
@@ -143,6 +144,9 @@ struct ValueReader {
 
   NamedValue operator()(bool DesignState::*flag) const { return Single(s.*flag ? "True" : "False"); }
   NamedValue operator()(int DesignState::*count) const { return Single(std::to_string(s.*count)); }
+  NamedValue operator()(Kept DesignState::*value) const {
+    return Single(NumberToText(s.signs, (s.*value).value()));
+  }
   NamedValue operator()(double DesignState::*value) const { return Single(NumberToText(s.signs, s.*value)); }
   NamedValue operator()(std::array<double, 3> DesignState::*classes) const {
     const int index = wanted.index[0];

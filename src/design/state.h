@@ -88,6 +88,9 @@ struct DesignState : FieldOwner, Fields {
   // The field that the operator's next key goes to, where a rule has moved it.
   const Field* focus = nullptr;
 
+  // Winding angle of the four-axis layer in hand, degrees; the lead angle of a hoop.
+  Kept gWindAngle;
+
   // Estimated build time of the program.
   std::int32_t gBuildHours = 0;
   std::int32_t gBuildMinutes = 0;

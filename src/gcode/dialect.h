@@ -87,6 +87,8 @@ void DwellBehind(Program& p, Register saved, const Angle& angle, const Comment&.
 // Operator.
 inline void WaitForButton(Program& p, std::string_view comment) { p.Line("M0 [", comment, "]"); }
 inline void ShowMessage(Program& p, std::string_view message) { p.Line("D0 GM=", message); }
+// The program with wrapped ends spells its message with blanks.
+inline void ShowMessageWithBlanks(Program& p, std::string_view message) { p.Line("D0 GM = ", message); }
 inline void ShowStage(Program& p, std::string_view stage) { p.Line("D0 ST=", stage); }
 
 // A pre-wrap on the executor's screen: its mandrel speed stands behind "PA=", its advance behind "WA=".
@@ -96,19 +98,106 @@ void ShowPreWrap(Program& p, int n, const Speed& rpm, const Advance& advance) {
          n == 1 ? " FL= [Display Layer Properties]" : " ");
 }
 
-// The layer on the executor's screen. `minutesLeft` is given in the first pass of a layer alone.
+// The layer on the executor's screen. A layer of one run shows no count of passes; some lines show no
+// minutes left or no left offset.
 struct LayerDisplay {
   int layer = 0;
   std::string_view layers;
   MaybeText passes, rpm, carriageSpeed, angle;
   std::string_view method;
   MaybeText leftDiameter, bandWidth, leftOffset;
+  bool countsPasses = true;
+  bool showsOffset = true;
 };
 inline void ShowLayer(Program& p, const LayerDisplay& d, int pass, const MaybeText* minutesLeft) {
-  p.Line("D0 LA=", d.layer, "_of_", d.layers, " PA=", pass, "_of_", d.passes, " RPM=", d.rpm,
-         " CS=", d.carriageSpeed, " WA=", d.angle, " WM=", d.method, minutesLeft != nullptr ? " TI=" : "",
-         minutesLeft != nullptr ? *minutesLeft : MaybeText{true, {}}, " LD=", d.leftDiameter,
-         " FW=", d.bandWidth, " HL=", d.leftOffset, " [Display Layer Properties]");
+  static const MaybeText nothing{true, {}};
+  p.Line("D0 LA=", d.layer, "_of_", d.layers, " PA=", pass, d.countsPasses ? "_of_" : "",
+         d.countsPasses ? d.passes : nothing, " RPM=", d.rpm, " CS=", d.carriageSpeed, " WA=", d.angle,
+         " WM=", d.method, minutesLeft != nullptr ? " TI=" : "",
+         minutesLeft != nullptr ? *minutesLeft : nothing, " LD=", d.leftDiameter, " FW=", d.bandWidth,
+         d.showsOffset ? " HL=" : "", d.showsOffset ? d.leftOffset : nothing, " [Display Layer Properties]");
+}
+
+// Four axes. Speeds and targets come in pairs: F with Z, E with Y, R with B, S with C; A is the mandrel's
+// running angle.
+inline constexpr Mask kFourAxisMask = "###0.00"_mask;
+inline constexpr Mask kEndMask = "##0.00"_mask;
+inline constexpr Mask kRunningAngle = "#########0.00"_mask;
+
+template <class Version, class Z, class Y>
+void IdentifyFourAxis(Program& p, const Version& version, bool fullFourAxis, const Z& zOffset,
+                      const Y& yOffset) {
+  p.Line("X V", version, fullFourAxis ? " T4 " : " T3 ", "Z", zOffset, " Y", yOffset,
+         " [TORVANE DESIGNER VERSION NUMBER, FILE TYPE, Z-AXIS MEAS. OFFSET DISTANCE, Y AXIS MEAS. OFFSET "
+         "DISTANCE]");
+}
+inline void AllAccelerations(Program& p) {
+  p.Line("G1 I10 J10 K10 N10 O10 T10 [Linear and Angular Acceleration Settings of Axes]");
+}
+template <class HeadSpeed, class Speed>
+void HomeAllAxes(Program& p, const HeadSpeed& headSpeed, const Speed& speed) {
+  p.Line("G28 E", headSpeed, " R4 F", speed, " C", Number(0).as(kEndMask), " [Move Axes to Limit Switches]");
+}
+inline void PauseAtLimitSwitch(Program& p) { p.Line("G4 P10000 [Pause 1s at Carriage Limit Switch]"); }
+template <class Value>
+void WindingAccelerations(Program& p, const Value& value) {
+  p.Line("G1 J", value, " K", value, " O", value, " T10 [Set Axes Accels]");
+}
+
+// All axes at once to a starting position; the mandrel stands.
+struct StartPosition {
+  Masked speed, z;
+  Plain y;
+  Masked headSpeed;
+  Number headAngle;
+  Number headRotation;
+  bool holdsMandrel = true;
+};
+inline void MoveToStart(Program& p, const StartPosition& m) {
+  p.Line("G1 F", m.speed, " Z", m.z, " Y", m.y, " E", m.headSpeed, " B", m.headAngle.as(kFourAxisMask), " R",
+         m.headRotation.plain(), m.holdsMandrel ? " S0" : "");
+}
+template <class Speed>
+void MoveToHoop(Program& p, const Speed& speed, Number z, Number y) {
+  p.Line("G1 F", speed, " Z", z.as(kFourAxisMask), " Y", y.as(kFourAxisMask),
+         " R20 B0 [Move Carriage to Beginning of Hoop Start]");
+}
+
+// A straight move: a pair whose speed is 0 is left out.
+struct FourAxisMove {
+  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, s = 0, c = 0, a = 0;
+};
+void MoveAxes(Program& p, const FourAxisMove& move, std::string_view comment);
+
+// The two moves of an end wrap: the head goes round the end in an ellipse, then withdraws.
+enum class EndMoveKind { EllipseLeft = 2, EllipseRight = 3, WithdrawalLeft = 5, WithdrawalRight = 6 };
+struct EndMove {
+  EndMoveKind kind{};
+  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, u = 0, v = 0, h = 0, w = 0, s = 0, c = 0, a = 0;
+};
+void MoveRoundEnd(Program& p, const EndMove& move, std::string_view comment);
+
+// A move or dwell with the head turning meanwhile.
+struct HeadTurn {
+  Masked rotation, angle;
+};
+template <class Speed, class Z>
+void MoveTurning(Program& p, const Speed& speed, const Z& z, const HeadTurn& head, std::string_view comment) {
+  p.Line("G1 F", speed, " Z", z, " R", head.rotation, " B", head.angle, " [", comment, "]");
+}
+template <class Z>
+void MoveTurningAtLastSpeed(Program& p, const Z& z, const HeadTurn& head, std::string_view comment) {
+  p.Line("G1 Z", z, " R", head.rotation, " B", head.angle, " [", comment, "]");
+}
+template <class Angle>
+void DwellTurning(Program& p, const Angle& angle, const HeadTurn& head, std::string_view comment) {
+  p.Line("G4 C", angle, " R", head.rotation, " B", head.angle, " [", comment, "]");
+}
+template <class Angle>
+void DwellTurning(Program& p, Register saved, const Angle& angle, const HeadTurn& head,
+                  std::string_view comment) {
+  p.Line("G4 L", static_cast<int>(saved), " C", angle, " R", head.rotation, " B", head.angle, " [", comment,
+         "]");
 }
 
 }  // namespace torvane::dialect

@@ -7,10 +7,14 @@ namespace torvane {
 
 namespace {
 
-// Both passes run between the stops as the operator typed them.
-void SetEnds(DesignState& s) {
-  s.gFarEndZ.CopyFrom(s.txtZ2(s.gIsLHDrive ? 1 : 0));
-  s.gHomeEndZ.CopyFrom(s.txtZ2(s.gIsLHDrive ? 0 : 1));
+// Both passes run between the stops as the operator typed them; on a part with wrapped ends the tape stays
+// between the points where the ends begin.
+void SetEnds(DesignState& s, bool tape) {
+  const bool inner = tape && s.gPartType.text() != "2AX";
+  const Field& left = s.gShow4Axis ? s.txtZ4(inner ? 1 : 0) : s.txtZ2(0);
+  const Field& right = s.gShow4Axis ? s.txtZ4(inner ? 2 : 3) : s.txtZ2(1);
+  s.gFarEndZ.CopyFrom(s.gIsLHDrive ? right : left);
+  s.gHomeEndZ.CopyFrom(s.gIsLHDrive ? left : right);
 }
 
 void WriteHeatShrinkTape(GCodeSession& session) {
@@ -22,7 +26,7 @@ void WriteHeatShrinkTape(GCodeSession& session) {
   dialect::WaitForButton(p, "Wait for Button Press, then Start Heat Shrink Pass");
   dialect::ShowMessage(p, "Proceeding with Heat Shrink Tape Fwd Pass");
   dialect::Turn(p, number(s.cmbHSTRPM).plain(), "Start Mandrel for HST Pass");
-  SetEnds(s);
+  SetEnds(s, true);
   const Number feed = number(s.cmbHSTRPM) / 60 * InUnits(s, number(s.txtHSTWidth), false);
   dialect::Move(p, feed.as("###.##"_mask), s.gFarEndZ.text(),
                 "Forward Pass for Heat Shrink Tape Application");
@@ -45,7 +49,7 @@ void WriteHeatGun(GCodeSession& session) {
   dialect::ShowStage(p, "Heat Gun Curing");
   dialect::WaitForButton(p, "Wait for Button Press, Then Start Heat Gun Curing Process");
   dialect::Turn(p, number(s.cmbHGRPM).plain(), "SET MANDREL RPM");
-  SetEnds(s);
+  SetEnds(s, false);
   dialect::MoveAtLastSpeed(p, s.gHomeEndZ.text(), "MOVE TO HOME OFFSET");
   dialect::EmptyLine(p);
   dialect::CommentLine(p, "HEAT GUN FOREVER UNTIL USER CANCELS OR KILLS PROGRAM -----------------");

@@ -1,17 +1,97 @@
 #include "gcode/prewrap.h"
 
+#include "calc/four_axis.h"
+#include "calc/patterns.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
 
 namespace torvane {
 
-void WriteStartPosition(GCodeSession& session, bool beforePreWrap) {
+namespace {
+
+bool IsAnglePart(const DesignState& s) { return s.gPartType.text() == "2AX"; }
+bool BeginsWithHoop(const DesignState& s) { return s.cmbPattern(1).text() == "HOOP"; }
+
+const Field& FarStop(const DesignState& s) {
+  return s.gShow4Axis ? s.txtZ4(s.gIsLHDrive ? 3 : 0) : s.txtZ2(s.gIsLHDrive ? 1 : 0);
+}
+const Field& HomeStop(const DesignState& s) {
+  return s.gShow4Axis ? s.txtZ4(s.gIsLHDrive ? 0 : 3) : s.txtZ2(s.gIsLHDrive ? 0 : 1);
+}
+
+// The wind angle of the layer that starts here.
+void TakeWindAngle(DesignState& s, int layer) {
+  if (IsAnglePart(s)) {
+    s.gWindAngle = number(s.cmbPattern(1));
+  } else if (BeginsWithHoop(s) && layer == 1) {
+    s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
+  } else {
+    SplitPatternFields(s, s.cmbPattern(layer).text());
+    s.gWindAngle = s.Read(s.gTagFields(1));
+  }
+}
+
+// Where carriage and mandrel stand before the first pass of a layer. The carriage begins beyond the end by
+// what the band needs to meet the part at its angle, half a part length at most; the mandrel stands back by
+// the turn that this takes. Returns the carriage's Z.
+Number DHandMandrelStartingPosition(GCodeSession& session, int layer) {
+  DesignState& s = session.s;
+  TakeWindAngle(s, layer);
+  const Number tangent = Tan(s.gWindAngle * kPi / 180);
+  const bool straight = IsAnglePart(s) || s.cmbPattern(layer).text() == "HOOP";
+  const Number leadIn = straight ? 0 : number(s.txtDia(1)) / 2 / tangent;
+  const Number rightEnd = number(s.txtZ4(3));
+  session.gMoveZ = IsAnglePart(s) ? rightEnd : number(s.txtZ4(2)) + leadIn;
+  const Number farthest = rightEnd + 0.5 * number(s.lblLengthTotal);
+  if (holds(farthest < session.gMoveZ)) session.gMoveZ = farthest;
+  const Number excess = session.gMoveZ - rightEnd;
+  session.gMandrelStartAngle = IsAnglePart(s) || s.cmb3D(1).text() == "HOOP"
+                                   ? Number(0)
+                                   : -360 * (excess * tangent) / (number(s.txtDia(0)) * kPi);
+  return session.gMoveZ;
+}
+
+// The head lies along the band as it comes from the right end. A hoop is laid nearly square, with a little
+// lead.
+Number StartHeadAngle(const DesignState& s) {
+  constexpr double kLeastHoopAngle = 5;
+  if (s.gIsLHDrive) return -90 + s.gWindAngle;
+  if (IsAnglePart(s)) return 0;
+  if (!BeginsWithHoop(s)) return 90 - s.gWindAngle;
+  const Number angle = 90 - s.gWindAngle - 6;
+  return holds(angle < kLeastHoopAngle) ? kLeastHoopAngle : angle;
+}
+
+void WriteFourAxisStart(GCodeSession& session, int mark, int layer) {
+  DesignState& s = session.s;
+  Number z = number(s.txtZ4(IsAnglePart(s) ? 3 : 2));
+  if (s.chkPreWrap2.checked() && mark == 1)
+    z = number(s.txtZ4(2));
+  else if (layer != 0)
+    z = DHandMandrelStartingPosition(session, layer);
+  session.gMoveY = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
+  session.gMoveB = StartHeadAngle(s);
+  if (!IsAnglePart(s) && BeginsWithHoop(s) && layer < 2)
+    z = s.gPartType.text() == "HEMI" ? number(s.txtZ4(2)) : number(s.txtZ4(3)) + BandWidth(s, 1) / 2;
+  dialect::MoveToStart(session.program, {FormatForUnits(s, number(s.txtLimitSwitchApproachSpeed), false),
+                                         z.as(dialect::kFourAxisMask), Number(session.gMoveY).plain(),
+                                         FormatForUnits(s, 1.0, false), session.gMoveB,
+                                         IsAnglePart(s) ? 20 : 10, !IsAnglePart(s)});
+}
+
+}  // namespace
+
+void WriteStartPosition(GCodeSession& session, int mark, int layer) {
   const DesignState& s = session.s;
   Program& p = session.program;
-  const Field& home = s.gIsLHDrive ? s.gLeftStopText : s.gRightStopText;
-  dialect::Move(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false), home.through("###0.000"_mask),
-                "Move Carriage to Starting Position");
-  if (beforePreWrap) {
+  if (s.gShow4Axis) {
+    WriteFourAxisStart(session, mark, layer);
+  } else {
+    const Field& home = s.gIsLHDrive ? s.gLeftStopText : s.gRightStopText;
+    dialect::Move(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false), home.through("###0.000"_mask),
+                  "Move Carriage to Starting Position");
+  }
+  if (s.gShow4Axis ? mark == 1 : mark != 0) {
     dialect::WaitForButton(p, "Wait for Operator Button Press");
     dialect::EmptyLine(p);
   }
@@ -22,8 +102,6 @@ void WritePreWrap(GCodeSession& session, int n) {
   Program& p = session.program;
   const Number rpm = number(s.cmbPreWrapRPM(n));
   const Number advance = number(s.txtPreWrapAdvance(n));
-  const Field& far = s.txtZ2(s.gIsLHDrive ? 1 : 0);
-  const Field& home = s.txtZ2(s.gIsLHDrive ? 0 : 1);
 
   dialect::CommentLine(p, "MANDREL #", n, " PRE-WRAP --------------------------");
   if (n != 2) dialect::WaitForButton(p, "Wait for Button Press");
@@ -31,14 +109,19 @@ void WritePreWrap(GCodeSession& session, int n) {
   dialect::Turn(p, rpm.plain(), "Mandrel CW Rotation");
   if (holds(advance != 0)) {
     const Number feed = rpm / 60 * InUnits(s, advance, false);
-    dialect::Move(p, feed.as("###.##"_mask), far.through("###0.00"_mask), "Carriage Move for Pre-Wrap");
+    dialect::Move(p, feed.as("###.##"_mask), FarStop(s).through("###0.00"_mask),
+                  "Carriage Move for Pre-Wrap");
   }
   dialect::Dwell(p, number(s.txtMandrelAdvanceAfterPreWrapCarriageStop).plain(),
                  "Add User Defined Rev's after Pre-Wrap");
   dialect::Stop(p, "Mandrel Stop after Pre-Wrap");
   dialect::WaitForButton(p, "Wait for Button Press");
+  if (s.gShow4Axis && !IsAnglePart(s)) {
+    WriteStartPosition(session, n, 0);
+    return;
+  }
   dialect::Move(p, InUnits(s, number(s.txtLimitSwitchApproachSpeed), false).plain(),
-                home.through("###0.00"_mask), "Carriage Back to Starting Position");
+                HomeStop(s).through("###0.00"_mask), "Carriage Back to Starting Position");
   dialect::EmptyLine(p);
 }
 

@@ -5,12 +5,13 @@
 
 namespace torvane {
 
-// Moves the carriage to the home end, where the first pass begins. With `beforePreWrap` the operator
-// presses the button first.
-void WriteStartPosition(GCodeSession& session, bool beforePreWrap);
+// Moves the machine to where the first pass of four-axis layer `layer` begins, or to the home end of a
+// two-axis design. `mark` is the pre-wrap that follows, 0 if none does: the operator presses the button
+// before the first. With `layer` 0 the four-axis values stand as they are.
+void WriteStartPosition(GCodeSession& session, int mark, int layer);
 
 // Pre-wrap 1 or 2: the mandrel turns while the carriage runs to the far end by an advance a revolution,
-// then stands until the operator presses the button, and the carriage comes back.
+// then stands until the operator presses the button, and the machine goes back to its start.
 void WritePreWrap(GCodeSession& session, int n);
 
 }  // namespace torvane

@@ -51,6 +51,7 @@ class Program {
   // cancelled: its writers stop.
   bool GoesOn(double share);
 
+  NumberSigns signs() const { return signs_; }
   // Empty while nothing stands against the program, else the reason for the operator.
   const std::string& refusal() const { return refusal_; }
   double lines() const { return lines_; }

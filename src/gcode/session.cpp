@@ -2,11 +2,15 @@
 
 #include <chrono>
 
+#include "calc/four_axis.h"
+#include "calc/patterns.h"
 #include "design/text.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
 #include "gcode/finishing.h"
+#include "gcode/four_axis_program.h"
 #include "gcode/prewrap.h"
+#include "gcode/three_axis_program.h"
 #include "gcode/two_axis_program.h"
 
 namespace torvane {
@@ -58,6 +62,40 @@ MaybeText MeasuredOffset(const DesignState& s) {
   return TextOf(s.signs, (number(offset) * kMillimetresPerInch).as("##0.000"_mask));
 }
 
+void HomeFourAxes(GCodeSession& session) {
+  const DesignState& s = session.s;
+  Program& p = session.program;
+  dialect::AllAccelerations(p);
+  dialect::HomeAllAxes(p, FormatForUnits(s, 2.0, false),
+                       FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false));
+  dialect::PauseAtLimitSwitch(p);
+  dialect::WindingAccelerations(p, FormatForUnits(s, 1.25, true));
+}
+
+// A helical first layer needs its winding angle for the starting position. False, with a message, without.
+bool TakeFirstAngle(GCodeSession& session) {
+  DesignState& s = session.s;
+  const std::string& pattern = s.cmbPattern(1).text();
+  if (pattern == "HOOP") {
+    s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
+    return true;
+  }
+  SplitPatternFields(s, pattern);
+  if (!s.gTagFields(1).empty()) return true;
+  session.platform.messageBox.Show("Winding Angle Error", "Winding Angle Undefined", BoxIcon::None);
+  return false;
+}
+
+void Identify(GCodeSession& session) {
+  const DesignState& s = session.s;
+  const MaybeText version = FormatForUnits(s, s.gVersionNumber, true);
+  if (s.gShow4Axis)
+    dialect::IdentifyFourAxis(session.program, version, s.optType(0).checked() || s.optType(1).checked(),
+                              MeasuredOffset(s), s.gDHYtoMandrelCenter.text());
+  else
+    dialect::IdentifyTwoAxis(session.program, version, MeasuredOffset(s));
+}
+
 void EnableMotors(GCodeSession& session) {
   const DesignState& s = session.s;
   Program& p = session.program;
@@ -66,14 +104,30 @@ void EnableMotors(GCodeSession& session) {
   dialect::NumberForm(p, s.gDecimalComma);
   dialect::Units(p, s.InInches());
   dialect::AbsolutePositioning(p);
-  dialect::IdentifyTwoAxis(p, FormatForUnits(s, s.gVersionNumber, true), MeasuredOffset(s));
+  Identify(session);
   dialect::BuildTime(p, s.gBuildHours, s.gBuildMinutes, s.gBuildSeconds);
   dialect::EmptyLine(p);
   dialect::CommentLine(p, "ENABLE STEPPERS AND MOVE TO STARTING POSITION --------------- ");
   dialect::EnableSteppers(p);
-  dialect::HomeCarriage(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false));
+  if (s.gShow4Axis && s.gPartType.text() != "2AX" && !TakeFirstAngle(session)) return;
+  if (s.gShow4Axis)
+    HomeFourAxes(session);
+  else
+    dialect::HomeCarriage(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false));
   dialect::EndOfHoming(p);
-  WriteStartPosition(session, s.chkPreWrap1.checked());
+  WriteStartPosition(session, s.chkPreWrap1.checked() ? 1 : 0, 1);
+}
+
+constexpr std::string_view kWindingComplete = "MSG=WINDING COMPLETE  [Notify User Winding Complete]";
+
+void WriteWindingSchedule(GCodeSession& session) {
+  const DesignState& s = session.s;
+  if (!s.gShow4Axis) return WriteTwoAxisProgram(session);
+  if (s.gPartType.text() == "2AX")
+    WriteThreeAxisProgram(session);
+  else
+    Write4AxWindingGCode(session);
+  if (s.chkNotify1.checked()) NotifyOperator(session, kWindingComplete);
 }
 
 void Report(const Platform& platform, std::string_view path, std::string_view reason) {
@@ -98,11 +152,12 @@ bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
   SetPassEnds(s);
   if (!NameProgram(s, platform.files)) return false;
   GCodeSession session{s, platform, program};
+  s.gWindAngle = 0;
   WriteGCodeHeader(session);
   EnableMotors(session);
   if (s.chkPreWrap1.checked()) WritePreWrap(session, 1);
   if (s.chkPreWrap2.checked()) WritePreWrap(session, 2);
-  WriteTwoAxisProgram(session);
+  WriteWindingSchedule(session);
   WriteFinishingPasses(session);
   return true;
 }

@@ -7,11 +7,20 @@
 
 namespace torvane {
 
-// What the writers of one program share; it lives as long as one call of WriteGCode.
+// What the writers of one program share; it lives as long as one call of WriteGCode. The last commanded
+// values carry over between start position, passes and end wraps.
 struct GCodeSession {
   DesignState& s;
   const Platform& platform;
   Program& program;
+
+  Kept gMandrelAngle{};       // running angle of the mandrel, degrees; never reset between layers
+  Kept gMandrelStartAngle{};  // where it stands at the start of the first pass
+  Kept gMoveZ{};              // carriage
+  Kept gMoveY{};              // delivery head, in and out
+  Kept gMoveB{};              // delivery head, rotation in degrees
+  Kept gWrapRPM{};            // mandrel speed of the end move in hand
+  Kept ellipseAngle{};        // mandrel turn of an ellipse, degrees
 };
 
 // Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its

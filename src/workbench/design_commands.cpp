@@ -1,10 +1,10 @@
 #include "workbench/design_commands.h"
 
+#include "calc/patterns.h"
 #include "design/reset.h"
 #include "design/text.h"
 #include "gcode/session.h"
 #include "persist/settings.h"
-#include "persist/two_axis_file.h"
 #include "workbench/messages.h"
 
 namespace torvane {
@@ -22,6 +22,12 @@ void ShowName(DesignState& s, const char* caption) {
 std::string DesignFolder(Station& station) {
   station.platform.files.MakeProgramFolderCurrent();
   return station.platform.files.CurrentFolder() + std::string(kDesignFolder);
+}
+
+// The family in use decides the reader, not the file.
+Outcome OpenFile(Station& station, const std::string& path, bool twoAxis) {
+  return twoAxis ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
+                 : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
 }
 
 bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
@@ -48,7 +54,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   s.gLastFileInUse = path;
   s.gFileName = BehindLastBackslash(path);
   ShowName(s, "Torvane Designer ");
-  const Outcome opened = OpenTorvaneFileVer20(s, station.twoAxisLists, station.platform, path);
+  const Outcome opened = OpenFile(station, path, s.mnu2Axis);
   if (!opened) {
     station.platform.messageBox.Show(
         "Torvane Designer",
@@ -56,6 +62,7 @@ bool OpenDesign(Station& station, const std::string& path) {
     return false;
   }
   s.gDirty = false;
+  Refresh4AXGrid(s);
   return true;
 }
 
@@ -76,7 +83,8 @@ bool SaveDesign(Station& station, const std::string& path) {
   s.gFilePath = path;
   s.gLastFileInUse = path;
   std::string name = path;
-  const Outcome saved = SaveTorvaneMakeFileVer20(s, station.platform, name);
+  const Outcome saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, name)
+                                   : SaveTorvaneMakeFileVer40(s, station.platform, name);
   if (!saved) {
     s.gFilePath = formerPath;
     s.gLastFileInUse = formerLast;
@@ -85,7 +93,7 @@ bool SaveDesign(Station& station, const std::string& path) {
     return false;
   }
   s.gFilePath = name;
-  WriteGCode(s, station.platform);
+  if (s.mnu2Axis) WriteGCode(s, station.platform);
   s.gDirty = false;
   s.gFileName = BehindLastBackslash(s.gFilePath.text());
   ShowName(s, "Torvane Designer ");
@@ -119,8 +127,8 @@ void OpenLastDesignerFileInUse(Station& station) {
     const bool twoAxisName = IsTwoAxisName(name);
     ShowAxisDisplay(s, !twoAxisName);
     const std::string path = DesignFolder(station) + "\\" + name;
-    if (twoAxisName && platform.files.Exists(path)) {
-      OpenTorvaneFileVer20(s, station.twoAxisLists, platform, path);
+    if (!twoAxisName || platform.files.Exists(path)) {
+      OpenFile(station, path, twoAxisName);
       s.gLastFileInUse = path;
     }
   }

@@ -1,4 +1,6 @@
 // The part's fields: their marks, and what follows from each.
+#include "calc/four_axis.h"
+#include "calc/patterns.h"
 #include "calc/two_axis.h"
 #include "design/reset.h"
 #include "workbench/messages.h"
@@ -50,13 +52,33 @@ void txtBandThickness_Change(Station& station, int i) {
   RecalculateAfterStart(station);
 }
 
+// A four-axis schedule follows a new band width with its figures and its pattern lists.
+void FollowBandWidth(DesignState& s, int i) {
+  const int rows = RowsOf(s.txtNumberOfLayers(1));
+  for (int row = 1; row <= rows; ++row) {
+    const std::string pattern = s.cmbPattern(row).text();
+    const Number angle = s.Read(pattern);
+    Number mandrelRPM = Number::Failure();
+    Number carriageSpeed = Number::Failure();
+    if (s.gPartType.text() != "2AX")
+      SplitPatternFields(s, pattern);
+    else if (angle.good())
+      CalculateFourAxisRow(s, angle, mandrelRPM, carriageSpeed, pattern, 0);
+  }
+  if (i == 1 && holds(number(s.txtBandWidth(1)) > 0))
+    for (int row = 1; row <= rows; ++row) PopulatePatternCombo(s, row);
+}
+
 void txtBandWidth_Change(Station& station, int i) {
   DesignState& s = station.s;
   MirrorInTwin(station, s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
   s.gDirty = true;
   MarkIfZero(s.txtBandWidth(i));
   s.Band_Width.CopyFrom(s.txtBandWidth(s.Panel()));
-  if (!s.gShow4Axis) RecalculateAfterStart(station);
+  if (!s.gShow4Axis)
+    RecalculateAfterStart(station);
+  else if (station.StartGuardPassed())
+    FollowBandWidth(s, i);
 }
 
 void txtLengthTotal_Change(Station& station, int i) {
@@ -84,17 +106,6 @@ void txtZ2_Change(Station& station, int i) {
 template <FieldArray Fields::*array>
 void Mark_Change(Station& station, int i) {
   MarkIfZero((station.s.*array)(i));
-}
-
-void txtAdjust_Change(Station& station, int i) {
-  station.s.gDirty = true;
-  MarkIfZero(station.s.txtAdjust(i));
-}
-
-void txtZ4_Change(Station& station, int i) {
-  DesignState& s = station.s;
-  MarkIfZero(s.txtZ4(i));
-  s.lblLengthTotal = Abs(number(s.txtZ4(3)) - number(s.txtZ4(0))).as("####.00"_mask);
 }
 
 void SetDirty(Station& station, int) { station.s.gDirty = true; }
@@ -131,8 +142,6 @@ constexpr Operation kOperations[] = {
     {"txtZ2", Event::Change, txtZ2_Change},
     {"txtZ2", Event::Click, txtZ2_Click},
     {"txtPODia", Event::Change, Mark_Change<&Fields::txtPODia>},
-    {"txtAdjust", Event::Change, txtAdjust_Change},
-    {"txtZ4", Event::Change, txtZ4_Change},
 };
 
 }  // namespace

@@ -1,4 +1,5 @@
 // From the start of the program to the first look at a design.
+#include "calc/patterns.h"
 #include "design/reset.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
@@ -109,6 +110,7 @@ void Station::Form_Load() {
   OpenLastDesignerFileInUse(*this);
   s.gDirty = false;
   ShowAxisDisplay(s, GetSetting(store, kSettings, "mnu2Axis", "1") != "1");
+  Refresh4AXGrid(s);
   s.gMirrorOnChange = false;
   if (FirstRunOrUpgrade) ShowAxisDisplay(s, false);
   for (int i = 1; i <= 20; ++i) {

@@ -30,8 +30,9 @@ Station::Station(const Platform& platform_)
     : s(SignsOf(platform_.locale)), platform(platform_), changes_(Catalogue().size()) {
   s.operations = this;
   SetCaptions(s);
-  for (const auto& table : {TwoAxisGridOperations(), InputCheckOperations(), ChecklistOperations(),
-                            UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations()})
+  for (const auto& table :
+       {TwoAxisGridOperations(), FourAxisGridOperations(), InputCheckOperations(), ChecklistOperations(),
+        UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations()})
     Add(table);
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "design/state.h"
+#include "persist/four_axis_file.h"
 #include "persist/two_axis_file.h"
 #include "platform/platform.h"
 #include "workbench/operations.h"
@@ -57,8 +58,9 @@ class Station : private ChangeOperations {
 
   DesignState s;
   const Platform platform;
-  // Lists of the two-axis file last read.
+  // What the files last read of either family have left for files that lack it.
   TwoAxisLists twoAxisLists;
+  FourAxisHeld fourAxisHeld;
   // Nobody has opened this store before, or only a station of version 2 has.
   bool FirstRunOrUpgrade = false;
   // When the start guard began.

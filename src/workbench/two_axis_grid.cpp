@@ -6,6 +6,7 @@
 #include "design/reset.h"
 #include "design/text.h"
 #include "persist/settings.h"
+#include "workbench/layer_count.h"
 #include "workbench/messages.h"
 #include "workbench/settings_dialog.h"
 #include "workbench/station.h"
@@ -173,9 +174,10 @@ void ShowTwoAxisRows(DesignState& s) {
 void txtNumberOfLayers_Change(Station& station, int panel) {
   DesignState& s = station.s;
   LimitLayers(s, panel);
-  if (panel == 0) ShowTwoAxisRows(s);
+  if (panel == 1) return ChangeFourAxisCount(station);
+  ShowTwoAxisRows(s);
   EstimateThickness(s, panel);
-  if (panel == 0 && station.StartGuardPassed()) RecalculateTwoAxisLayers(s, -1);
+  if (station.StartGuardPassed()) RecalculateTwoAxisLayers(s, -1);
 }
 
 // A click or a key in either count takes the yellow off both.

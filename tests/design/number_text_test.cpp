@@ -143,7 +143,7 @@ TEST(Numbers, AFailurePassesThroughEveryOperator) {
   EXPECT_FALSE((Number(1e300) * 1e300).good());
   EXPECT_FALSE(holds(failure == 90));
   EXPECT_FALSE(holds(failure != 90));
-  Kept kept = 7;
+  Kept kept(7);
   kept = failure;
   EXPECT_EQ(kept.value(), 7);
 }

@@ -1,0 +1,60 @@
+// Winding patterns that close evenly on a mandrel.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/state.h"
+
+namespace torvane {
+
+// The part as the search sees it, in design units and degrees.
+struct PatternPart {
+  double circumference = 0;
+  double bandWidth = 0;
+  double traverseLength = 0;
+  double wrapAngle = 0;     // mandrel turn at each end
+  double highestAngle = 0;  // patterns of this winding angle and above are not listed
+};
+
+// `passes` passes close a circuit, and `groups` circuits lay the bands side by side: passes times groups
+// bands cover the mandrel.
+struct Pattern {
+  double passes = 0;
+  double groups = 0;
+  double angle = 0;  // degrees, two decimals
+
+  bool blank() const { return passes == 0; }
+};
+
+// The closing patterns by rising passes, a blank one behind each run of equal passes; 100 entries at most.
+std::vector<Pattern> ClosingPatterns(NumberSigns signs, const PatternPart& part);
+
+// "18.12 | 4 x 12 | 180" and the degree sign; a blank pattern gives an empty text.
+std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAngle);
+
+// Leaves a pattern's fields in `gTagFields`: angle, passes, groups, end wrap angle.
+void SplitPatternFields(DesignState& s, std::string_view text);
+
+// The number in a text less its last character, the degree sign.
+Number Degrees(const DesignState& s, const Field& field);
+
+// Turn of the mandrel, degrees, across which a straight band tangent to the polar opening passes over the
+// end.
+Number GrazingAngle(Number diameter, Number openingDiameter);
+
+// Rebuilds the list of a row. The pattern that the row had in its file stays chosen while the list still
+// offers its angle; otherwise the row needs a choice.
+void PopulatePatternCombo(DesignState& s, int row);
+
+// All lists, then all rows.
+void Refresh4AXGrid(DesignState& s);
+
+// "FLAT", "HEMI" and "2AX" by their index 0 to 2: throws the rows' patterns away and refills their lists.
+void SelectPartType(DesignState& s, int index);
+
+void EnablePhiAndPhiSplitCombos(DesignState& s, bool enable);
+
+}  // namespace torvane

@@ -1,0 +1,205 @@
+#include "gcode/three_axis_program.h"
+
+#include "calc/four_axis.h"
+#include "design/units.h"
+#include "gcode/dialect.h"
+#include "gcode/hoop.h"
+#include "gcode/two_axis_program.h"
+
+namespace torvane {
+
+namespace {
+
+using dialect::HeadTurn;
+using dialect::Register;
+
+constexpr int kLinesOfPass = 7;
+constexpr Mask kMask = dialect::kFourAxisMask;
+
+// What the layers of one program share.
+struct Schedule {
+  GCodeSession& session;
+  int layers = 0;
+  Kept timeLeft{};
+  Kept windingAngle{};
+  Kept headRotation{};
+};
+
+// One layer: its display, and the head's swing to either side.
+struct Layer {
+  int number = 0;
+  Number passes = Number::Failure();
+  Number windingAngle = 0;
+  MaybeText rpm{}, speed{};
+  HeadTurn toFar{}, toHome{}, toMiddle{};
+  dialect::LayerDisplay display{};
+};
+
+MaybeText PlainOf(const DesignState& s, const Field& field) { return TextOf(s.signs, number(field).plain()); }
+
+Layer LayerOf(Schedule& schedule, int number_) {
+  const DesignState& s = schedule.session.s;
+  Layer layer;
+  layer.number = number_;
+  layer.passes = number(s.lblNPasses(number_));
+  layer.rpm = PlainOf(s, s.lblRPM(number_));
+  layer.speed = PlainOf(s, s.lblcSpeed(number_));
+
+  schedule.windingAngle = number(s.cmbPattern(number_));
+  layer.windingAngle = schedule.windingAngle;
+  const Number far = 90 - layer.windingAngle + 5;
+  const Number home = -90 + layer.windingAngle - 5;
+  const Number radius = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
+  schedule.headRotation =
+      0.75 * (number(s.lblcSpeed(number_)) * Abs(far) * Tan(layer.windingAngle * kPi / 180) / radius) * 60 /
+      360;
+  const Masked rotation = Number(schedule.headRotation).as(kMask);
+  layer.toFar = {rotation, far.as(kMask)};
+  layer.toHome = {rotation, home.as(kMask)};
+  layer.toMiddle = {rotation, Number(0).as(kMask)};
+
+  dialect::LayerDisplay& d = layer.display;
+  d.layer = number_;
+  d.layers = s.txtNumberOfLayers(1).text();
+  d.passes = PlainOf(s, s.lblNPasses(number_));
+  d.rpm = layer.rpm;
+  d.carriageSpeed = layer.speed;
+  d.angle = PlainOf(s, s.cmbPattern(number_));
+  d.method = "ms";
+  d.leftDiameter = PlainOf(s, s.txtDia(0));
+  d.bandWidth = PlainOf(s, s.txtBandWidth(1));
+  d.leftOffset = {true, {}};
+  return layer;
+}
+
+void ExtraTurn(GCodeSession& session, const Field& setting) {
+  if (setting.text() == "Y") dialect::Dwell(session.program, "360", "Add Extra 360 deg.");
+}
+
+void WritePassHead(Program& p, const Layer& layer, int pass) {
+  dialect::EmptyLine(p);
+  dialect::CommentLine(p, "Layer ", layer.number, " : Pass ", pass);
+}
+
+void WriteFirstPass(GCodeSession& session, const Layer& layer, const MaybeText& minutesLeft) {
+  const DesignState& s = session.s;
+  Program& p = session.program;
+  WritePassHead(p, layer, 1);
+  dialect::LayerDisplay display = layer.display;
+  display.showsOffset = false;
+  dialect::ShowLayer(p, display, 1, &minutesLeft);
+  dialect::Turn(p, layer.rpm, "Mandrel CW Rotation");
+  dialect::Dwell(p, "360", "360 DEG AT START");
+  dialect::Save(p, Register::HomeEnd,
+                "Save the Mandrel Home End Reference Angle at Start of First Pass to Register L602");
+  dialect::MoveTurning(p, layer.speed, s.gFarEndZ.text(), layer.toFar, "Move Far End");
+  dialect::DwellTurning(p, "360", layer.toMiddle, "Dwell Far End");
+  ExtraTurn(session, s.txt3AX1stPass360);
+  dialect::Save(p, Register::FarEnd, "Save Mandrel Ref Angle");
+  dialect::MoveTurning(p, layer.speed, s.gHomeEndZ.text(), layer.toHome, "Move Home End");
+  dialect::DwellTurning(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, 1),
+                        layer.toMiddle, "Dwell Home End");
+  ExtraTurn(session, s.txt3AX1stPass360);
+}
+
+void WriteLaterPass(GCodeSession& session, const Layer& layer, int pass) {
+  const DesignState& s = session.s;
+  Program& p = session.program;
+  WritePassHead(p, layer, pass);
+  dialect::ShowLayer(p, layer.display, pass, nullptr);
+  dialect::MoveTurningAtLastSpeed(p, s.gFarEndZ.text(), layer.toFar, "Move Far End");
+  dialect::DwellTurning(p, Register::FarEnd, MandrelShiftAngleText(s, "F", layer.windingAngle, pass - 1),
+                        layer.toMiddle, "Dwell Far End");
+  ExtraTurn(session, s.txt2AXAdd360YN);
+  dialect::MoveTurningAtLastSpeed(p, s.gHomeEndZ.text(), layer.toHome, "Move Home End");
+  dialect::DwellTurning(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, pass),
+                        layer.toMiddle, "Dwell Home End");
+  ExtraTurn(session, s.txt2AXAdd360YN);
+}
+
+MaybeText MinutesLeft(Schedule& schedule, int layer) {
+  const DesignState& s = schedule.session.s;
+  const Field& total = s.lblMinutes(IndexSet::kAllRows);
+  if (layer == 1) {
+    schedule.timeLeft = number(total);
+    return {true, total.text()};
+  }
+  schedule.timeLeft = schedule.timeLeft - number(s.lblMinutes(schedule.layers - layer + 1));
+  return TextOf(s.signs, Number(schedule.timeLeft).plain());
+}
+
+void WritePasses(Schedule& schedule, Layer& layer) {
+  GCodeSession& session = schedule.session;
+  Program& p = session.program;
+  if (layer.passes.good()) p.BeginLayer(layer.number, layer.passes.value(), kLinesOfPass);
+  for (int pass = 1; holds(pass <= layer.passes); ++pass) {
+    if (!p.GoesOn((layer.number - 1 + pass / layer.passes.value()) / schedule.layers)) return;
+    if (pass == 1) {
+      WriteFirstPass(session, layer, MinutesLeft(schedule, layer.number));
+      layer.display.angle = {true, session.s.cmbPattern(layer.number).text()};
+    } else {
+      WriteLaterPass(session, layer, pass);
+    }
+  }
+}
+
+void WriteHoop(GCodeSession& session, Layer& layer) {
+  DesignState& s = session.s;
+  const int n = layer.number;
+  s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
+  CalculateAndShow(s, s.gWindAngle, "HOOP", n);
+  layer.display.rpm = {true, s.lblRPM(n).text()};
+  layer.display.carriageSpeed = {true, s.lblcSpeed(n).text()};
+  WriteHoopHead(session, n, layer.display);
+  WriteHoopLayer(session, n);
+}
+
+void WriteAdvanceToNextLayer(GCodeSession& session, const Layer& layer) {
+  const DesignState& s = session.s;
+  Program& p = session.program;
+  const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
+  if (!s.chkShiftLayer || !holds(layer.number != number(s.txtNumberOfLayers(1))) || !holds(rotation != 0))
+    return;
+  dialect::EmptyLine(p);
+  dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");
+  dialect::Turn(p, PlainOf(s, s.lblRPM(layer.number)), "Mandrel RPM");
+  dialect::Dwell(p, rotation.plain(), "Winding layer Complete, Advance Mandrel by User Defined ",
+                 rotation.plain(), " deg.");
+}
+
+}  // namespace
+
+void WriteThreeAxisProgram(GCodeSession& session) {
+  DesignState& s = session.s;
+  Program& p = session.program;
+  if (!s.chkWindingSchedule.checked()) return;
+  const std::string left = s.txtZ4(0).through("###0.00"_mask);
+  const std::string right = s.txtZ4(3).through("###0.00"_mask);
+  s.gFarEndZ = s.gIsLHDrive ? right : left;
+  s.gHomeEndZ = s.gIsLHDrive ? left : right;
+  // The dwells are worked from the diameters of the part in hand.
+  s.Diameter_Left.CopyFrom(s.txtDia(0));
+  s.Diameter_Right.CopyFrom(s.txtDia(1));
+
+  dialect::EmptyLine(p);
+  dialect::CommentLine(
+      p, "BEGIN 3-AXIS WINDING WITH DH ROTARY MOVEMENT -------------------------------------------------- ");
+  dialect::ShowStage(p, "Winding Schedule");
+  dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
+  Schedule schedule{session, RowsOf(s.txtNumberOfLayers(1))};
+  for (int n = 1; n <= schedule.layers && p.refusal().empty(); ++n) {
+    Layer layer = LayerOf(schedule, n);
+    if (s.cmbPattern(n).text() == "HOOP")
+      WriteHoop(session, layer);
+    else
+      WritePasses(schedule, layer);
+    WriteAdvanceToNextLayer(session, layer);
+    dialect::EmptyLine(p);
+  }
+  dialect::EmptyLine(p);
+  dialect::ShowMessage(p, "Winding_Process_Complete");
+  dialect::Stop(p, "Mandrel Stop - Winding Complete");
+  dialect::EmptyLine(p);
+}
+
+}  // namespace torvane
