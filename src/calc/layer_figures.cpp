@@ -20,7 +20,7 @@ void WritePasses(const DesignState& s, Field& passes, Number diameter, Number wi
   const Number base = Int(diameter * kPi * Cos(windingAngle * kPi / 180) / bandWidth);
   const Number added = number(s.txtAddPasses);
   if (holds(added > 0)) {
-    passes = (base + added + 1).plain();
+    passes = Whole(base + added + 1).plain();
     passes.SetBold(true);
   } else {
     passes = (base + 1).plain();

@@ -29,8 +29,8 @@ struct Factors {
   double a, b;
 };
 
-// The ways to lay `bands` bands as passes times groups, by rising passes: 2 and more passes, 2 and more
-// groups but for two bands.
+// The ways to lay `bands` bands as groups times circuits, by rising groups: two and more of each, but for two
+// bands.
 void Factorise(double bands, std::vector<Factors>& table) {
   table.clear();
   if (!(bands >= 2 && bands <= kMostBands)) return;
@@ -80,7 +80,7 @@ std::vector<Pattern> Sorted(const std::vector<Pattern>& found) {
   for (int a = 1; a <= static_cast<int>(kMostRows); ++a) {
     const std::size_t before = list.size();
     std::copy_if(found.begin(), found.end(), std::back_inserter(list),
-                 [a](const Pattern& pattern) { return pattern.passes == a; });
+                 [a](const Pattern& pattern) { return pattern.groups == a; });
     if (list.size() > before) list.emplace_back();
   }
   if (list.size() > kMostRows) list.resize(kMostRows);
@@ -154,7 +154,7 @@ std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAn
   if (pattern.blank()) return {};
   std::string text = NumberToText(signs, pattern.angle);
   if (text.size() == 4) text += '0';
-  return text + " | " + NumberToText(signs, pattern.passes) + " x " + NumberToText(signs, pattern.groups) +
+  return text + " | " + NumberToText(signs, pattern.groups) + " x " + NumberToText(signs, pattern.circuits) +
          " | " + NumberToText(signs, wrapAngle) + "\xB0";
 }
 

@@ -19,23 +19,23 @@ struct PatternPart {
   double highestAngle = 0;  // patterns of this winding angle and above are not listed
 };
 
-// `passes` passes close a circuit, and `groups` circuits lay the bands side by side: passes times groups
-// bands cover the mandrel.
+// A circuit of `groups` passes lays one band in each of as many places round the mandrel; `circuits` circuits
+// lay the bands of a group side by side until the groups meet.
 struct Pattern {
-  double passes = 0;
   double groups = 0;
+  double circuits = 0;
   double angle = 0;  // degrees, two decimals
 
-  bool blank() const { return passes == 0; }
+  bool blank() const { return groups == 0; }
 };
 
-// The closing patterns by rising passes, a blank one behind each run of equal passes; 100 entries at most.
+// The closing patterns by rising groups, a blank one behind each run of equal groups; 100 entries at most.
 std::vector<Pattern> ClosingPatterns(NumberSigns signs, const PatternPart& part);
 
 // "18.12 | 4 x 12 | 180" and the degree sign; a blank pattern gives an empty text.
 std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAngle);
 
-// Leaves a pattern's fields in `gTagFields`: angle, passes, groups, end wrap angle.
+// Leaves a pattern's fields in `gTagFields`: angle, groups, circuits, end wrap angle.
 void SplitPatternFields(DesignState& s, std::string_view text);
 
 // The number in a text less its last character, the degree sign.

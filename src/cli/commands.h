@@ -17,6 +17,16 @@ int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoFor
 // Opens a design and saves it again under another name.
 int RunConvert(Computer& computer, const std::string& design, const std::string& out);
 
+// A part without a design: lengths and degrees as typed.
+struct PatternOptions {
+  std::string diameter, band, length;
+  std::string wrap = "180", limit = "25", opening = "0";
+  bool millimetres = false;
+  bool json = false;
+};
+// Prints the patterns that close on a part, with the time and filament of each at the default speeds.
+int RunPatterns(Computer& computer, const PatternOptions& options);
+
 int RunSettingList(Computer& computer);
 int RunSettingGet(Computer& computer, const std::string& section, const std::string& key);
 int RunSettingSet(Computer& computer, const std::string& section, const std::string& key,

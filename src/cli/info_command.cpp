@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <span>
 
 #include "cli/commands.h"
 #include "cli/designs.h"
@@ -28,6 +29,12 @@ nlohmann::ordered_json Everything(DesignState& s) {
     object[NameOf(field)] = Report(row.kind, field);
   });
   for (const std::string& name : ReportedValues()) object[name] = FindValue(s, name).text;
+  if (!s.gShow4Axis) return object;
+  for (int row = 1; row <= rows; ++row) {
+    auto list = nlohmann::ordered_json::array();
+    for (const std::string& entry : s.cmbPattern(row).entries()) list.push_back(ToUtf8(entry));
+    object["list(" + std::to_string(row) + ")"] = list;
+  }
   return object;
 }
 
@@ -44,66 +51,114 @@ void PrintPair(const char* caption, const std::string& value, const char* unit) 
   std::printf("  %-20s %s %s\n", caption, Padded(value, 10, true).c_str(), unit);
 }
 
+// A column of the layers; its unit follows the design's where there are two.
 struct Column {
   const char* heading;
   FieldArray Fields::*field;
   int width;
   bool right;
+  const char* unitInches = "";
+  const char* unitMillimetres = unitInches;
 };
 
-constexpr Column kColumns[] = {
-    {"Type", &Fields::cmb2AxisLayerType, 7, false},   {"Angle", &Fields::txtWA, 7, true},
-    {"Speed", &Fields::cmbSpeed, 6, false},           {"Method", &Fields::cmbMethod, 7, false},
-    {"Wrap", &Fields::txtAddRevs, 6, true},           {"Mandrel", &Fields::txtMRPM, 8, true},
-    {"Carriage", &Fields::txtCarriageSpeed, 9, true}, {"Passes", &Fields::lblPassesToCover, 7, true},
-    {"Minutes", &Fields::lblMinutesToCover, 8, true}, {"Length", &Fields::lblLengthToCover, 9, true},
+constexpr Column kTwoAxisColumns[] = {
+    {"Type", &Fields::cmb2AxisLayerType, 7, false},
+    {"Angle", &Fields::txtWA, 7, true, "deg"},
+    {"Speed", &Fields::cmbSpeed, 6, false},
+    {"Method", &Fields::cmbMethod, 7, false},
+    {"Wrap", &Fields::txtAddRevs, 6, true, "deg"},
+    {"Mandrel", &Fields::txtMRPM, 8, true, "RPM"},
+    {"Carriage", &Fields::txtCarriageSpeed, 9, true, "in/s", "mm/s"},
+    {"Passes", &Fields::lblPassesToCover, 7, true},
+    {"Minutes", &Fields::lblMinutesToCover, 8, true},
+    {"Length", &Fields::lblLengthToCover, 9, true, "ft", "m"},
 };
 
-void PrintRow(const DesignState& s, int row, const std::string& number) {
+constexpr Column kFourAxisColumns[] = {
+    {"Type", &Fields::cmb3D, 5, false},
+    {"Pattern", &Fields::cmbPattern, 24, false},
+    {"Wrap", &Fields::cmbPhiW, 5, true},
+    {"Split", &Fields::cmbPhiSplit, 5, true},
+    {"Pause", &Fields::chkPause, 5, true},
+    {"Mandrel", &Fields::lblRPM, 8, true, "RPM"},
+    {"Carriage", &Fields::lblcSpeed, 9, true, "in/s", "mm/s"},
+    {"Passes", &Fields::lblNPasses, 7, true},
+    {"Minutes", &Fields::lblMinutes, 8, true},
+    {"Length", &Fields::lblLength, 9, true, "ft", "m"},
+};
+
+using Columns = std::span<const Column>;
+
+void PrintRow(const DesignState& s, Columns columns, int row, const std::string& number) {
   std::printf("  %s", Padded(number, 5, true).c_str());
-  for (const Column& column : kColumns)
+  for (const Column& column : columns)
     std::printf(" %s", Padded(ToUtf8((s.*column.field)(row).text()), column.width, column.right).c_str());
   std::printf("\n");
 }
 
-void PrintTable(const DesignState& s) {
-  const bool inches = s.InInches();
-  const char* length = inches ? "in" : "mm";
-  std::printf("%s\n", ToUtf8(s.gFileName.text()).c_str());
+void PrintLayers(const DesignState& s, Columns columns) {
+  std::printf("\n  Layer");
+  for (const Column& column : columns)
+    std::printf(" %s", Padded(column.heading, column.width, column.right).c_str());
+  std::printf("\n       ");
+  for (const Column& column : columns)
+    std::printf(" %s",
+                Padded(s.InInches() ? column.unitInches : column.unitMillimetres, column.width, column.right)
+                    .c_str());
+  std::printf("\n");
+  const int rows = RowsOf(s.txtNumberOfLayers(s.Panel()));
+  for (int row = 1; row <= rows; ++row) PrintRow(s, columns, row, std::to_string(row));
+  PrintRow(s, columns, IndexSet::kAllRows, "Total");
+  std::printf("\n");
+}
+
+void PrintTwoAxisPart(const DesignState& s, const char* length) {
   PrintPair("Left diameter", s.txtDiameterLeft.text(), length);
   PrintPair("Right diameter", s.txtDiameterRight.text(), length);
   PrintPair("Total length", s.txtLengthTotal(0).text(), length);
   PrintPair("Left stop", s.txtZ2(0).text(), length);
   PrintPair("Right stop", s.txtZ2(1).text(), length);
   PrintPair("Winding length", s.txtZ2(2).text(), length);
-  PrintPair("Band width", s.txtBandWidth(0).text(), "in");
-  PrintPair("", s.txtBandWidthMM(0).text(), "mm");
-  PrintPair("Band thickness", s.txtBandThickness(0).text(), "in");
-  PrintPair("", s.txtBandThicknessMM(0).text(), "mm");
-  PrintPair("Number of Layers", s.txtNumberOfLayers(0).text(), "");
-  std::printf("\n  Layer");
-  for (const Column& column : kColumns)
-    std::printf(" %s", Padded(column.heading, column.width, column.right).c_str());
-  std::printf("\n       ");
-  for (const Column& column : kColumns) {
-    const std::string_view heading = column.heading;
-    const char* unit = heading == "Angle" || heading == "Wrap" ? "deg"
-                       : heading == "Mandrel"                  ? "RPM"
-                       : heading == "Carriage"                 ? (inches ? "in/s" : "mm/s")
-                       : heading == "Length"                   ? (inches ? "ft" : "m")
-                                                               : "";
-    std::printf(" %s", Padded(unit, column.width, column.right).c_str());
+}
+
+void PrintFourAxisPart(const DesignState& s, const char* length) {
+  PrintPair("Part type", s.gPartType.text(), "");
+  PrintPair("Left diameter", s.txtDia(0).text(), length);
+  PrintPair("Right diameter", s.txtDia(1).text(), length);
+  PrintPair("Left Z", s.txtZ4(0).text(), length);
+  PrintPair("Inner left Z", s.txtZ4(1).text(), length);
+  PrintPair("Inner right Z", s.txtZ4(2).text(), length);
+  PrintPair("Right Z", s.txtZ4(3).text(), length);
+  PrintPair("Length", s.lblLengthTotal.text(), length);
+  PrintPair("Left polar opening", s.txtPODia(0).text(), length);
+  PrintPair("Right polar opening", s.txtPODia(1).text(), length);
+  PrintPair("Grazing angle", ToUtf8(s.lblGrazeAngle.text()), "");
+  PrintPair("Winding rate", s.cmbRate.text(), "");
+}
+
+void PrintTable(const DesignState& s) {
+  const bool inches = s.InInches();
+  const char* length = inches ? "in" : "mm";
+  const int panel = s.Panel();
+  std::printf("%s\n", ToUtf8(s.gFileName.text()).c_str());
+  if (s.gShow4Axis)
+    PrintFourAxisPart(s, length);
+  else
+    PrintTwoAxisPart(s, length);
+  PrintPair("Band width", s.txtBandWidth(panel).text(), "in");
+  PrintPair("", s.txtBandWidthMM(panel).text(), "mm");
+  PrintPair("Band thickness", s.txtBandThickness(panel).text(), "in");
+  PrintPair("", s.txtBandThicknessMM(panel).text(), "mm");
+  PrintPair("Number of Layers", s.txtNumberOfLayers(panel).text(), "");
+  PrintLayers(s, s.gShow4Axis ? Columns(kFourAxisColumns) : Columns(kTwoAxisColumns));
+  if (!s.gShow4Axis) {
+    PrintPair("Est. Build Time", s.lblBuildTime(0).text(), "min");
+    PrintPair("Filament Length", s.lblLengthRequired(0).text(), inches ? "ft" : "m");
+    PrintPair("Wall Thickness", s.lblFinalThickness(0).text(), "in");
+    PrintPair("Part Volume", s.lblFilamentVOlume(0).text(), inches ? "cu in" : "cc");
+    PrintPair("Est. Total Wgt.", s.lblEstWeight(0).text(), "lb");
+    PrintPair("Est. Glue Wgt.", s.lblTotalGlueWgt(0).text(), "g");
   }
-  std::printf("\n");
-  for (int row = 1; row <= RowsOf(s.txtNumberOfLayers(0)); ++row) PrintRow(s, row, std::to_string(row));
-  PrintRow(s, IndexSet::kAllRows, "Total");
-  std::printf("\n");
-  PrintPair("Est. Build Time", s.lblBuildTime(0).text(), "min");
-  PrintPair("Filament Length", s.lblLengthRequired(0).text(), inches ? "ft" : "m");
-  PrintPair("Wall Thickness", s.lblFinalThickness(0).text(), "in");
-  PrintPair("Part Volume", s.lblFilamentVOlume(0).text(), inches ? "cu in" : "cc");
-  PrintPair("Est. Total Wgt.", s.lblEstWeight(0).text(), "lb");
-  PrintPair("Est. Glue Wgt.", s.lblTotalGlueWgt(0).text(), "g");
   std::printf("  Program declares %d h %d min\n", s.gBuildHours, s.gBuildMinutes);
 }
 
@@ -113,11 +168,12 @@ void PrintBriefHead() {
 
 void PrintBrief(const DesignState& s) {
   const int all = IndexSet::kAllRows;
-  const int panel = s.Panel();
+  const bool four = s.gShow4Axis;
   std::printf("%s %6s %7s %9s %9s %s\n", Padded(ToUtf8(s.gFileName.text()), 28, false).c_str(),
-              s.txtNumberOfLayers(panel).text().c_str(), s.lblPassesToCover(all).text().c_str(),
-              s.lblMinutesToCover(all).text().c_str(), s.lblLengthToCover(all).text().c_str(),
-              s.InInches() ? "ft" : "m");
+              s.txtNumberOfLayers(s.Panel()).text().c_str(),
+              (four ? s.lblNPasses : s.lblPassesToCover)(all).text().c_str(),
+              (four ? s.lblMinutes : s.lblMinutesToCover)(all).text().c_str(),
+              (four ? s.lblLength : s.lblLengthToCover)(all).text().c_str(), s.InInches() ? "ft" : "m");
 }
 
 }  // namespace

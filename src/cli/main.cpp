@@ -30,12 +30,13 @@ struct Arguments {
   bool brief = false;
   std::string section, key, value;
   std::string script;
+  PatternOptions patterns;
 };
 
 using Command = std::function<int(Computer&)>;
 
 void AddDesigns(CLI::App& command, Arguments& a) {
-  command.add_option("DESIGN", a.designs, "Design files (.t2d)")->required();
+  command.add_option("DESIGN", a.designs, "Design files (.t2d, .t4d)")->required();
 }
 
 void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
@@ -62,6 +63,17 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
   convert->add_option("DESIGN", a.design, "The design file")->required();
   convert->add_option("OUT", a.out, "The file to write")->required();
+
+  CLI::App* patterns = add(app, "patterns", "List the winding patterns that close on a part",
+                           [&a](Computer& c) { return RunPatterns(c, a.patterns); });
+  patterns->add_option("--diameter", a.patterns.diameter, "Of the mandrel")->required();
+  patterns->add_option("--band", a.patterns.band, "Width of the filament band")->required();
+  patterns->add_option("--length", a.patterns.length, "Of a traverse")->required();
+  patterns->add_option("--wrap", a.patterns.wrap, "End wrap angle, degrees [180]");
+  patterns->add_option("--limit", a.patterns.limit, "Patterns below this winding angle, degrees [25]");
+  patterns->add_option("--opening", a.patterns.opening, "Polar opening diameter [0]");
+  patterns->add_flag("--mm", a.patterns.millimetres, "Lengths are millimetres, not inches");
+  patterns->add_flag("--json", a.patterns.json, "As one JSON object");
 
   CLI::App* setting = app.add_subcommand("setting", "The station's settings");
   setting->require_subcommand(1);

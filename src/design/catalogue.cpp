@@ -187,7 +187,7 @@ constexpr FieldRow kCatalogue[] = {
     {"lblStatusBar1", &Fields::lblStatusBar1, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblStatusBar2", &Fields::lblStatusBar2, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblVersion", &Fields::lblVersion, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblUnits", &Fields::lblUnits, Kind::Caption, UsedBy::Window, {}, ""},
+    {"lblUnits", &Fields::lblUnits, Kind::Caption, UsedBy::Window, UpTo(0), ""},
     {"lbl2or4AX", &Fields::lbl2or4AX, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblLengthHeading", &Fields::lblLengthHeading, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblCarriageSpeedHeading", &Fields::lblCarriageSpeedHeading, Kind::Caption, UsedBy::Window, {}, ""},

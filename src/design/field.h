@@ -59,7 +59,9 @@ class Field {
   bool empty() const { return text_.empty(); }
   Number number() const;
   // The text under a mask; a text that is no number as it stands.
-  std::string through(Mask mask) const { return FormatNumberText(owner_->signs, text_, mask); }
+  std::string through(Mask mask) const {
+    return exists() ? FormatNumberText(owner_->signs, text_, mask) : std::string();
+  }
   // Of a check box or option.
   bool checked() const { return text_ == "1" || text_ == "True"; }
 

@@ -72,7 +72,8 @@ struct Fields {
   FieldArray lblNumberOfLayers;
 
   // What the window says of itself.
-  Field frmMain, lblStatusBar1, lblStatusBar2, lblVersion, lblUnits, lbl2or4AX;
+  Field frmMain, lblStatusBar1, lblStatusBar2, lblVersion, lbl2or4AX;
+  FieldArray lblUnits;
   Field lblLengthHeading, lblCarriageSpeedHeading, lblSpeedUnits, lblLengthUnits;
   Field lblPatternHeading;  // "Label1(47)"
   Field lblLengthHeading4Ax, lblCarriageSpeedHeading4Ax;

@@ -176,10 +176,12 @@ bool TooSmall(std::string_view plain) {
   if (firstDigit == std::string_view::npos) return true;
   const auto point = std::min(mantissa.find('.'), mantissa.size());
   if (e == std::string_view::npos) return firstDigit > point;
-  long power = 0;
+  // A power beyond this outweighs every mantissa that a file can hold.
+  constexpr long kHugePower = 1'000'000'000'000;
+  long power = kHugePower;
   const auto start = e + 1 + (plain[e + 1] == '+' || plain[e + 1] == '-' ? 1 : 0);
-  const auto read = std::from_chars(plain.data() + start, plain.data() + plain.size(), power);
-  if (read.ec != std::errc()) return negativePower;
+  std::from_chars(plain.data() + start, plain.data() + plain.size(), power);
+  power = std::min(power, kHugePower);
   const long place = static_cast<long>(point) - static_cast<long>(firstDigit);
   return (negativePower ? -power : power) + place < 0;
 }

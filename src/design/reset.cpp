@@ -4,9 +4,6 @@ namespace torvane {
 
 namespace {
 
-constexpr const char* kWrap = "180\xB0";
-constexpr const char* kSplit = "45\xB0";
-
 void BlankTwoAxisRow(DesignState& s, int row) {
   s.txtWA(row) = "";
   s.txtRight(row) = "";
@@ -81,8 +78,8 @@ void BlankFourAxes(DesignState& s) {
     s.lblMinutes(row) = "";
     s.lblLength(row) = "";
     s.chkPause(row) = "0";
-    s.cmbPhiW(row) = kWrap;
-    s.cmbPhiSplit(row) = kSplit;
+    s.cmbPhiW(row) = kDefaultWrap;
+    s.cmbPhiSplit(row) = kDefaultSplit;
   }
   const bool pauseOfFirstRow = s.chkPause(1).shown();
   for (int row = 1; row <= 18; ++row) ShowFourAxisRow(s, row, row <= 15);

@@ -5,6 +5,11 @@
 
 namespace torvane {
 
+inline constexpr char kDegreeSign = '\xB0';
+// End wrap and split angle of a blank row.
+inline constexpr const char* kDefaultWrap = "180\xB0";
+inline constexpr const char* kDefaultSplit = "45\xB0";
+
 // Blanks the design fields of one family: 2 the two-axis family, any other value the four-axis family.
 void BlankInputs(DesignState& s, int axes);
 

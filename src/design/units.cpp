@@ -25,7 +25,7 @@ void ShowUnits(DesignState& s, std::string_view inches) {
   s.mnuINCH = isInches;
   s.mnuMM = !isInches;
   s.gUnits = isInches ? "in" : "mm";
-  s.lblUnits = isInches ? "in" : "mm";
+  s.lblUnits(0) = isInches ? "in" : "mm";
   s.lblLengthHeading = isInches ? "Length (ft)" : "Length (meters)";
   s.lblCarriageSpeedHeading = isInches ? "Carriage Speed (in/s)" : "Carriage Speed (mm/s)";
   s.lblSpeedUnits = isInches ? "(in/s)" : "(mm/s)";

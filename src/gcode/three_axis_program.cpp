@@ -13,7 +13,8 @@ namespace {
 using dialect::HeadTurn;
 using dialect::Register;
 
-constexpr int kLinesOfPass = 7;
+// Lines of a pass whatever of it fails: an empty one and its head.
+constexpr int kLinesOfPass = 2;
 constexpr Mask kMask = dialect::kFourAxisMask;
 
 // What the layers of one program share.
@@ -37,34 +38,33 @@ struct Layer {
 
 MaybeText PlainOf(const DesignState& s, const Field& field) { return TextOf(s.signs, number(field).plain()); }
 
-Layer LayerOf(Schedule& schedule, int number_) {
+Layer LayerOf(Schedule& schedule, int n) {
   const DesignState& s = schedule.session.s;
   Layer layer;
-  layer.number = number_;
-  layer.passes = number(s.lblNPasses(number_));
-  layer.rpm = PlainOf(s, s.lblRPM(number_));
-  layer.speed = PlainOf(s, s.lblcSpeed(number_));
+  layer.number = n;
+  layer.passes = number(s.lblNPasses(n));
+  layer.rpm = PlainOf(s, s.lblRPM(n));
+  layer.speed = PlainOf(s, s.lblcSpeed(n));
 
-  schedule.windingAngle = number(s.cmbPattern(number_));
+  schedule.windingAngle = number(s.cmbPattern(n));
   layer.windingAngle = schedule.windingAngle;
   const Number far = 90 - layer.windingAngle + 5;
   const Number home = -90 + layer.windingAngle - 5;
   const Number radius = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
   schedule.headRotation =
-      0.75 * (number(s.lblcSpeed(number_)) * Abs(far) * Tan(layer.windingAngle * kPi / 180) / radius) * 60 /
-      360;
+      0.75 * (number(s.lblcSpeed(n)) * Abs(far) * Tan(layer.windingAngle * kPi / 180) / radius) * 60 / 360;
   const Masked rotation = Number(schedule.headRotation).as(kMask);
   layer.toFar = {rotation, far.as(kMask)};
   layer.toHome = {rotation, home.as(kMask)};
   layer.toMiddle = {rotation, Number(0).as(kMask)};
 
   dialect::LayerDisplay& d = layer.display;
-  d.layer = number_;
+  d.layer = n;
   d.layers = s.txtNumberOfLayers(1).text();
-  d.passes = PlainOf(s, s.lblNPasses(number_));
+  d.passes = PlainOf(s, s.lblNPasses(n));
   d.rpm = layer.rpm;
   d.carriageSpeed = layer.speed;
-  d.angle = PlainOf(s, s.cmbPattern(number_));
+  d.angle = PlainOf(s, s.cmbPattern(n));
   d.method = "ms";
   d.leftDiameter = PlainOf(s, s.txtDia(0));
   d.bandWidth = PlainOf(s, s.txtBandWidth(1));

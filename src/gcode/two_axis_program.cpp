@@ -54,9 +54,17 @@ struct Layer {
 };
 
 // A wrap of a fraction of a degree shows nothing under the mask; the dwell is written all the same.
+void WriteAddedWrap(const Layer& layer, std::string_view comment) {
+  dialect::Dwell(layer.p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
+}
+
 void AddedWrap(const Layer& layer, std::string_view comment) {
-  if (layer.hasAddedWrap && holds(layer.addedWrap != 0))
-    dialect::Dwell(layer.p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
+  if (layer.hasAddedWrap && holds(layer.addedWrap != 0)) WriteAddedWrap(layer, comment);
+}
+
+// Where the carriage shifts, a negative wrap counts as none.
+void PositiveAddedWrap(const Layer& layer, std::string_view comment) {
+  if (layer.hasAddedWrap && holds(layer.addedWrap > 0)) WriteAddedWrap(layer, comment);
 }
 
 void ExtraTurnOfFirstPass(const Layer& layer) {
@@ -100,19 +108,14 @@ void WriteCarriageShiftPass(const Layer& layer, int pass) {
   const Number shift = (pass - 1) * (bandWidth / Sin(layer.windingAngle * kPi / 180));
   const Number right = number(LayerField(s, layer.number, Column::Right));
   const Number left = number(LayerField(s, layer.number, Column::Left));
-  const bool addsWrap = layer.hasAddedWrap && holds(layer.addedWrap > 0);
-  const auto addWrap = [&](std::string_view comment) {
-    if (addsWrap)
-      dialect::Dwell(p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
-  };
 
   dialect::MoveAtLastSpeed(p, (number(s.Length_Total) - right + shift).as("######.#0"_mask), "Move to L",
                            layer.number, " Far End Right Offset Plus Carriage Shift Distance");
-  addWrap("Carriage Dwell Far End by User Defined Add'l Angle=");
+  PositiveAddedWrap(layer, "Carriage Dwell Far End by User Defined Add'l Angle=");
   dialect::DwellTo(p, Register::FarEnd, "Dwell Far End to Mandrel Ref. Angle");
   dialect::MoveAtLastSpeed(p, (left + shift).as("######.#0"_mask), "Move to L", layer.number,
                            " Home End Right Offset Plus Carriage Shift Distance");
-  addWrap("Carriage Dwell Home End by User Defined Add'l Angle=");
+  PositiveAddedWrap(layer, "Carriage Dwell Home End by User Defined Add'l Angle=");
   dialect::DwellTo(p, Register::HomeEnd, "Dwell Home End to Mandrel Ref. Angle");
 }
 
@@ -160,18 +163,18 @@ void WriteAdvanceToNextLayer(const Layer& layer) {
     dialect::DwellBehind(p, Register::HomeEnd, rotation.plain(), comment, rotation.plain(), " deg.");
 }
 
-Layer LayerOf(GCodeSession& session, int number_, Number windingAngle) {
+Layer LayerOf(GCodeSession& session, int n, Number windingAngle) {
   const DesignState& s = session.s;
-  const auto field = [&](Column column) -> const Field& { return LayerField(s, number_, column); };
+  const auto field = [&](Column column) -> const Field& { return LayerField(s, n, column); };
   const auto plain = [&s](const Field& f) { return TextOf(s.signs, number(f).plain()); };
   const std::string& method = field(Column::Method).text();
-  Layer layer{.s = s, .p = session.program, .number = number_, .windingAngle = windingAngle};
+  Layer layer{.s = s, .p = session.program, .number = n, .windingAngle = windingAngle};
   layer.passes = number(field(Column::Passes));
   layer.mandrelShift = EqualNoCase(method, "ms");
   layer.carriageShift = EqualNoCase(method, "cs");
   layer.speed = plain(field(Column::CarriageSpeed));
   layer.rpm = plain(field(Column::MandrelRPM));
-  layer.display = {number_,
+  layer.display = {n,
                    s.txtNumberOfLayers(0).text(),
                    plain(field(Column::Passes)),
                    layer.rpm,
@@ -186,21 +189,43 @@ Layer LayerOf(GCodeSession& session, int number_, Number windingAngle) {
   return layer;
 }
 
-// Lines of the shortest later pass, its empty line included.
-constexpr int kLinesOfPass = 6;
+// Lines of a later pass, its empty line included, whatever of it fails.
+constexpr int kLinesOfPass = 3;
 
-void WriteLayer(GCodeSession& session, int number_, int layers, Number windingAngle,
-                const MaybeText& minutesLeft) {
-  Layer layer = LayerOf(session, number_, windingAngle);
+// What the layers of one program share.
+struct Schedule {
+  GCodeSession& session;
+  int layers = 0;
+  Kept windingAngle{};
+  Kept timeLeft{};  // minutes
+};
+
+// Minutes left in the build when a layer's first pass begins. The rows are taken from the end of the schedule
+// backward.
+MaybeText MinutesLeft(Schedule& schedule, int layer) {
+  const DesignState& s = schedule.session.s;
+  const Field& total = s.lblMinutesToCover(IndexSet::kAllRows);
+  if (layer == 1) {
+    schedule.timeLeft = number(total);
+    return {true, total.text()};
+  }
+  schedule.timeLeft = schedule.timeLeft - number(s.lblMinutesToCover(schedule.layers - layer + 1));
+  return TextOf(s.signs, Number(schedule.timeLeft).plain());
+}
+
+void WriteLayer(Schedule& schedule, int n) {
+  GCodeSession& session = schedule.session;
+  const Field& angle = LayerField(session.s, n, Column::WindingAngle);
+  schedule.windingAngle = number(angle);
+  Layer layer = LayerOf(session, n, schedule.windingAngle);
   Program& p = session.program;
   WriteLayerHead(layer);
-  if (layer.passes.good()) p.BeginLayer(number_, layer.passes.value(), kLinesOfPass);
+  if (layer.passes.good()) p.BeginLayer(n, layer.passes.value(), kLinesOfPass);
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
-    if (!p.GoesOn((number_ - 1 + pass / layer.passes.value()) / layers)) return;
+    if (!p.GoesOn((n - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
-      WriteFirstPass(layer, minutesLeft);
+      WriteFirstPass(layer, MinutesLeft(schedule, n));
       // A later pass shows the angle as the operator's window does.
-      const Field& angle = LayerField(session.s, number_, Column::WindingAngle);
       layer.display.angle = {angle.exists(), angle.text()};
       continue;
     }
@@ -233,22 +258,8 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   dialect::ShowStage(p, "Winding Schedule");
   dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
 
-  const int layers = RowsOf(s.txtNumberOfLayers(0));
-  Kept windingAngle;
-  Kept timeLeft;
-  for (int layer = 1; layer <= layers && p.refusal().empty(); ++layer) {
-    windingAngle = number(LayerField(s, layer, Column::WindingAngle));
-    MaybeText minutesLeft;
-    if (layer == 1) {
-      timeLeft = number(s.lblMinutesToCover(IndexSet::kAllRows));
-      minutesLeft = {true, s.lblMinutesToCover(IndexSet::kAllRows).text()};
-    } else {
-      // The rows are taken from the end of the schedule backward.
-      timeLeft = timeLeft - number(s.lblMinutesToCover(layers - layer + 1));
-      minutesLeft = TextOf(s.signs, Number(timeLeft).plain());
-    }
-    WriteLayer(session, layer, layers, windingAngle, minutesLeft);
-  }
+  Schedule schedule{session, RowsOf(s.txtNumberOfLayers(0))};
+  for (int n = 1; n <= schedule.layers && p.refusal().empty(); ++n) WriteLayer(schedule, n);
 
   dialect::EmptyLine(p);
   dialect::ShowMessage(p, "Winding_Process_Complete");

@@ -1,5 +1,8 @@
 #include "persist/settings.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "design/text.h"
 #include "design/units.h"
 
@@ -24,73 +27,73 @@ constexpr SettingTarget MandrelClass(int speedClass) {
 
 using Form = SettingForm;
 
-// key, default, target, form, at start, at exit, empty falls back, meaning
+// key, default, target, form, read at start, place at exit, empty falls back, meaning
 // clang-format off
 constexpr Setting kTable[] = {
-    {"iMaxCarriageSpeeds(1)", "2", CarriageClass(1), Form::Number, kYes, kYes, kNo, "carriage speed of class slow, in/s"},
-    {"iMaxCarriageSpeeds(2)", "4", CarriageClass(2), Form::Number, kYes, kYes, kNo, "carriage speed of class med, in/s"},
-    {"iMaxCarriageSpeeds(3)", "6", CarriageClass(3), Form::Number, kYes, kYes, kNo, "carriage speed of class fast, in/s"},
-    {"iMaxMandrelRPM(1)", "15", MandrelClass(1), Form::Number, kYes, kYes, kNo, "mandrel limit of class slow, RPM"},
-    {"iMaxMandrelRPM(2)", "30", MandrelClass(2), Form::Number, kYes, kYes, kNo, "mandrel limit of class med, RPM"},
-    {"iMaxMandrelRPM(3)", "45", MandrelClass(3), Form::Number, kYes, kYes, kNo, "mandrel limit of class fast, RPM"},
-    {"chkDontShowVideoLinks", "0", Of<&Fields::chkDontShowVideoLinks>(), Form::Text, kYes, kNo, kNo, "1 hides the video links"},
-    {"chkUpdateCellsAuto", "1", &DesignState::gAutoUpdateCells, Form::FalseIf0, kYes, kNo, kNo, "an edit of a cell recalculates its row; each start sets it to 1"},
-    {"chkShiftLayer", "1", &DesignState::chkShiftLayer, Form::FalseIf0, kYes, kNo, kNo, "0: the mandrel does not shift between layers"},
-    {"chkHeatGunApp", "1", Of<&Fields::chkHeatGunApp>(), Form::TrueIf1, kYes, kNo, kNo, "1: heat gun after the winding"},
-    {"chkPromptForHST", "1", Of<&Fields::chkPromptForHST>(), Form::TrueIf1, kYes, kNo, kNo, "1: heat shrink tape after the winding"},
-    {"chkNotify1", "0", Of<&Fields::chkNotify1>(), Form::Text, kYes, kNo, kNo, "1: a notice when the winding is complete"},
-    {"chkNotify2", "0", Of<&Fields::chkNotify2>(), Form::Text, kYes, kNo, kNo, "1: a second notice"},
-    {"txtMailServer", "", Of<&Fields::txtMailServer>(), Form::Text, kYes, kNo, kNo, "mail server of the notices"},
-    {"txtEmail1", "", Of<&Fields::txtEmail1>(), Form::Text, kYes, kNo, kNo, "first address of the notices"},
-    {"txtEmail2", "", Of<&Fields::txtEmail2>(), Form::Text, kYes, kNo, kNo, "second address of the notices"},
-    {"chkPreWrap1", "0", Of<&Fields::chkPreWrap1>(), Form::Text, kYes, kNo, kNo, "1: first pre-wrap"},
-    {"chkPreWrap2", "0", Of<&Fields::chkPreWrap2>(), Form::Text, kYes, kNo, kNo, "1: second pre-wrap, behind the first"},
-    {"txtPreWrapAdvance1", "1", FieldAt{&Fields::txtPreWrapAdvance, 1}, Form::Text, kYes, kYes, kNo, "carriage advance a revolution in pre-wrap 1, inches"},
-    {"txtPreWrapAdvance2", "1", FieldAt{&Fields::txtPreWrapAdvance, 2}, Form::Text, kYes, kYes, kNo, "carriage advance a revolution in pre-wrap 2, inches"},
-    {"cmbPreWrapRPM1", "40", FieldAt{&Fields::cmbPreWrapRPM, 1}, Form::Text, kYes, kNo, kNo, "mandrel speed of pre-wrap 1, RPM"},
-    {"cmbPreWrapRPM2", "40", FieldAt{&Fields::cmbPreWrapRPM, 2}, Form::Text, kYes, kNo, kNo, "mandrel speed of pre-wrap 2, RPM"},
-    {"txtHGSpeed", "1", Of<&Fields::txtHGSpeed>(), Form::Text, kYes, kYes, kNo, "heat gun speed, in/s"},
-    {"cmbHGRPM", "10", Of<&Fields::cmbHGRPM>(), Form::Text, kYes, kNo, kNo, "mandrel speed under the heat gun, RPM"},
-    {"cmbHSTRPM", "20", Of<&Fields::cmbHSTRPM>(), Form::Text, kYes, kNo, kNo, "mandrel speed of the tape pass, RPM"},
-    {"txtHSTWidth", "1", Of<&Fields::txtHSTWidth>(), Form::Text, kYes, kYes, kNo, "carriage advance a revolution of the tape pass, inches"},
-    {"txtLimitSwitchApproachSpeed", "1", Of<&Fields::txtLimitSwitchApproachSpeed>(), Form::Text, kYes, kYes, kYes, "carriage speed toward its limit switch, in/s"},
-    {"txtMandrelAdvanceAfterPreWrapCarriageStop", "1080", Of<&Fields::txtMandrelAdvanceAfterPreWrapCarriageStop>(), Form::Text, kYes, kYes, kYes, "mandrel turn at the end of a pre-wrap, degrees"},
-    {"txtPreWrapFullLengthYN", "Y", Of<&Fields::txtPreWrapFullLengthYN>(), Form::Text, kYes, kYes, kYes, "Y: pre-wraps run the full length"},
-    {"txtMandrelRotateAfterLayerCompletion", "0", Of<&Fields::txtMandrelRotateAfterLayerCompletion>(), Form::Text, kYes, kYes, kYes, "mandrel turn between layers, degrees"},
-    {"txtMandrelAdvanceAfterHSTCarriageStop", "1080", Of<&Fields::txtMandrelAdvanceAfterHSTCarriageStop>(), Form::Text, kYes, kYes, kYes, "mandrel turn at the end of the tape pass, degrees"},
-    {"txtHeatGunJustKeepGoingYN", "Y", Of<&Fields::txtHeatGunJustKeepGoingYN>(), Form::Text, kYes, kYes, kYes, "Y: the heat gun runs until it is stopped"},
-    {"txtAddPasses", "0", Of<&Fields::txtAddPasses>(), Form::Text, kYes, kYes, kNo, "passes added to each layer but hoops"},
-    {"txtAddExtra360AtFarEndYN", "N", Of<&Fields::txtAddExtra360AtFarEndYN>(), Form::Text, kYes, kYes, kNo, "Y: an extra turn at the ends of a layer's first pass"},
-    {"txtUseProportionalFilamentSpacingYN", "Y", Of<&Fields::txtUseProportionalFilamentSpacingYN>(), Form::Text, kYes, kYes, kNo, "N: bands are spaced by their width, else by equal parts of the circle"},
-    {"txt2AXAdd360YN", "N", Of<&Fields::txt2AXAdd360YN>(), Form::Text, kYes, kYes, kNo, "Y: an extra turn in every pass"},
-    {"txt3AX1stPass360", "Y", Of<&Fields::txt3AX1stPass360>(), Form::Text, kYes, kYes, kYes, "Y: an extra turn at the ends of the first pass, three axes"},
-    {"txtStepSize4Ax", "0.10", Of<&Fields::txtStepSize4Ax>(), Form::Text, kYes, kNo, kNo, "jog step of the four-axis family"},
-    {"txtStepSize2Ax", "0.10", Of<&Fields::txtStepSize2Ax>(), Form::Text, kYes, kNo, kNo, "jog step of the two-axis family"},
-    {"gMidAngle", "45", Of<&Fields::gMidAngle>(), Form::Text, kYes, kYes, kNo, "middle angle, degrees"},
-    {"gSplitAngle", "45", Of<&Fields::gSplitAngle>(), Form::Text, kYes, kYes, kNo, "split angle, degrees"},
-    {"gDHYtoMandrelCenter", "4.4375", Of<&Fields::gDHYtoMandrelCenter>(), Form::Text, kYes, kYes, kNo, "retracted delivery head to the mandrel's axis, inches"},
-    {"gDHStructureWidth", "2.00", Of<&Fields::gDHStructureWidth>(), Form::Text, kYes, kYes, kNo, "width of the delivery head, inches"},
-    {"gCarriageOffsetFromRMPFace", "1.875", Of<&Fields::gCarriageOffsetFromRMPFace>(), Form::Text, kYes, kYes, kNo, "carriage at its limit switch to the mandrel post, inches"},
-    {"gNoListPatternDegrees", "25", &DesignState::gNoListPatternDegrees, Form::Number, kYes, kYes, kNo, "patterns above this winding angle are not listed"},
-    {"gDelayTimeInG456ToWaitForMandrelinMS", "250", &DesignState::gDelayTimeInG456ToWaitForMandrelinMS, Form::Number, kYes, kYes, kNo, "wait for the mandrel in end wraps, milliseconds"},
-    {"gPauseBeforeHoop", "Y", Of<&Fields::gPauseBeforeHoop>(), Form::Text, kYes, kYes, kNo, "Y: a pause before each hoop layer"},
-    {"gVersionNumber", "", {}, Form::Text, kNo, kNo, kNo, "version of the station that ran last"},
-    {"mnu2Axis", "1", {}, Form::Text, kNo, kNo, kNo, "1: the two-axis family is in use, 0: the four-axis family"},
-    {"gLastFileInUse", "", Of<&Fields::gLastFileInUse>(), Form::Text, kNo, kYes, kNo, "design that the next start opens"},
-    {"Units", "", {}, Form::Text, kNo, kNo, kNo, "unit last set, in or mm; nothing reads it"},
-    {"gIsLHDrive", "False", {}, Form::Text, kNo, kNo, kNo, "True: the drive stands at the left"},
-    {"gIsNEMA34", "False", {}, Form::Text, kNo, kNo, kNo, "True: the machine has the larger motors"},
-    {"chkLaunchwLastFile", "", {}, Form::Text, kNo, kNo, kNo, "each start sets it to 1; nothing reads it"},
-    {"DontShowYouTubeDialogueAgain", "0", {}, Form::Text, kNo, kNo, kNo, "the video link"},
-    {"LastSettingsTab", "0", {}, Form::Text, kNo, kNo, kNo, "tab on which the settings open"},
-    {"gHasUserCheckedCarriageZOffset", "0", {}, Form::Text, kNo, kNo, kNo, "1: the operator has measured the carriage offset"},
-    {"strTRACE", "", {}, Form::Text, kNo, kNo, kNo, "last trace text of the pattern preview"},
-    {"cmbSpeed", "1x", {}, Form::Text, kNo, kNo, kNo, "drawing speed of the pattern preview"},
-    {"Me.Top", "400", Of<&Fields::meTop>(), Form::Text, kYes, kYes, kNo, "place of the window, twips"},
-    {"Me.Left", "400", Of<&Fields::meLeft>(), Form::Text, kYes, kYes, kNo, "place of the window, twips"},
-    {"Me.Width", "17000", Of<&Fields::meWidth>(), Form::Text, kYes, kYes, kNo, "width of the window, twips"},
-    {"Me.Height", "12500", Of<&Fields::meHeight>(), Form::Text, kYes, kYes, kNo, "height of the window, twips"},
-    {"Me.WasMaximized", "0", Of<&Fields::meWasMaximized>(), Form::Text, kYes, kYes, kNo, "1: the window was maximised at exit"},
+    {"iMaxCarriageSpeeds(1)", "2", CarriageClass(1), Form::Number, kYes, 1, kNo, "carriage speed of class slow, in/s"},
+    {"iMaxCarriageSpeeds(2)", "4", CarriageClass(2), Form::Number, kYes, 2, kNo, "carriage speed of class med, in/s"},
+    {"iMaxCarriageSpeeds(3)", "6", CarriageClass(3), Form::Number, kYes, 3, kNo, "carriage speed of class fast, in/s"},
+    {"iMaxMandrelRPM(1)", "15", MandrelClass(1), Form::Number, kYes, 4, kNo, "mandrel limit of class slow, RPM"},
+    {"iMaxMandrelRPM(2)", "30", MandrelClass(2), Form::Number, kYes, 5, kNo, "mandrel limit of class med, RPM"},
+    {"iMaxMandrelRPM(3)", "45", MandrelClass(3), Form::Number, kYes, 6, kNo, "mandrel limit of class fast, RPM"},
+    {"chkDontShowVideoLinks", "0", Of<&Fields::chkDontShowVideoLinks>(), Form::Text, kYes, 0, kNo, "1 hides the video links"},
+    {"chkUpdateCellsAuto", "1", &DesignState::gAutoUpdateCells, Form::FalseIf0, kYes, 0, kNo, "an edit of a cell recalculates its row; each start sets it to 1"},
+    {"chkShiftLayer", "1", &DesignState::chkShiftLayer, Form::FalseIf0, kYes, 0, kNo, "0: the mandrel does not shift between layers"},
+    {"chkHeatGunApp", "1", Of<&Fields::chkHeatGunApp>(), Form::TrueIf1, kYes, 0, kNo, "1: heat gun after the winding"},
+    {"chkPromptForHST", "1", Of<&Fields::chkPromptForHST>(), Form::TrueIf1, kYes, 0, kNo, "1: heat shrink tape after the winding"},
+    {"chkNotify1", "0", Of<&Fields::chkNotify1>(), Form::Text, kYes, 0, kNo, "1: a notice when the winding is complete"},
+    {"chkNotify2", "0", Of<&Fields::chkNotify2>(), Form::Text, kYes, 0, kNo, "1: a second notice"},
+    {"txtMailServer", "", Of<&Fields::txtMailServer>(), Form::Text, kYes, 0, kNo, "mail server of the notices"},
+    {"txtEmail1", "", Of<&Fields::txtEmail1>(), Form::Text, kYes, 0, kNo, "first address of the notices"},
+    {"txtEmail2", "", Of<&Fields::txtEmail2>(), Form::Text, kYes, 0, kNo, "second address of the notices"},
+    {"chkPreWrap1", "0", Of<&Fields::chkPreWrap1>(), Form::Text, kYes, 0, kNo, "1: first pre-wrap"},
+    {"chkPreWrap2", "0", Of<&Fields::chkPreWrap2>(), Form::Text, kYes, 0, kNo, "1: second pre-wrap, behind the first"},
+    {"txtPreWrapAdvance1", "1", FieldAt{&Fields::txtPreWrapAdvance, 1}, Form::Text, kYes, 19, kNo, "carriage advance a revolution in pre-wrap 1, inches"},
+    {"txtPreWrapAdvance2", "1", FieldAt{&Fields::txtPreWrapAdvance, 2}, Form::Text, kYes, 20, kNo, "carriage advance a revolution in pre-wrap 2, inches"},
+    {"cmbPreWrapRPM1", "40", FieldAt{&Fields::cmbPreWrapRPM, 1}, Form::Text, kYes, 0, kNo, "mandrel speed of pre-wrap 1, RPM"},
+    {"cmbPreWrapRPM2", "40", FieldAt{&Fields::cmbPreWrapRPM, 2}, Form::Text, kYes, 0, kNo, "mandrel speed of pre-wrap 2, RPM"},
+    {"txtHGSpeed", "1", Of<&Fields::txtHGSpeed>(), Form::Text, kYes, 22, kNo, "heat gun speed, in/s"},
+    {"cmbHGRPM", "10", Of<&Fields::cmbHGRPM>(), Form::Text, kYes, 0, kNo, "mandrel speed under the heat gun, RPM"},
+    {"cmbHSTRPM", "20", Of<&Fields::cmbHSTRPM>(), Form::Text, kYes, 0, kNo, "mandrel speed of the tape pass, RPM"},
+    {"txtHSTWidth", "1", Of<&Fields::txtHSTWidth>(), Form::Text, kYes, 21, kNo, "carriage advance a revolution of the tape pass, inches"},
+    {"txtLimitSwitchApproachSpeed", "1", Of<&Fields::txtLimitSwitchApproachSpeed>(), Form::Text, kYes, 8, kYes, "carriage speed toward its limit switch, in/s"},
+    {"txtMandrelAdvanceAfterPreWrapCarriageStop", "1080", Of<&Fields::txtMandrelAdvanceAfterPreWrapCarriageStop>(), Form::Text, kYes, 9, kYes, "mandrel turn at the end of a pre-wrap, degrees"},
+    {"txtPreWrapFullLengthYN", "Y", Of<&Fields::txtPreWrapFullLengthYN>(), Form::Text, kYes, 10, kYes, "Y: pre-wraps run the full length"},
+    {"txtMandrelRotateAfterLayerCompletion", "0", Of<&Fields::txtMandrelRotateAfterLayerCompletion>(), Form::Text, kYes, 11, kYes, "mandrel turn between layers, degrees"},
+    {"txtMandrelAdvanceAfterHSTCarriageStop", "1080", Of<&Fields::txtMandrelAdvanceAfterHSTCarriageStop>(), Form::Text, kYes, 12, kYes, "mandrel turn at the end of the tape pass, degrees"},
+    {"txtHeatGunJustKeepGoingYN", "Y", Of<&Fields::txtHeatGunJustKeepGoingYN>(), Form::Text, kYes, 13, kYes, "Y: the heat gun runs until it is stopped"},
+    {"txtAddPasses", "0", Of<&Fields::txtAddPasses>(), Form::Text, kYes, 14, kNo, "passes added to each layer but hoops"},
+    {"txtAddExtra360AtFarEndYN", "N", Of<&Fields::txtAddExtra360AtFarEndYN>(), Form::Text, kYes, 15, kNo, "Y: an extra turn at the ends of a layer's first pass"},
+    {"txtUseProportionalFilamentSpacingYN", "Y", Of<&Fields::txtUseProportionalFilamentSpacingYN>(), Form::Text, kYes, 16, kNo, "N: bands are spaced by their width, else by equal parts of the circle"},
+    {"txt2AXAdd360YN", "N", Of<&Fields::txt2AXAdd360YN>(), Form::Text, kYes, 17, kNo, "Y: an extra turn in every pass"},
+    {"txt3AX1stPass360", "Y", Of<&Fields::txt3AX1stPass360>(), Form::Text, kYes, 18, kYes, "Y: an extra turn at the ends of the first pass, three axes"},
+    {"txtStepSize4Ax", "0.10", Of<&Fields::txtStepSize4Ax>(), Form::Text, kYes, 0, kNo, "jog step of the four-axis family"},
+    {"txtStepSize2Ax", "0.10", Of<&Fields::txtStepSize2Ax>(), Form::Text, kYes, 0, kNo, "jog step of the two-axis family"},
+    {"gMidAngle", "45", Of<&Fields::gMidAngle>(), Form::Text, kYes, 28, kNo, "middle angle, degrees"},
+    {"gSplitAngle", "45", Of<&Fields::gSplitAngle>(), Form::Text, kYes, 29, kNo, "split angle, degrees"},
+    {"gDHYtoMandrelCenter", "4.4375", Of<&Fields::gDHYtoMandrelCenter>(), Form::Text, kYes, 30, kNo, "retracted delivery head to the mandrel's axis, inches"},
+    {"gDHStructureWidth", "2.00", Of<&Fields::gDHStructureWidth>(), Form::Text, kYes, 31, kNo, "width of the delivery head, inches"},
+    {"gCarriageOffsetFromRMPFace", "1.875", Of<&Fields::gCarriageOffsetFromRMPFace>(), Form::Text, kYes, 32, kNo, "carriage at its limit switch to the mandrel post, inches"},
+    {"gNoListPatternDegrees", "25", &DesignState::gNoListPatternDegrees, Form::Number, kYes, 33, kNo, "patterns above this winding angle are not listed"},
+    {"gDelayTimeInG456ToWaitForMandrelinMS", "250", &DesignState::gDelayTimeInG456ToWaitForMandrelinMS, Form::Number, kYes, 35, kNo, "wait for the mandrel in end wraps, milliseconds"},
+    {"gPauseBeforeHoop", "Y", Of<&Fields::gPauseBeforeHoop>(), Form::Text, kYes, 34, kNo, "Y: a pause before each hoop layer"},
+    {"gVersionNumber", "", {}, Form::Text, kNo, 0, kNo, "version of the station that ran last"},
+    {"mnu2Axis", "1", {}, Form::Text, kNo, 0, kNo, "1: the two-axis family is in use, 0: the four-axis family"},
+    {"gLastFileInUse", "", Of<&Fields::gLastFileInUse>(), Form::Text, kNo, 7, kNo, "design that the next start opens"},
+    {"Units", "", {}, Form::Text, kNo, 0, kNo, "unit last set, in or mm; nothing reads it"},
+    {"gIsLHDrive", "False", {}, Form::Text, kNo, 0, kNo, "True: the drive stands at the left"},
+    {"gIsNEMA34", "False", {}, Form::Text, kNo, 0, kNo, "True: the machine has the larger motors"},
+    {"chkLaunchwLastFile", "", {}, Form::Text, kNo, 0, kNo, "each start sets it to 1; nothing reads it"},
+    {"DontShowYouTubeDialogueAgain", "0", {}, Form::Text, kNo, 0, kNo, "the video link"},
+    {"LastSettingsTab", "0", {}, Form::Text, kNo, 0, kNo, "tab on which the settings open"},
+    {"gHasUserCheckedCarriageZOffset", "0", {}, Form::Text, kNo, 0, kNo, "1: the operator has measured the carriage offset"},
+    {"strTRACE", "", {}, Form::Text, kNo, 0, kNo, "last trace text of the pattern preview"},
+    {"cmbSpeed", "1x", {}, Form::Text, kNo, 0, kNo, "drawing speed of the pattern preview"},
+    {"Me.Top", "400", Of<&Fields::meTop>(), Form::Text, kYes, 23, kNo, "place of the window, twips"},
+    {"Me.Left", "400", Of<&Fields::meLeft>(), Form::Text, kYes, 24, kNo, "place of the window, twips"},
+    {"Me.Width", "17000", Of<&Fields::meWidth>(), Form::Text, kYes, 25, kNo, "width of the window, twips"},
+    {"Me.Height", "12500", Of<&Fields::meHeight>(), Form::Text, kYes, 26, kNo, "height of the window, twips"},
+    {"Me.WasMaximized", "0", Of<&Fields::meWasMaximized>(), Form::Text, kYes, 27, kNo, "1: the window was maximised at exit"},
 };
 // clang-format on
 
@@ -201,8 +204,13 @@ void ReadStoredSettings(DesignState& s, const SettingsStore& store) {
 }
 
 void SaveStoredSettings(const DesignState& s, SettingsStore& store) {
+  std::vector<const Setting*> written;
   for (const Setting& setting : kTable)
-    if (setting.atExit) SaveSetting(store, kSettings, setting.key, std::visit(Writer{s}, setting.target));
+    if (setting.atExit != 0) written.push_back(&setting);
+  std::sort(written.begin(), written.end(),
+            [](const Setting* a, const Setting* b) { return a->atExit < b->atExit; });
+  for (const Setting* setting : written)
+    SaveSetting(store, kSettings, setting->key, std::visit(Writer{s}, setting->target));
 }
 
 void SetUnits(DesignState& s, SettingsStore& store, std::string_view inches) {

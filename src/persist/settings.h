@@ -47,7 +47,7 @@ struct Setting {
   SettingTarget target;       // nothing for a key that is read where it is needed
   SettingForm form = SettingForm::Text;
   bool atStart = false;         // ReadStoredSettings reads it
-  bool atExit = false;          // SaveStoredSettings writes it
+  int atExit = 0;               // place among those that SaveStoredSettings writes; 0: it does not
   bool emptyFallsBack = false;  // a stored empty text counts as missing
   std::string_view meaning;
 };

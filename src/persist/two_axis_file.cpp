@@ -43,6 +43,21 @@ void Take(Reader& r, const std::string& value) {
 void PassBy(Reader&, const std::string&) {}
 
 template <Field Fields::*field>
+MaybeText TextOfField(const DesignWriter& w) {
+  return {true, (w.s.*field).text()};
+}
+
+template <FieldArray Fields::*array, int index>
+MaybeText TrimmedAt(const DesignWriter& w) {
+  return {true, std::string(Trim((w.s.*array)(index).text()))};
+}
+
+template <FieldArray Fields::*array>
+MaybeText InDesignUnits(const DesignWriter& w) {
+  return FormatForUnits(w.s, (w.s.*array)(0), false);
+}
+
+template <Field Fields::*field>
 MaybeText Trimmed(const DesignWriter& w) {
   return {true, std::string(Trim((w.s.*field).text()))};
 }
@@ -75,35 +90,18 @@ constexpr Tag kTags[] = {
     {"Version", false, PassBy, VersionOf},
     {"Date_of_Creation", false, Take<&Fields::Date_of_Creation>, DateOf},
     {"Units", false, [](Reader& r, const std::string& v) { ReadUnits(r.s, r.platform.store, v); }, UnitsOf},
-    {"Author", false, PassBy,
-     [](const DesignWriter& w) {
-       return MaybeText{true, w.s.Author.text()};
-     }},
+    {"Author", false, PassBy, TextOfField<&Fields::Author>},
     {"tv_community_username", false, Take<&Fields::Author>, nullptr},
-    {"Author_Email", false, PassBy,
-     [](const DesignWriter& w) {
-       return MaybeText{true, w.s.Author_Email.text()};
-     }},
-    {"Comments", false, PassBy,
-     [](const DesignWriter& w) {
-       return MaybeText{true, w.s.Comments.text()};
-     }},
+    {"Author_Email", false, PassBy, TextOfField<&Fields::Author_Email>},
+    {"Comments", false, PassBy, TextOfField<&Fields::Comments>},
     {"Diameter_Left", true, Take<&Fields::Diameter_Left>, Trimmed<&Fields::txtDiameterLeft>},
     {"Diameter_Right", true, Take<&Fields::Diameter_Right>, Trimmed<&Fields::txtDiameterRight>},
-    {"Length_Total", true, Take<&Fields::Length_Total>,
-     [](const DesignWriter& w) {
-       return MaybeText{true, std::string(Trim(w.s.txtZ2(2).text()))};
-     }},
+    {"Length_Total", true, Take<&Fields::Length_Total>, TrimmedAt<&Fields::txtZ2, 2>},
     {"Length_Offset_Right", true, PassBy, nullptr},
     {"Length_Offset_Left", true, PassBy, nullptr},
-    {"Band_Width", true, Take<&Fields::Band_Width>,
-     [](const DesignWriter& w) { return FormatForUnits(w.s, w.s.txtBandWidth(0), false); }},
-    {"Band_Thickness", true, Take<&Fields::Band_Thickness>,
-     [](const DesignWriter& w) { return FormatForUnits(w.s, w.s.txtBandThickness(0), false); }},
-    {"Number_of_Layers", true, Take<&Fields::Number_of_Layers>,
-     [](const DesignWriter& w) {
-       return MaybeText{true, std::string(Trim(w.s.txtNumberOfLayers(0).text()))};
-     }},
+    {"Band_Width", true, Take<&Fields::Band_Width>, InDesignUnits<&Fields::txtBandWidth>},
+    {"Band_Thickness", true, Take<&Fields::Band_Thickness>, InDesignUnits<&Fields::txtBandThickness>},
+    {"Number_of_Layers", true, Take<&Fields::Number_of_Layers>, TrimmedAt<&Fields::txtNumberOfLayers, 0>},
     {"Winding_Angles", true, Hold<&TwoAxisLists::Winding_Angles>, ColumnList<1>},
     {"Winding_Right_Offsets", true, Hold<&TwoAxisLists::Winding_Right_Offsets>, nullptr},
     {"Winding_Left_Offsets", true, Hold<&TwoAxisLists::Winding_Left_Offsets>, nullptr},

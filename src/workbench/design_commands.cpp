@@ -25,9 +25,15 @@ std::string DesignFolder(Station& station) {
 }
 
 // The family in use decides the reader, not the file.
-Outcome OpenFile(Station& station, const std::string& path, bool twoAxis) {
-  return twoAxis ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
-                 : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
+bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
+  const Outcome opened = twoAxis
+                             ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
+                             : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
+  if (!opened)
+    station.platform.messageBox.Show(
+        "Torvane Designer",
+        "Unexpected Opening File" + std::string(kFileAccessError) + " : " + opened.reason(), BoxIcon::None);
+  return bool(opened);
 }
 
 bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
@@ -54,13 +60,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   s.gLastFileInUse = path;
   s.gFileName = BehindLastBackslash(path);
   ShowName(s, "Torvane Designer ");
-  const Outcome opened = OpenFile(station, path, s.mnu2Axis);
-  if (!opened) {
-    station.platform.messageBox.Show(
-        "Torvane Designer",
-        "Unexpected Opening File" + std::string(kFileAccessError) + " : " + opened.reason(), BoxIcon::None);
-    return false;
-  }
+  if (!OpenFile(station, path, s.mnu2Axis)) return false;
   s.gDirty = false;
   Refresh4AXGrid(s);
   return true;

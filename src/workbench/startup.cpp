@@ -31,17 +31,23 @@ void HideAllRowsFields(DesignState& s) {
     (*column)(IndexSet::kAllRows).Show(false);
 }
 
-std::vector<std::string> Numbers(int first, int last, int step, const char* behind) {
+std::vector<std::string> WholeDegrees(int first, int last) {
   std::vector<std::string> entries;
-  for (int number = first; number <= last; number += step) entries.push_back(std::to_string(number) + behind);
+  for (int degrees = first; degrees <= last; ++degrees)
+    entries.push_back(std::to_string(degrees) + kDegreeSign);
   return entries;
 }
 
+// What stands in fields that no step of a new design fills.
+void FillFirstTexts(DesignState& s) {
+  s.lblFilamentVOlume(1) = "0.0";
+  s.lblTotalGlueWgt(1) = "0.0";
+  s.lblBuildTime(1) = "0.0";
+  s.optType(0) = "True";
+}
+
+// The speed lists of the checklist are filled with the calibration.
 void FillChoiceLists(DesignState& s) {
-  std::vector<std::string> speeds = {"2", "4", "6", "8"};
-  for (const std::string& rpm : Numbers(10, 80, 5, "")) speeds.push_back(rpm);
-  for (Field* list : {&s.cmbPreWrapRPM(1), &s.cmbPreWrapRPM(2), &s.cmbHGRPM, &s.cmbHSTRPM})
-    list->SetEntries(speeds);
   for (int i = 1; i <= IndexSet::kAllRows; ++i) {
     s.cmbSpeed(i).SetEntries({"slow", "med", "fast"});
     s.cmbSpeed(i) = "med";
@@ -51,16 +57,16 @@ void FillChoiceLists(DesignState& s) {
   s.cmbSpeed(IndexSet::kAllRows) = "";
   s.cmbMethod(IndexSet::kAllRows) = "";
   s.cmbRate.SetEntries({"SLOW", "MED", "FAST"});
-  const auto wraps = Numbers(111, 230, 1, "\xB0");
-  const auto splits = Numbers(25, 75, 1, "\xB0");
+  const auto wraps = WholeDegrees(111, 230);
+  const auto splits = WholeDegrees(25, 75);
   for (int i = 1; i <= 25; ++i) {
     s.lbl4xLayerNo(i) = std::to_string(i);
     s.cmb3D(i).SetEntries({"REG", "HOOP"});
     s.cmb3D(i) = "REG";
     s.cmbPhiW(i).SetEntries(wraps);
-    s.cmbPhiW(i) = "180\xB0";
+    s.cmbPhiW(i) = kDefaultWrap;
     s.cmbPhiSplit(i).SetEntries(splits);
-    s.cmbPhiSplit(i) = "45\xB0";
+    s.cmbPhiSplit(i) = kDefaultSplit;
     s.cmb2AxisLayerType(i).SetEntries({"REG", "HOOP"});
     s.cmb2AxisLayerType(i) = "REG";
   }
@@ -96,6 +102,7 @@ void Station::Form_Load() {
   SaveSetting(store, kSettings, "chkUpdateCellsAuto", "1");
   SaveSetting(store, kSettings, "chkLaunchwLastFile", "1");
   started = platform.clock.Now();
+  FillFirstTexts(s);
   FillChoiceLists(s);
   InitializeAsNew(s);
   OpenCalibrationFile(s, store);
