@@ -119,6 +119,7 @@ void Script::Watch() {
     out_ << "dialog " << (request.save ? "save " : "open ") << OneLine(request.filter) << "\n";
   };
   stage.launcher.startObserver = [this](const StagedLauncher::Started& started) {
+    if (started.failed) return;
     std::string line = started.commandLine;
     const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
     for (auto at = line.find(home); at != std::string::npos; at = line.find(home, at))
@@ -305,7 +306,7 @@ void Script::Cat(const std::string& rest) {
 
 void Script::Focus(const std::string&) {
   const Field* focus = Running().s.focus;
-  out_ << "focus: " << (focus != nullptr ? NameOf(*focus) : "") << "\n";
+  out_ << (focus != nullptr ? NameOf(*focus) : "") << "\n";
 }
 
 void Script::Quit(const std::string&) { Running().Form_Unload(); }

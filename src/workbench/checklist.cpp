@@ -31,17 +31,9 @@ void Check_Click(Station& station, int) {
   StoreCheck(station, station.s.*check);
 }
 
-// The second pre-wrap exists only behind the first.
-void chkPreWrap1_Change(Station& station, int) {
-  DesignState& s = station.s;
-  const bool first = s.chkPreWrap1.checked();
-  for (Field* field : {&s.chkPreWrap2, &s.cmbPreWrapRPM(2), &s.txtPreWrapAdvance(2)}) field->Enable(first);
-  if (!first) s.chkPreWrap2 = "0";
-}
-
 void chkPreWrap1_Click(Station& station, int) {
   StoreCheck(station, station.s.chkPreWrap1);
-  chkPreWrap1_Change(station, 0);
+  LinkPreWraps(station);
 }
 
 template <Field Fields::*check>
@@ -124,7 +116,6 @@ constexpr auto HSTWidth = &Fields::txtHSTWidth;
 constexpr auto HSTWidthMM = &Fields::txtHSTWidthMM;
 
 constexpr Operation kOperations[] = {
-    {"chkPreWrap1", Event::Change, chkPreWrap1_Change},
     {"chkPreWrap1", Event::Click, chkPreWrap1_Click},
     {"chkPreWrap2", Event::Click, Check_Click<&Fields::chkPreWrap2>},
     {"chkHeatGunApp", Event::Click, Check_Click<&Fields::chkHeatGunApp>},
@@ -154,6 +145,13 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> ChecklistOperations() { return kOperations; }
+
+void LinkPreWraps(Station& station) {
+  DesignState& s = station.s;
+  const bool first = s.chkPreWrap1.checked();
+  for (Field* field : {&s.chkPreWrap2, &s.cmbPreWrapRPM(2), &s.txtPreWrapAdvance(2)}) field->Enable(first);
+  if (!first && s.chkPreWrap2.checked()) station.Choose(s.chkPreWrap2, "0");
+}
 
 bool CheckWrapHGValues(Station& station) {
   DesignState& s = station.s;

@@ -3,6 +3,7 @@
 #include "design/reset.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
+#include "workbench/checklist.h"
 #include "workbench/design_commands.h"
 #include "workbench/station.h"
 
@@ -107,8 +108,7 @@ void Station::Form_Load() {
   InitializeAsNew(s);
   OpenCalibrationFile(s, store);
   ReadStoredSettings(s, store);
-  // The second pre-wrap follows the first from here on.
-  Run("chkPreWrap1", Event::Change);
+  LinkPreWraps(*this);
   s.picVidLinks.Show(!s.chkDontShowVideoLinks.checked());
   if (s.meWasMaximized.text() == "1") {
     s.meTop = "400";

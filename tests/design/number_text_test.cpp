@@ -105,6 +105,8 @@ TEST(NumberText, ReadsWhatAnOperatorTypes) {
   EXPECT_FALSE(ReadNumberText(kPoint, std::string("4\0005", 3)).good());
   EXPECT_FALSE(ReadNumberText(kPoint, std::string(2000, '9')).good());
   EXPECT_EQ(ReadNumberText(kPoint, "0." + std::string(2000, '0') + "1").value(), 0);
+  EXPECT_FALSE(ReadNumberText(kPoint, "123E9223372036854775807").good());
+  EXPECT_EQ(ReadNumberText(kPoint, "0.001E-99999999999999999999").value(), 0);
 }
 
 TEST(NumberText, PlainTextOfANumber) {

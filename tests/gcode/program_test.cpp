@@ -74,6 +74,20 @@ TEST_F(ProgramOfTube, OfTooManyLinesIsRefusedBeforeItIsFormed) {
   EXPECT_NE(text.find("10,000,000 lines"), std::string::npos) << text;
 }
 
+// The minutes left fall as a layer's first pass begins, so a layer without passes takes none off.
+TEST_F(ProgramOfTube, OfALayerWithoutPassesKeepsTheMinutesLeft) {
+  s.gGridSync = false;
+  s.txtNumberOfLayers(0) = "3";
+  for (int row = 1; row <= 3; ++row) {
+    s.lblPassesToCover(row) = row == 2 ? "" : "1";
+    s.lblMinutesToCover(row).Restore("1.5");
+  }
+  s.lblMinutesToCover(IndexSet::kAllRows).Restore("4.5");
+  EXPECT_TRUE(WriteGCode(s, station.platform));
+  EXPECT_NE(Written().find("LA=1_of_3 PA=1_of_1 RPM=28.6 CS=6 WA=45 WM=ms TI=4.5"), std::string::npos);
+  EXPECT_EQ(Written().find("LA=2_of_3"), std::string::npos);
+}
+
 struct Impatient : ProgramProgress {
   bool GoOn(double share) override {
     shares.push_back(share);
