@@ -179,11 +179,12 @@ std::span<const Operation> FourAxisGridOperations() { return kOperations; }
 
 void ChangeFourAxisCount(Station& station) {
   DesignState& s = station.s;
-  const int rows = RowsOf(s.txtNumberOfLayers(1));
+  const Number rows = number(s.txtNumberOfLayers(1));
   const bool angles = s.gPartType.text() == "2AX";
-  for (int row = 1; row <= 18; ++row) {
-    ShowFourAxisRow(s, row, row <= rows);
-    s.btn4XRow(row).Show(row <= rows && !angles);
+  for (int row = 1; row <= 18 && rows.good(); ++row) {
+    const bool shown = holds(row <= rows) && row <= kMostLayers;
+    ShowFourAxisRow(s, row, shown);
+    s.btn4XRow(row).Show(shown && !angles);
   }
   for (FieldArray* list : {&s.cmb3D, &s.cmbPattern}) {
     (*list)(IndexSet::kAllRows) = "";

@@ -15,7 +15,6 @@ namespace torvane {
 
 namespace {
 
-constexpr double kMostLayers = 15;
 constexpr int kAllRows = IndexSet::kAllRows;
 
 void SyncGrid(Station& station) {
@@ -163,8 +162,9 @@ void LimitLayers(DesignState& s, int panel) {
 }
 
 void ShowTwoAxisRows(DesignState& s) {
-  const int rows = RowsOf(s.txtNumberOfLayers(0));
-  for (int row = 1; row <= 18; ++row) ShowTwoAxisRow(s, row, row <= rows && row <= kMostLayers);
+  const Number rows = number(s.txtNumberOfLayers(0));
+  for (int row = 1; row <= 18; ++row)
+    if (rows.good()) ShowTwoAxisRow(s, row, holds(row <= rows) && row <= kMostLayers);
   for (FieldArray* list : {&s.cmbSpeed, &s.cmbMethod}) {
     (*list)(kAllRows) = "";
     (*list)(kAllRows).Show(false);

@@ -20,11 +20,16 @@ std::vector<std::string> ListOf(const PatternPart& part) {
 
 TEST(Patterns, OfATubeOfFourInches) {
   const auto list = ListOf({4 * kPi, 0.25, 24, 180, 25});
-  const std::vector<std::string> first = {
-      "7.460 | 2 x 25 | 180\xB0", "21.44 | 2 x 24 | 180\xB0", "",
-      "4.990 | 3 x 17 | 180\xB0", "19.24 | 3 x 16 | 180\xB0", "",
-      "18.12 | 4 x 12 | 180\xB0", "",
-      "3 | 5 x 10 | 180\xB0",     ""};
+  const std::vector<std::string> first = {"7.460 | 2 x 25 | 180\xB0",
+                                          "21.44 | 2 x 24 | 180\xB0",
+                                          "",
+                                          "4.990 | 3 x 17 | 180\xB0",
+                                          "19.24 | 3 x 16 | 180\xB0",
+                                          "",
+                                          "18.12 | 4 x 12 | 180\xB0",
+                                          "",
+                                          "3 | 5 x 10 | 180\xB0",
+                                          ""};
   ASSERT_GT(list.size(), first.size());
   EXPECT_EQ(std::vector<std::string>(list.begin(), list.begin() + static_cast<long>(first.size())), first);
   const std::vector<std::string> last = {"15.25 | 24 x 2 | 180\xB0", "", "15.23 | 25 x 2 | 180\xB0", ""};
@@ -57,8 +62,8 @@ TEST(Patterns, EveryListedOneCloses) {
           const double degreesOfAngle = pattern.angle * kPi / 180;
           const double traverse = length * std::tan(degreesOfAngle) / part.circumference * 360;
           const double circuit = pattern.groups * 2 * (traverse + wrap);
-          const double rounding = pattern.groups * 2 * length / part.circumference * 360 * (0.006 * kPi / 180) /
-                                  (std::cos(degreesOfAngle) * std::cos(degreesOfAngle));
+          const double rounding = pattern.groups * 2 * length / part.circumference * 360 *
+                                  (0.006 * kPi / 180) / (std::cos(degreesOfAngle) * std::cos(degreesOfAngle));
           const double turns = circuit / 360;
           EXPECT_NEAR(turns, std::round(turns), rounding / 360) << pattern.angle << " " << pattern.groups;
           // The bands of all circuits cover the circumference with at most one band left over.
@@ -70,9 +75,13 @@ TEST(Patterns, EveryListedOneCloses) {
 
 TEST(Patterns, EndAtOnceForAnyPart) {
   const auto start = std::chrono::steady_clock::now();
-  for (const PatternPart& part :
-       {PatternPart{10000 * kPi, 0.0001, 24, 180, 25}, {1e300, 1e-300, 1, 180, 25}, {-5, 0.25, 24, 180, 25},
-        {12, -0.25, 24, 180, 25}, {12, 0.25, 0, 180, 25}, {0, 0.25, 24, 180, 25}, {12, 0.25, 24, 1e300, 25}})
+  for (const PatternPart& part : {PatternPart{10000 * kPi, 0.0001, 24, 180, 25},
+                                  {1e300, 1e-300, 1, 180, 25},
+                                  {-5, 0.25, 24, 180, 25},
+                                  {12, -0.25, 24, 180, 25},
+                                  {12, 0.25, 0, 180, 25},
+                                  {0, 0.25, 24, 180, 25},
+                                  {12, 0.25, 24, 1e300, 25}})
     EXPECT_LE(ClosingPatterns({}, part).size(), 100U);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }

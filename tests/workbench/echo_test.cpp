@@ -16,7 +16,8 @@ void* ChangeEveryFigure(void*) {
   StationOnStage onStage;
   Station& station = onStage.Started();
   TypeTube(station, 15, "45");
-  for (const char* diameter : {"5", "0.3", "100", "x", "4"}) station.Type(station.s.txtDiameterLeft, diameter);
+  for (const char* diameter : {"5", "0.3", "100", "x", "4"})
+    station.Type(station.s.txtDiameterLeft, diameter);
   for (int row = 1; row <= 15; ++row) station.Type(station.s.txtWA(row), "60");
   station.Run("optX", Event::Click, 1);
   station.Run("optType", Event::Click, 2);
@@ -61,8 +62,14 @@ TEST(Restart, BringsTheSameStationBack) {
   stage.files.MakeFolder("C:\\Torvane\\TV_Design_Files");
   stage.files.MakeFolder("C:\\Torvane\\TV_G-Code_Files");
   const auto start = [&](IniStore& store) {
-    const Platform platform{store,       stage.clock,         stage.locale,     stage.files,
-                            stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
+    const Platform platform{store,
+                            stage.clock,
+                            stage.locale,
+                            stage.files,
+                            stage.messageDialog,
+                            stage.messageBox,
+                            stage.fileDialog,
+                            stage.launcher};
     auto station = std::make_unique<WholeStation>(platform);
     station->Form_Load();
     stage.clock.Advance(std::chrono::seconds(6));
