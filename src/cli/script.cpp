@@ -10,6 +10,7 @@
 #include "host/code_page.h"
 #include "persist/settings.h"
 #include "persist/tagged_text.h"
+#include "workbench/preview.h"
 
 namespace torvane {
 
@@ -56,6 +57,23 @@ Button ButtonOf(const std::string& word) {
   throw ScriptError{"a button is left or right"};
 }
 
+const char* ColourOf(PolarColour colour) {
+  switch (colour) {
+    case PolarColour::Tick:
+      return "#C0C0C0";
+    case PolarColour::Split:
+      return "#00FF00";
+    case PolarColour::Wrap:
+      return "#0000FF";
+    case PolarColour::Closing:
+      return "#FF0000";
+    case PolarColour::Outline:
+    case PolarColour::Band:
+      return "#000000";
+  }
+  return "";
+}
+
 const char* YesNo(bool yes) { return yes ? "yes" : "no"; }
 
 }  // namespace
@@ -92,6 +110,7 @@ const Script::Command* Script::Find(std::string_view word) {
       {"doubleclick", &Script::DoubleClick},
       {"press", &Script::Press},
       {"release", &Script::Release},
+      {"drawing", &Script::Drawing},
       {"focus", &Script::Focus},
       {"quit", &Script::Quit},
   };
@@ -143,7 +162,7 @@ Station& Script::Running() {
 }
 
 Field& Script::FieldOf(const std::string& name) {
-  Field* field = FindField(Running().s, name);
+  Field* field = Running().FindField(name);
   if (field == nullptr) throw ScriptError{"there is no field " + name};
   return *field;
 }
@@ -201,12 +220,39 @@ void Script::SetOff(const std::string& name, Event event) {
     if (*end != ')' || read.ec != std::errc() || read.ptr != end)
       throw ScriptError{"there is no control " + name};
   }
-  const bool isField = FindField(Running().s, name) != nullptr;
+  const bool isField = Running().FindField(name) != nullptr;
   if (!Running().Run(name.substr(0, open), event, index) && !isField)
     throw ScriptError{"there is no control " + name};
 }
 
-void Script::Click(const std::string& rest) { SetOff(rest, Event::Click); }
+void Script::Click(const std::string& rest) {
+  // The part drawing is clicked in its left or its right half.
+  if (rest == "picType left" || rest == "picType right")
+    Running().Run("picType", Event::Release, rest == "picType right" ? 1 : 0);
+  else
+    SetOff(rest, Event::Click);
+}
+
+void Script::Drawing(const std::string&) {
+  constexpr Mask kFour = "0.0000"_mask;
+  const auto number = [](double value) { return " " + FormatNumberText({}, value, kFour); };
+  for (const PolarFigure& f : LastDrawing(Running())) {
+    switch (f.kind) {
+      case PolarKind::Circle:
+        out_ << "circle" << number(f.radius) << "\n";
+        break;
+      case PolarKind::Arc:
+        out_ << "arc" << number(f.radius) << number(f.from) << number(f.to) << " " << ColourOf(f.colour)
+             << "\n";
+        break;
+      case PolarKind::Tick:
+      case PolarKind::Chord:
+        out_ << (f.kind == PolarKind::Tick ? "tick" : "line") << number(f.x1) << number(f.y1) << number(f.x2)
+             << number(f.y2) << " " << ColourOf(f.colour) << "\n";
+        break;
+    }
+  }
+}
 
 void Script::DoubleClick(const std::string& rest) { SetOff(rest, Event::DoubleClick); }
 
@@ -221,12 +267,12 @@ void Script::Release(const std::string& rest) {
 }
 
 void Script::Get(const std::string& rest) {
-  const Station& station = Running();
+  Station& station = Running();
   std::string text;
-  if (const Field* field = FindField(station_->s, rest)) {
+  if (const Field* field = station.FindField(rest)) {
     text = field->text();
   } else {
-    const NamedValue value = FindValue(station.s, rest);
+    const NamedValue value = station.FindValue(rest);
     if (!value.found) throw ScriptError{"there is no field or value " + rest};
     text = value.text;
   }

@@ -53,6 +53,7 @@ class Script {
   void ShowSetting(const std::string& rest);
   void Cat(const std::string& rest);
   void NoStart(const std::string& rest);
+  void Drawing(const std::string& rest);
   void Focus(const std::string& rest);
   void Quit(const std::string& rest);
 

@@ -66,9 +66,9 @@ struct Fields {
       mnuRecalcAllRows;
   Field imgBUILD, lblBuild, lblBeginBuild, mnuBeginWinding, Command2, lblManualOperation, mnuManually,
       mnuLaunchExecutor, mnuViewDesignFile, mnuViewDesignDirectory, mnuViewGCodeDirectory, mnuViewMakeFile;
-  Field picVidLinks, lblCommunity, lblHelpURL, lblCheckNewSoftware;
+  Field picVidLinks, lblCommunity;
   FieldArray lblVidLink, picVidLink;
-  Field frmSplash, frmAbout, frmBigPic;
+  Field frmSplash, lblLayer, picPolar, Label18, lblTrace, imgTRACE;
   FieldArray lblNumberOfLayers;
 
   // What the window says of itself.

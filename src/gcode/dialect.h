@@ -36,8 +36,8 @@ inline void BuildTime(Program& p, int hours, int minutes, int seconds) {
 // Session.
 inline void EnableSteppers(Program& p) { p.Line("M17 [Enable Steppers]"); }
 template <class Speed>
-void HomeCarriage(Program& p, const Speed& speed) {
-  p.Line("G28 F", speed, " [Move Carriage to LS]");
+void HomeCarriage(Program& p, const Speed& speed, std::string_view comment) {
+  p.Line("G28 F", speed, " [", comment, "]");
 }
 inline void EndOfHoming(Program& p) { p.Line("G4 Z P10000 [Pause 1000ms]"); }
 template <class Text>
@@ -199,5 +199,35 @@ void DwellTurning(Program& p, Register saved, const Angle& angle, const HeadTurn
   p.Line("G4 L", static_cast<int>(saved), " C", angle, " R", head.rotation, " B", head.angle, " [", comment,
          "]");
 }
+
+// Traces: small programs that send the machine to a point.
+inline void AbsolutePositioningOnly(Program& p, std::string_view version) {
+  p.Line("G90 [Absolute Positioning: Relative Positioning Not Implemented in v", version, "]");
+}
+inline void EnableAllMotors(Program& p) {
+  p.Line("M17 [Enable Carriage Stepper and Mandrel Motors, M18 Disables]");
+}
+template <class Speed>
+void HomeHead(Program& p, const Speed& speed) {
+  p.Line("G28 E", speed, " [Move Axes to Limit Switches]");
+}
+template <class Speed>
+void HomeRotationAndCarriage(Program& p, const Speed& speed) {
+  p.Line("G28 R4 F", speed, " [Move Axes to Limit Switches]");
+}
+inline void TraceAccelerations(Program& p) { p.Line("G1 J1 K1 O10 T10 [Set Axes Accels]"); }
+template <class Speed, class Z>
+void TraceCarriage(Program& p, const Speed& speed, const Z& z, bool turnsHead) {
+  p.Line("G1 F", speed, " Z", z, turnsHead ? " R20 B90" : "");
+}
+template <class Speed, class Y>
+void MoveHead(Program& p, const Speed& speed, const Y& y) {
+  p.Line("G1 E", speed, " Y", y);
+}
+template <class Y>
+void MoveHeadAtTraceSpeed(Program& p, const Y& y) {
+  p.Line("G1 E0.50 Y", y);
+}
+inline void EndExecutor(Program& p) { p.Line("X99 [END EXECUTOR]"); }
 
 }  // namespace torvane::dialect

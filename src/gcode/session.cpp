@@ -113,7 +113,7 @@ void EnableMotors(GCodeSession& session) {
   if (s.gShow4Axis)
     HomeFourAxes(session);
   else
-    dialect::HomeCarriage(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false));
+    dialect::HomeCarriage(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false), "Move Carriage to LS");
   dialect::EndOfHoming(p);
   WriteStartPosition(session, s.chkPreWrap1.checked() ? 1 : 0, 1);
 }

@@ -2,6 +2,7 @@
 
 #include "design/text.h"
 #include "gcode/session.h"
+#include "handoff/executor.h"
 #include "persist/settings.h"
 #include "workbench/checklist.h"
 #include "workbench/messages.h"
@@ -69,7 +70,7 @@ void imgBUILD_Click(Station& station, int) {
   if (!station.gWrapValuesAccepted && CheckWrapHGValues(station)) return;
   AskToSaveFirst(station);
   if (!WriteGCode(station.s, station.platform)) return ShowError(station, failed);
-  if (!Start(station, std::string(kExecutor) + " " + ProgramPath(station))) ShowError(station, failed);
+  if (!StartExecutor(station, ProgramPath(station))) ShowError(station, failed);
 }
 
 void Command2_Click(Station& station, int) {
@@ -107,16 +108,13 @@ void mnuViewGCodeDirectory_Click(Station& station, int) {
   ShowFolder(station, station.platform.files.CurrentFolder() + "\\TV_G-Code_Files\\");
 }
 
-void mnuManually_Click(Station& station, int) { Start(station, std::string(kExecutor) + " MANUAL"); }
+void mnuManually_Click(Station& station, int) { StartExecutor(station, "MANUAL"); }
 
 void lblManualOperation_Click(Station& station, int) {
-  if (OffsetIsConfirmed(station,
-                        "\r\nBefore first winding, you need to measure the carriage Z-offset distance.\r\n"
-                        "Click OK to open the settings page.\r\n"))
-    mnuManually_Click(station, 0);
+  if (OffsetIsConfirmedForManual(station)) mnuManually_Click(station, 0);
 }
 
-void mnuLaunchExecutor_Click(Station& station, int) { Start(station, std::string(kExecutor)); }
+void mnuLaunchExecutor_Click(Station& station, int) { StartExecutor(station, ""); }
 
 constexpr Operation kOperations[] = {
     {"imgBUILD", Event::Click, imgBUILD_Click},
@@ -136,5 +134,20 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> LaunchOperations() { return kOperations; }
+
+WholeStation::WholeStation(const Platform& computer) : Station(computer) {
+  Add(LaunchOperations());
+  Add(TraceOperations());
+}
+
+bool StartExecutor(Station& station, const std::string& argument) {
+  return Start(station, std::string(kExecutor) + (argument.empty() ? "" : " ") + argument);
+}
+
+bool OffsetIsConfirmedForManual(Station& station) {
+  return OffsetIsConfirmed(station,
+                           "\r\nBefore first winding, you need to measure the carriage Z-offset distance.\r\n"
+                           "Click OK to open the settings page.\r\n");
+}
 
 }  // namespace torvane

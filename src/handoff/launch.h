@@ -12,7 +12,7 @@ std::span<const Operation> LaunchOperations();
 // A station with everything that hands work to other programs.
 class WholeStation : public Station {
  public:
-  explicit WholeStation(const Platform& computer) : Station(computer) { Add(LaunchOperations()); }
+  explicit WholeStation(const Platform& computer);
 };
 
 }  // namespace torvane

@@ -1,7 +1,6 @@
 #include "workbench/captions.h"
 
 #include "design/catalogue.h"
-#include "workbench/links.h"
 
 namespace torvane {
 
@@ -44,9 +43,7 @@ constexpr Caption kCaptions[] = {
     {"lblCommunity", "Post some pics of your stuff at the Torvane Community"},
     {"lblVidLink(0)", "2-Axis Software Overview"},
     {"lblVidLink(1)", "4-Axis Software Overview"},
-    {"lblHelpURL", kHelpLink},
-    {"lblCheckNewSoftware", "Click Here"},
-    {"frmBigPic", "Carriage Offset Distance"},
+    {"Label18", "Click to Enlarge"},
 };
 
 }  // namespace

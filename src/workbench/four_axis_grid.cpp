@@ -7,6 +7,7 @@
 #include "design/units.h"
 #include "workbench/layer_count.h"
 #include "workbench/messages.h"
+#include "workbench/preview.h"
 #include "workbench/station.h"
 
 namespace torvane {
@@ -72,8 +73,10 @@ void cmbPattern_Change(Station& station, int row) {
   s.cmbPhiSplit(row).Enable(enabled);
 }
 
-void cmbPattern_Click(Station& station, int) {
+void cmbPattern_Click(Station& station, int row) {
   station.Run("Form", Event::Click);
+  station.s.lblLayer = std::to_string(row);
+  station.polarTag = station.s.cmbPattern(row).text();
   station.s.gDirty = true;
   RecalculateFourAxisRows(station.s);
 }
@@ -134,11 +137,19 @@ void Row_ReleaseRight(Station& station, int row) {
   station.s.mnuPopMenu.Show(true);
 }
 
+// A press of the picture shows its row's pattern again; without one, the mandrel alone.
+void picPolar_Click(Station& station, int) {
+  if (station.polarTag.empty()) station.polarPicture = PolarBase(station.s);
+  ShowPreview(station);
+}
+
 void Number_Release(Station& station, int row) {
   DesignState& s = station.s;
   s.gCurrentRow = row;
   s.gPolarRow = row;
   station.Run("Form", Event::Click);
+  s.imgTRACE.Show(true);
+  s.lblTrace.Show(true);
   DropEmphasis(s, row);
   s.lbl4xLayerNo(row).SetBold(true);
 }
@@ -166,7 +177,9 @@ constexpr Operation kOperations[] = {
     {"btn4XRow", Event::PressRight, Row_Press},
     {"btn4XRow", Event::Release, Row_Press},
     {"btn4XRow", Event::ReleaseRight, Row_ReleaseRight},
-    {"btn4XRow", Event::Click, Number_Release},
+    {"btn4XRow", Event::Click, ShowPreviewOfRow},
+    {"picPolar", Event::Click, picPolar_Click},
+    {"Label18", Event::Click, [](Station& station, int) { ShowPreview(station); }},
     {"lbl4xLayerNo", Event::Release, Number_Release},
     {"lbl4xLayerNo", Event::ReleaseRight, Number_Release},
     {"pic3DGrid", Event::Click, [](Station& station, int) { station.Run("Form", Event::Click); }},

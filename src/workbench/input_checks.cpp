@@ -123,7 +123,7 @@ void txtZ2_Click(Station& station, int) {
                           (fourAxis ? "Go To Settings --> 4-Axis --> Red Highlight"
                                     : "Go To Settings --> 2-Axis --> Red Highlight"),
                       567, {.okOnly = true, .beep = true});
-    OpenSettings(station, fourAxis ? 2 : 1);
+    OpenSettings(station, fourAxis ? 2 : 1, CarriageOffsetMark::TooLow);
   }
   station.gSlamMessageShown = !station.gSlamMessageShown;
 }

@@ -17,4 +17,7 @@ inline constexpr const char* kNewSoftwareLink = "https://torvane.example/designe
 // An address without "http" in front gets "http://". Whether it could be opened is not told.
 void OpenWebLink(Station& station, std::string_view url);
 
+// Shows where the carriage offset is measured.
+void OpenPicture(Station& station);
+
 }  // namespace torvane

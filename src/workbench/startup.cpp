@@ -80,7 +80,7 @@ void Station::Form_Load() {
   // The splash shows while the main window is made ready behind it.
   s.frmSplash.Show(true);
   s.frmMain.Show(false);
-  for (Field* window : {&s.frmAbout, &s.frmBigPic, &s.mnuPopMenu}) window->Show(false);
+  for (Field* hidden : {&s.mnuPopMenu, &s.lblTrace, &s.imgTRACE}) hidden->Show(false);
   StartTimer(tmrSplash);
   const std::string lastVersion = GetSetting(store, kSettings, "gVersionNumber", "");
   if (lastVersion.starts_with('2')) UpgradeStore(s, store);

@@ -22,7 +22,10 @@ struct NamedTimer {
   std::string_view name;
   Timer Station::*timer;
 };
-constexpr NamedTimer kTimers[] = {{"tmrBlink", &Station::tmrBlink}, {"tmrSplash", &Station::tmrSplash}};
+constexpr NamedTimer kTimers[] = {{"tmrBlink", &Station::tmrBlink},
+                                  {"tmrSplash", &Station::tmrSplash},
+                                  {"tmrStartDraw", &Station::tmrStartDraw},
+                                  {"tmrDraw", &Station::tmrDraw}};
 
 }  // namespace
 
@@ -46,21 +49,63 @@ void Station::Add(std::span<const Operation> operations) {
 }
 
 void Station::Type(Field& field, std::string_view text) {
-  Run(field.row().name, Event::Typing, field.index());
+  lastKey = text.empty() ? '\0' : text.back();
+  RunFor(field, Event::Typing);
   field = text;
-  Run(field.row().name, Event::Key, field.index());
+  RunFor(field, Event::Key);
 }
 
 void Station::Choose(Field& field, std::string_view text) {
   field = text;
-  Run(field.row().name, Event::Click, field.index());
+  RunFor(field, Event::Click);
+}
+
+void Station::RunFor(const Field& field, Event event) {
+  for (const auto& window : windows)
+    if (window->Owns(field)) {
+      window->Run(field.row().name, event, field.index());
+      return;
+    }
+  RunHere(field.row().name, event, field.index());
 }
 
 bool Station::Run(std::string_view control, Event event, int index) {
+  // A window may close itself in answer, so the search ends with the one that answers.
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+    if ((*window)->Run(control, event, index)) return true;
+  return RunHere(control, event, index);
+}
+
+bool Station::RunHere(std::string_view control, Event event, int index) {
   const auto found = operations_.find({control, event});
   if (found == operations_.end()) return false;
   found->second->run(*this, index);
   return true;
+}
+
+Window* Station::OpenWindow(std::string_view name) const {
+  for (const auto& window : windows)
+    if (window->name() == name) return window.get();
+  return nullptr;
+}
+
+void Station::Close(Window& window) {
+  window.Closing();
+  std::erase_if(windows, [&window](const auto& open) { return open.get() == &window; });
+}
+
+Field* Station::FindField(std::string_view name) {
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+    if (Field* field = (*window)->Find(name)) return field;
+  return torvane::FindField(s, name);
+}
+
+NamedValue Station::FindValue(std::string_view name) const {
+  const auto flag = [](bool value) { return NamedValue{true, value ? "True" : "False"}; };
+  if (name == "gWrapValuesAccepted") return flag(gWrapValuesAccepted);
+  if (name == "gSlamMessageShown") return flag(gSlamMessageShown);
+  if (name == "FirstRunOrUpgrade") return flag(FirstRunOrUpgrade);
+  return torvane::FindValue(s, name);
 }
 
 bool Station::StartGuardPassed() const { return platform.clock.Now() - started > kStartGuard; }

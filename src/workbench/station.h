@@ -10,11 +10,13 @@
 #include <utility>
 #include <vector>
 
+#include "calc/polar_walk.h"
 #include "design/state.h"
 #include "persist/four_axis_file.h"
 #include "persist/two_axis_file.h"
 #include "platform/platform.h"
 #include "workbench/operations.h"
+#include "workbench/window.h"
 
 namespace torvane {
 
@@ -69,6 +71,9 @@ class Station : private ChangeOperations {
 
   Timer tmrBlink{std::chrono::milliseconds(500)};
   Timer tmrSplash{std::chrono::milliseconds(3500)};
+  // One shots of the preview: its first drawing, and the pause before its next pass.
+  Timer tmrStartDraw{std::chrono::milliseconds(300)};
+  Timer tmrDraw{std::chrono::milliseconds(250)};
 
   // The operator has accepted values that blinked; builds do not look at them any more.
   bool gWrapValuesAccepted = false;
@@ -77,11 +82,30 @@ class Station : private ChangeOperations {
   // A millimetre twin is being typed: the inch field that follows it is not mirrored back.
   bool twinIsTyped = false;
 
+  // The pattern whose picture is shown, and the picture last drawn in the main window.
+  std::string polarTag;
+  std::vector<PolarFigure> polarPicture;
+  // The character of the key last released in a field; 0 if its text became empty.
+  char lastKey = 0;
+
+  // Open windows, the topmost last. Opening one returns at once.
+  std::vector<std::unique_ptr<Window>> windows;
+  // The open window of a name; null if it is not open.
+  Window* OpenWindow(std::string_view name) const;
+  void Close(Window& window);
+  // A field of the topmost window that has one of that name, else of the main window; null if there is none.
+  Field* FindField(std::string_view name);
+  // A flag or value of the station.
+  NamedValue FindValue(std::string_view name) const;
+
   // Told when the settings dialog opens, with its tab.
   std::function<void(int tab)> settingsOpened;
 
  private:
   void Changed(const Field& field) override;
+  // An event in a field, of its window or of the main one.
+  void RunFor(const Field& field, Event event);
+  bool RunHere(std::string_view control, Event event, int index);
 
   std::map<std::pair<std::string_view, Event>, const Operation*> operations_;
   // Change operations by the place of their field in the catalogue, since every write asks for one.

@@ -53,10 +53,40 @@ void lblStatusBar2_Click(Station& station, int) {
   if (!address.empty()) OpenWebLink(station, address);
 }
 
-void ShowAbout(Station& station, bool shown) {
-  DesignState& s = station.s;
-  s.frmAbout.Show(shown);
-  if (shown) s.lblHelpURL.SetCaption(kHelpLink);
+constexpr WindowField kAboutFields[] = {
+    {"lblVersion", Kind::Caption},
+    {"lblHelpURL", Kind::Control},
+    {"lblCheckNewSoftware", Kind::Control, {}, false, "Click Here"},
+    {"btnCancel", Kind::Control, {}, false, "&Close"},
+};
+
+class AboutBox : public Window {
+ public:
+  explicit AboutBox(Station& owner) : Window(owner, "frmAbout", kAboutFields) {
+    field("lblVersion") = "v " + owner.s.gVersionNumber.text();
+    field("lblHelpURL").SetCaption(kHelpLink);
+  }
+
+  bool Run(std::string_view control, Event event, int) override {
+    if (event != Event::Click) return false;
+    if (control == "lblHelpURL") return OpenWebLink(station(), kHelpLink), true;
+    if (control == "lblCheckNewSoftware") return OpenWebLink(station(), kNewSoftwareLink), true;
+    if (control != "btnCancel") return false;
+    station().Close(*this);
+    return true;
+  }
+};
+
+// One picture and nothing else.
+class PictureDialog : public Window {
+ public:
+  explicit PictureDialog(Station& owner) : Window(owner, "frmBigPic", {}) {}
+  bool Run(std::string_view, Event, int) override { return false; }
+};
+
+template <class Kind>
+void OpenOnce(Station& station, std::string_view name) {
+  if (station.OpenWindow(name) == nullptr) station.windows.push_back(std::make_unique<Kind>(station));
 }
 
 void HoldLeast(const DesignState& s, Field& size, double least) {
@@ -97,12 +127,8 @@ constexpr Operation kOperations[] = {
     {"mnuVideo2AX", Event::Click, [](Station& station, int) { Video(station, 0); }},
     {"mnuVideo4AX", Event::Click, [](Station& station, int) { Video(station, 1); }},
     {"lblStatusBar2", Event::Click, lblStatusBar2_Click},
-    {"lblHelpURL", Event::Click, [](Station& station, int) { OpenWebLink(station, kHelpLink); }},
-    {"lblCheckNewSoftware", Event::Click,
-     [](Station& station, int) { OpenWebLink(station, kNewSoftwareLink); }},
     {"frmSplash", Event::Click, [](Station& station, int) { OpenWebLink(station, kHomeLink); }},
-    {"mnuAbout", Event::Click, [](Station& station, int) { ShowAbout(station, true); }},
-    {"btnCancel", Event::Click, [](Station& station, int) { ShowAbout(station, false); }},
+    {"mnuAbout", Event::Click, [](Station& station, int) { OpenOnce<AboutBox>(station, "frmAbout"); }},
     {"mnuQuit", Event::Click, [](Station& station, int) { station.Form_Unload(); }},
     {"Form", Event::Resize, Form_Resize},
     {"Command3", Event::Click, OpenSettingsAtLastTab},
@@ -117,15 +143,15 @@ constexpr Operation kOperations[] = {
 
 std::span<const Operation> WindowOperations() { return kOperations; }
 
-void OpenSettings(Station& station, int tab) {
-  if (station.settingsOpened) station.settingsOpened(tab);
-}
+void OpenPicture(Station& station) { OpenOnce<PictureDialog>(station, "frmBigPic"); }
 
 void Station::Form_Unload() {
+  if (ended) return;
   s.frmMain.Show(false);
   AskToSaveFirst(*this);
   SaveStoredSettings(s, platform.store);
-  for (Field* window : {&s.frmSplash, &s.frmAbout, &s.frmBigPic}) window->Show(false);
+  while (!windows.empty()) Close(*windows.back());
+  s.frmSplash.Show(false);
   ended = true;
 }
 

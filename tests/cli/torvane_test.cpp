@@ -20,6 +20,16 @@ std::string ReadFile(const fs::path& path) {
   return text.str();
 }
 
+// The design of a case and the ending of its program.
+struct CaseDesign {
+  fs::path path;
+  std::string program;
+};
+CaseDesign DesignOf(const fs::path& folder) {
+  if (fs::exists(folder / "design.t4d")) return {folder / "design.t4d", "program.T4G"};
+  return {folder / "design.t2d", "program.T2G"};
+}
+
 std::vector<std::string> LinesOfFile(const fs::path& path) {
   std::vector<std::string> lines;
   std::ifstream file(path);
@@ -71,29 +81,36 @@ TEST_F(Torvane, WritesProgramsAsWorkedOutByHand) {
   for (const auto& entry : fs::directory_iterator(kCases / "programs")) {
     if (!entry.is_directory()) continue;
     SCOPED_TRACE(entry.path().filename().string());
-    std::string arguments = "gcode " + Quoted((entry.path() / "design.t2d").string()) + " --out - ";
+    const CaseDesign design = DesignOf(entry.path());
+    std::string arguments = "gcode " + Quoted(design.path.string()) + " --out - ";
     for (const std::string& option : LinesOfFile(entry.path() / "options.txt")) arguments += option + " ";
     if (arguments.find("--locale") == std::string::npos) arguments += "--locale point ";
     for (const std::string& field : LinesOfFile(entry.path() / "fields.txt"))
       arguments += "--field " + Quoted(field) + " ";
     const Ended run = Start(arguments, (entry.path() / "settings.ini").string());
     const std::string expected =
-        Replaced(ReadFile(entry.path() / "program.T2G"), "@HOME@", Replaced(home().string(), "/", "\\"));
+        Replaced(ReadFile(entry.path() / design.program), "@HOME@", Replaced(home().string(), "/", "\\"));
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out, expected);
     ++cases;
   }
-  EXPECT_GE(cases, 7);
+  EXPECT_GE(cases, 11);
 }
 
 // The rows of the same designs, worked out with them: case, row, speeds, passes, minutes, length.
 TEST_F(Torvane, ShowsFiguresAsWorkedOutByHand) {
-  for (const std::string& line : LinesOfFile(kCases / "programs" / "figures.txt")) {
+  const std::vector<std::string> twoAxes = {"txtMRPM", "txtCarriageSpeed", "lblPassesToCover",
+                                            "lblMinutesToCover", "lblLengthToCover"};
+  const std::vector<std::string> fourAxes = {"lblRPM", "lblcSpeed", "lblNPasses", "lblMinutes", "lblLength"};
+  std::vector<std::string> lines = LinesOfFile(kCases / "programs" / "figures.txt");
+  for (const std::string& line : LinesOfFile(kCases / "programs" / "figures4.txt")) lines.push_back(line);
+  for (const std::string& line : lines) {
     std::vector<std::string> cells;
     std::stringstream stream(line + "\t");
     for (std::string cell; std::getline(stream, cell, '\t');) cells.push_back(cell);
     const fs::path folder = kCases / "programs" / cells[0];
-    std::string arguments = "info --json " + Quoted((folder / "design.t2d").string());
+    const fs::path design = DesignOf(folder).path;
+    std::string arguments = "info --json " + Quoted(design.string());
     const auto options = LinesOfFile(folder / "options.txt");
     arguments += options.empty() ? " --locale point" : " " + options.front();
     const Ended run = Start(arguments, (folder / "settings.ini").string());
@@ -106,11 +123,10 @@ TEST_F(Torvane, ShowsFiguresAsWorkedOutByHand) {
       expect("gBuildMinutes", cells[3]);
       continue;
     }
-    const char* names[] = {"txtMRPM", "txtCarriageSpeed", "lblPassesToCover", "lblMinutesToCover",
-                           "lblLengthToCover"};
+    const auto& names = design.extension() == ".t4d" ? fourAxes : twoAxes;
     ASSERT_EQ(cells.size(), 7U) << line;
-    for (std::size_t i = 0; i < 5; ++i)
-      if (cells[i + 2] != "-") expect(std::string(names[i]) + "(" + cells[1] + ")", cells[i + 2]);
+    for (std::size_t i = 0; i < names.size(); ++i)
+      if (cells[i + 2] != "-") expect(names[i] + "(" + cells[1] + ")", cells[i + 2]);
   }
 }
 
@@ -124,6 +140,22 @@ TEST_F(Torvane, FollowsScripts) {
     EXPECT_EQ(run.out + (run.status == 0 ? "" : "status " + std::to_string(run.status) + "\n"),
               ReadFile(entry.path() / "expected"))
         << run.err;
+  }
+}
+
+// The whole working days among the samples print what stands beside them.
+TEST_F(Torvane, FollowsTheWorkingDays) {
+  for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_FOLDER) / "samples")) {
+    if (entry.path().extension() != ".script") continue;
+    SCOPED_TRACE(entry.path().filename().string());
+    fs::remove_all(folder_);
+    fs::create_directories(home());
+    const Ended run = Start("script --locale point " + Quoted(entry.path().string()));
+    fs::path output = entry.path();
+    const std::string expected = Replaced(ReadFile(output.replace_extension(".output")),
+                                          "\\srv\\winder\\torvane", Replaced(home().string(), "/", "\\"));
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, expected);
   }
 }
 

@@ -1,0 +1,212 @@
+#include "workbench/preview.h"
+
+#include "calc/four_axis.h"
+#include "calc/patterns.h"
+#include "design/text.h"
+#include "persist/settings.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr WindowField kFields[] = {
+    {"lblPolarTag", Kind::ReadOut},
+    {"lbllayerNo", Kind::ReadOut},
+    {"lblSplitAngle", Kind::ReadOut},
+    {"lblW", Kind::ReadOut},
+    {"lblPhiL", Kind::ReadOut},
+    {"lblG", Kind::ReadOut},
+    {"lblC", Kind::ReadOut},
+    {"lblP", Kind::ReadOut},
+    {"lblCircuitNo", Kind::ReadOut},
+    {"lblPassNo", Kind::ReadOut},
+    {"lblX", Kind::ReadOut},
+    {"lblY", Kind::ReadOut},
+    {"cmbSpeed", Kind::List},
+    {"btnPause", Kind::Control, {}, false, "PAUSE"},
+    {"btnPlay", Kind::Control, {}, false, "PLAY"},
+    {"btnRedraw", Kind::Control, {}, false, "&Redraw"},
+    {"btnClose", Kind::Control, {}, false, "&Close"},
+};
+
+struct DrawSpeed {
+  std::string_view speed;
+  int afterPass, afterCircuit;  // milliseconds
+};
+constexpr DrawSpeed kSpeeds[] = {{"1/2x", 500, 1000}, {"1x", 250, 500}, {"2x", 125, 250}, {"4x", 10, 125}};
+constexpr DrawSpeed kOtherSpeed = {"", 20, 500};
+
+const DrawSpeed& SpeedOf(std::string_view text) {
+  for (const DrawSpeed& speed : kSpeeds)
+    if (speed.speed == text) return speed;
+  return kOtherSpeed;
+}
+
+void Append(std::vector<PolarFigure>& picture, const std::vector<PolarFigure>& figures) {
+  picture.insert(picture.end(), figures.begin(), figures.end());
+}
+
+// The walk as a player: each step waits for its timer, a pause holds it, a redraw begins anew.
+class PreviewWindow : public Window {
+ public:
+  explicit PreviewWindow(Station& owner) : Window(owner, "frmPolar", kFields) {
+    field("cmbSpeed").SetEntries({"1/2x", "1x", "2x", "4x"});
+    field("cmbSpeed") = GetSetting(station().platform.store, kSettings, "cmbSpeed", "1x");
+    field("btnPlay").Enable(false);
+    station().StartTimer(station().tmrStartDraw);
+  }
+
+  void Describe(const std::string& tag, int row) {
+    field("lblPolarTag") = tag;
+    field("lbllayerNo") = std::to_string(row);
+  }
+  void DescribeAngles(const Field& split, const Field& wrap) {
+    field("lblSplitAngle").CopyFrom(split);
+    field("lblW").CopyFrom(wrap);
+    splitAngle_ = Degrees(station().s, split);
+  }
+
+  const std::vector<PolarFigure>& picture() const { return picture_; }
+
+  bool Run(std::string_view control, Event event, int) override {
+    if (event == Event::Tick && control == "tmrStartDraw") return Begin(), true;
+    if (event == Event::Tick && control == "tmrDraw") return Step(), true;
+    if (event != Event::Click) return false;
+    if (control == "cmbSpeed") {
+      SaveSetting(station().platform.store, kSettings, "cmbSpeed", field("cmbSpeed").text());
+      return true;
+    }
+    if (control == "btnPause" || control == "btnPlay") return Hold(control == "btnPause"), true;
+    if (control == "btnRedraw") return Begin(), true;
+    if (control != "btnClose") return false;
+    station().Close(*this);
+    return true;
+  }
+
+  void Closing() override {
+    station().StopTimer(station().tmrStartDraw);
+    station().StopTimer(station().tmrDraw);
+  }
+
+ private:
+  // The paused flag holds the walk before its next pass.
+  void Hold(bool paused) {
+    field("btnPause").Enable(!paused);
+    field("btnPlay").Enable(paused);
+    paused_ = paused;
+    if (!paused && walk_) Wait(1);
+  }
+
+  void Wait(int milliseconds) {
+    station().tmrDraw.interval = std::chrono::milliseconds(milliseconds);
+    station().StartTimer(station().tmrDraw);
+  }
+
+  void Begin();
+  void Step();
+
+  std::vector<PolarFigure> picture_;
+  std::optional<PolarWalk> walk_;
+  Number splitAngle_ = Number::Failure();
+  bool paused_ = false;
+};
+
+void PreviewWindow::Begin() {
+  DesignState& s = station().s;
+  station().StopTimer(station().tmrStartDraw);
+  station().StopTimer(station().tmrDraw);
+  walk_.reset();
+  picture_ = PolarBase(s);
+  if (station().polarTag.empty()) return;
+  const auto pattern = PolarPatternOf(s, station().polarTag);
+  if (!pattern) return;
+  field("lblC") = Number(pattern->groups).plain();
+  field("lblP") = Number(pattern->circuits).plain();
+  field("lblPhiL") = Number(pattern->traverseRotation).as("###.0"_mask);
+  const Number grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
+  field("lblG") = FormatNumberText(s.signs, grazing.good() ? grazing.value() : 0, "###.0"_mask) + " \xB0";
+  if (splitAngle_.good()) Append(picture_, PolarArcs(*pattern, splitAngle_.value()));
+  walk_.emplace(*pattern, PolarMarks::ByDivision);
+  Step();
+}
+
+void PreviewWindow::Step() {
+  station().StopTimer(station().tmrDraw);
+  if (!walk_ || paused_) return;
+  const auto step = walk_->Next();
+  if (!step) {
+    walk_.reset();
+    return;
+  }
+  field("lblCircuitNo") = Number(step->circuit).plain();
+  field("lblPassNo") = Number(step->pass).plain();
+  Append(picture_, step->figures);
+  const DrawSpeed& speed = SpeedOf(field("cmbSpeed").text());
+  Wait(speed.afterPass + (step->closesCircuit ? speed.afterCircuit : 0));
+}
+
+PreviewWindow& OpenPreview(Station& station) {
+  // A second press shows another pattern: the window begins anew.
+  if (Window* open = station.OpenWindow("frmPolar")) station.Close(*open);
+  station.windows.push_back(std::make_unique<PreviewWindow>(station));
+  return static_cast<PreviewWindow&>(*station.windows.back());
+}
+
+bool IsTooLarge(Station& station) {
+  DesignState& s = station.s;
+  SplitPatternFields(s, station.polarTag);
+  const Number passes = Int(s.Read(s.gTagFields(2))) * Int(s.Read(s.gTagFields(3)));
+  if (!holds(passes > kMostPolarPasses)) return false;
+  station.platform.messageBox.Show("Torvane Designer",
+                                   "A pattern of " + FormatNumberText(s.signs, passes.value(), "#0"_mask) +
+                                       " passes cannot be drawn. The preview draws 100000 passes at most.",
+                                   BoxIcon::Information);
+  return true;
+}
+
+}  // namespace
+
+void DrawPolarCircPattern(Station& station, int row) {
+  DesignState& s = station.s;
+  station.polarPicture = PolarBase(s);
+  if (IsTooLarge(station)) return;
+  SplitPatternFields(s, station.polarTag);
+  const Number windingAngle = s.Read(s.gTagFields(1));
+  if (windingAngle.good()) CalculateAndShow(s, windingAngle, station.polarTag, row);
+  const auto pattern = PolarPatternOf(s, station.polarTag);
+  if (!pattern) return;
+  PolarWalk walk(*pattern, PolarMarks::ByBand);
+  std::string trace;
+  while (const auto step = walk.Next()) {
+    Append(station.polarPicture, step->figures);
+    if (step->circuit == s.gPolarRow) trace = PolarTracePass(s, *step, row);
+  }
+  if (!trace.empty())
+    SaveSetting(station.platform.store, kSettings, "strTRACE", PolarTraceHead(s) + "|" + trace);
+}
+
+void ShowPreview(Station& station) {
+  PreviewWindow& window = OpenPreview(station);
+  window.Describe(station.polarTag, station.s.gPolarRow);
+}
+
+void ShowPreviewOfRow(Station& station, int row) {
+  DesignState& s = station.s;
+  s.gPolarRow = row;
+  s.lblLayer = std::to_string(row);
+  station.Run("lbl4xLayerNo", Event::Release, row);
+  if (EqualNoCase(s.cmb3D(row).text(), "HOOP")) return;
+  station.polarTag = s.cmbPattern(row).text();
+  if (station.polarTag.empty()) return;
+  DrawPolarCircPattern(station, row);
+  PreviewWindow& window = OpenPreview(station);
+  window.Describe(station.polarTag, row);
+  window.DescribeAngles(s.cmbPhiSplit(row), s.cmbPhiW(row));
+}
+
+const std::vector<PolarFigure>& LastDrawing(const Station& station) {
+  const Window* open = station.OpenWindow("frmPolar");
+  return open != nullptr ? static_cast<const PreviewWindow*>(open)->picture() : station.polarPicture;
+}
+
+}  // namespace torvane

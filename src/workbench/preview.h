@@ -1,0 +1,21 @@
+// The polar preview: the picture of a row in the main window, and the window that draws it pass by pass.
+#pragma once
+
+#include "workbench/station.h"
+
+namespace torvane {
+
+// Draws the whole pattern of a row into the main window's picture, writes the row's speeds, and stores the
+// pattern's trace text if it has as many circuits as the row pressed has a number.
+void DrawPolarCircPattern(Station& station, int row);
+
+// A press of a row's button: selects it and, unless it is a hoop or has no pattern, shows its preview.
+void ShowPreviewOfRow(Station& station, int row);
+
+// Opens the preview of the pattern already shown.
+void ShowPreview(Station& station);
+
+// The picture last drawn: the preview's while it is open, else the main window's.
+const std::vector<PolarFigure>& LastDrawing(const Station& station);
+
+}  // namespace torvane

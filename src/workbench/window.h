@@ -1,0 +1,57 @@
+// A window beside the main one, with fields of its own.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "design/catalogue.h"
+#include "design/field.h"
+#include "workbench/operations.h"
+
+namespace torvane {
+
+// A field of a window, or a row of them: `txtcSpeed(0)` to `(2)`.
+struct WindowField {
+  std::string_view name;
+  Kind kind;
+  IndexSet indexes{};
+  bool isArray = false;
+  const char* caption = "";
+};
+
+// It lives while it is open. A name that exists in an open window means the window's.
+class Window : private ChangeOperations {
+ public:
+  Window(Station& station, std::string_view name, std::span<const WindowField> fields);
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  ~Window() override = default;
+
+  std::string_view name() const { return name_; }
+  // Null if the window has no such field.
+  Field* Find(std::string_view name);
+  bool Owns(const Field& field) const;
+
+  // What an event sets off here; false if nothing answers to that control.
+  virtual bool Run(std::string_view control, Event event, int index) = 0;
+  // The window is about to close, by whatever road.
+  virtual void Closing() {}
+
+ protected:
+  Station& station() const { return station_; }
+  Field& field(std::string_view name);
+
+ private:
+  void Changed(const Field& field) override { Run(field.row().name, Event::Change, field.index()); }
+
+  Station& station_;
+  std::string_view name_;
+  FieldOwner owner_;
+  std::vector<FieldRow> rows_;
+  std::vector<Field> fields_;
+};
+
+}  // namespace torvane
