@@ -27,6 +27,9 @@ struct PatternOptions {
 // Prints the patterns that close on a part, with the time and filament of each at the default speeds.
 int RunPatterns(Computer& computer, const PatternOptions& options);
 
+// Draws the whole picture of a row's pattern into an SVG file.
+int RunPreview(Computer& computer, const std::string& design, int row, const std::string& out);
+
 int RunSettingList(Computer& computer);
 int RunSettingGet(Computer& computer, const std::string& section, const std::string& key);
 int RunSettingSet(Computer& computer, const std::string& section, const std::string& key,

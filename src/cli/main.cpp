@@ -30,6 +30,7 @@ struct Arguments {
   bool brief = false;
   std::string section, key, value;
   std::string script;
+  int row = 0;
   PatternOptions patterns;
 };
 
@@ -74,6 +75,12 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   patterns->add_option("--opening", a.patterns.opening, "Polar opening diameter [0]");
   patterns->add_flag("--mm", a.patterns.millimetres, "Lengths are millimetres, not inches");
   patterns->add_flag("--json", a.patterns.json, "As one JSON object");
+
+  CLI::App* preview = add(app, "preview", "Draw a row's winding pattern into an SVG file",
+                          [&a](Computer& c) { return RunPreview(c, a.design, a.row, a.out); });
+  preview->add_option("DESIGN", a.design, "The design file")->required();
+  preview->add_option("--row", a.row, "The layer row")->required();
+  preview->add_option("--out", a.out, "The picture to write")->required();
 
   CLI::App* setting = app.add_subcommand("setting", "The station's settings");
   setting->require_subcommand(1);
