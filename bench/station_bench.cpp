@@ -6,6 +6,7 @@
 #include <cstring>
 #include <vector>
 
+#include "calc/patterns.h"
 #include "calc/two_axis.h"
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
@@ -102,6 +103,72 @@ void FormProgramOf15Layers(benchmark::State& state) {
   state.counters["times_copy_and_write"] = forming / copying;
 }
 BENCHMARK(FormProgramOf15Layers)->Unit(benchmark::kMillisecond);
+
+void DescribeFourAxisTube(StationOnStage& onStage, int layers) {
+  Station& station = onStage.Started();
+  DesignState& s = station.s;
+  station.Run("optX", Event::Click, 1);
+  station.Run("optType", Event::Click, 0);
+  s.cmbRate = "MED";
+  s.txtDia(0) = "4";
+  s.txtDia(1) = "4";
+  s.txtPODia(0) = "1";
+  s.txtZ4(0) = "28";
+  s.txtZ4(3) = "4";
+  s.txtAdjust(1) = "30";
+  s.txtAdjust(5) = "2";
+  s.txtBandWidth(1) = "0.25";
+  s.txtNumberOfLayers(1) = std::to_string(layers);
+  for (int row = 1; row <= layers; ++row) {
+    s.cmbPhiSplit(row) = "45\xB0";
+    station.Choose(s.cmbPhiW(row), "180\xB0");
+    station.Choose(s.cmbPattern(row), "18.12 | 4 x 12 | 180\xB0");
+    s.LayerTable4Ax.Set(row, 5, s.cmbPattern(row).text());
+  }
+}
+
+void PatternListOfOneRow(benchmark::State& state) {
+  StationOnStage onStage;
+  DescribeFourAxisTube(onStage, 1);
+  for (auto _ : state) PopulatePatternCombo(onStage.station().s, 1);
+}
+BENCHMARK(PatternListOfOneRow)->Unit(benchmark::kMicrosecond);
+
+void RefreshOf15Rows(benchmark::State& state) {
+  StationOnStage onStage;
+  DescribeFourAxisTube(onStage, 15);
+  for (auto _ : state) Refresh4AXGrid(onStage.station().s);
+}
+BENCHMARK(RefreshOf15Rows)->Unit(benchmark::kMillisecond);
+
+void PatternListOfANarrowBand(benchmark::State& state) {
+  const PatternPart part{4 * kPi, 0.01, 24, 180, 25};
+  for (auto _ : state) benchmark::DoNotOptimize(ClosingPatterns({}, part));
+}
+BENCHMARK(PatternListOfANarrowBand)->Unit(benchmark::kMillisecond);
+
+void PatternListOfAThreadOnATank(benchmark::State& state) {
+  const PatternPart part{10000 * kPi, 0.0001, 24, 180, 25};
+  for (auto _ : state) benchmark::DoNotOptimize(ClosingPatterns({}, part));
+}
+BENCHMARK(PatternListOfAThreadOnATank)->Unit(benchmark::kMillisecond);
+
+void FormFourAxisProgramOf15Layers(benchmark::State& state) {
+  StationOnStage onStage;
+  DescribeFourAxisTube(onStage, 15);
+  Station& station = onStage.station();
+  for (int row = 1; row <= 15; ++row) station.s.cmbPattern(row) = "18.12 | 40 x 60 | 180\xB0";
+  station.s.gFilePath = "C:\\Torvane\\TV_Design_Files\\large.t4d";
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    Program program(station.s.signs);
+    FormProgram(station.s, station.platform, program);
+    bytes = 0;
+    for (const std::string_view block : program.Text()) bytes += block.size();
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
+}
+BENCHMARK(FormFourAxisProgramOf15Layers)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace torvane
