@@ -36,7 +36,7 @@ void Factorise(double bands, std::vector<Factors>& table) {
   if (!(bands >= 2 && bands <= kMostBands)) return;
   const auto n = static_cast<std::uint32_t>(bands);
   for (std::uint32_t f = 2; f * f <= n; ++f)
-    if (n % f == 0) table.push_back({static_cast<double>(f), static_cast<double>(n / f)});
+    if (n % f == 0) table.push_back({static_cast<double>(f), bands / static_cast<double>(f)});
   for (std::size_t i = table.size(); i-- > 0;)
     if (table[i].a != table[i].b) table.push_back({table[i].b, table[i].a});
   if (n == 2) table.push_back({2, 1});

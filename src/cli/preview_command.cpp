@@ -14,12 +14,17 @@ namespace {
 
 const char* ColourOf(PolarColour colour) {
   switch (colour) {
-    case PolarColour::Tick: return "#c0c0c0";
-    case PolarColour::Closing: return "#d3262b";
-    case PolarColour::Split: return "#2f9e5b";
-    case PolarColour::Wrap: return "#2f78b4";
+    case PolarColour::Tick:
+      return "#c0c0c0";
+    case PolarColour::Closing:
+      return "#d3262b";
+    case PolarColour::Split:
+      return "#2f9e5b";
+    case PolarColour::Wrap:
+      return "#2f78b4";
     case PolarColour::Outline:
-    case PolarColour::Band: return "#17222c";
+    case PolarColour::Band:
+      return "#17222c";
   }
   return "";
 }
@@ -39,12 +44,14 @@ std::string PathOfArc(const PolarFigure& f) {
 
 std::string ShapeOf(const PolarFigure& f) {
   switch (f.kind) {
-    case PolarKind::Circle: return "<circle r=\"" + Coordinate(f.radius) + "\"";
-    case PolarKind::Arc: return PathOfArc(f);
+    case PolarKind::Circle:
+      return "<circle r=\"" + Coordinate(f.radius) + "\"";
+    case PolarKind::Arc:
+      return PathOfArc(f);
     case PolarKind::Tick:
     case PolarKind::Chord:
-      return "<line x1=\"" + Coordinate(f.x1) + "\" y1=\"" + Coordinate(-f.y1) + "\" x2=\"" + Coordinate(f.x2) +
-             "\" y2=\"" + Coordinate(-f.y2) + "\"";
+      return "<line x1=\"" + Coordinate(f.x1) + "\" y1=\"" + Coordinate(-f.y1) + "\" x2=\"" +
+             Coordinate(f.x2) + "\" y2=\"" + Coordinate(-f.y2) + "\"";
   }
   return "";
 }
@@ -65,7 +72,8 @@ std::string SvgOf(const std::vector<PolarFigure>& figures, double radius, const 
                     "</title>\n<g fill=\"none\" stroke-linecap=\"butt\">\n";
   for (const PolarFigure& f : figures) {
     const double stroke = f.kind == PolarKind::Arc ? radius / 40 : radius / 250;
-    svg += ShapeOf(f) + " stroke=\"" + ColourOf(f.colour) + "\" stroke-width=\"" + Coordinate(stroke) + "\"/>\n";
+    svg +=
+        ShapeOf(f) + " stroke=\"" + ColourOf(f.colour) + "\" stroke-width=\"" + Coordinate(stroke) + "\"/>\n";
   }
   return svg + "</g>\n</svg>\n";
 }
@@ -89,7 +97,8 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   DrawPolarCircPattern(station, row);
   const Result<std::string> path = AbsoluteStationPath(out);
   if (!path) throw UsageError{out + ": " + path.reason()};
-  const std::string title = ToUtf8(s.gFileName.text() + ", layer " + std::to_string(row) + ": " + station.polarTag);
+  const std::string title =
+      ToUtf8(s.gFileName.text() + ", layer " + std::to_string(row) + ": " + station.polarTag);
   const std::string svg = SvgOf(station.polarPicture, pattern->radius, title);
   const Outcome written = station.platform.files.WriteWhole(path.value(), {svg});
   if (written) return kDone;

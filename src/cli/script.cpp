@@ -234,7 +234,7 @@ void Script::Click(const std::string& rest) {
 }
 
 void Script::Drawing(const std::string&) {
-  constexpr Mask kFour = "0.0000"_mask;
+  static constexpr Mask kFour = "0.0000"_mask;
   const auto number = [](double value) { return " " + FormatNumberText({}, value, kFour); };
   for (const PolarFigure& f : LastDrawing(Running())) {
     switch (f.kind) {

@@ -251,7 +251,7 @@ void SettingsDialog::KeyInRow(std::size_t i, const Row& row) {
 
 // A key in any of the offset's four fields brings the other three in step and confirms the offset.
 void SettingsDialog::OffsetKey(const Field& typed, bool inches) {
-  const std::string text = typed.text();
+  const std::string& text = typed.text();
   const Masked millimetres = (s().Read(text) * kMillimetresPerInch).as(kTwoDecimals);
   const Masked inInches = (s().Read(text) / kMillimetresPerInch).as(kTwoDecimals);
   for (std::size_t i = 0; i < 2; ++i) {
