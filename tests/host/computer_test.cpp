@@ -168,7 +168,7 @@ TEST(HostLocale, DecimalSignIsTheUsersAndTheProcesssLocaleStays) {
   const TemporaryFolder folder;
   const std::string locale = (folder.path / "de_DE.UTF-8").string();
   const std::string command = "localedef -i de_DE -f UTF-8 '" + locale + "' >/dev/null 2>&1";
-  const bool made = std::system(command.c_str()) >= 0 && std::filesystem::exists(locale);
+  const bool made = std::system(command.c_str()) >= 0 && std::filesystem::exists(locale + "/LC_NUMERIC");
   EXPECT_EQ(DecimalSign(folder.path.string(), "C"), '.');
   EXPECT_EQ(DecimalSign(folder.path.string(), "xx_XX.UTF-8"), '.');  // not installed
   if (!made) GTEST_SKIP() << "no locale with a comma to be had";
