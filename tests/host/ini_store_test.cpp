@@ -165,10 +165,10 @@ TEST_F(IniStoreTest, ProcessesThatWriteAtOnceLoseNoKey) {
 
 TEST_F(IniStoreTest, LeftoversLinksAndModesOfTheFile) {
   std::filesystem::create_directory(file.parent_path());
-  const auto target = folder.path / "shared.ini";
+  const auto target = folder.path / "common.ini";
   Put(target, "[Settings]\nkept=1\n");
   ASSERT_EQ(chmod(target.c_str(), 0640), 0);
-  std::filesystem::create_symlink("../shared.ini", file);
+  std::filesystem::create_symlink("../common.ini", file);
   Put(target.string() + ".new", "[Settings]\nhalf");  // of a station that ended in the middle
   Put(target.string() + ".lock", "");
 
