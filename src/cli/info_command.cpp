@@ -24,7 +24,7 @@ nlohmann::ordered_json Everything(DesignState& s) {
   const int rows = RowsOf(s.txtNumberOfLayers(s.Panel()));
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (!IsUsed(row, field.index(), s.gShow4Axis)) return;
+    if (!IsUsed(row, field.index(), s.gShow4Axis) || row.kind == Kind::Caption) return;
     if (IsScheduleRow(row) && field.index() > rows && field.index() != IndexSet::kAllRows) return;
     object[NameOf(field)] = Report(row.kind, field);
   });

@@ -113,6 +113,8 @@ const Script::Command* Script::Find(std::string_view word) {
       {"drawing", &Script::Drawing},
       {"focus", &Script::Focus},
       {"quit", &Script::Quit},
+      {"undo", &Script::Undo},
+      {"redo", &Script::Redo},
   };
   for (const Command& command : kCommands)
     if (command.word == word) return &command;
@@ -354,6 +356,10 @@ void Script::Focus(const std::string&) {
   const Field* focus = Running().s.focus;
   out_ << (focus != nullptr ? NameOf(*focus) : "") << "\n";
 }
+
+void Script::Undo(const std::string&) { Running().Undo(); }
+
+void Script::Redo(const std::string&) { Running().Redo(); }
 
 void Script::Quit(const std::string&) { Running().Form_Unload(); }
 

@@ -55,6 +55,8 @@ class Script {
   void NoStart(const std::string& rest);
   void Drawing(const std::string& rest);
   void Focus(const std::string& rest);
+  void Undo(const std::string& rest);
+  void Redo(const std::string& rest);
   void Quit(const std::string& rest);
 
   // Sets off an event of the control that a name like "btnLR(0)" says.

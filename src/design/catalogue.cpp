@@ -79,19 +79,19 @@ constexpr FieldRow kCatalogue[] = {
     {"gFileName", &Fields::gFileName, Kind::Value, UsedBy::Both, {}, ""},
     {"gLastFileInUse", &Fields::gLastFileInUse, Kind::Value, UsedBy::Both, {}, ""},
     {"gVersionNumber", &Fields::gVersionNumber, Kind::Value, UsedBy::Both, {}, ""},
-    {"Author", &Fields::Author, Kind::Value, UsedBy::Both, {}, ""},
-    {"Author_Email", &Fields::Author_Email, Kind::Value, UsedBy::Both, {}, ""},
-    {"Comments", &Fields::Comments, Kind::Value, UsedBy::Both, {}, ""},
-    {"Date_of_Creation", &Fields::Date_of_Creation, Kind::Value, UsedBy::Both, {}, ""},
-    {"Diameter_Left", &Fields::Diameter_Left, Kind::Value, UsedBy::Both, {}, ""},
-    {"Diameter_Right", &Fields::Diameter_Right, Kind::Value, UsedBy::Both, {}, ""},
-    {"Length_Total", &Fields::Length_Total, Kind::Value, UsedBy::Both, {}, ""},
-    {"Band_Width", &Fields::Band_Width, Kind::Value, UsedBy::Both, {}, ""},
-    {"Band_Thickness", &Fields::Band_Thickness, Kind::Value, UsedBy::Both, {}, ""},
-    {"Number_of_Layers", &Fields::Number_of_Layers, Kind::Value, UsedBy::Both, {}, ""},
-    {"gLeftStopText", &Fields::gLeftStopText, Kind::Value, UsedBy::Both, {}, ""},
-    {"gRightStopText", &Fields::gRightStopText, Kind::Value, UsedBy::Both, {}, ""},
-    {"gUnits", &Fields::gUnits, Kind::Value, UsedBy::Both, {}, "in"},
+    {"Author", &Fields::Author, Kind::Value, UsedBy::Design, {}, ""},
+    {"Author_Email", &Fields::Author_Email, Kind::Value, UsedBy::Design, {}, ""},
+    {"Comments", &Fields::Comments, Kind::Value, UsedBy::Design, {}, ""},
+    {"Date_of_Creation", &Fields::Date_of_Creation, Kind::Value, UsedBy::Design, {}, ""},
+    {"Diameter_Left", &Fields::Diameter_Left, Kind::Value, UsedBy::Design, {}, ""},
+    {"Diameter_Right", &Fields::Diameter_Right, Kind::Value, UsedBy::Design, {}, ""},
+    {"Length_Total", &Fields::Length_Total, Kind::Value, UsedBy::Design, {}, ""},
+    {"Band_Width", &Fields::Band_Width, Kind::Value, UsedBy::Design, {}, ""},
+    {"Band_Thickness", &Fields::Band_Thickness, Kind::Value, UsedBy::Design, {}, ""},
+    {"Number_of_Layers", &Fields::Number_of_Layers, Kind::Value, UsedBy::Design, {}, ""},
+    {"gLeftStopText", &Fields::gLeftStopText, Kind::Value, UsedBy::Design, {}, ""},
+    {"gRightStopText", &Fields::gRightStopText, Kind::Value, UsedBy::Design, {}, ""},
+    {"gUnits", &Fields::gUnits, Kind::Value, UsedBy::Design, {}, "in"},
     {"gPartType", &Fields::gPartType, Kind::Value, UsedBy::FourAxis, {}, "FLAT"},
     // The program last written
     {"gGCodeFileName", &Fields::gGCodeFileName, Kind::Value, UsedBy::Window, {}, ""},
@@ -188,12 +188,12 @@ constexpr FieldRow kCatalogue[] = {
     {"lblStatusBar1", &Fields::lblStatusBar1, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblStatusBar2", &Fields::lblStatusBar2, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblVersion", &Fields::lblVersion, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblUnits", &Fields::lblUnits, Kind::Caption, UsedBy::Window, UpTo(0), ""},
+    {"lblUnits", &Fields::lblUnits, Kind::Caption, UsedBy::Design, UpTo(0), ""},
     {"lbl2or4AX", &Fields::lbl2or4AX, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblLengthHeading", &Fields::lblLengthHeading, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblCarriageSpeedHeading", &Fields::lblCarriageSpeedHeading, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblSpeedUnits", &Fields::lblSpeedUnits, Kind::Caption, UsedBy::Window, {}, ""},
-    {"lblLengthUnits", &Fields::lblLengthUnits, Kind::Caption, UsedBy::Window, {}, ""},
+    {"lblLengthHeading", &Fields::lblLengthHeading, Kind::Caption, UsedBy::Design, {}, ""},
+    {"lblCarriageSpeedHeading", &Fields::lblCarriageSpeedHeading, Kind::Caption, UsedBy::Design, {}, ""},
+    {"lblSpeedUnits", &Fields::lblSpeedUnits, Kind::Caption, UsedBy::Design, {}, ""},
+    {"lblLengthUnits", &Fields::lblLengthUnits, Kind::Caption, UsedBy::Design, {}, ""},
     {"Label1(47)", &Fields::lblPatternHeading, Kind::Caption, UsedBy::Window, {}, "Pattern"},
     {"lblLengthHeading4Ax", &Fields::lblLengthHeading4Ax, Kind::Caption, UsedBy::Window, {}, ""},
     {"lblCarriageSpeedHeading4Ax", &Fields::lblCarriageSpeedHeading4Ax, Kind::Caption, UsedBy::Window, {}, ""},
@@ -214,6 +214,7 @@ bool IsUsed(const FieldRow& row, int index, bool fourAxis) {
       return fourAxis == (index == 1);
     case UsedBy::LowIsFour:
       return fourAxis == (index <= 1);
+    case UsedBy::Design:
     case UsedBy::Both:
       return true;
     case UsedBy::Window:

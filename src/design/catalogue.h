@@ -28,6 +28,7 @@ enum class UsedBy : std::uint8_t {
   FourAxis,
   ByIndex,    // 0 two axes, 1 four
   LowIsFour,  // 0 and 1 four axes, above that two
+  Design,     // both, and part of a design
   Both,
   Window,  // no part of a design or of the station's constants
 };
@@ -45,6 +46,11 @@ std::span<const FieldRow> Catalogue();
 
 // True of an array whose indexes are rows of a schedule.
 constexpr bool IsScheduleRow(const FieldRow& row) { return row.indexes.first == 1 && row.indexes.last >= 18; }
+
+// True of a design's own fields; false of the station's constants, choices and windows.
+constexpr bool IsOfDesign(const FieldRow& row) {
+  return row.usedBy != UsedBy::Both && row.usedBy != UsedBy::Window;
+}
 
 bool IsUsed(const FieldRow& row, int index, bool fourAxis);
 

@@ -41,9 +41,26 @@ void Field::CopyFrom(const Field& other) {
 }
 
 void Field::Restore(std::string_view text) {
-  if (!exists()) return;
+  if (!exists() || text_ == text) return;
   text_ = text;
   numberKnown_ = false;
+  Repaint();
+}
+
+void Field::RestoreLooks(const Looks& looks) {
+  if (!exists() || looks_ == looks) return;
+  looks_ = looks;
+  Repaint();
+}
+
+const std::vector<std::string>& Field::entries() const {
+  static const std::vector<std::string> none;
+  return looks_.entries ? *looks_.entries : none;
+}
+
+void Field::SetEntries(std::vector<std::string> list) {
+  if (!exists() || entries() == list) return;
+  looks_.entries = std::make_shared<const std::vector<std::string>>(std::move(list));
   Repaint();
 }
 

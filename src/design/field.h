@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,19 @@ struct FieldOwner {
 };
 
 enum class Mark : std::uint8_t { Plain, NeedsInput, TooHigh, StopTooLow };
+
+// What a window shows of a field beside its text.
+struct Looks {
+  Mark mark = Mark::Plain;
+  bool enabled = true;
+  bool shown = true;
+  bool bold = false;
+  std::string tip;
+  std::string caption;
+  std::shared_ptr<const std::vector<std::string>> entries;  // of a list; null if there are none
+
+  bool operator==(const Looks&) const = default;
+};
 
 // One text. A write of the same text does nothing; a write of another text stores it, tells the watcher
 // and runs the change operation before it returns. A write whose number failed has no effect.
@@ -78,21 +92,25 @@ class Field {
   // Gives a field its place; its text becomes the one it has at the start of the program.
   void Attach(FieldOwner& owner, const FieldRow& row, int index);
 
-  Mark mark() const { return mark_; }
-  bool enabled() const { return enabled_; }
-  bool shown() const { return shown_; }
-  bool bold() const { return bold_; }
-  const std::string& tip() const { return tip_; }
-  const std::string& caption() const { return caption_; }
-  const std::vector<std::string>& entries() const { return entries_; }
+  const Looks& looks() const { return looks_; }
+  // Sets what is shown without any operation.
+  void RestoreLooks(const Looks& looks);
 
-  void SetMark(Mark mark) { Set(mark_, mark); }
-  void Enable(bool enabled) { Set(enabled_, enabled); }
-  void Show(bool shown) { Set(shown_, shown); }
-  void SetBold(bool bold) { Set(bold_, bold); }
-  void SetTip(const std::string& tip) { Set(tip_, tip); }
-  void SetCaption(const std::string& caption) { Set(caption_, caption); }
-  void SetEntries(std::vector<std::string> entries) { Set(entries_, std::move(entries)); }
+  Mark mark() const { return looks_.mark; }
+  bool enabled() const { return looks_.enabled; }
+  bool shown() const { return looks_.shown; }
+  bool bold() const { return looks_.bold; }
+  const std::string& tip() const { return looks_.tip; }
+  const std::string& caption() const { return looks_.caption; }
+  const std::vector<std::string>& entries() const;
+
+  void SetMark(Mark mark) { Set(looks_.mark, mark); }
+  void Enable(bool enabled) { Set(looks_.enabled, enabled); }
+  void Show(bool shown) { Set(looks_.shown, shown); }
+  void SetBold(bool bold) { Set(looks_.bold, bold); }
+  void SetTip(const std::string& tip) { Set(looks_.tip, tip); }
+  void SetCaption(const std::string& caption) { Set(looks_.caption, caption); }
+  void SetEntries(std::vector<std::string> entries);
 
  private:
   void Repaint() const;
@@ -110,14 +128,8 @@ class Field {
   // The number that the text reads as, worked out at the first reading.
   mutable Number number_ = Number::Failure();
   mutable bool numberKnown_ = false;
-  Mark mark_ = Mark::Plain;
-  bool enabled_ = true;
-  bool shown_ = true;
-  bool bold_ = false;
   int index_ = 0;
-  std::string tip_;
-  std::string caption_;
-  std::vector<std::string> entries_;
+  Looks looks_;
 };
 
 inline Number number(const Field& field) { return field.number(); }

@@ -44,16 +44,29 @@ DesignState::DesignState(NumberSigns signsOfComputer) : FieldOwner(signsOfComput
 }
 
 Snapshot DesignState::TakeSnapshot() {
-  Snapshot snapshot{{}, LayerTable2Ax, LayerTable4Ax};
-  ForEachField(*this, [&snapshot](const Field& field) { snapshot.fields.push_back(field.text()); });
+  Snapshot snapshot{{}, {}, LayerTable2Ax, LayerTable4Ax, mnuINCH, gBuildHours, gBuildMinutes};
+  ForEachField(*this, [&snapshot](const Field& field) {
+    if (!IsOfDesign(field.row())) return;
+    snapshot.texts.push_back(field.text());
+    snapshot.looks.push_back(field.looks());
+  });
   return snapshot;
 }
 
 void DesignState::Restore(const Snapshot& snapshot) {
-  auto text = snapshot.fields.begin();
-  ForEachField(*this, [&text](Field& field) { field.Restore(*text++); });
+  auto text = snapshot.texts.begin();
+  auto looks = snapshot.looks.begin();
+  ForEachField(*this, [&](Field& field) {
+    if (!IsOfDesign(field.row())) return;
+    field.Restore(*text++);
+    field.RestoreLooks(*looks++);
+  });
   LayerTable2Ax = snapshot.table2Ax;
   LayerTable4Ax = snapshot.table4Ax;
+  mnuINCH = snapshot.mnuINCH;
+  mnuMM = !snapshot.mnuINCH;
+  gBuildHours = snapshot.gBuildHours;
+  gBuildMinutes = snapshot.gBuildMinutes;
 }
 
 int RowsOf(const Field& count) {

@@ -39,10 +39,16 @@ class SplitFields {
   std::array<std::string, kLast + 1> cells_;
 };
 
-// All texts of a design at one time, for undo and recovery.
+// A design at one time: the texts and looks of its fields, its tables and the marks of its unit. For undo and
+// recovery; the station's own constants and choices are no part of it.
 struct Snapshot {
-  std::vector<std::string> fields;
+  std::vector<std::string> texts;
+  std::vector<Looks> looks;
   LayerTable table2Ax, table4Ax;
+  bool mnuINCH = true;
+  std::int32_t gBuildHours = 0, gBuildMinutes = 0;
+
+  bool SameTexts(const Snapshot& other) const { return texts == other.texts; }
 };
 
 struct DesignState : FieldOwner, Fields {
@@ -102,7 +108,7 @@ struct DesignState : FieldOwner, Fields {
   Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
 
   Snapshot TakeSnapshot();
-  // Sets all texts at once; no operation runs.
+  // Sets everything of the design at once; no operation runs.
   void Restore(const Snapshot& snapshot);
 };
 

@@ -51,6 +51,7 @@ void mnuNewFile_Click(Station& station) {
   BlankInputs(s, 4);
   s.gDirty = false;
   s.gGridSync = true;
+  station.ForgetHistory();
 }
 
 bool OpenDesign(Station& station, const std::string& path) {
@@ -60,6 +61,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   s.gLastFileInUse = path;
   s.gFileName = BehindLastBackslash(path);
   ShowName(s, "Torvane Designer ");
+  station.ForgetHistory();
   if (!OpenFile(station, path, s.mnu2Axis)) return false;
   s.gDirty = false;
   Refresh4AXGrid(s);
@@ -145,6 +147,8 @@ constexpr Operation kOperations[] = {
     {"mnuOpenFile", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
     {"btnSaveAS", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
     {"mnuSaveFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuUndo", Event::Click, [](Station& station, int) { station.Undo(); }},
+    {"mnuRedo", Event::Click, [](Station& station, int) { station.Redo(); }},
     {"mnuSaveAsFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
 };
 

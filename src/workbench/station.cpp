@@ -48,16 +48,71 @@ void Station::Add(std::span<const Operation> operations) {
   }
 }
 
+template <class Doing>
+auto Station::Remembered(const Field* typed, Doing doing) {
+  struct Depth {
+    explicit Depth(int& depth) : depth_(depth) { ++depth_; }
+    ~Depth() { --depth_; }
+    int& depth_;
+  };
+  const Depth depth(operation_);
+  if (operation_ > 1) return doing();
+  Snapshot before = s.TakeSnapshot();
+  const std::size_t history = history_;
+  const auto result = doing();
+  if (history == history_) Remember(std::move(before), typed);
+  return result;
+}
+
+void Station::Remember(Snapshot before, const Field* typed) {
+  constexpr std::size_t kLongestHistory = 100;
+  if (before.SameTexts(s.TakeSnapshot())) return;
+  const bool goesOn = typed != nullptr && typed == lastTyped_ && !undo_.empty();
+  lastTyped_ = typed;
+  redo_.clear();
+  if (goesOn) return;
+  if (undo_.size() == kLongestHistory) undo_.erase(undo_.begin());
+  undo_.push_back(std::move(before));
+}
+
+void Station::ForgetHistory() {
+  undo_.clear();
+  redo_.clear();
+  lastTyped_ = nullptr;
+  ++history_;
+}
+
+bool Station::Undo() { return GoBack(undo_, redo_); }
+
+bool Station::Redo() { return GoBack(redo_, undo_); }
+
+bool Station::GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
+  if (from.empty()) return false;
+  to.push_back(s.TakeSnapshot());
+  s.Restore(from.back());
+  from.pop_back();
+  lastTyped_ = nullptr;
+  ++history_;  // going back is no operation to remember
+  s.gDirty = true;
+  return true;
+}
+
 void Station::Type(Field& field, std::string_view text) {
-  lastKey = text.empty() ? '\0' : text.back();
-  RunFor(field, Event::Typing);
-  field = text;
-  RunFor(field, Event::Key);
+  Remembered(&field, [&] {
+    lastKey = text.empty() ? '\0' : text.back();
+    RunFor(field, Event::Typing);
+    field = text;
+    RunFor(field, Event::Key);
+    return true;
+  });
 }
 
 void Station::Choose(Field& field, std::string_view text) {
-  field = text;
-  RunFor(field, Event::Click);
+  Remembered(nullptr, [&] {
+    field = text;
+    RunFor(field, Event::Click);
+    return true;
+  });
 }
 
 void Station::RunFor(const Field& field, Event event) {
@@ -70,6 +125,10 @@ void Station::RunFor(const Field& field, Event event) {
 }
 
 bool Station::Run(std::string_view control, Event event, int index) {
+  return Remembered(nullptr, [&] { return RunAnywhere(control, event, index); });
+}
+
+bool Station::RunAnywhere(std::string_view control, Event event, int index) {
   // A window may close itself in answer, so the search ends with the one that answers.
   for (auto window = windows.rbegin(); window != windows.rend(); ++window)
     if ((*window)->Run(control, event, index)) return true;
@@ -125,7 +184,7 @@ void Station::Tick() {
     Timer& timer = this->*named.timer;
     if (!timer.due || *timer.due > now) continue;
     StartTimer(timer);
-    Run(named.name, Event::Tick);
+    RunAnywhere(named.name, Event::Tick, 0);
   }
 }
 

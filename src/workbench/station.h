@@ -47,6 +47,14 @@ class Station : private ChangeOperations {
   // Runs the operation of a control; false if there is none.
   bool Run(std::string_view control, Event event, int index = 0);
 
+  // Takes back the last operation of the operator that changed the design, or does it again. False if there
+  // is none. A new or opened design begins a new history.
+  bool Undo();
+  bool Redo();
+  bool CanUndo() const { return !undo_.empty(); }
+  bool CanRedo() const { return !redo_.empty(); }
+  void ForgetHistory();
+
   // More than five seconds have passed since the start. Until then changes of a design calculate nothing,
   // so that the start can fill the fields.
   bool StartGuardPassed() const;
@@ -105,7 +113,20 @@ class Station : private ChangeOperations {
   void Changed(const Field& field) override;
   // An event in a field, of its window or of the main one.
   void RunFor(const Field& field, Event event);
+  bool RunAnywhere(std::string_view control, Event event, int index);
   bool RunHere(std::string_view control, Event event, int index);
+
+  // Runs what an operator's doing sets off, and remembers the design as it was before. Keys typed one behind
+  // the other in the same field are one operation.
+  template <class Doing>
+  auto Remembered(const Field* typed, Doing doing);
+  void Remember(Snapshot before, const Field* typed);
+  bool GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to);
+
+  std::vector<Snapshot> undo_, redo_;
+  const Field* lastTyped_ = nullptr;
+  int operation_ = 0;        // depth of operations inside each other
+  std::size_t history_ = 0;  // grows when the history is forgotten or gone back in
 
   std::map<std::pair<std::string_view, Event>, const Operation*> operations_;
   // Change operations by the place of their field in the catalogue, since every write asks for one.

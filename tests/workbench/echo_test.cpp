@@ -51,7 +51,7 @@ TEST(Echo, LeavesTheScheduleAtRest) {
     station.Type(station.s.txtWA(7), text);
     const Snapshot before = station.s.TakeSnapshot();
     station.Run("btnReCalc", Event::Click);
-    EXPECT_EQ(station.s.TakeSnapshot().fields, before.fields) << text;
+    EXPECT_EQ(station.s.TakeSnapshot().texts, before.texts) << text;
   }
 }
 
