@@ -203,11 +203,23 @@ void SelectPartType(DesignState& s, int index) {
     s.cmbPhiW(row).Enable(!angles);
     s.cmbPhiSplit(row).Enable(!angles);
   }
+  ShowPartType(s, index);
+}
+
+void ShowPartType(DesignState& s, int index) {
+  const bool angles = index == 2;
   for (int i = 1; i <= 2; ++i) s.txtZ4(i).Show(index == 1);
-  for (int i = 0; i <= 1; ++i) s.txtPODia(i).Show(!angles);
+  for (int i = 0; i <= 1; ++i) {
+    s.txtPODia(i).Show(!angles);
+    for (FieldArray* jog : {&s.btnRDHZ, &s.btnLDHZ, &s.btnLeftCloser, &s.btnRightCloser})
+      (*jog)(i).Show(!angles);
+  }
   for (int i = 0; i <= 6; ++i) s.txtAdjust(i).Show(!angles || i == 3);
   const int rows = RowsOf(s.txtNumberOfLayers(1));
   for (int row = 1; row <= rows; ++row) s.btn4XRow(row).Show(!angles);
+  s.picFlat.Show(index == 0);
+  s.picDome.Show(index == 1);
+  s.pic2AxNoWrap.Show(angles);
 }
 
 }  // namespace torvane

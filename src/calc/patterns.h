@@ -55,6 +55,9 @@ void Refresh4AXGrid(DesignState& s);
 // "FLAT", "HEMI" and "2AX" by their index 0 to 2: throws the rows' patterns away and refills their lists.
 void SelectPartType(DesignState& s, int index);
 
+// The fields and the drawing that a part type uses.
+void ShowPartType(DesignState& s, int index);
+
 void EnablePhiAndPhiSplitCombos(DesignState& s, bool enable);
 
 }  // namespace torvane

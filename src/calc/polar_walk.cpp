@@ -70,12 +70,18 @@ std::vector<PolarFigure> PolarBase(const DesignState& s) {
   return figures;
 }
 
-std::vector<PolarFigure> PolarArcs(const PolarPattern& p, double splitAngle) {
+std::vector<PolarFigure> PolarArcs(const PolarPattern& p, Number splitAngle) {
   const double start =
       p.wrapAngle > 180 ? (360 - p.wrapAngle + 180) / 360 * 2 * kPi : (180 - p.wrapAngle) / 360 * 2 * kPi;
-  return {Arc(PolarColour::Split, 1.08 * p.radius, start, splitAngle / 360 * 2 * kPi),
-          Arc(PolarColour::Wrap, 1.12 * p.radius, start, kPi),
-          Arc(PolarColour::Closing, 1.02 * p.radius, 0, p.bandStep * 2 * kPi)};
+  std::vector<PolarFigure> arcs;
+  const Number end = splitAngle / 360 * 2 * kPi;
+  if (end.good()) arcs.push_back(Arc(PolarColour::Split, 1.08 * p.radius, start, end.value()));
+  arcs.push_back(Arc(PolarColour::Wrap, 1.12 * p.radius, start, kPi));
+  return arcs;
+}
+
+PolarFigure PolarFirstBand(const PolarPattern& p) {
+  return Arc(PolarColour::Closing, 1.02 * p.radius, 0, p.bandStep * 2 * kPi);
 }
 
 PolarFigure PolarWalk::Mark(bool closing, double start) const {

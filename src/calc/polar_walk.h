@@ -41,8 +41,10 @@ std::optional<PolarPattern> PolarPatternOf(DesignState& s, std::string_view patt
 // Mandrel, polar opening and the ticks on the axes.
 std::vector<PolarFigure> PolarBase(const DesignState& s);
 
-// Arcs of the split angle, the end wrap and the first band.
-std::vector<PolarFigure> PolarArcs(const PolarPattern& pattern, double splitAngle);
+// Arcs of the split angle, where it can be read, and of the end wrap.
+std::vector<PolarFigure> PolarArcs(const PolarPattern& pattern, Number splitAngle);
+// Where the first band lands.
+PolarFigure PolarFirstBand(const PolarPattern& pattern);
 
 // Marks sized by the band and whole degrees, or by equal division of the circle.
 enum class PolarMarks { ByBand, ByDivision };

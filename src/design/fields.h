@@ -70,6 +70,9 @@ struct Fields {
   FieldArray lblVidLink, picVidLink;
   Field frmSplash, lblLayer, picPolar, Label18, lblTrace, imgTRACE;
   FieldArray lblNumberOfLayers;
+  FieldArray btn2AxLeftRight, btnLR, btnCloser, btnLeftCloser, btnRightCloser, btnLDHZ, btnRDHZ, btnLeft,
+      btnRight;
+  Field picType, picFlat, picDome, pic2AxNoWrap, lblRefresh, lblGoTrace, lblHome;
 
   // What the window says of itself.
   Field frmMain, lblStatusBar1, lblStatusBar2, lblVersion, lbl2or4AX;

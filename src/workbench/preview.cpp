@@ -70,7 +70,7 @@ class PreviewWindow : public Window {
 
   bool Run(std::string_view control, Event event, int) override {
     if (event == Event::Tick && control == "tmrStartDraw") return Begin(), true;
-    if (event == Event::Tick && control == "tmrDraw") return Step(), true;
+    if (event == Event::Tick && control == "tmrDraw") return GoOn(), true;
     if (event != Event::Click) return false;
     if (control == "cmbSpeed") {
       SaveSetting(station().platform.store, kSettings, "cmbSpeed", field("cmbSpeed").text());
@@ -89,26 +89,38 @@ class PreviewWindow : public Window {
   }
 
  private:
-  // The paused flag holds the walk before its next pass.
+  // The paused flag holds the walk behind the pass that is drawn next, or behind its circuit.
   void Hold(bool paused) {
     field("btnPause").Enable(!paused);
     field("btnPlay").Enable(paused);
     paused_ = paused;
-    if (!paused && walk_) Wait(1);
+    if (paused || !held_) return;
+    held_ = false;
+    WaitBySpeed();
   }
 
-  void Wait(int milliseconds) {
-    station().tmrDraw.interval = std::chrono::milliseconds(milliseconds);
+  void WaitBySpeed() {
+    if (paused_) {
+      held_ = true;
+      return;
+    }
+    const DrawSpeed& speed = SpeedOf(field("cmbSpeed").text());
+    station().tmrDraw.interval =
+        std::chrono::milliseconds(waitsForCircuit_ ? speed.afterCircuit : speed.afterPass);
     station().StartTimer(station().tmrDraw);
   }
 
   void Begin();
-  void Step();
+  void DrawPass();
+  void GoOn();
 
   std::vector<PolarFigure> picture_;
   std::optional<PolarWalk> walk_;
   Number splitAngle_ = Number::Failure();
   bool paused_ = false;
+  bool held_ = false;             // it waits for PLAY
+  bool closedCircuit_ = false;    // the pass drawn last
+  bool waitsForCircuit_ = false;  // the pause is the one behind a circuit
 };
 
 void PreviewWindow::Begin() {
@@ -116,6 +128,7 @@ void PreviewWindow::Begin() {
   station().StopTimer(station().tmrStartDraw);
   station().StopTimer(station().tmrDraw);
   walk_.reset();
+  held_ = false;
   picture_ = PolarBase(s);
   if (station().polarTag.empty()) return;
   const auto pattern = PolarPatternOf(s, station().polarTag);
@@ -125,14 +138,13 @@ void PreviewWindow::Begin() {
   field("lblPhiL") = Number(pattern->traverseRotation).as("###.0"_mask);
   const Number grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
   field("lblG") = FormatNumberText(s.signs, grazing.good() ? grazing.value() : 0, "###.0"_mask) + " \xB0";
-  if (splitAngle_.good()) Append(picture_, PolarArcs(*pattern, splitAngle_.value()));
+  Append(picture_, PolarArcs(*pattern, splitAngle_));
+  picture_.push_back(PolarFirstBand(*pattern));
   walk_.emplace(*pattern, PolarMarks::ByDivision);
-  Step();
+  DrawPass();
 }
 
-void PreviewWindow::Step() {
-  station().StopTimer(station().tmrDraw);
-  if (!walk_ || paused_) return;
+void PreviewWindow::DrawPass() {
   const auto step = walk_->Next();
   if (!step) {
     walk_.reset();
@@ -141,8 +153,20 @@ void PreviewWindow::Step() {
   field("lblCircuitNo") = Number(step->circuit).plain();
   field("lblPassNo") = Number(step->pass).plain();
   Append(picture_, step->figures);
-  const DrawSpeed& speed = SpeedOf(field("cmbSpeed").text());
-  Wait(speed.afterPass + (step->closesCircuit ? speed.afterCircuit : 0));
+  closedCircuit_ = step->closesCircuit;
+  waitsForCircuit_ = false;
+  WaitBySpeed();
+}
+
+void PreviewWindow::GoOn() {
+  station().StopTimer(station().tmrDraw);
+  if (!walk_) return;
+  if (closedCircuit_ && !waitsForCircuit_) {
+    waitsForCircuit_ = true;
+    WaitBySpeed();
+    return;
+  }
+  DrawPass();
 }
 
 PreviewWindow& OpenPreview(Station& station) {
@@ -175,6 +199,7 @@ void DrawPolarCircPattern(Station& station, int row) {
   if (windingAngle.good()) CalculateAndShow(s, windingAngle, station.polarTag, row);
   const auto pattern = PolarPatternOf(s, station.polarTag);
   if (!pattern) return;
+  station.polarPicture.push_back(PolarFirstBand(*pattern));
   PolarWalk walk(*pattern, PolarMarks::ByBand);
   std::string trace;
   while (const auto step = walk.Next()) {

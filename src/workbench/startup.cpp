@@ -45,6 +45,7 @@ void FillFirstTexts(DesignState& s) {
   s.lblTotalGlueWgt(1) = "0.0";
   s.lblBuildTime(1) = "0.0";
   s.optType(0) = "True";
+  ShowPartType(s, 0);
 }
 
 // The speed lists of the checklist are filled with the calibration.

@@ -1,0 +1,72 @@
+#include "executor/finding.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace torvane::executor {
+
+namespace {
+
+struct KindRow {
+  Kind kind;
+  Level level;
+  std::string_view name;
+};
+
+constexpr KindRow kKinds[] = {
+    {Kind::Unreadable, Level::Fault, "unreadable"},
+    {Kind::Travel, Level::Fault, "travel"},
+    {Kind::CarriageSpeed, Level::Fault, "carriage-speed"},
+    {Kind::MandrelSpeed, Level::Fault, "mandrel-speed"},
+    {Kind::HeadSpeed, Level::Fault, "head-speed"},
+    {Kind::Standstill, Level::Fault, "standstill"},
+    {Kind::Passes, Level::Fault, "passes"},
+    {Kind::BreaksOff, Level::Fault, "breaks-off"},
+    {Kind::BandAside, Level::Fault, "band-aside"},
+    {Kind::Open, Level::Fault, "open"},
+    {Kind::BareStrips, Level::Fault, "bare-strips"},
+    {Kind::ShiftEnds, Level::Fault, "shift-ends"},
+    {Kind::RunningAngle, Level::Fault, "running-angle"},
+    {Kind::Time, Level::Note, "time"},
+    {Kind::FewPasses, Level::Note, "few-passes"},
+    {Kind::HoopDwell, Level::Note, "hoop-dwell"},
+    {Kind::Rounding, Level::Note, "rounding"},
+    {Kind::FirstTraverse, Level::Note, "first-traverse"},
+    {Kind::Unknown, Level::Note, "unknown"},
+    {Kind::BehindEnd, Level::Note, "behind-end"},
+    {Kind::Sound, Level::Ok, "sound"},
+};
+static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::Sound) + 1);
+
+const KindRow& RowOf(Kind kind) {
+  const KindRow& row = kKinds[static_cast<std::size_t>(kind)];
+  return row;
+}
+
+}  // namespace
+
+std::string_view NameOf(Kind kind) { return RowOf(kind).name; }
+Level LevelOf(Kind kind) { return RowOf(kind).level; }
+
+std::string_view NameOf(Level level) {
+  return level == Level::Ok ? "ok" : level == Level::Note ? "note" : "fault";
+}
+
+void Findings::Add(Kind kind, int line, int layer, std::string text) {
+  Kept& kept = kept_[{kind, layer}];
+  if (kept.count == (kind == Kind::Unreadable ? 20 : 1)) {
+    ++all_[kept.last].alike;
+    return;
+  }
+  ++kept.count;
+  kept.last = all_.size();
+  all_.push_back({kind, line, layer, std::move(text), 0});
+}
+
+int Findings::Count(Level level) const {
+  return static_cast<int>(
+      std::count_if(all_.begin(), all_.end(), [&](const Finding& f) { return LevelOf(f.kind) == level; }));
+}
+
+}  // namespace torvane::executor

@@ -1,0 +1,69 @@
+// What the proof has to say: plain sentences, each with its line.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace torvane::executor {
+
+enum class Level { Ok, Note, Fault };
+
+// docs/dialect.md has a sentence for each.
+enum class Kind {
+  Unreadable,
+  Travel,
+  CarriageSpeed,
+  MandrelSpeed,
+  HeadSpeed,
+  Standstill,
+  Passes,
+  BreaksOff,
+  BandAside,
+  Open,
+  BareStrips,
+  ShiftEnds,
+  RunningAngle,
+  Time,
+  FewPasses,
+  HoopDwell,
+  Rounding,
+  FirstTraverse,
+  Unknown,
+  BehindEnd,
+  Sound,
+};
+
+std::string_view NameOf(Kind kind);
+Level LevelOf(Kind kind);
+std::string_view NameOf(Level level);
+
+struct Finding {
+  Kind kind = Kind::Sound;
+  int line = 0;   // 0 where no line is to blame
+  int layer = 0;  // 0 for the program as a whole
+  std::string text;
+  int alike = 0;  // further ones of the kind in the same layer, not listed
+};
+
+class Findings {
+ public:
+  // Of a kind one is kept for each layer, of unreadable statements the first twenty; the others are counted.
+  void Add(Kind kind, int line, int layer, std::string text);
+
+  const std::vector<Finding>& all() const { return all_; }
+  int Count(Level level) const;
+
+ private:
+  struct Kept {
+    int count = 0;
+    std::size_t last = 0;
+  };
+
+  std::vector<Finding> all_;
+  std::map<std::pair<Kind, int>, Kept> kept_;
+};
+
+}  // namespace torvane::executor

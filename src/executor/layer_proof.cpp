@@ -1,0 +1,246 @@
+#include <cmath>
+#include <string>
+
+#include "executor/cover.h"
+#include "executor/number.h"
+#include "executor/proof.h"
+
+namespace torvane::executor {
+
+namespace {
+
+// Gaps up to this share of a band count as none, as the raster does not show them.
+constexpr double kSmallGap = 0.1;
+
+struct LayerProof {
+  const Layer& layer;
+  const double unitsPerInch;
+  Findings& findings;
+  LayerFigures figures;
+  Mandrel mandrel;
+
+  std::string LayerName() const { return "layer " + std::to_string(layer.number); }
+  std::string Length(double value) const { return Fixed(value, unitsPerInch == 1 ? 3 : 2); }
+  std::string Z(double value) const { return "Z=" + Fixed(value, 2); }
+  void Say(Kind kind, int line, std::string text) { findings.Add(kind, line, layer.number, std::move(text)); }
+
+  // How far the mandrel turns on the way out of that pass.
+  double TurnOut(int pass) const {
+    double turn = 0;
+    for (const Stroke& s : layer.strokes)
+      if (s.pass == pass && s.out) turn += s.m1 - s.m0;
+    return turn;
+  }
+
+  void CountPasses();
+  void ShapeMandrel(const HeadComments& comments);
+  void AddFilament();
+  bool ShiftEndsFit();
+  void NarrowToAllPasses();
+  void JudgeBands();
+  void JudgeGaps(bool few);
+};
+
+void LayerProof::CountPasses() {
+  const double announced = layer.passes.front().announced;
+  figures.passesAnnounced = announced;
+  double expected = 1;
+  for (const Pass& pass : layer.passes) {
+    if (pass.moves == 2) ++figures.passesRun;
+    const std::string name = "pass " + Fixed(pass.number, 0);
+    if (pass.number != expected || pass.announced != announced) {
+      Say(Kind::Passes, pass.line,
+          name + " of " + Fixed(pass.announced, 0) + " of " + LayerName() + " is announced where pass " +
+              Fixed(expected, 0) + " of " + Fixed(announced, 0) + " would follow.");
+    } else if (pass.moves != 2) {
+      Say(Kind::Passes, pass.line,
+          name + " of " + LayerName() + " is announced and has " +
+              (pass.moves == 0 ? "no traverse" : Counted(pass.moves, "traverse", "traverses")) +
+              ", where one out and one back make a pass.");
+    }
+    expected = pass.number + 1;
+  }
+  const double last = layer.passes.back().number;
+  if (last < announced)
+    Say(Kind::Passes, layer.passes.back().line,
+        Fixed(announced, 0) + " passes of " + LayerName() + " are announced and the last one is pass " +
+            Fixed(last, 0) + ".");
+}
+
+// The first pass runs between the stops. The comments give the right diameter: no statement has it.
+void LayerProof::ShapeMandrel(const HeadComments& comments) {
+  const Pass& first = layer.passes.front();
+  figures.zLow = mandrel.zRight = std::min(first.farZ, first.endZ);
+  figures.zHigh = mandrel.zLeft = std::max(first.farZ, first.endZ);
+  const double left = layer.leftDiameter > 0 ? layer.leftDiameter : comments.leftDiameter;
+  const double right = comments.rightDiameter > 0 ? comments.rightDiameter : left;
+  mandrel.leftRadius = left / 2;
+  mandrel.rightRadius = right / 2;
+}
+
+void LayerProof::AddFilament() {
+  const auto around = [&](double z, double degrees) { return mandrel.RadiusAt(z) * degrees * kRadians; };
+  for (const Stroke& s : layer.strokes)
+    figures.filament += std::hypot(s.z1 - s.z0, around((s.z0 + s.z1) / 2, s.m1 - s.m0));
+  for (const EndTurn& turn : layer.endTurns) figures.filament += around(turn.z, turn.degrees);
+}
+
+// By carriage shift every pass runs one band further along than the one before, at both ends.
+bool LayerProof::ShiftEndsFit() {
+  const Pass& first = layer.passes.front();
+  const double shift = figures.pattern.axialBand;
+  int bad = 0, badLine = 0;
+  double farZ = 0, homeZ = 0, number = 0;
+  for (std::size_t i = 1; i < layer.passes.size(); ++i) {
+    const Pass& pass = layer.passes[i];
+    const double expected = shift * static_cast<double>(i);
+    if (std::abs(pass.farZ - first.farZ - expected) <= shift / 2 &&
+        std::abs(pass.endZ - first.endZ - expected) <= shift / 2)
+      continue;
+    if (bad++ == 0) {
+      badLine = pass.line;
+      farZ = pass.farZ;
+      homeZ = pass.endZ;
+      number = pass.number;
+    }
+  }
+  if (bad == 0) return true;
+  Say(Kind::ShiftEnds, badLine,
+      Counted(bad, "pass", "passes") + " of " + LayerName() + ", from pass " + Fixed(number, 0) + " (" +
+          Z(farZ) + " to " + Z(homeZ) + ") on, do not run a band beside the first one (" + Z(first.farZ) +
+          " to " + Z(first.endZ) +
+          "): the row's ends are stops, where later passes of a carriage shift take them as lengths from the "
+          "part's ends. Between the first pass's ends the layer covers " +
+          Fixed(100 * figures.coveredShare, 2) + " %.");
+  return false;
+}
+
+// The passes of a carriage shift step along the part; all of them run over what lies between the last one's
+// start and the first one's end.
+void LayerProof::NarrowToAllPasses() {
+  double low = figures.zLow, high = figures.zHigh;
+  for (const Pass& pass : layer.passes) {
+    low = std::max(low, std::min(pass.farZ, pass.endZ));
+    high = std::min(high, std::max(pass.farZ, pass.endZ));
+  }
+  if (high - low <= figures.band) return;
+  figures.zLow = low;
+  figures.zHigh = high;
+}
+
+void LayerProof::JudgeBands() {
+  const Pattern& pattern = figures.pattern;
+  const Stroke& start = layer.strokes.front();
+  const Pass& firstPass = layer.passes.front();
+  const bool elsewhere = std::abs(firstPass.startZ - firstPass.endZ) > figures.band / 2;
+  const bool wrongWay = (start.z1 > start.z0) != (firstPass.farZ > firstPass.endZ);
+  bool firstAside = false;
+  for (const BandAside& band : pattern.aside) {
+    if (band.first && (layer.wraps || elsewhere)) {
+      firstAside = true;
+      continue;
+    }
+    Say(Kind::BandAside, band.line,
+        "The band of pass " + Fixed(layer.passes[static_cast<std::size_t>(band.pass)].number, 0) + " of " +
+            LayerName() + " lies " + Fixed(std::abs(band.degrees), 2) +
+            " degrees beside its place; half a band is " + Fixed(pattern.bandDegrees / 2, 2) + " degrees.");
+  }
+  std::string text;
+  if (firstAside || wrongWay) text += "; its band is beside its place until it meets the far end";
+  if (layer.startJump != 0)
+    text +=
+        "; its A word goes " + Fixed(std::abs(layer.startJump), 2) + " degrees out of step with the turns";
+  if (!text.empty())
+    Say(Kind::FirstTraverse, start.line,
+        "The first traverse of " + LayerName() + " begins at " + Z(firstPass.startZ) + " and turns " +
+            Fixed(TurnOut(0), 2) + " degrees, where the next one begins at " + Z(firstPass.endZ) +
+            " and turns " + Fixed(TurnOut(1), 2) + text + ".");
+  if (layer.angleFaultLine != 0)
+    Say(Kind::RunningAngle, layer.angleFaultLine,
+        "The A word and the sum of the turns of " + LayerName() + " part by " +
+            Fixed(std::abs(layer.angleFault), 2) + " degrees here.");
+}
+
+void LayerProof::JudgeGaps(bool few) {
+  const Pattern& pattern = figures.pattern;
+  const double band = figures.band;
+  const std::string covered = Fixed(100 * figures.coveredShare, 2) + " % of the surface is covered";
+  if (few) {
+    Say(Kind::FewPasses, layer.line,
+        LayerName() + " is open: it lays " + Counted(pattern.bands, "band", "bands") + " each way where " +
+            Fixed(std::ceil(360 / pattern.bandDegrees), 0) + " would lie side by side; " + covered + ".");
+    return;
+  }
+  const double half = pattern.bandDegrees / 2;
+  const bool gaps = pattern.largestGap > kSmallGap * band;
+  const bool bare = gaps && figures.coveredShare < 1;
+  const bool open = gaps && pattern.miss > half;
+  const bool bareByRounding = pattern.roundedGap <= kSmallGap * band;
+  const bool openByRounding = pattern.miss - pattern.drift <= half;
+  if ((bare || open) && (!bare || bareByRounding) && (!open || openByRounding)) {
+    Say(Kind::Rounding, layer.line,
+        LayerName() + " closes to " + Fixed(pattern.miss, 2) + " degrees with gaps of up to " +
+            Length(std::max(0.0, pattern.largestGap)) +
+            ", for its speeds and angles were rounded to the last decimals of the program; " + covered + ".");
+    return;
+  }
+  if (open && !openByRounding)
+    Say(Kind::Open, layer.line,
+        LayerName() + " does not close: the circuit behind its last one would begin " +
+            Fixed(pattern.miss, 2) + " degrees before the next band; half a band is " +
+            Fixed(pattern.bandDegrees / 2, 2) + " degrees.");
+  if (bare && !bareByRounding)
+    Say(Kind::BareStrips, layer.line,
+        LayerName() + " leaves bare strips of up to " + Length(pattern.largestGap) + " between bands of " +
+            Length(band) + "; " + covered + ".");
+}
+
+}  // namespace
+
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,
+                        Findings& findings) {
+  LayerProof proof{layer, unitsPerInch, findings, {}, {}};
+  LayerFigures& figures = proof.figures;
+  figures.number = layer.number;
+  figures.line = layer.line;
+  figures.carriageShift = layer.carriageShift;
+  figures.wraps = layer.wraps;
+  figures.seconds = layer.seconds;
+  figures.band = layer.band;
+  proof.CountPasses();
+  proof.ShapeMandrel(comments);
+  proof.AddFilament();
+  if (layer.oddDwellLine != 0)
+    proof.Say(
+        Kind::HoopDwell, layer.oddDwellLine,
+        "A dwell of " + proof.LayerName() + " against a register has " +
+            (layer.oddDwellAngle == 0 ? "no angle"
+                                      : "an angle of " + Fixed(layer.oddDwellAngle, 2) + " degrees") +
+            " behind its C, as in hoop rows by mandrel shift; the mandrel goes on to where that stands.");
+  if (layer.strokes.empty()) return figures;
+  if (!(figures.band > 0) || !(proof.mandrel.leftRadius > 0) || !(figures.zHigh > figures.zLow)) {
+    proof.Say(Kind::Unknown, layer.line,
+              "The cover of " + proof.LayerName() +
+                  " cannot be judged: its band width, diameter or length is not told.");
+    return figures;
+  }
+  figures.judged = true;
+  figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch);
+  const auto few = [&] { return 2 * figures.pattern.bands * figures.pattern.bandDegrees < 360; };
+  const auto cover = [&] {
+    figures.coveredShare = CoveredShare(layer, proof.mandrel, figures.zLow, figures.zHigh, few());
+  };
+  if (layer.carriageShift && layer.passes.size() > 1) {
+    cover();
+    if (!proof.ShiftEndsFit()) return figures;
+    proof.NarrowToAllPasses();
+    figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch);
+  }
+  cover();
+  figures.fits = true;
+  if (!few()) proof.JudgeBands();
+  proof.JudgeGaps(few());
+  return figures;
+}
+
+}  // namespace torvane::executor

@@ -1,0 +1,129 @@
+// `Torvane_Executor.exe`: the dry run of a program.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "executor/report.h"
+#include "host/code_page.h"
+#include "host/default_store.h"
+#include "host/file_system.h"
+#include "host/host_locale.h"
+#include "host/ini_store.h"
+#include "host/paths.h"
+
+namespace torvane::executor {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+enum ExitStatus { kSound = 0, kFaults = 1, kNoProgram = 2 };
+
+int Complain(const std::string& text) {
+  std::fprintf(stderr, "Torvane_Executor: %s\n", text.c_str());
+  return kNoProgram;
+}
+
+Json LayerJson(const LayerFigures& layer) {
+  Json json = {{"layer", layer.number},     {"line", layer.line},
+               {"passes", layer.passesRun}, {"passesAnnounced", layer.passesAnnounced},
+               {"seconds", layer.seconds},  {"filament", layer.filament}};
+  if (!layer.judged) return json;
+  json.update({{"windingAngle", layer.pattern.windingAngle},
+               {"band", layer.band},
+               {"zLow", layer.zLow},
+               {"zHigh", layer.zHigh},
+               {"covered", layer.coveredShare}});
+  if (!layer.fits) return json;
+  json.update({{"smallestGap", layer.pattern.smallestGap},
+               {"largestGap", layer.pattern.largestGap},
+               {"missDegrees", layer.pattern.miss}});
+  return json;
+}
+
+std::string JsonText(const Proof& proof) {
+  Json json = {{"unit", proof.millimetres ? "mm" : "in"},
+               {"faults", proof.findings.Count(Level::Fault)},
+               {"notes", proof.findings.Count(Level::Note)},
+               {"statements", proof.statements},
+               {"seconds", proof.seconds},
+               {"endless", proof.endless},
+               {"windingSeconds", proof.windingSeconds},
+               {"announcedSeconds", proof.announcedSeconds},
+               {"waits", proof.waits},
+               {"filament", proof.filament}};
+  if (proof.carriageMoved) json.update({{"lowestZ", proof.lowestZ}, {"highestZ", proof.highestZ}});
+  json["layers"] = Json::array();
+  for (const LayerFigures& layer : proof.layers) json["layers"].push_back(LayerJson(layer));
+  json["findings"] = Json::array();
+  for (const Finding& f : proof.findings.all())
+    json["findings"].push_back({{"level", NameOf(LevelOf(f.kind))},
+                                {"kind", NameOf(f.kind)},
+                                {"line", f.line},
+                                {"layer", f.layer},
+                                {"alike", f.alike},
+                                {"text", ToUtf8(f.text)}});
+  return json.dump(2) + '\n';
+}
+
+struct Arguments {
+  std::vector<std::string> words;
+  std::string store;
+  bool check = false, json = false;
+};
+
+int Check(const Arguments& arguments) {
+  // The station hands a path over bare: with blanks in it, it arrives as more than one word.
+  std::string path;
+  for (const std::string& word : arguments.words) path += (path.empty() ? "" : " ") + word;
+  if (path.empty()) return Complain("--check needs a program");
+  const std::string asTyped = path;
+  if (path[0] == '\\') {
+    const auto station = FromUtf8(path);
+    const auto host = station ? HostPath(station.value()) : Result<std::string>(Refusal{station.reason()});
+    if (!host) return Complain(asTyped + ": " + host.reason());
+    path = host.value();
+  }
+  const auto program = ReadRegularFile(SystemPath(path));
+  if (!program) return Complain(asTyped + ": " + ToUtf8(program.reason()));
+
+  const std::unique_ptr<SettingsStore> store =
+      arguments.store.empty() ? DefaultStore() : std::make_unique<IniStore>(arguments.store);
+  const Proof proof = Prove(program.value(), ReadLimits(*store, HostLocale().Signs().decimal));
+  if (!proof.anyStatement) return Complain(asTyped + ": no program: it holds no statement that can be read");
+  const std::string text = arguments.json ? JsonText(proof) : asTyped + "\n  " + ToUtf8(Report(proof));
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
+    return Complain("the proof could not be written");
+  return proof.findings.Count(Level::Fault) > 0 ? kFaults : kSound;
+}
+
+int Main(int argc, char** argv) {
+  CLI::App app("Runs a winding program without a machine");
+  Arguments arguments;
+  app.add_flag("--check", arguments.check, "Print the proof of the program and leave");
+  app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
+  app.add_option("--store", arguments.store, "Settings in this INI file [the user's own store]");
+  app.add_option("PROGRAM", arguments.words, "The program's path, TRACE or MANUAL");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kSound : kNoProgram;
+  }
+  if (!arguments.check)
+    return Complain(
+        "the window of the dry run is not part of this build yet; --check PROGRAM prints the proof");
+  try {
+    return Check(arguments);
+  } catch (const std::exception& error) {
+    return Complain(error.what());
+  }
+}
+
+}  // namespace
+
+}  // namespace torvane::executor
+
+int main(int argc, char** argv) { return torvane::executor::Main(argc, argv); }

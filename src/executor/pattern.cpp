@@ -1,0 +1,263 @@
+#include "executor/pattern.h"
+
+#include <cmath>
+#include <limits>
+
+namespace torvane::executor {
+
+namespace {
+
+// Speeds are written with two decimals, those of a mandrel that keeps turning with one; turns and dwell
+// angles with two, the band's width in inches with three.
+constexpr double kFeedRounding = 0.005;
+constexpr double kTurnRpmRounding = 0.005;
+constexpr double kKeptRpmRounding = 0.05;
+constexpr double kTurnRounding = 0.005;
+constexpr double kAngleRounding = 0.005;
+constexpr double kBandRounding = 0.0005;
+
+double Wrapped(double degrees) {
+  double way = std::fmod(degrees, 360);
+  if (way < 0) way += 360;
+  return way;
+}
+
+// From -180 to 180.
+double Aside(double degrees) {
+  const double way = Wrapped(degrees);
+  return way > 180 ? way - 360 : way;
+}
+
+double BandDegrees(double band, double tangent, double radius) {
+  return std::min(360.0, band * std::sqrt(1 + tangent * tangent) / radius / kRadians);
+}
+
+// The tangent had the speeds been rounded the least favourable way.
+double SteepestTangent(const Stroke& stroke, double tangent) {
+  const double rpm = stroke.rpm + (stroke.ownTurn ? kTurnRpmRounding : kKeptRpmRounding);
+  const double feed = stroke.feed - kFeedRounding;
+  if (stroke.rpm <= 0 || stroke.feed <= 0) return tangent;
+  if (feed <= 0) return std::numeric_limits<double>::infinity();
+  return tangent * (rpm / stroke.rpm) * (stroke.feed / feed);
+}
+
+struct Crossing {
+  double angle, width, steepWidth;
+};
+
+struct Gaps {
+  double smallest = std::numeric_limits<double>::infinity();
+  double largest = -std::numeric_limits<double>::infinity();
+  double rounded = largest;
+  int bands = 0;
+
+  void Take(const Gaps& other) {
+    smallest = std::min(smallest, other.smallest);
+    largest = std::max(largest, other.largest);
+    rounded = std::max(rounded, other.rounded);
+    bands = std::max(bands, other.bands);
+  }
+};
+
+class Finder {
+ public:
+  Finder(const Layer& layer, const Mandrel& mandrel, double unitsPerInch)
+      : layer_(layer),
+        mandrel_(mandrel),
+        bandRounding_(kBandRounding * unitsPerInch),
+        typical_(Typical(layer)),
+        outward_(layer.passes[0].farZ > layer.passes[0].endZ) {}
+
+  const Stroke& typical() const { return typical_; }
+
+  // What runs the wrong way for its turn in the pass is a way to the layer's start, and none of its bands.
+  bool Runs(const Stroke& stroke, bool out) const {
+    return stroke.out == out && (stroke.z1 > stroke.z0) == (out == outward_);
+  }
+
+  std::vector<Crossing> CrossingsAt(double z, bool out) const {
+    std::vector<Crossing> crossings;
+    const double radius = mandrel_.RadiusAt(z);
+    for (const Stroke& stroke : layer_.strokes) {
+      if (!Runs(stroke, out) || !stroke.Reaches(z)) continue;
+      const double tangent = Tangent(stroke, radius);
+      crossings.push_back(
+          {Wrapped(stroke.AngleAt(z)), BandDegrees(layer_.band, tangent, radius),
+           BandDegrees(layer_.band + bandRounding_, SteepestTangent(stroke, tangent), radius)});
+    }
+    return crossings;
+  }
+
+  Gaps GapsAt(double z, bool out) const {
+    std::vector<Crossing> crossings = CrossingsAt(z, out);
+    std::sort(crossings.begin(), crossings.end(),
+              [](const Crossing& a, const Crossing& b) { return a.angle < b.angle; });
+    Gaps gaps;
+    gaps.bands = static_cast<int>(crossings.size());
+    const bool adds =
+        std::any_of(layer_.strokes.begin(), layer_.strokes.end(), [](const Stroke& s) { return s.ownTurn; });
+    const double drift = adds ? Drift(mandrel_.RadiusAt(z)) : 2 * kTurnRounding;
+    for (std::size_t i = 0; i < crossings.size(); ++i) {
+      const Crossing& a = crossings[i];
+      const bool last = i + 1 == crossings.size();
+      const Crossing& b = crossings[last ? 0 : i + 1];
+      const double way = b.angle - a.angle + (last ? 360 : 0);
+      const double tangent = AcrossFactor(z);
+      const double gap = (way - (a.width + b.width) / 2) * tangent;
+      gaps.smallest = std::min(gaps.smallest, gap);
+      gaps.largest = std::max(gaps.largest, gap);
+      gaps.rounded = std::max(gaps.rounded, (way - drift - (a.steepWidth + b.steepWidth) / 2) * tangent);
+    }
+    if (crossings.empty()) gaps.largest = gaps.rounded = 360 * AcrossFactor(z);
+    return gaps;
+  }
+
+  // Turns that follow each other add up what was rounded off them, and it shows at one seam. Where the head
+  // wraps the ends, the turn of a traverse comes from a winding angle that was rounded before.
+  double Drift(double radius) const {
+    if (!typical_.ownTurn) return 2 * kTurnRounding;  // dwells against a register do not add up
+    double drift = kTurnRounding * layer_.ownTurns;
+    if (!layer_.wraps) return drift;
+    for (const Stroke& stroke : layer_.strokes) {
+      const double tangent = Tangent(stroke, radius);
+      if (tangent > 0)
+        drift += std::abs(stroke.m1 - stroke.m0) * (1 / tangent + tangent) * kAngleRounding * kRadians;
+    }
+    return drift;
+  }
+
+  // Degrees round the mandrel to lengths across the band.
+  double AcrossFactor(double z) const {
+    const double radius = mandrel_.RadiusAt(z);
+    const double tangent = Tangent(typical_, radius);
+    return kRadians * radius / std::sqrt(1 + tangent * tangent);
+  }
+
+  // In the order of winding. What does not reach so far is carried on to there; a tail belongs to the
+  // traverse before it.
+  std::vector<double> ProgressAt(double z, bool out, std::vector<const Stroke*>& strokes) const {
+    std::vector<double> angles;
+    strokes.clear();
+    for (std::size_t i = 0; i < layer_.strokes.size(); ++i) {
+      const Stroke& stroke = layer_.strokes[i];
+      if (stroke.tail || !Runs(stroke, out)) continue;
+      const bool inTail =
+          i + 1 < layer_.strokes.size() && layer_.strokes[i + 1].tail && layer_.strokes[i + 1].Reaches(z);
+      angles.push_back((inTail ? layer_.strokes[i + 1] : stroke).AngleAt(z));
+      strokes.push_back(&stroke);
+    }
+    return angles;
+  }
+
+ private:
+  // A traverse that runs like most of them.
+  static const Stroke& Typical(const Layer& layer) {
+    std::size_t i = layer.strokes.size() / 2;
+    while (layer.strokes[i].tail) --i;
+    return layer.strokes[i];
+  }
+
+  const Layer& layer_;
+  const Mandrel& mandrel_;
+  double bandRounding_;
+  const Stroke& typical_;
+  bool outward_;
+};
+
+double UsualStep(const std::vector<double>& angles) {
+  std::vector<double> steps;
+  for (std::size_t i = 1; i < angles.size(); ++i) steps.push_back(Wrapped(angles[i] - angles[i - 1]));
+  const auto middle = steps.begin() + static_cast<std::ptrdiff_t>((steps.size() - 1) / 2);
+  std::nth_element(steps.begin(), middle, steps.end());
+  return *middle;
+}
+
+// A band is beside its place where its step and the next one miss the usual step by as much, one this way and
+// one that; at the layer's two ends there is one step alone. A step that misses again and again is the shift
+// between the groups of a pattern.
+void FindAside(const std::vector<double>& angles, const std::vector<const Stroke*>& strokes, bool out,
+               double bandDegrees, std::vector<BandAside>& aside) {
+  const std::size_t n = angles.size();
+  if (n < 4) return;
+  const double usual = UsualStep(angles);
+  std::vector<double> off(n - 1);
+  for (std::size_t i = 0; i + 1 < n; ++i) off[i] = Aside(angles[i + 1] - angles[i] - usual);
+  const double half = bandDegrees / 2, alike = bandDegrees / 5;
+  const auto repeats = [&](double value) {
+    return std::count_if(off.begin(), off.end(), [&](double o) { return std::abs(o - value) < alike; }) > 1;
+  };
+  const auto add = [&](std::size_t i, double degrees) {
+    aside.push_back({strokes[i]->line, strokes[i]->pass, degrees, out && strokes[i]->pass == 0});
+  };
+  const auto usualOff = [&](double value) { return std::abs(value) <= half || repeats(value); };
+  if (!usualOff(off[0]) && usualOff(off[1])) add(0, -off[0]);
+  for (std::size_t i = 1; i + 1 < n; ++i)
+    if (std::abs(off[i - 1]) > half && std::abs(off[i - 1] + off[i]) < alike) add(i, off[i - 1]);
+  if (!usualOff(off[n - 2]) && usualOff(off[n - 3])) add(n - 1, off[n - 2]);
+}
+
+// How far `next` lies from a band that is laid. Within the bands that is the nearer neighbour; where the laid
+// ones end beside it, the way that is left to go.
+double MissOf(double next, const std::vector<double>& angles, double same) {
+  std::vector<double> places;
+  for (const double angle : angles) places.push_back(Wrapped(angle - next));
+  std::sort(places.begin(), places.end());
+  std::vector<double> steps;
+  for (std::size_t i = 1; i < places.size(); ++i)
+    if (places[i] - places[i - 1] > same) steps.push_back(places[i] - places[i - 1]);
+  const double ahead = places.front(), behind = 360 - places.back();
+  if (steps.empty()) return std::min(ahead, behind);
+  const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
+  std::nth_element(steps.begin(), middle, steps.end());
+  if (ahead + behind <= 1.5 * *middle) return std::min(ahead, behind);
+  return std::abs(behind - *middle) < std::abs(ahead - *middle) ? ahead : behind;
+}
+
+}  // namespace
+
+Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh,
+                    double unitsPerInch) {
+  const Finder finder(layer, mandrel, unitsPerInch);
+  const double middle = (zLow + zHigh) / 2;
+  const double radius = mandrel.RadiusAt(middle);
+  const double tangent = Tangent(finder.typical(), radius);
+  Pattern pattern;
+  pattern.windingAngle = std::atan(tangent) / kRadians;
+  pattern.bandDegrees = BandDegrees(layer.band, tangent, radius);
+  pattern.axialBand = tangent > 0 ? layer.band * std::sqrt(1 + 1 / (tangent * tangent))
+                                  : std::numeric_limits<double>::infinity();
+
+  const auto gapsOf = [&](bool out) {
+    Gaps gaps;
+    for (const double share : {0.02, 0.5, 0.98}) gaps.Take(finder.GapsAt(zLow + (zHigh - zLow) * share, out));
+    return gaps;
+  };
+  const Gaps outGaps = gapsOf(true), backGaps = gapsOf(false);
+  const Gaps& best = backGaps.largest < outGaps.largest ? backGaps : outGaps;
+  pattern.bands = std::max(outGaps.bands, backGaps.bands);
+  pattern.smallestGap = best.smallest;
+  pattern.largestGap = best.largest;
+  pattern.roundedGap = best.rounded;
+
+  std::vector<const Stroke*> strokes;
+  const double same = pattern.bandDegrees / 10;
+  const std::vector<double> out = finder.ProgressAt(middle, true, strokes);
+  // A carriage shift lays its second way out on top of the first: its ways back tell. So do those of a
+  // shifted mandrel where the ways out have gaps of their own: on a taper, or behind a first traverse from
+  // elsewhere. Where the head wraps the ends, the end of the last pass alone tells.
+  const bool backCloser = backGaps.largest < outGaps.largest - layer.band / 10;
+  const bool byBack = layer.carriageShift || out.size() < 2 || (!layer.wraps && backCloser);
+  if (!layer.carriageShift) FindAside(out, strokes, true, pattern.bandDegrees, pattern.aside);
+  if (!byBack) {
+    const double next = layer.endMandrel + (middle - layer.endZ) * strokes.back()->DegreesPerLength();
+    pattern.miss = MissOf(next, out, same);
+  }
+  const std::vector<double> back = finder.ProgressAt(middle, false, strokes);
+  FindAside(back, strokes, false, pattern.bandDegrees, pattern.aside);
+  if (byBack && back.size() > 1)
+    pattern.miss = MissOf(back.back() + back.back() - back[back.size() - 2], back, same);
+  pattern.drift = finder.Drift(radius);
+  return pattern;
+}
+
+}  // namespace torvane::executor

@@ -1,0 +1,38 @@
+// How the bands of a layer lie beside each other: the gaps between neighbours, where the next circuit would
+// begin, and bands beside their place. All from the traverses as straight lines of angle over Z.
+#pragma once
+
+#include <vector>
+
+#include "executor/mandrel.h"
+
+namespace torvane::executor {
+
+struct BandAside {
+  int line = 0;
+  int pass = 0;  // index
+  double degrees = 0;
+  bool first = false;  // the first traverse of the layer
+};
+
+struct Pattern {
+  double windingAngle = 0;  // degrees, at the middle
+  double bandDegrees = 0;   // how far round the mandrel a band reaches there
+  double axialBand = 0;     // the band's width along Z there
+  int bands = 0;            // of the direction that has more of them
+  // Between neighbours of the direction whose bands lie closer, across the band; below 0 they overlap.
+  double smallestGap = 0, largestGap = 0;
+  // The largest gap at best, had no speed and no turn been rounded.
+  double roundedGap = 0;
+  // The next circuit would begin this many degrees short of a band that is laid (or beyond it), 0 on top.
+  double miss = 0;
+  // By how much rounded turns and angles may have moved that, degrees.
+  double drift = 0;
+  std::vector<BandAside> aside;
+};
+
+// The traverses between zLow and zHigh; there must be one at least.
+Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh,
+                    double unitsPerInch);
+
+}  // namespace torvane::executor

@@ -1,0 +1,239 @@
+#include "executor/proof.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <string>
+
+#include "executor/number.h"
+
+namespace torvane::executor {
+
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+// Half of the last decimal that a length or speed is written with.
+constexpr double kLastDecimal = 0.005;
+constexpr double kFarOff = 2.5;
+
+class Prover {
+ public:
+  explicit Prover(const Limits& limits) : limits_(limits) {}
+
+  Proof Run(std::string_view program);
+
+ private:
+  void TakeLine(const Line& line);
+  void TakeStatement(const Line& line);
+  void TakeTrouble(const Line& line, Trouble trouble);
+  void WatchLimits(const Line& line);
+  void WatchTravel(int line, double z);
+  void WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
+                  std::string_view unit);
+  void JudgeEnd(bool brokenLine);
+  void JudgeLayers();
+  void JudgeTime();
+
+  int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
+  // Where in the program, for what is outside the layers.
+  std::string Stage() const;
+  double PerInch() const { return machine_.Millimetres() ? kMillimetresPerInch : 1; }
+  std::string_view Unit() const { return machine_.Millimetres() ? "mm" : "in"; }
+
+  Limits limits_;
+  Machine machine_;
+  Winding winding_;
+  Proof proof_;
+  bool ended_ = false, buildTime_ = false;
+  int lastLine_ = 0;
+  std::string_view lastText_;
+  Command last_ = Command::Absolute;
+  bool lastIsFarewell_ = false;
+};
+
+Proof Prover::Run(std::string_view program) {
+  Reader reader(program);
+  Line line;
+  while (reader.Next(line)) TakeLine(line);
+  proof_.lines = line.number;
+  proof_.millimetres = machine_.Millimetres();
+  if (!proof_.anyStatement) return std::move(proof_);
+  const bool broken = !program.empty() && program.back() != '\n' && !line.comment.empty() &&
+                      line.comment.find(']') == std::string_view::npos;
+  JudgeEnd(broken);
+  JudgeLayers();
+  JudgeTime();
+  return std::move(proof_);
+}
+
+void Prover::TakeLine(const Line& line) {
+  if (!line.comment.empty() && line.kind == Line::Kind::Blank) winding_.TakeComment(line.comment);
+  if (line.kind == Line::Kind::Blank) return;
+  if (ended_) {
+    proof_.findings.Add(Kind::BehindEnd, line.number, 0,
+                        "This line stands behind the end of the run and is never reached.");
+    return;
+  }
+  if (line.kind == Line::Kind::Unreadable) {
+    constexpr std::size_t kShown = 60;
+    const std::string shown(line.text.substr(0, kShown));
+    proof_.findings.Add(
+        Kind::Unreadable, line.number, 0,
+        "Cannot read \"" + shown + (line.text.size() > kShown ? "..." : "") + "\": " + line.trouble + ".");
+    return;
+  }
+  TakeStatement(line);
+}
+
+void Prover::TakeStatement(const Line& line) {
+  proof_.anyStatement = true;
+  ++proof_.statements;
+  last_ = line.statement.command;
+  lastLine_ = line.number;
+  lastText_ = line.text;
+  const Words& words = line.statement.words;
+  lastIsFarewell_ =
+      last_ == Command::Display && ReadDisplay(line.statement.body).message.substr(0, 11) == "No Heat Gun";
+  switch (last_) {
+    case Command::Wait:
+      ++proof_.waits;
+      break;
+    case Command::End:
+      ended_ = true;
+      break;
+    case Command::BuildTime:
+      buildTime_ = true;
+      proof_.announcedSeconds = words.At('H') * 3600 + words.At('M') * 60 + words.At('S');
+      break;
+    case Command::Endless:
+      ended_ = proof_.endless = true;
+      WatchTravel(line.number, words.At('Z'));
+      WatchTravel(line.number, line.statement.secondZ);
+      if (!machine_.Turning())
+        proof_.findings.Add(Kind::Standstill, line.number, 0,
+                            "The carriage runs to and fro without end while the mandrel stands.");
+      break;
+    default:
+      break;
+  }
+  const Position before = machine_.At();
+  const Motion motion = machine_.Run(line.statement);
+  for (std::size_t i = 0; i < motion.count; ++i) proof_.seconds += motion.segments[i].seconds;
+  winding_.Take(line, motion, machine_, before);
+  TakeTrouble(line, motion.trouble);
+  WatchLimits(line);
+}
+
+void Prover::TakeTrouble(const Line& line, Trouble trouble) {
+  const char* text = nullptr;
+  switch (trouble) {
+    case Trouble::None:
+      return;
+    case Trouble::CarriageStands:
+      text = "The carriage is sent on without a speed and never arrives.";
+      break;
+    case Trouble::MandrelStands:
+      text = "A turn of the mandrel is waited for while it stands.";
+      break;
+    case Trouble::RegisterEmpty:
+      text = "The mandrel is to go by an angle that has not been saved.";
+      break;
+  }
+  proof_.findings.Add(Kind::Standstill, line.number, LayerNow(), text);
+}
+
+std::string Prover::Stage() const {
+  if (LayerNow() != 0 || winding_.stage().empty()) return {};
+  return " (" + std::string(winding_.stage()) + ')';
+}
+
+void Prover::WatchTravel(int line, double z) {
+  if (!proof_.carriageMoved) proof_.lowestZ = proof_.highestZ = z;
+  proof_.carriageMoved = true;
+  proof_.lowestZ = std::min(proof_.lowestZ, z);
+  proof_.highestZ = std::max(proof_.highestZ, z);
+  if (limits_.carriageTravel <= 0) return;
+  const double low = machine_.HomeZ(), high = low + limits_.carriageTravel * PerInch();
+  if (z >= low - kLastDecimal && z <= high + kLastDecimal) return;
+  proof_.findings.Add(Kind::Travel, line, LayerNow(),
+                      "The carriage is sent to Z=" + Fixed(z, 2) + ", outside its travel from Z=" +
+                          Fixed(low, 2) + " (its limit switch) to Z=" + Fixed(high, 2) + Stage() + ".");
+}
+
+void Prover::WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
+                        std::string_view unit) {
+  const double speed = std::abs(line.statement.words.At(letter));
+  if (limit <= 0 || speed <= limit + kLastDecimal) return;
+  proof_.findings.Add(kind, line.number, LayerNow(),
+                      std::string(what) + " is to run at " + Fixed(speed, 2) + ' ' + std::string(unit) +
+                          "; it does no more than " + Fixed(limit, 2) + Stage() + '.');
+}
+
+void Prover::WatchLimits(const Line& line) {
+  const std::string perSecond = std::string(Unit()) + "/s";
+  switch (line.statement.command) {
+    case Command::Move:
+    case Command::Ellipse:
+    case Command::Withdraw:
+      if (line.statement.words.Has('Z')) WatchTravel(line.number, line.statement.words.At('Z'));
+      break;
+    case Command::Turn:
+    case Command::Home:
+      break;
+    default:
+      return;
+  }
+  WatchSpeed(Kind::CarriageSpeed, line, 'F', limits_.carriageSpeed * PerInch(), "The carriage", perSecond);
+  WatchSpeed(Kind::HeadSpeed, line, 'E', limits_.headSpeed * PerInch(), "The delivery head", perSecond);
+  WatchSpeed(Kind::MandrelSpeed, line, 'S', limits_.mandrelSpeed, "The mandrel", "revolutions a minute");
+}
+
+// A program ends by X99, in an endless heat gun run, by stopping the mandrel or, behind heat shrink tape, by
+// telling that there is no heat gun.
+void Prover::JudgeEnd(bool brokenLine) {
+  const bool tape = winding_.stage() == "Heat Shrink Tape", gun = winding_.stage() == "Heat Gun Curing";
+  const bool done = ended_ || (!gun && lastIsFarewell_) || (!gun && !tape && last_ == Command::Stop);
+  if (done && !winding_.ScheduleOpen() && !brokenLine) return;
+  std::string text = "The program breaks off behind \"" + std::string(lastText_.substr(0, 60)) + '"';
+  text += winding_.ScheduleOpen() ? ": the winding has begun and its end is not told."
+          : machine_.Turning()    ? ": the mandrel is left turning."
+                                  : ": no ending follows.";
+  proof_.findings.Add(Kind::BreaksOff, lastLine_, 0, text);
+}
+
+void Prover::JudgeLayers() {
+  std::set<int> seen;
+  for (const Layer& layer : winding_.layers()) {
+    if (!seen.insert(layer.number).second)
+      proof_.findings.Add(Kind::Passes, layer.line, layer.number,
+                          "layer " + std::to_string(layer.number) + " is announced a second time.");
+    proof_.layers.push_back(ProveLayer(layer, winding_.comments(), PerInch(), proof_.findings));
+    proof_.filament += proof_.layers.back().filament;
+    proof_.windingSeconds += layer.seconds;
+  }
+  if (static_cast<double>(seen.size()) < winding_.AnnouncedLayers())
+    proof_.findings.Add(Kind::Passes, winding_.layers().back().line, 0,
+                        Fixed(winding_.AnnouncedLayers(), 0) + " layers are announced and " +
+                            Counted(static_cast<long long>(seen.size()), "is", "are") + " there.");
+  if (winding_.StrayMoves() > 0)
+    proof_.findings.Add(Kind::Passes, winding_.StrayLine(), 0,
+                        Counted(winding_.StrayMoves(), "traverse", "traverses") +
+                            " of the winding stand under no announced pass.");
+}
+
+// The announcement is an estimate: for each end of a pass it takes half a turn, where the dwells come to none
+// or to a whole one. What is further off has another reason.
+void Prover::JudgeTime() {
+  const double announced = proof_.announcedSeconds, run = proof_.windingSeconds;
+  if (!buildTime_ || run <= 0 || std::abs(run - announced) < 120) return;
+  if (run <= kFarOff * announced && announced <= kFarOff * run) return;
+  proof_.findings.Add(Kind::Time, 0, 0,
+                      "The layers take " + Fixed(run / 60, 1) + " minutes where " + Fixed(announced / 60, 0) +
+                          " are announced.");
+}
+
+}  // namespace
+
+Proof Prove(std::string_view program, const Limits& limits) { return Prover(limits).Run(program); }
+
+}  // namespace torvane::executor

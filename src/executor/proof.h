@@ -1,0 +1,51 @@
+// Runs a program on the machine and says whether it covers the part.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "executor/finding.h"
+#include "executor/limits.h"
+#include "executor/pattern.h"
+
+namespace torvane::executor {
+
+// What a layer came to. Lengths in the program's unit, angles in degrees.
+struct LayerFigures {
+  int number = 0, line = 0;
+  int passesRun = 0;
+  double passesAnnounced = 0;
+  bool carriageShift = false, wraps = false;
+  double seconds = 0, filament = 0;
+  bool judged = false;  // the figures below could be worked out
+  bool fits = false;    // the bands run beside each other: the pattern says something
+  double zLow = 0, zHigh = 0;
+  double band = 0;
+  double coveredShare = 0;
+  Pattern pattern;
+};
+
+struct Proof {
+  bool anyStatement = false;
+  bool millimetres = false;
+  int lines = 0, statements = 0;
+  double seconds = 0;           // without what the operator takes
+  double windingSeconds = 0;    // of the layers
+  double announcedSeconds = 0;  // 0 where nothing is announced
+  bool endless = false;
+  int waits = 0;
+  bool carriageMoved = false;
+  double lowestZ = 0, highestZ = 0;
+  double filament = 0;
+  std::vector<LayerFigures> layers;
+  Findings findings;
+};
+
+// Any bytes will do. `limits` are in inches whatever the program's unit.
+Proof Prove(std::string_view program, const Limits& limits);
+
+// One layer against its own announcement; for Prove.
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,
+                        Findings& findings);
+
+}  // namespace torvane::executor

@@ -1,0 +1,91 @@
+#include "window/binder.h"
+
+#include <QTimer>
+
+#include "window/text.h"
+
+namespace torvane {
+
+Binder::Binder(Station& station) : station_(station) { station_.s.watcher = this; }
+
+Binder::~Binder() { station_.s.watcher = nullptr; }
+
+void Binder::Bind(const Field& field, QObject* owner, std::function<void()> show) {
+  Remember(owner);
+  show();
+  bound_[&field].push_back({owner, std::move(show)});
+}
+
+void Binder::BindAll(QObject* owner, std::function<void()> show) {
+  Remember(owner);
+  show();
+  all_.push_back({owner, std::move(show)});
+}
+
+void Binder::Remember(QObject* owner) {
+  if (!owners_.insert(owner).second) return;
+  connect(owner, &QObject::destroyed, this, [this, owner] { Forget(owner); });
+}
+
+void Binder::Forget(QObject* owner) {
+  const auto isOwners = [owner](const Bound& bound) { return bound.owner == owner; };
+  for (auto& [field, all] : bound_) std::erase_if(all, isOwners);
+  std::erase_if(all_, isOwners);
+  owners_.erase(owner);
+}
+
+bool Binder::Type(Field& field, const QString& text) {
+  const auto taken = Taken(text);
+  if (!taken) return false;
+  station_.Type(field, *taken);
+  Flush();
+  return true;
+}
+
+void Binder::Choose(Field& field, std::string_view text) {
+  station_.Choose(field, text);
+  Flush();
+}
+
+bool Binder::Run(std::string_view control, Event event, int index) {
+  const bool answered = station_.Run(control, event, index);
+  Flush();
+  return answered;
+}
+
+void Binder::Do(const std::function<void()>& doing) {
+  doing();
+  Flush();
+}
+
+void Binder::Repaint(const Field& field) {
+  changed_.insert(&field);
+  // A dialog within a doing shows what stands behind it.
+  if (due_) return;
+  due_ = true;
+  QTimer::singleShot(0, this, [this] { Flush(); });
+}
+
+void Binder::Flush() {
+  due_ = false;
+  if (flushing_) return;
+  flushing_ = true;
+  while (!changed_.empty()) {
+    const auto changed = std::exchange(changed_, {});
+    for (const Field* field : changed) {
+      const auto found = bound_.find(field);
+      if (found == bound_.end()) continue;
+      const auto shows = found->second;
+      for (const Bound& bound : shows)
+        if (owners_.contains(bound.owner)) bound.show();
+    }
+  }
+  const auto shows = all_;
+  for (const Bound& bound : shows)
+    if (owners_.contains(bound.owner)) bound.show();
+  flushing_ = false;
+  if (const Field* focus = std::exchange(station_.s.focus, nullptr); focus != nullptr && focusMoved)
+    focusMoved(*focus);
+}
+
+}  // namespace torvane

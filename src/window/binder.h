@@ -1,0 +1,68 @@
+// Ties widgets to fields, and what the operator does to the station. Changed fields are collected, and each
+// is shown once, when the doing has run to its end.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "window/theme.h"
+#include "workbench/station.h"
+
+namespace torvane {
+
+class Binder : public QObject, private FieldWatcher {
+ public:
+  explicit Binder(Station& station);
+  ~Binder() override;
+
+  Station& station() const { return station_; }
+
+  // `show` runs whenever the field has changed, as long as its owner lives, and once at once.
+  void Bind(const Field& field, QObject* owner, std::function<void()> show);
+  // `show` runs after every doing, for what hangs on more than one field or on no field at all.
+  void BindAll(QObject* owner, std::function<void()> show);
+
+  // The text typed into a field, in the toolkit's characters; false, with nothing changed, if one of them is
+  // outside the station's code page.
+  bool Type(Field& field, const QString& text);
+  void Choose(Field& field, std::string_view text);
+  bool Run(std::string_view control, Event event = Event::Click, int index = 0);
+  // Any other doing.
+  void Do(const std::function<void()>& doing);
+  // Shows what has changed so far.
+  void Flush();
+
+  // Told when a rule has sent the operator's next key to a field.
+  std::function<void(const Field&)> focusMoved;
+
+ private:
+  struct Bound {
+    QObject* owner;
+    std::function<void()> show;
+  };
+
+  void Repaint(const Field& field) override;
+  void Forget(QObject* owner);
+  void Remember(QObject* owner);
+
+  Station& station_;
+  std::unordered_map<const Field*, std::vector<Bound>> bound_;
+  std::vector<Bound> all_;
+  std::unordered_set<const Field*> changed_;
+  std::unordered_set<QObject*> owners_;
+  bool flushing_ = false;
+  bool due_ = false;
+};
+
+// What every part of the window is given.
+struct Desk {
+  Station& station;
+  Binder& binder;
+  Theme& theme;
+};
+
+}  // namespace torvane

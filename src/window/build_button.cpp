@@ -1,0 +1,72 @@
+#include "window/build_button.h"
+
+#include "design/text.h"
+#include "window/field_paint.h"
+#include "window/icons.h"
+#include "window/layer_columns.h"
+#include "window/marks_panel.h"
+#include "window/text.h"
+
+namespace torvane {
+
+BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), desk_(desk) {
+  setObjectName(QStringLiteral("imgBUILD"));
+  setText(Shown(desk.station.s.lblBuild.caption()));
+  setAccessibleName(text());
+  setFixedHeight(62);
+  setFocusPolicy(Qt::TabFocus);
+  connect(this, &QAbstractButton::clicked, this, [this] { desk_.binder.Run("imgBUILD"); });
+  desk.binder.BindAll(this, [this] {
+    setAccessibleDescription(SecondLine());
+    update();
+  });
+}
+
+bool BuildButton::Ready() const {
+  const DesignState& s = desk_.station.s;
+  return LayerRows(s) > 0 && !s.gFileName.empty();
+}
+
+QString BuildButton::SecondLine() const {
+  DesignState& s = desk_.station.s;
+  if (!Ready()) return QStringLiteral("once the design has layers and a name");
+  const auto marked = MarkedFields(s).size();
+  if (marked == 1) return QStringLiteral("1 marked value, look first");
+  if (marked > 1) return QStringLiteral("%1 marked values, look first").arg(marked);
+  return QStringLiteral("writes %1%2 and starts the executor")
+      .arg(Shown(WithoutLast(s.gFileName.text(), 4)), s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
+}
+
+void BuildButton::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const bool ready = Ready();
+  QColor ink = t[Token::OnAccent];
+  if (ready) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(isDown() ? t[Token::Accent].darker(115) : t[Token::Accent]);
+    p.drawRoundedRect(rect(), 6, 6);
+  } else {
+    ink = t[Token::Accent];
+    p.setPen(QPen(t[Token::Accent], 1));
+    p.setBrush(t[Token::Panel]);
+    p.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
+  }
+  if (hasFocus()) {
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(ready ? t[Token::OnAccent] : t[Token::Focus], 2));
+    p.drawRoundedRect(Inset(rect(), 3), 4, 4);
+  }
+  PaintIcon(p, Icon::Play, {20, 18, 26, 26}, ink);
+  p.setPen(ink);
+  p.setFont(t.Font(20, Weight::Medium));
+  p.drawText(QRect(59, 8, width() - 70, 28), Qt::AlignVCenter | Qt::AlignLeft, text());
+  p.setFont(t.Font(12));
+  if (!ready) p.setPen(t[Token::Second]);
+  const QRect second(59, 34, width() - 68, 18);
+  p.drawText(second, Qt::AlignVCenter | Qt::AlignLeft,
+             p.fontMetrics().elidedText(SecondLine(), Qt::ElideRight, second.width()));
+}
+
+}  // namespace torvane

@@ -1,0 +1,77 @@
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+
+#include "design/catalogue.h"
+#include "window/field_widgets.h"
+#include "window/help.h"
+#include "window/text.h"
+
+namespace torvane {
+
+FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
+    : QLineEdit(parent), desk_(desk), field_(field), place_(place) {
+  setObjectName(QString::fromStdString(NameOf(field)));
+  setAccessibleName(HelpOf(field).name);
+  setFrame(false);
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setFont(desk.theme.Font(14, Weight::Medium));
+  setContextMenuPolicy(Qt::NoContextMenu);
+  const int side = desk.theme.Px(place == Place::Cell ? 8 : 6);
+  setTextMargins(side, 0, side, 0);
+  if (place == Place::Panel) setFixedHeight(desk.theme.Px(30));
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (desk_.binder.Type(field_, text)) return;
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()),
+                       QStringLiteral("This character cannot stand in a design file. It was not taken."), this);
+    Show();
+  });
+  desk.binder.Bind(field, this, [this] { Show(); });
+}
+
+void FieldEdit::Show() {
+  const QString text = Shown(field_.text());
+  if (this->text() != text) setText(text);
+  setEnabled(field_.enabled());
+  if (place_ == Place::Panel) setVisible(field_.shown());
+  QPalette palette = desk_.theme.Palette();
+  palette.setColor(QPalette::Base, Qt::transparent);
+  for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+    palette.setColor(group, QPalette::Text, InputTextColour(desk_.theme, Look()));
+  if (palette != this->palette()) setPalette(palette);
+  QString tip = field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
+  if (tip.isEmpty()) tip = HelpOf(field_).sentence;
+  setToolTip(tip);
+  update();
+}
+
+InputLook FieldEdit::Look() const {
+  return {field_.mark(), field_.enabled(), hasFocus(), place_ == Place::Cell};
+}
+
+void FieldEdit::paintEvent(QPaintEvent* event) {
+  {
+    QPainter painter(this);
+    PaintInput(painter, desk_.theme, rect(), Look());
+  }
+  QLineEdit::paintEvent(event);
+}
+
+void FieldEdit::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton)
+    desk_.binder.Run(field_.row().name, Event::Click, field_.index());
+}
+
+void FieldEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+  // Where the machine moves on a double click no text is selected.
+  if (!desk_.binder.Run(field_.row().name, Event::DoubleClick, field_.index()))
+    QLineEdit::mouseDoubleClickEvent(event);
+}
+
+void FieldEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
+}
+
+}  // namespace torvane

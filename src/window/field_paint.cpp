@@ -1,0 +1,90 @@
+#include "window/field_paint.h"
+
+#include "window/icons.h"
+
+namespace torvane {
+
+namespace {
+
+struct Colours {
+  QColor ground, edge, text;
+};
+
+Colours ColoursOf(const Theme& t, const InputLook& look) {
+  switch (look.mark) {
+    case Mark::NeedsInput:
+      return {t[Token::NeedsGround], t[Token::NeedsEdge], t[Token::NeedsText]};
+    case Mark::TooHigh:
+      if (t.blinkWhite()) return {Qt::white, t[Token::TooHigh], Qt::black};
+      return {t[Token::TooHigh], t[Token::TooHigh], Qt::white};
+    case Mark::StopTooLow:
+      return {t[Token::TooLow], t[Token::TooLow], Qt::white};
+    case Mark::Plain:
+      break;
+  }
+  if (!look.enabled) return {t[Token::Panel], t[Token::Hairline], t[Token::Off]};
+  return {t[Token::Input], t[Token::FieldEdge], t[Token::Text]};
+}
+
+}  // namespace
+
+QColor InputTextColour(const Theme& theme, const InputLook& look) { return ColoursOf(theme, look).text; }
+
+void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look) {
+  const Colours colours = ColoursOf(theme, look);
+  const bool marked = look.mark != Mark::Plain;
+  const double radius = look.cell ? 0 : theme.Px(4);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!look.cell || marked || look.focused) {
+    const double edge = marked || look.focused ? 2 : 1;
+    painter.setPen(QPen(look.focused ? theme[Token::Focus] : colours.edge, edge));
+    painter.setBrush(colours.ground);
+    painter.drawRoundedRect(Inset(box, edge / 2), radius, radius);
+    // The glyph's edge of a marked field stays inside the focus ring.
+    if (marked && look.focused) {
+      painter.setPen(QPen(colours.edge, 1));
+      painter.drawRoundedRect(Inset(box, 2.5), radius / 2, radius / 2);
+    }
+  }
+  if (marked) {
+    const double size = theme.Px(16);
+    const QColor ink = look.mark == Mark::TooHigh && theme.blinkWhite() ? theme[Token::TooHigh] : colours.text;
+    PaintIcon(painter, GlyphOf(look.mark),
+              {box.left() + theme.Px(6), box.center().y() - size / 2, size, size}, ink);
+  }
+  painter.restore();
+}
+
+void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, bool checked,
+                   const InputLook& look) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!look.enabled) painter.setOpacity(0.5);
+  painter.setPen(QPen(checked ? theme[Token::Accent] : theme[Token::FieldEdge], 1));
+  painter.setBrush(checked ? theme[Token::Accent] : theme[Token::Input]);
+  painter.drawRoundedRect(Inset(box, 0.5), theme.Px(4), theme.Px(4));
+  if (checked) PaintIcon(painter, Icon::Check, Inset(box, 2), theme[Token::OnAccent]);
+  if (look.focused) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(theme[Token::Focus], 2));
+    painter.drawRoundedRect(Inset(box, -2), theme.Px(5), theme.Px(5));
+  }
+  painter.restore();
+}
+
+const char* WordsOf(Mark mark) {
+  switch (mark) {
+    case Mark::NeedsInput:
+      return "needs input";
+    case Mark::TooHigh:
+      return "Blinking Red Values Seem Too High.";
+    case Mark::StopTooLow:
+      return "Carriage will slam Limit Switch.";
+    case Mark::Plain:
+      break;
+  }
+  return "";
+}
+
+}  // namespace torvane

@@ -1,0 +1,30 @@
+// How an input looks: ground, edge, glyph and text colour by its mark, its focus and whether it is enabled.
+#pragma once
+
+#include <QPainter>
+
+#include "design/field.h"
+#include "window/theme.h"
+
+namespace torvane {
+
+struct InputLook {
+  Mark mark = Mark::Plain;
+  bool enabled = true;
+  bool focused = false;
+  // Within the grid edges belong to the grid, and an input gets one of its own only with mark or focus.
+  bool cell = false;
+};
+
+QColor InputTextColour(const Theme& theme, const InputLook& look);
+void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look);
+void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, bool checked,
+                   const InputLook& look);
+
+// What a mark says, in the system's words.
+const char* WordsOf(Mark mark);
+
+// A box whose edge lies within whole pixels.
+inline QRectF Inset(const QRectF& box, double by) { return box.adjusted(by, by, -by, -by); }
+
+}  // namespace torvane

@@ -1,0 +1,174 @@
+#include "window/field_widgets.h"
+
+#include <QKeyEvent>
+
+#include "design/catalogue.h"
+#include "window/choice_popup.h"
+#include "window/help.h"
+#include "window/icons.h"
+#include "window/text.h"
+
+namespace torvane {
+
+FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
+    : QAbstractButton(parent), desk_(desk), field_(field) {
+  setObjectName(QString::fromStdString(NameOf(field)));
+  setAccessibleName(HelpOf(field).name);
+  setToolTip(HelpOf(field).sentence);
+  setFocusPolicy(Qt::StrongFocus);
+  setFixedHeight(desk.theme.Px(30));
+  connect(this, &QAbstractButton::pressed, this, [this] { Open(); });
+  desk.binder.Bind(field, this, [this] {
+    setEnabled(field_.enabled());
+    setVisible(field_.shown());
+    setAccessibleDescription(Shown(field_.text()));
+    update();
+  });
+}
+
+QSize FieldList::sizeHint() const { return {desk_.theme.Px(54), desk_.theme.Px(30)}; }
+
+void FieldList::Open() {
+  setDown(false);
+  OpenChoices(desk_, field_, this, {mapToGlobal(QPoint(0, 0)), size()});
+}
+
+void FieldList::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  const InputLook look{field_.mark(), isEnabled(), hasFocus(), false};
+  QPainter painter(this);
+  PaintInput(painter, t, rect(), look);
+  const QColor ink = InputTextColour(t, look);
+  const int left = look.mark == Mark::Plain ? t.Px(8) : t.Px(26);
+  const QRect text = rect().adjusted(left, 0, -t.Px(20), 0);
+  painter.setFont(t.Font(14, Weight::Medium));
+  painter.setPen(ink);
+  painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                   painter.fontMetrics().elidedText(Shown(field_.text()), Qt::ElideRight, text.width()));
+  const double size = t.Px(16);
+  PaintIcon(painter, Icon::Chevron, {width() - size - t.Px(4), (height() - size) / 2, size, size}, ink);
+}
+
+void FieldList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Space) return Open();
+  const QString text = event->text();
+  if (text.size() == 1 && text[0].isPrint()) {
+    if (const std::string* entry = EntryOf(field_, text[0].toLatin1())) desk_.binder.Choose(field_, *entry);
+    return;
+  }
+  QAbstractButton::keyPressEvent(event);
+}
+
+FieldCheck::FieldCheck(Desk desk, Field& field, const QString& caption, QWidget* parent)
+    : QAbstractButton(parent), desk_(desk), field_(field) {
+  setObjectName(QString::fromStdString(NameOf(field)));
+  setText(caption);
+  setAccessibleName(caption.isEmpty() ? HelpOf(field).name : caption);
+  setToolTip(HelpOf(field).sentence);
+  setCheckable(true);
+  setFocusPolicy(Qt::StrongFocus);
+  desk.binder.Bind(field, this, [this] {
+    setChecked(field_.checked());
+    setEnabled(field_.enabled());
+    setVisible(field_.shown());
+    update();
+  });
+}
+
+void FieldCheck::SetSecondLine(const QString& text) {
+  second_ = text;
+  update();
+}
+
+QSize FieldCheck::sizeHint() const {
+  const int caption = QFontMetrics(desk_.theme.Font(13)).horizontalAdvance(text());
+  return {desk_.theme.Px(20) + (text().isEmpty() ? 0 : desk_.theme.Px(12) + caption), desk_.theme.Px(32)};
+}
+
+void FieldCheck::nextCheckState() {
+  const bool option = field_.row().kind == Kind::Option;
+  const bool on = !field_.checked();
+  desk_.binder.Choose(field_, on ? (option ? "True" : "1") : (option ? "False" : "0"));
+  setChecked(field_.checked());
+}
+
+void FieldCheck::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  QPainter painter(this);
+  const double size = t.Px(20);
+  const QRectF box(0, (height() - size) / 2, size, size);
+  const InputLook look{Mark::Plain, isEnabled(), hasFocus(), false};
+  PaintCheckBox(painter, t, look.focused ? Inset(box.translated(2, 0), 1) : box, field_.checked(), look);
+  if (text().isEmpty()) return;
+  const bool titled = !second_.isEmpty();
+  const bool strong = field_.checked() && isEnabled();
+  painter.setPen(isEnabled() ? (strong ? t[Token::Text] : t[Token::Second]) : t[Token::Off]);
+  painter.setFont(t.Font(13, titled ? Weight::Medium : Weight::Regular));
+  const QRect area = rect().adjusted(t.Px(30), 0, 0, 0);
+  if (!titled) {
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft, text());
+    return;
+  }
+  painter.drawText(area.adjusted(0, 1, 0, -area.height() / 2 + 2), Qt::AlignBottom | Qt::AlignLeft, text());
+  painter.setFont(t.Font(11));
+  painter.setPen(isEnabled() ? t[Token::Second] : t[Token::Off]);
+  painter.drawText(area.adjusted(0, area.height() / 2 + 1, 0, 0), Qt::AlignTop | Qt::AlignLeft, second_);
+}
+
+ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
+    : QWidget(parent), desk_(desk), field_(field), size_(size) {
+  setObjectName(QString::fromStdString(NameOf(field)));
+  setAccessibleName(HelpOf(field).name);
+  desk.binder.Bind(field, this, [this] {
+    setVisible(field_.shown());
+    const QString tip = Shown(field_.tip());
+    setToolTip(tip.isEmpty() ? HelpOf(field_).sentence : tip);
+    setAccessibleDescription(Shown(field_.text()));
+    updateGeometry();
+    update();
+  });
+}
+
+QSize ReadOut::sizeHint() const {
+  const QFontMetrics metrics(desk_.theme.Font(size_, Weight::Medium));
+  return {std::max(desk_.theme.Px(30), metrics.horizontalAdvance(Shown(field_.text())) + 2), metrics.height()};
+}
+
+void ReadOut::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  QPainter painter(this);
+  painter.setFont(t.Font(size_, Weight::Medium));
+  const bool empty = field_.empty();
+  painter.setPen(empty ? t[Token::Off] : t[Token::Figures]);
+  painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter,
+                   empty ? QString(QChar(0x2013)) : Shown(field_.text()));
+}
+
+Word::Word(Desk desk, QString text, int size, Token token, Weight weight, QWidget* parent)
+    : QWidget(parent), desk_(desk), text_(std::move(text)), size_(size), token_(token), weight_(weight) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void Word::SetText(const QString& text) {
+  if (text == text_) return;
+  text_ = text;
+  updateGeometry();
+  update();
+}
+
+QSize Word::sizeHint() const {
+  const QFontMetrics metrics(desk_.theme.Font(size_, weight_));
+  return {metrics.horizontalAdvance(text_) + 1, metrics.height()};
+}
+
+QSize Word::minimumSizeHint() const { return {1, sizeHint().height()}; }
+
+void Word::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setFont(desk_.theme.Font(size_, weight_));
+  painter.setPen(desk_.theme[isEnabled() ? token_ : Token::Off]);
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
+                   painter.fontMetrics().elidedText(text_, Qt::ElideRight, width()));
+}
+
+}  // namespace torvane

@@ -1,0 +1,89 @@
+#include "window/help.h"
+
+#include "design/catalogue.h"
+
+namespace torvane {
+
+namespace {
+
+struct Row {
+  std::string_view field;
+  const char* name;
+  const char* sentence;
+};
+
+constexpr Row kHelp[] = {
+    {"txtLengthTotal", "Total length", "Length of the part between its ends."},
+    {"txtBandWidth", "Band width", "Width of the filament band in inches."},
+    {"txtBandWidthMM", "Band width, mm", "Width of the filament band in millimetres."},
+    {"txtBandThickness", "Band thickness", "Thickness of the filament band in inches."},
+    {"txtBandThicknessMM", "Band thickness, mm", "Thickness of the filament band in millimetres."},
+    {"txtNumberOfLayers", "Number of Layers", "1 to 15. Each layer becomes a row of the schedule."},
+    {"txtDiameterLeft", "Left diameter", "Diameter of the mandrel at its left end."},
+    {"txtDiameterRight", "Right diameter", "Diameter of the mandrel at its right end."},
+    {"txtDia", "Diameter", "Diameter of the mandrel at this end."},
+    {"txtZ2", "Stop (Z)", "Where winding stops, counted from the mandrel post at home."},
+    {"txtZ4", "Z", "A place along the part, counted from the mandrel post at home."},
+    {"txtPODia", "Polar opening", "Diameter of the opening at this end."},
+    {"txtAdjust", "Delivery head offset", "A place of the delivery head at the ends of the part."},
+    {"txtSkirtLeft", "Left skirt", "Length of the left skirt."},
+    {"txtSkirtRight", "Right skirt", "Length of the right skirt."},
+    {"cmbRate", "Winding Rate", "Speed class of the whole part."},
+    {"txtStepSize2Ax", "Step", "How far a press of an arrow shifts both stops."},
+    {"txtStepSize4Ax", "Step", "How far a press of an arrow shifts the part or an offset."},
+    {"txtWA", "Winding Angle", "Degrees to the mandrel's axis; 90 winds a hoop. The row follows as you type."},
+    {"cmb2AxisLayerType", "Layer Type", "HOOP lays band beside band, REG crosses the part at its angle."},
+    {"cmbSpeed", "Speed", "Speed class of the row."},
+    {"cmbMethod", "Method", "ms shifts the mandrel between passes, cs the carriage."},
+    {"txtAddRevs", "Add'l Wrap", "Degrees that the mandrel turns on at each end."},
+    {"txtMRPM", "Mandrel", "Turns of the mandrel a minute. A typed speed stands."},
+    {"txtCarriageSpeed", "Carriage Speed", "Follows from angle, diameter and mandrel speed. A click sets classes."},
+    {"lblPassesToCover", "Passes", "Passes that cover the mandrel once."},
+    {"lblMinutesToCover", "Minutes", "Time of the row."},
+    {"lblLengthToCover", "Length", "Filament of the row."},
+    {"cmb3D", "Layer Type", "HOOP lays band beside band, REG follows a pattern."},
+    {"cmbPattern", "Pattern", "Winding angle | groups x circuits | end wrap."},
+    {"cmbPhiW", "End Wrap", "Turn of the mandrel at each end."},
+    {"cmbPhiSplit", "Split", "Share of the end wrap before the head moves."},
+    {"chkPause", "Pause", "The machine waits before this layer."},
+    {"lblBuildTime", "Est. Build Time", "Minutes of winding, without pauses."},
+    {"lblLengthRequired", "Filament Length", "Filament for all layers."},
+    {"lblFinalThickness", "Wall Thickness", "Two bands for each layer."},
+    {"lblFilamentVOlume", "Part Volume", "Volume of the wound wall."},
+    {"lblEstWeight", "Est. Total Weight", "Weight of the wound part."},
+    {"lblTotalGlueWgt", "Est. Glue Weight", "Resin for the whole part."},
+    {"chkPreWrap1", "Pre-Wrap #1", "Wraps the bare mandrel before winding."},
+    {"chkPreWrap2", "Pre-Wrap #2", "A second wrap of the bare mandrel."},
+    {"chkWindingSchedule", "Winding", "The layers themselves are part of the program."},
+    {"chkPromptForHST", "Shrink Tape", "Shrink tape follows the last layer."},
+    {"chkHeatGunApp", "Heat Gun", "A pass of the heat gun ends the program."},
+    {"chkNotify1", "Send Text Message When Complete", "Sends a message to the first address at the end."},
+    {"chkNotify2", "2nd message", "Sends a message to the second address as well."},
+    {"cmbPreWrapRPM", "Pre-wrap RPM", "Turns of the mandrel a minute in the pre-wrap."},
+    {"cmbHSTRPM", "Shrink tape RPM", "Turns of the mandrel a minute under the tape."},
+    {"cmbHGRPM", "Heat gun RPM", "Turns of the mandrel a minute under the heat gun."},
+    {"txtPreWrapAdvance", "Pre-wrap advance", "Carriage travel a turn in inches."},
+    {"txtPreWrapAdvanceMM", "Pre-wrap advance, mm", "Carriage travel a turn in millimetres."},
+    {"txtHSTWidth", "Shrink tape width", "Width of the tape in inches."},
+    {"txtHSTWidthMM", "Shrink tape width, mm", "Width of the tape in millimetres."},
+    {"txtHGSpeed", "Heat gun speed", "Carriage speed in inches per second."},
+    {"txtHGSpeedMM", "Heat gun speed, mm", "Carriage speed in millimetres per second."},
+    {"chkDontShowVideoLinks", "Don't Show These Links", "The start card leaves the links out."},
+};
+
+}  // namespace
+
+Help HelpOf(const Field& field) {
+  for (const Row& row : kHelp) {
+    if (row.field != field.row().name) continue;
+    QString name = QString::fromLatin1(row.name);
+    if (row.field == "txtZ2" && field.index() <= 1)
+      name = field.index() == 0 ? QStringLiteral("Left stop") : QStringLiteral("Right stop");
+    if (IsScheduleRow(field.row()) && field.index() != IndexSet::kAllRows)
+      name += QStringLiteral(", layer %1").arg(field.index());
+    return {name, QString::fromLatin1(row.sentence)};
+  }
+  return {QString::fromStdString(NameOf(field)), {}};
+}
+
+}  // namespace torvane

@@ -1,0 +1,49 @@
+// Icons and mark glyphs, painted from paths on a grid of 20, so that they follow palette and scale.
+#pragma once
+
+#include <QPainter>
+#include <cstdint>
+
+#include "design/field.h"
+
+namespace torvane {
+
+enum class Icon : std::uint8_t {
+  None,
+  New,
+  Open,
+  Save,
+  Document,
+  Trace,
+  Home,
+  Wheel,
+  Gear,
+  Play,
+  Redo,
+  Undo,
+  Refresh,
+  Plus,
+  Minus,
+  Left,
+  Right,
+  Up,
+  Down,
+  Pencil,
+  TooHigh,
+  TooLow,
+  Warning,
+  Info,
+  Question,
+  Check,
+  Picture,
+  Video,
+  Chevron,
+  Pattern,
+};
+
+void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour);
+
+// What a marked field shows inside at its left.
+Icon GlyphOf(Mark mark);
+
+}  // namespace torvane

@@ -1,0 +1,31 @@
+// The columns of the layer grid in either family: one row of a table for each.
+#pragma once
+
+#include <span>
+
+#include "design/fields.h"
+#include "design/state.h"
+
+namespace torvane {
+
+enum class CellKind : std::uint8_t { Row, List, Angle, Text, Check, Figure, Minutes };
+
+struct LayerColumn {
+  const char* head;
+  const char* unit;                             // fixed second line of the head
+  const Field Fields::*unitField;               // or the text of this field
+  FieldArray Fields::*cells;                    // null for the row's button
+  CellKind kind;
+  int width;
+};
+
+// Set by the operator, then calculated; the bar stands before the first calculated one.
+std::span<const LayerColumn> LayerColumns(bool fourAxis);
+
+constexpr bool IsCalculated(CellKind kind) { return kind == CellKind::Figure || kind == CellKind::Minutes; }
+constexpr bool IsInput(CellKind kind) { return kind != CellKind::Row && !IsCalculated(kind); }
+
+// How many rows the schedule has: its count, up to the most that the machine winds.
+int LayerRows(const DesignState& s);
+
+}  // namespace torvane

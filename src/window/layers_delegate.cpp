@@ -1,0 +1,168 @@
+#include "window/layers_delegate.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "window/field_widgets.h"
+#include "window/icons.h"
+#include "window/text.h"
+
+namespace torvane {
+
+LayersDelegate::LayersDelegate(Desk desk, LayersModel& model, QObject* parent)
+    : QStyledItemDelegate(parent), desk_(desk), model_(model) {}
+
+void LayersDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+  const Theme& t = desk_.theme;
+  const LayerColumn& column = model_.Column(index.column());
+  const int layer = LayersModel::LayerOf(index);
+  const bool pressed = desk_.station.s.gCurrentRow == layer;
+  const QRect box = option.rect;
+  painter->save();
+  QColor ground = t[IsCalculated(column.kind) ? Token::ReadOut : Token::Input];
+  if (pressed) ground = t[Token::Selected];
+  painter->fillRect(box, ground);
+  const bool current = (option.state & QStyle::State_HasFocus) != 0;
+  if (const Field* field = model_.FieldAt(index); field == nullptr)
+    PaintRowButton(*painter, box, layer);
+  else if (field->shown())
+    PaintCell(*painter, box, column, *field, current);
+  painter->setRenderHint(QPainter::Antialiasing, false);
+  painter->setPen(t[Token::Hairline]);
+  painter->drawLine(box.bottomLeft(), box.bottomRight());
+  if (!IsCalculated(column.kind)) painter->drawLine(box.topRight(), box.bottomRight());
+  painter->restore();
+}
+
+void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) const {
+  const Theme& t = desk_.theme;
+  const DesignState& s = desk_.station.s;
+  const bool pressed = s.gCurrentRow == layer;
+  p.fillRect(box, pressed ? t[Token::Accent] : t[Token::Panel]);
+  p.setPen(pressed ? t[Token::OnAccent] : t[Token::Text]);
+  p.setFont(t.Font(14, Weight::Medium));
+  const bool pattern = s.gShow4Axis && s.btn4XRow(layer).shown() && s.cmb3D(layer).text() == "REG";
+  if (!pattern) {
+    p.drawText(box, Qt::AlignCenter, QString::number(layer));
+    return;
+  }
+  p.drawText(box.adjusted(0, 0, -t.Px(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
+  const double size = t.Px(15);
+  PaintIcon(p, Icon::Pattern, {box.right() - t.Px(20) + 0.5, box.center().y() - size / 2, size, size},
+            p.pen().color());
+}
+
+void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn& column, const Field& field,
+                               bool current) const {
+  const Theme& t = desk_.theme;
+  const InputLook look{field.mark(), field.enabled(), current, true};
+  const QRect inner = box.adjusted(0, 0, -1, -1);
+  if (IsCalculated(column.kind)) {
+    if (current) PaintInput(p, t, inner, {Mark::Plain, true, true, true});
+    p.setPen(field.empty() ? t[Token::Off] : t[Token::Figures]);
+  } else {
+    PaintInput(p, t, inner, look);
+    p.setPen(InputTextColour(t, look));
+  }
+  if (column.kind == CellKind::Check) {
+    const double size = t.Px(20);
+    PaintCheckBox(p, t, {box.center().x() - size / 2, box.center().y() - size / 2, size, size},
+                  field.checked(), {Mark::Plain, field.enabled(), false, true});
+    return;
+  }
+  p.setFont(t.Font(14, Weight::Medium));
+  const bool list = column.kind == CellKind::List && !field.entries().empty();
+  const bool leftSide = column.kind == CellKind::List;
+  const int glyph = look.mark == Mark::Plain ? 0 : t.Px(18);
+  const QRect text = box.adjusted(t.Px(10) + (leftSide ? glyph : 0), 0, list ? -t.Px(24) : -t.Px(10), -1);
+  const QString shown = IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
+  p.drawText(text, (leftSide ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
+             p.fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
+  if (list) {
+    const double size = t.Px(16);
+    PaintIcon(p, Icon::Chevron, {box.right() - size - t.Px(5), box.center().y() - size / 2, size, size},
+              p.pen().color());
+  }
+  if (column.kind == CellKind::Angle && look.mark == Mark::Plain) PaintAngle(p, box, field);
+  if (column.kind == CellKind::Minutes) PaintShare(p, box, field);
+}
+
+void LayersDelegate::PaintAngle(QPainter& p, const QRect& box, const Field& field) const {
+  const Number angle = number(field);
+  if (!holds(angle > 0) || !holds(angle <= 90)) return;
+  const Theme& t = desk_.theme;
+  p.setRenderHint(QPainter::Antialiasing);
+  const QPointF centre(box.left() + t.Px(18), box.center().y());
+  p.setPen(QPen(t[Token::Hairline], 1));
+  p.drawLine(centre - QPointF(8, 0), centre + QPointF(8, 0));
+  const double radians = angle.value() * std::numbers::pi / 180;
+  const QPointF along(std::cos(radians) * 8, -std::sin(radians) * 8);
+  p.setPen(t.Pen(Token::BandOut, 2));
+  p.drawLine(centre - along, centre + along);
+}
+
+void LayersDelegate::PaintShare(QPainter& p, const QRect& box, const Field& field) const {
+  const auto cells = model_.Column(model_.columnCount() - 2).cells;
+  double most = 0;
+  for (int layer = 1; layer <= model_.rowCount(); ++layer) {
+    const Number minutes = number((desk_.station.s.*cells)(layer));
+    if (holds(minutes > most)) most = minutes.value();
+  }
+  const Number minutes = number(field);
+  if (!holds(minutes > 0)) return;
+  QColor colour = desk_.theme[Token::Accent];
+  colour.setAlphaF(0.35F);
+  const int width = static_cast<int>((box.width() - 12) * minutes.value() / most);
+  p.fillRect(QRect(box.left() + 4, box.bottom() - 3, width, 2), colour);
+}
+
+QWidget* LayersDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                      const QModelIndex& index) const {
+  Field* field = model_.FieldAt(index);
+  if (field == nullptr) return nullptr;
+  arrival_ = Shown(field->text());
+  auto* editor = new FieldEdit(desk_, *field, Place::Cell, parent);
+  if (model_.Column(index.column()).kind == CellKind::List) editor->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  return editor;
+}
+
+void LayersDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                          const QModelIndex&) const {
+  editor->setGeometry(option.rect.adjusted(0, 0, -1, -1));
+}
+
+bool LayersDelegate::eventFilter(QObject* editor, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(editor, event);
+  auto* edit = static_cast<FieldEdit*>(editor);
+  int down = 0, right = 0;
+  switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+      down = 1;
+      break;
+    case Qt::Key_Up:
+      down = -1;
+      break;
+    case Qt::Key_Tab:
+      right = 1;
+      break;
+    case Qt::Key_Backtab:
+      right = -1;
+      break;
+    case Qt::Key_Escape:
+      if (edit->text() != arrival_) desk_.binder.Type(edit->field(), arrival_);
+      break;
+    default:
+      return QStyledItemDelegate::eventFilter(editor, event);
+  }
+  emit closeEditor(edit, NoHint);
+  if (leave) leave(down, right);
+  return true;
+}
+
+}  // namespace torvane

@@ -1,0 +1,80 @@
+#include "window/layers_model.h"
+
+#include "window/field_paint.h"
+#include "window/help.h"
+#include "window/text.h"
+
+namespace torvane {
+
+LayersModel::LayersModel(Desk desk, bool fourAxis, QObject* parent)
+    : QAbstractTableModel(parent), desk_(desk), fourAxis_(fourAxis) {
+  DesignState& s = desk.station.s;
+  for (int column = 0; column < columnCount(); ++column) {
+    const auto cells = Column(column).cells;
+    if (cells == nullptr) continue;
+    for (int layer = 1; layer <= 15; ++layer)
+      desk.binder.Bind((s.*cells)(layer), this, [this, column, layer] {
+        const QModelIndex cell = index(layer - 1, column);
+        if (cell.isValid()) emit dataChanged(cell, cell);
+      });
+  }
+  desk.binder.BindAll(this, [this] { FollowCount(); });
+}
+
+void LayersModel::FollowCount() {
+  if (desk_.station.s.gShow4Axis != fourAxis_) return;
+  const int rows = LayerRows(desk_.station.s);
+  if (rows > rows_) {
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+  } else if (rows < rows_) {
+    beginRemoveRows({}, rows, rows_ - 1);
+    rows_ = rows;
+    endRemoveRows();
+  }
+}
+
+int LayersModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int LayersModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(LayerColumns(fourAxis_).size());
+}
+
+Field* LayersModel::FieldAt(const QModelIndex& index) const {
+  const auto cells = Column(index.column()).cells;
+  return cells == nullptr ? nullptr : &(desk_.station.s.*cells)(LayerOf(index));
+}
+
+QVariant LayersModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const Field* field = FieldAt(index);
+  if (role == Qt::DisplayRole) return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
+  if (role == Qt::AccessibleTextRole && field != nullptr)
+    return QString(HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()));
+  if (role == Qt::ToolTipRole && field != nullptr) {
+    if (field->mark() != Mark::Plain) return QString::fromLatin1(WordsOf(field->mark()));
+    return field->tip().empty() ? HelpOf(*field).sentence : Shown(field->tip());
+  }
+  return {};
+}
+
+QString LayersModel::UnitOf(int section) const {
+  const LayerColumn& column = Column(section);
+  if (*column.head == '\0' || column.unitField == nullptr) return QString::fromLatin1(column.unit);
+  return Shown((desk_.station.s.*column.unitField).text());
+}
+
+QVariant LayersModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  const LayerColumn& column = Column(section);
+  if (*column.head == '\0') return Shown((desk_.station.s.*column.unitField).text());
+  return QString::fromLatin1(column.head);
+}
+
+Qt::ItemFlags LayersModel::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return {};
+  return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+}
+
+}  // namespace torvane

@@ -1,0 +1,283 @@
+#include "window/layers_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "window/choice_popup.h"
+#include "window/field_widgets.h"
+#include "window/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int kHead = 40;
+constexpr int kLeastRow = 22, kMostRow = 36;
+constexpr double kMostStretch = 1.4;
+
+// Two lines: caption and unit.
+class Head : public QHeaderView {
+ public:
+  Head(Desk desk, LayersModel& model, QWidget* parent)
+      : QHeaderView(Qt::Horizontal, parent), desk_(desk), model_(model) {
+    setFixedHeight(kHead);
+    setSectionResizeMode(QHeaderView::Fixed);
+    setMinimumSectionSize(20);
+  }
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& box, int section) const override {
+    const Theme& t = desk_.theme;
+    painter->save();
+    painter->fillRect(box, t[Token::TableHead]);
+    const CellKind kind = model_.Column(section).kind;
+    int side = Qt::AlignRight;
+    if (kind == CellKind::List) side = Qt::AlignLeft;
+    if (kind == CellKind::Row || kind == CellKind::Check) side = Qt::AlignHCenter;
+    const QRect text = box.adjusted(4, 4, side == Qt::AlignRight ? -9 : -4, -4)
+                           .adjusted(side == Qt::AlignLeft ? 6 : 0, 0, 0, 0);
+    painter->setFont(t.Font(13, Weight::Medium));
+    QString caption = model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    if (painter->fontMetrics().horizontalAdvance(caption) > text.width()) {
+      painter->setFont(t.Font(12, Weight::Medium));
+      caption = painter->fontMetrics().elidedText(caption, Qt::ElideRight, text.width());
+    }
+    painter->setPen(model_.rowCount() == 0 ? t[Token::Off] : t[Token::Text]);
+    painter->drawText(text, side | Qt::AlignTop, caption);
+    painter->setFont(t.Font(12));
+    painter->setPen(model_.rowCount() == 0 ? t[Token::Off] : t[Token::Second]);
+    painter->drawText(text, side | Qt::AlignBottom, model_.UnitOf(section));
+    painter->setPen(t[Token::FieldEdge]);
+    painter->drawLine(box.bottomLeft(), box.bottomRight());
+    painter->restore();
+  }
+
+ private:
+  Desk desk_;
+  LayersModel& model_;
+};
+
+}  // namespace
+
+LayersView::LayersView(Desk desk, bool fourAxis, QWidget* parent)
+    : QTableView(parent), desk_(desk), fourAxis_(fourAxis), model_(new LayersModel(desk, fourAxis, this)) {
+  setObjectName(fourAxis ? QStringLiteral("pic3DGrid") : QStringLiteral("pic2DGrid"));
+  setAccessibleName(QStringLiteral("Layers"));
+  delegate_ = new LayersDelegate(desk, *model_, this);
+  delegate_->leave = [this](int down, int right) { Move(down, right); };
+  setModel(model_);
+  setItemDelegate(delegate_);
+  setHorizontalHeader(new Head(desk, *model_, this));
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(kLeastRow);
+  setShowGrid(false);
+  setFrameShape(QFrame::NoFrame);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setTabKeyNavigation(false);
+  const auto arrange = [this] { Arrange(); };
+  connect(model_, &QAbstractItemModel::rowsInserted, this, arrange);
+  connect(model_, &QAbstractItemModel::rowsRemoved, this, arrange);
+  desk.binder.BindAll(this, [this] { viewport()->update(); });
+}
+
+void LayersView::Arrange() {
+  const int rows = model_->rowCount();
+  const int room = height() - kHead - (rows < 15 ? kLeastRow + 8 : 2);
+  verticalHeader()->setDefaultSectionSize(std::clamp(room / std::max(rows, 1), kLeastRow, kMostRow));
+  const auto columns = LayerColumns(fourAxis_);
+  int wanted = 0;
+  for (const LayerColumn& column : columns) wanted += column.width;
+  const int bar = rows * verticalHeader()->defaultSectionSize() > height() - kHead ? 12 : 0;
+  const int present = width() - bar;
+  const double share = std::min(kMostStretch, static_cast<double>(present) / wanted);
+  int used = 0;
+  for (int i = 0; i < model_->columnCount(); ++i) {
+    const bool last = i == model_->columnCount() - 1;
+    const int width = last ? present - used : static_cast<int>(columns[static_cast<std::size_t>(i)].width * share);
+    setColumnWidth(i, width);
+    used += width;
+  }
+  if (arranged) arranged();
+}
+
+void LayersView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  Arrange();
+}
+
+void LayersView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (!currentIndex().isValid() && model_->rowCount() > 0) setCurrentIndex(model_->index(0, 1));
+}
+
+// To the next row, or over the inputs and on to the next row.
+void LayersView::Move(int down, int right) {
+  QModelIndex at = currentIndex();
+  setFocus();
+  if (!at.isValid() || (down == 0 && right == 0)) return;
+  if (down != 0) {
+    const QModelIndex next = model_->index(at.row() + down, at.column());
+    if (next.isValid()) setCurrentIndex(next);
+    return;
+  }
+  int row = at.row(), column = at.column();
+  while (true) {
+    column += right;
+    if (column < 0 || column >= model_->columnCount()) {
+      row += right;
+      column = right > 0 ? 0 : model_->columnCount() - 1;
+    }
+    if (row < 0 || row >= model_->rowCount()) {
+      focusNextPrevChild(right > 0);
+      return;
+    }
+    const Field* field = model_->FieldAt(model_->index(row, column));
+    if (field != nullptr && IsInput(model_->Column(column).kind) && field->enabled() && field->shown()) break;
+  }
+  setCurrentIndex(model_->index(row, column));
+}
+
+void LayersView::Edit(const QModelIndex& index, const QString& replacement) {
+  Field* field = index.isValid() ? model_->FieldAt(index) : nullptr;
+  if (field == nullptr || !IsInput(model_->Column(index.column()).kind) || !field->enabled()) return;
+  edit(index);
+  auto* editor = qobject_cast<QLineEdit*>(indexWidget(index));
+  if (editor == nullptr) editor = viewport()->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
+  if (editor == nullptr) return;
+  editor->setFocus();
+  if (replacement.isEmpty()) {
+    editor->selectAll();
+    return;
+  }
+  editor->selectAll();
+  editor->insert(replacement);
+  desk_.binder.Type(*field, replacement);
+}
+
+void LayersView::Activate(const QModelIndex& index) {
+  Field* field = index.isValid() ? model_->FieldAt(index) : nullptr;
+  if (field == nullptr || !field->enabled()) return;
+  const CellKind kind = model_->Column(index.column()).kind;
+  if (kind == CellKind::Check) {
+    desk_.binder.Choose(*field, field->checked() ? "0" : "1");
+  } else if (kind == CellKind::List && !field->entries().empty()) {
+    const QRect box = visualRect(index);
+    OpenChoices(desk_, *field, this, {viewport()->mapToGlobal(box.topLeft()), box.size()});
+  } else {
+    Edit(index);
+  }
+}
+
+bool LayersView::GoTo(const Field& field) {
+  for (int column = 1; column < model_->columnCount(); ++column)
+    for (int row = 0; row < model_->rowCount(); ++row) {
+      const QModelIndex at = model_->index(row, column);
+      if (model_->FieldAt(at) != &field) continue;
+      setCurrentIndex(at);
+      setFocus();
+      if (IsInput(model_->Column(column).kind) && field.entries().empty()) Edit(at);
+      return true;
+    }
+  return false;
+}
+
+void LayersView::keyPressEvent(QKeyEvent* event) {
+  const QModelIndex at = currentIndex();
+  const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+  switch (event->key()) {
+    case Qt::Key_Tab:
+      return Move(0, 1);
+    case Qt::Key_Backtab:
+      return Move(0, -1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Move(1, 0);
+    case Qt::Key_F2:
+      return Activate(at);
+    case Qt::Key_Down:
+      if (alt) return Activate(at);
+      break;
+    case Qt::Key_Space:
+      if (at.isValid() && model_->FieldAt(at) == nullptr) {
+        desk_.binder.Run(RowButton(), Event::Press, LayersModel::LayerOf(at));
+        return;
+      }
+      return Activate(at);
+    case Qt::Key_Menu:
+      if (!at.isValid()) return;
+      desk_.binder.Run(RowButton(), Event::PressRight, LayersModel::LayerOf(at));
+      desk_.binder.Run(RowButton(), Event::ReleaseRight, LayersModel::LayerOf(at));
+      if (menuWanted) menuWanted(viewport()->mapToGlobal(visualRect(at).bottomLeft()));
+      return;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+      if (Field* field = at.isValid() ? model_->FieldAt(at) : nullptr;
+          field != nullptr && model_->Column(at.column()).kind != CellKind::List &&
+          IsInput(model_->Column(at.column()).kind) && event->modifiers() == Qt::NoModifier) {
+        desk_.binder.Type(*field, {});
+        return;
+      }
+      break;
+    default:
+      break;
+  }
+  const QString text = event->text();
+  const bool plain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  Field* field = at.isValid() ? model_->FieldAt(at) : nullptr;
+  if (plain && field != nullptr && text.size() == 1 && text[0].isPrint() &&
+      IsInput(model_->Column(at.column()).kind) && field->enabled()) {
+    if (!field->entries().empty()) {
+      if (const std::string* entry = EntryOf(*field, text[0].toLatin1()))
+        desk_.binder.Choose(*field, std::string(*entry));
+    } else if (model_->Column(at.column()).kind != CellKind::Check) {
+      Edit(at, text);
+    }
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+void LayersView::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex at = indexAt(event->pos());
+  if (!at.isValid()) {
+    setFocus();
+    desk_.binder.Run(objectName().toLatin1().constData(), Event::Click);
+    return;
+  }
+  setFocus();
+  setCurrentIndex(at);
+  const bool right = event->button() == Qt::RightButton;
+  Field* field = model_->FieldAt(at);
+  if (field == nullptr) {
+    desk_.binder.Run(RowButton(), right ? Event::PressRight : Event::Press, LayersModel::LayerOf(at));
+    return;
+  }
+  if (right) return;
+  Activate(at);
+  // A list's click is its choice; a figure's opens what sets it.
+  if (model_->Column(at.column()).kind != CellKind::List && model_->Column(at.column()).kind != CellKind::Check)
+    desk_.binder.Run(field->row().name, Event::Click, field->index());
+}
+
+void LayersView::mouseReleaseEvent(QMouseEvent* event) {
+  const QModelIndex at = indexAt(event->pos());
+  if (!at.isValid() || model_->FieldAt(at) != nullptr) return;
+  const int layer = LayersModel::LayerOf(at);
+  if (event->button() == Qt::RightButton) {
+    desk_.binder.Run(RowButton(), Event::ReleaseRight, layer);
+    if (menuWanted) menuWanted(event->globalPosition().toPoint());
+    return;
+  }
+  desk_.binder.Run(RowButton(), Event::Release, layer);
+  if (fourAxis_) desk_.binder.Run(RowButton(), Event::Click, layer);
+}
+
+void LayersView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+}  // namespace torvane

@@ -1,0 +1,50 @@
+#include "window/part_scene.h"
+
+#include "window/text.h"
+
+namespace torvane {
+
+namespace {
+
+std::optional<double> Positive(const Field& field) {
+  const Number value = number(field);
+  if (!holds(value > 0)) return std::nullopt;
+  return value.value();
+}
+
+}  // namespace
+
+PartScene SceneOfTwoAxes(const Station& station) {
+  const DesignState& s = station.s;
+  PartScene scene;
+  scene.leftStop = Positive(s.txtZ2(0));
+  scene.rightStop = Positive(s.txtZ2(1));
+  scene.length = Positive(s.txtLengthTotal(0));
+  scene.leftDiameter = Positive(s.txtDiameterLeft);
+  scene.rightDiameter = Positive(s.txtDiameterRight);
+  scene.band = Positive(s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0));
+  scene.offset = Positive(s.gCarriageOffsetFromRMPFace);
+  scene.homeRight = !s.gIsLHDrive;
+  scene.stopTooLow = s.txtZ2(1).mark() == Mark::StopTooLow;
+  const QString unit = QStringLiteral(" ") + Shown(s.gUnits.text());
+  if (!s.lblZ2(4).empty())
+    scene.total = QStringLiteral("Total length ") + Shown(s.lblZ2(4).text()) + unit;
+  scene.winding = QStringLiteral("Winding length");
+  if (!s.txtZ2(2).empty()) scene.winding += QStringLiteral(" ") + Shown(s.txtZ2(2).text()) + unit;
+  const QString diameter = QString(QChar(0x2300)) + QStringLiteral(" ");
+  if (!s.txtDia(3).empty()) scene.leftDiameterText = diameter + Shown(s.txtDia(3).text());
+  if (!s.txtDia(2).empty()) scene.rightDiameterText = diameter + Shown(s.txtDia(2).text());
+  const int row = s.gCurrentRow;
+  if (row >= 1 && row <= RowsOf(s.txtNumberOfLayers(0)) && !s.txtWA(row).empty()) {
+    const Number angle = number(s.txtWA(row));
+    if (holds(angle > 0) && holds(angle <= 90)) scene.angle = angle.value();
+    scene.legend = QStringLiteral("Layer %1, %2%3").arg(row).arg(Shown(s.txtWA(row).text()), QChar(0xB0));
+    if (scene.band)
+      scene.bandText = QStringLiteral("band ") +
+                       Shown((s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0)).text()) + unit +
+                       QStringLiteral(", to scale");
+  }
+  return scene;
+}
+
+}  // namespace torvane

@@ -1,0 +1,141 @@
+#include "window/start_card.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+
+#include "persist/settings.h"
+#include "window/button.h"
+#include "window/field_widgets.h"
+#include "window/text.h"
+#include "workbench/layer_count.h"
+
+namespace torvane {
+
+namespace {
+
+QVBoxLayout* Column(QWidget* owner, Desk desk, const QString& title, const QString& second) {
+  auto* column = new QVBoxLayout(owner);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  column->addWidget(new Word(desk, title, 15, Token::Text, Weight::Medium));
+  column->addWidget(new Word(desk, second, 12, Token::Second));
+  column->addSpacing(8);
+  return column;
+}
+
+// A strip that tells of something to do once.
+class Strip : public QWidget {
+ public:
+  Strip(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(desk_.theme[Token::Hairline]);
+    painter.setBrush(desk_.theme[Token::Selected]);
+    painter.drawRoundedRect(Inset(rect(), 0.5), 4, 4);
+    PaintIcon(painter, Icon::Home, {16, height() / 2.0 - 11, 22, 22}, desk_.theme[Token::Accent]);
+  }
+
+ private:
+  Desk desk_;
+};
+
+}  // namespace
+
+StartCard::StartCard(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(28, 20, 28, 16);
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(36);
+  columns->addWidget(MakeCounts(), 0, Qt::AlignTop);
+  columns->addWidget(MakeOpen(), 0, Qt::AlignTop);
+  columns->addWidget(MakeLinks(), 1, Qt::AlignTop);
+  rows->addLayout(columns);
+  rows->addStretch(1);
+  rows->addWidget(MakeOffset());
+}
+
+QWidget* StartCard::MakeCounts() {
+  auto* owner = new QWidget(this);
+  auto* column = Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
+                        QStringLiteral("One row a layer, up to 15. It can change later."));
+  auto* grid = new QGridLayout;
+  grid->setSpacing(8);
+  for (int count = 1; count <= kMostLayers; ++count) {
+    auto* button = new Button(desk_, ButtonLook::Outline, Icon::None, QString::number(count), owner);
+    button->setFixedSize(46, 38);
+    button->SetTextSize(14);
+    connect(button, &QAbstractButton::clicked, this, [this, count] {
+      DesignState& s = desk_.station.s;
+      desk_.binder.Type(s.txtNumberOfLayers(s.Panel()), QString::number(count));
+    });
+    grid->addWidget(button, (count - 1) / 5, (count - 1) % 5);
+  }
+  grid->setColumnStretch(5, 1);
+  column->addLayout(grid);
+  return owner;
+}
+
+QWidget* StartCard::MakeOpen() {
+  auto* owner = new QWidget(this);
+  auto* column = Column(owner, desk_, QStringLiteral("Or open a design"),
+                        QStringLiteral("From the folder TV_Design_Files."));
+  auto* open = new Button(desk_, ButtonLook::Outline, Icon::Open, QStringLiteral("Open a design"), owner);
+  open->Runs("btnOPen");
+  open->setObjectName(QStringLiteral("startOpen"));
+  open->setFixedSize(190, 42);
+  column->addWidget(open);
+  return owner;
+}
+
+QWidget* StartCard::MakeLinks() {
+  DesignState& s = desk_.station.s;
+  auto* owner = new QWidget(this);
+  owner->setObjectName(QStringLiteral("picVidLinks"));
+  auto* column = Column(owner, desk_, QStringLiteral("Watch how it is done"),
+                        QStringLiteral("Opens the web browser."));
+  const auto link = [&](const Field& field, Icon icon, const char* control, int index, const QString& text) {
+    auto* button = new Button(desk_, ButtonLook::Flat, icon, text, owner);
+    button->Runs(control, index);
+    button->setToolTip(Shown(field.caption()));
+    column->addWidget(button, 0, Qt::AlignLeft);
+  };
+  link(s.lblVidLink(0), Icon::Video, "lblVidLink", 0, Shown(s.lblVidLink(0).caption()));
+  link(s.lblVidLink(1), Icon::Video, "lblVidLink", 1, Shown(s.lblVidLink(1).caption()));
+  link(s.lblCommunity, Icon::Picture, "lblCommunity", -1, QStringLiteral("Torvane Community"));
+  column->addWidget(new FieldCheck(desk_, s.chkDontShowVideoLinks, Shown(s.chkDontShowVideoLinks.caption())));
+  desk_.binder.Bind(s.picVidLinks, owner, [owner, &s] { owner->setVisible(s.picVidLinks.shown()); });
+  return owner;
+}
+
+QWidget* StartCard::MakeOffset() {
+  auto* strip = new Strip(desk_, this);
+  strip->setFixedHeight(62);
+  auto* row = new QHBoxLayout(strip);
+  row->setContentsMargins(54, 8, 14, 8);
+  auto* words = new QVBoxLayout;
+  words->setSpacing(1);
+  words->addStretch(1);
+  words->addWidget(new Word(
+      desk_, QStringLiteral("Before your first winding, you need to measure the carriage Z-offset distance."), 13,
+      Token::Text, Weight::Medium));
+  words->addWidget(new Word(desk_, QStringLiteral("Designs can be written without it. The build asks for it."), 12,
+                            Token::Second));
+  words->addStretch(1);
+  row->addLayout(words, 1);
+  auto* measure = new Button(desk_, ButtonLook::Outline, Icon::None, QStringLiteral("Measure now"), strip);
+  measure->setFixedSize(112, 40);
+  connect(measure, &QAbstractButton::clicked, this,
+          [this] { desk_.binder.Run(desk_.station.s.mnu2Axis ? "Label10" : "Label9"); });
+  row->addWidget(measure);
+  desk_.binder.BindAll(strip, [this, strip] {
+    const std::string confirmed =
+        GetSetting(desk_.station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0");
+    strip->setVisible(confirmed == "0");
+  });
+  return strip;
+}
+
+}  // namespace torvane

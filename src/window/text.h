@@ -1,0 +1,16 @@
+// The station's 8-bit text against the toolkit's own.
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace torvane {
+
+QString Shown(std::string_view stationText);
+
+// Nothing where a character is outside the station's code page.
+std::optional<std::string> Taken(const QString& text);
+
+}  // namespace torvane

@@ -1,0 +1,74 @@
+// Colours by name, fonts and sizes: the one place that knows what the window looks like.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QPen>
+#include <cstdint>
+
+namespace torvane {
+
+enum class Token : std::uint8_t {
+  Window,
+  Bars,
+  Panel,
+  Input,
+  Drawing,
+  DrawingGrid,
+  DrawingGridBold,
+  TableHead,
+  ReadOut,
+  Figures,
+  Text,
+  Second,
+  Off,
+  Hairline,
+  FieldEdge,
+  Accent,
+  OnAccent,
+  Focus,
+  Selected,
+  BandOut,
+  BandBack,
+  MandrelLow,
+  MandrelMid,
+  MandrelHigh,
+  DrawnEdge,
+  Steel,
+  Dimension,
+  NeedsGround,
+  NeedsEdge,
+  NeedsText,
+  TooHigh,
+  TooLow,
+  Ok,
+  Note,
+  Fault,
+};
+
+enum class Weight : std::uint8_t { Regular, Medium };
+
+class Theme {
+ public:
+  explicit Theme(bool dark) : dark_(dark) {}
+
+  bool dark() const { return dark_; }
+  void SetDark(bool dark) { dark_ = dark; }
+  // The phase of the marks that blink: the same for all fields.
+  bool blinkWhite() const { return blinkWhite_; }
+  void TurnBlink() { blinkWhite_ = !blinkWhite_; }
+
+  QColor operator[](Token token) const;
+  // A size of the drawings, in logical pixels.
+  static constexpr int Px(int size) { return size; }
+  QFont Font(int size, Weight weight = Weight::Regular) const;
+  QPalette Palette() const;
+  QPen Pen(Token token, double width = 1) const;
+
+ private:
+  bool dark_;
+  bool blinkWhite_ = false;
+};
+
+}  // namespace torvane
