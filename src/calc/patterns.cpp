@@ -132,7 +132,7 @@ void PopulatePatternComboNEW(DesignState& s, int row) {
   if (storedIsValid) {
     Choose(s, row, stored);
   } else {
-    s.cmbPattern(row) = "Select ...";
+    s.cmbPattern(row) = kNoPattern;
     s.cmbPattern(row).SetMark(Mark::NeedsInput);
   }
 }

@@ -10,6 +10,9 @@
 
 namespace torvane {
 
+// What a row shows while no pattern is chosen.
+inline constexpr std::string_view kNoPattern = "Select ...";
+
 // The part as the search sees it, in design units and degrees.
 struct PatternPart {
   double circumference = 0;

@@ -41,12 +41,10 @@ std::optional<PolarPattern> PolarPatternOf(DesignState& s, std::string_view patt
   const Number circumference = diameter * kPi;
   const Number rotation = TraverseLength(s) * Tan(angle * kShortPi / 180) / circumference * 360;
   const Number bandStep = BandWidth(s, 1) / Cos(angle * kPi / 180) / circumference;
-  const Number opening = number(s.txtPODia(0));
-  if (!(groups * circuits * wrapAngle * rotation * bandStep * opening).good()) return std::nullopt;
+  if (!(groups * circuits * wrapAngle * rotation * bandStep).good()) return std::nullopt;
   if (!holds(groups >= 1) || !holds(circuits >= 1) || !holds(groups * circuits <= kMostPolarPasses))
     return std::nullopt;
   return PolarPattern{(diameter / 2).value(),
-                      (opening / 2).value(),
                       static_cast<int>(groups.value()),
                       static_cast<int>(circuits.value()),
                       wrapAngle.value(),

@@ -27,7 +27,6 @@ struct PolarFigure {
 // What the picture is made from, in design units and degrees.
 struct PolarPattern {
   double radius = 0;
-  double openingRadius = 0;
   int groups = 0;  // passes of a circuit
   int circuits = 0;
   double wrapAngle = 0;

@@ -28,6 +28,7 @@ struct Schedule {
   Kept traverseAngle{};
   Kept mandrelRPM{};
   Kept carriageSpeed{};
+  Kept target{};  // Z of the traverse in hand
 };
 
 dialect::LayerDisplay DisplayOf(const DesignState& s, int n) {
@@ -60,7 +61,8 @@ void CalculateSpeeds(Schedule& schedule, std::string_view pattern, int row, int 
 void WriteTraverse(Schedule& schedule, Number z, Number mandrelTurn, std::string_view comment) {
   dialect::FourAxisMove move;
   move.f = schedule.carriageSpeed.value();
-  move.z = z.good() ? z.value() : 0;
+  schedule.target = z;
+  move.z = schedule.target.value();
   move.s = schedule.mandrelRPM.value();
   move.c = mandrelTurn.value();
   move.a = schedule.session.gMandrelAngle.value();

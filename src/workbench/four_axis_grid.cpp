@@ -71,6 +71,8 @@ void cmbPattern_Change(Station& station, int row) {
   const bool enabled = s.cmbPattern(row).text() != "HOOP" && s.cmb3D(row).text() != "2AX";
   s.cmbPhiW(row).Enable(enabled);
   s.cmbPhiSplit(row).Enable(enabled);
+  // A row that needs a choice says so in words; any other text is one.
+  if (s.cmbPattern(row).text() != kNoPattern) s.cmbPattern(row).SetMark(Mark::Plain);
 }
 
 void cmbPattern_Click(Station& station, int row) {
@@ -87,7 +89,12 @@ void cmbPattern_Key(Station& station, int row) {
   const int rows = RowsOf(s.txtNumberOfLayers(1));
   if (s.cmb3D(row).text() != "2AX")
     for (int r = 1; r <= rows; ++r) PopulatePatternCombo(s, r);
-  RecalculateFourAxisRow(s, row);
+  const std::string pattern = s.cmbPattern(row).text();
+  const Number angle = s.Read(pattern);
+  if (pattern.find('|') != std::string::npos)
+    RecalculateFourAxisRow(s, row);
+  else if (angle.good())
+    CalculateAndShow(s, angle, pattern, row);
 }
 
 void cmbPhiW_Click(Station& station, int row) {

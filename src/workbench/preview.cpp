@@ -63,7 +63,14 @@ class PreviewWindow : public Window {
   void DescribeAngles(const Field& split, const Field& wrap) {
     field("lblSplitAngle").CopyFrom(split);
     field("lblW").CopyFrom(wrap);
-    splitAngle_ = Degrees(station().s, split);
+    const DesignState& s = station().s;
+    const MaybeText tag = TextOf(s.signs, Degrees(s, split).as("##0.0"_mask));
+    splitAngle_ = tag.good ? s.Read(tag.text) : Number::Failure();
+  }
+
+  void ShowPointer(double x, double y) {
+    field("lblX") = Number(x).as("####.0#"_mask);
+    field("lblY") = Number(y).as("####.0#"_mask);
   }
 
   const std::vector<PolarFigure>& picture() const { return picture_; }
@@ -227,6 +234,10 @@ void ShowPreviewOfRow(Station& station, int row) {
   PreviewWindow& window = OpenPreview(station);
   window.Describe(station.polarTag, row);
   window.DescribeAngles(s.cmbPhiSplit(row), s.cmbPhiW(row));
+}
+
+void ShowPointer(Station& station, double x, double y) {
+  if (Window* open = station.OpenWindow("frmPolar")) static_cast<PreviewWindow*>(open)->ShowPointer(x, y);
 }
 
 const std::vector<PolarFigure>& LastDrawing(const Station& station) {

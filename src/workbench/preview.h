@@ -15,6 +15,9 @@ void ShowPreviewOfRow(Station& station, int row);
 // Opens the preview of the pattern already shown.
 void ShowPreview(Station& station);
 
+// The pointer stands at a point of the preview's picture, in the picture's units.
+void ShowPointer(Station& station, double x, double y);
+
 // The picture last drawn: the preview's while it is open, else the main window's.
 const std::vector<PolarFigure>& LastDrawing(const Station& station);
 

@@ -210,8 +210,10 @@ void Row_Release(Station&, int) {}
 
 void pic2DGrid_Click(Station& station, int) { DropEmphasis(station.s); }
 
+// A click beside the grids: no row of either stands out any more.
 void Form_Click(Station& station, int) {
   DropEmphasis(station.s);
+  for (int row = 1; row <= 25; ++row) station.s.lbl4xLayerNo(row).SetBold(false);
   station.s.gIsNEMA34 = ReadsAsTrue(GetSetting(station.platform.store, kSettings, "gIsNEMA34", "False"));
 }
 

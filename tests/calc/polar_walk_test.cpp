@@ -18,7 +18,7 @@ std::vector<PolarWalk::Step> StepsOf(const PolarPattern& pattern, PolarMarks mar
 
 // Two groups of two circuits: three marks and chords, one red mark a quarter of the way round.
 TEST(PolarWalk, OfTwoByTwo) {
-  const PolarPattern pattern{2, 0.5, 2, 2, 180, 90, 0.25};
+  const PolarPattern pattern{2, 2, 2, 180, 90, 0.25};
   const auto steps = StepsOf(pattern, PolarMarks::ByDivision);
   ASSERT_EQ(steps.size(), 4U);
   EXPECT_TRUE(steps.back().figures.empty()) << "the last pass has neither mark nor chord";
@@ -42,7 +42,7 @@ TEST(PolarWalk, OfTwoByTwo) {
 }
 
 TEST(PolarWalk, MarksByTheBandAreOfItsWidthAndWholeDegrees) {
-  const PolarPattern pattern{2, 0.5, 3, 4, 180, 60.2, 0.08};
+  const PolarPattern pattern{2, 3, 4, 180, 60.2, 0.08};
   const auto steps = StepsOf(pattern, PolarMarks::ByBand);
   ASSERT_EQ(steps.size(), 12U);
   const PolarFigure& mark = steps[0].figures[0];
@@ -54,13 +54,13 @@ TEST(PolarWalk, MarksByTheBandAreOfItsWidthAndWholeDegrees) {
 }
 
 TEST(PolarPicture, ArcsEndAtTheLeftAndSpanTheWrap) {
-  const auto half = PolarArcs({1, 0, 2, 2, 180, 90, 0.25}, 45);
+  const auto half = PolarArcs({1, 2, 2, 180, 90, 0.25}, 45);
   EXPECT_EQ(half[1].from, 0);
   EXPECT_NEAR(half[1].to, kPi, 1e-9);
   EXPECT_NEAR(half[0].to, kPi / 4, 1e-9);
-  const auto wide = PolarArcs({1, 0, 2, 2, 230, 90, 0.25}, 45);
+  const auto wide = PolarArcs({1, 2, 2, 230, 90, 0.25}, 45);
   EXPECT_NEAR(wide[1].from, 310.0 / 360 * 2 * kPi, 1e-9);
-  const auto narrow = PolarArcs({1, 0, 2, 2, 120, 90, 0.25}, 45);
+  const auto narrow = PolarArcs({1, 2, 2, 120, 90, 0.25}, 45);
   EXPECT_NEAR(narrow[1].from, 60.0 / 360 * 2 * kPi, 1e-9);
 }
 
