@@ -22,6 +22,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"handoff", {"design", "calc", "gcode", "persist", "platform", "workbench"}},
     {"host", {"platform"}},
     {"stage", {"platform"}},
+    {"executor", {"platform", "host"}},
 };
 
 TEST(Rooms, KnowOnlyWhomTheyMay) {

@@ -26,6 +26,7 @@ constexpr KindRow kKinds[] = {
     {Kind::BandAside, Level::Fault, "band-aside"},
     {Kind::Open, Level::Fault, "open"},
     {Kind::BareStrips, Level::Fault, "bare-strips"},
+    {Kind::RoundedStrips, Level::Fault, "rounded-strips"},
     {Kind::ShiftEnds, Level::Fault, "shift-ends"},
     {Kind::RunningAngle, Level::Fault, "running-angle"},
     {Kind::Time, Level::Note, "time"},
@@ -35,9 +36,8 @@ constexpr KindRow kKinds[] = {
     {Kind::FirstTraverse, Level::Note, "first-traverse"},
     {Kind::Unknown, Level::Note, "unknown"},
     {Kind::BehindEnd, Level::Note, "behind-end"},
-    {Kind::Sound, Level::Ok, "sound"},
 };
-static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::Sound) + 1);
+static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::BehindEnd) + 1);
 
 const KindRow& RowOf(Kind kind) {
   const KindRow& row = kKinds[static_cast<std::size_t>(kind)];
@@ -54,6 +54,8 @@ std::string_view NameOf(Level level) {
 }
 
 void Findings::Add(Kind kind, int line, int layer, std::string text) {
+  Level& worst = worst_[layer];
+  worst = std::max(worst, LevelOf(kind));
   Kept& kept = kept_[{kind, layer}];
   if (kept.count == (kind == Kind::Unreadable ? 20 : 1)) {
     ++all_[kept.last].alike;
@@ -67,6 +69,11 @@ void Findings::Add(Kind kind, int line, int layer, std::string text) {
 int Findings::Count(Level level) const {
   return static_cast<int>(
       std::count_if(all_.begin(), all_.end(), [&](const Finding& f) { return LevelOf(f.kind) == level; }));
+}
+
+Level Findings::WorstOf(int layer) const {
+  const auto worst = worst_.find(layer);
+  return worst == worst_.end() ? Level::Ok : worst->second;
 }
 
 }  // namespace torvane::executor

@@ -24,6 +24,7 @@ enum class Kind {
   BandAside,
   Open,
   BareStrips,
+  RoundedStrips,
   ShiftEnds,
   RunningAngle,
   Time,
@@ -33,7 +34,6 @@ enum class Kind {
   FirstTraverse,
   Unknown,
   BehindEnd,
-  Sound,
 };
 
 std::string_view NameOf(Kind kind);
@@ -41,7 +41,7 @@ Level LevelOf(Kind kind);
 std::string_view NameOf(Level level);
 
 struct Finding {
-  Kind kind = Kind::Sound;
+  Kind kind;
   int line = 0;   // 0 where no line is to blame
   int layer = 0;  // 0 for the program as a whole
   std::string text;
@@ -55,6 +55,8 @@ class Findings {
 
   const std::vector<Finding>& all() const { return all_; }
   int Count(Level level) const;
+  // Ok where nothing was found.
+  Level WorstOf(int layer) const;
 
  private:
   struct Kept {
@@ -64,6 +66,7 @@ class Findings {
 
   std::vector<Finding> all_;
   std::map<std::pair<Kind, int>, Kept> kept_;
+  std::map<int, Level> worst_;
 };
 
 }  // namespace torvane::executor

@@ -1,5 +1,6 @@
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "executor/cover.h"
 #include "executor/number.h"
@@ -70,8 +71,12 @@ void LayerProof::CountPasses() {
 // The first pass runs between the stops. The comments give the right diameter: no statement has it.
 void LayerProof::ShapeMandrel(const HeadComments& comments) {
   const Pass& first = layer.passes.front();
-  figures.zLow = mandrel.zRight = std::min(first.farZ, first.endZ);
-  figures.zHigh = mandrel.zLeft = std::max(first.farZ, first.endZ);
+  mandrel.zRight = std::min(first.farZ, first.endZ);
+  mandrel.zLeft = std::max(first.farZ, first.endZ);
+  // The outermost half band at each stop is where the band turns round.
+  const double margin = mandrel.zLeft - mandrel.zRight > 2 * layer.band ? layer.band / 2 : 0;
+  figures.zLow = mandrel.zRight + margin;
+  figures.zHigh = mandrel.zLeft - margin;
   const double left = layer.leftDiameter > 0 ? layer.leftDiameter : comments.leftDiameter;
   const double right = comments.rightDiameter > 0 ? comments.rightDiameter : left;
   mandrel.leftRadius = left / 2;
@@ -85,17 +90,21 @@ void LayerProof::AddFilament() {
   for (const EndTurn& turn : layer.endTurns) figures.filament += around(turn.z, turn.degrees);
 }
 
-// By carriage shift every pass runs one band further along than the one before, at both ends.
+// By carriage shift every pass runs as far along from the one before, at both ends; from the second pass to
+// the last that tells the step.
 bool LayerProof::ShiftEndsFit() {
   const Pass& first = layer.passes.front();
-  const double shift = figures.pattern.axialBand;
+  const double later = static_cast<double>(layer.passes.size()) - 2;
+  const double shift =
+      later > 0 ? (layer.passes.back().farZ - layer.passes[1].farZ) / later : figures.pattern.axialBand;
+  const double aside = figures.pattern.axialBand / 2;
   int bad = 0, badLine = 0;
   double farZ = 0, homeZ = 0, number = 0;
   for (std::size_t i = 1; i < layer.passes.size(); ++i) {
     const Pass& pass = layer.passes[i];
     const double expected = shift * static_cast<double>(i);
-    if (std::abs(pass.farZ - first.farZ - expected) <= shift / 2 &&
-        std::abs(pass.endZ - first.endZ - expected) <= shift / 2)
+    if (std::abs(pass.farZ - first.farZ - expected) <= aside &&
+        std::abs(pass.endZ - first.endZ - expected) <= aside)
       continue;
     if (bad++ == 0) {
       badLine = pass.line;
@@ -178,10 +187,13 @@ void LayerProof::JudgeGaps(bool few) {
   const bool bareByRounding = pattern.roundedGap <= kSmallGap * band;
   const bool openByRounding = pattern.miss - pattern.drift <= half;
   if ((bare || open) && (!bare || bareByRounding) && (!open || openByRounding)) {
-    Say(Kind::Rounding, layer.line,
+    Say(pattern.largestGap > band / 2 ? Kind::RoundedStrips : Kind::Rounding, layer.line,
         LayerName() + " closes to " + Fixed(pattern.miss, 2) + " degrees with gaps of up to " +
             Length(std::max(0.0, pattern.largestGap)) +
-            ", for its speeds and angles were rounded to the last decimals of the program; " + covered + ".");
+            (layer.wraps
+                 ? ": its winding angle, and with it the turn of every traverse, is rounded to two decimals; "
+                 : ": its speeds and angles are rounded to the last decimals of the program; ") +
+            covered + ".");
     return;
   }
   if (open && !openByRounding)

@@ -192,7 +192,8 @@ void FindAside(const std::vector<double>& angles, const std::vector<const Stroke
   const auto usualOff = [&](double value) { return std::abs(value) <= half || repeats(value); };
   if (!usualOff(off[0]) && usualOff(off[1])) add(0, -off[0]);
   for (std::size_t i = 1; i + 1 < n; ++i)
-    if (std::abs(off[i - 1]) > half && std::abs(off[i - 1] + off[i]) < alike) add(i, off[i - 1]);
+    if (!usualOff(off[i - 1]) && !usualOff(off[i]) && std::abs(off[i - 1] + off[i]) < alike)
+      add(i, off[i - 1]);
   if (!usualOff(off[n - 2]) && usualOff(off[n - 3])) add(n - 1, off[n - 2]);
 }
 
@@ -227,17 +228,19 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   pattern.axialBand = tangent > 0 ? layer.band * std::sqrt(1 + 1 / (tangent * tangent))
                                   : std::numeric_limits<double>::infinity();
 
-  const auto gapsOf = [&](bool out) {
-    Gaps gaps;
-    for (const double share : {0.02, 0.5, 0.98}) gaps.Take(finder.GapsAt(zLow + (zHigh - zLow) * share, out));
-    return gaps;
-  };
-  const Gaps outGaps = gapsOf(true), backGaps = gapsOf(false);
-  const Gaps& best = backGaps.largest < outGaps.largest ? backGaps : outGaps;
+  // At each Z the direction whose bands lie closer counts.
+  Gaps closest, outGaps, backGaps;
+  for (const double share : {0.02, 0.5, 0.98}) {
+    const double z = zLow + (zHigh - zLow) * share;
+    const Gaps out = finder.GapsAt(z, true), back = finder.GapsAt(z, false);
+    outGaps.Take(out);
+    backGaps.Take(back);
+    closest.Take(back.largest < out.largest ? back : out);
+  }
   pattern.bands = std::max(outGaps.bands, backGaps.bands);
-  pattern.smallestGap = best.smallest;
-  pattern.largestGap = best.largest;
-  pattern.roundedGap = best.rounded;
+  pattern.smallestGap = closest.smallest;
+  pattern.largestGap = closest.largest;
+  pattern.roundedGap = closest.rounded;
 
   std::vector<const Stroke*> strokes;
   const double same = pattern.bandDegrees / 10;

@@ -20,7 +20,7 @@ struct Pattern {
   double bandDegrees = 0;   // how far round the mandrel a band reaches there
   double axialBand = 0;     // the band's width along Z there
   int bands = 0;            // of the direction that has more of them
-  // Between neighbours of the direction whose bands lie closer, across the band; below 0 they overlap.
+  // Between neighbours, across the band, of the direction whose bands lie closer; below 0 they overlap.
   double smallestGap = 0, largestGap = 0;
   // The largest gap at best, had no speed and no turn been rounded.
   double roundedGap = 0;

@@ -14,7 +14,18 @@ namespace {
 constexpr double kMillimetresPerInch = 25.4;
 // Half of the last decimal that a length or speed is written with.
 constexpr double kLastDecimal = 0.005;
-constexpr double kFarOff = 2.5;
+constexpr double kFarOff = 4;
+
+// What is wrong with the line, and what its command is for.
+std::string Unreadable(const Line& line) {
+  constexpr std::size_t kShown = 60;
+  std::string text = "Cannot read \"" + std::string(line.text.substr(0, kShown)) +
+                     (line.text.size() > kShown ? "..." : "") + "\": " + line.trouble + '.';
+  const std::string_view word = line.text.substr(0, line.text.find_first_of(" \t["));
+  for (const Form& form : Forms())
+    if (form.word == word) text += ' ' + std::string(word) + ": " + std::string(form.sentence);
+  return text;
+}
 
 class Prover {
  public:
@@ -63,6 +74,7 @@ Proof Prover::Run(std::string_view program) {
   JudgeEnd(broken);
   JudgeLayers();
   JudgeTime();
+  for (LayerFigures& layer : proof_.layers) layer.stands = proof_.findings.WorstOf(layer.number);
   return std::move(proof_);
 }
 
@@ -75,11 +87,7 @@ void Prover::TakeLine(const Line& line) {
     return;
   }
   if (line.kind == Line::Kind::Unreadable) {
-    constexpr std::size_t kShown = 60;
-    const std::string shown(line.text.substr(0, kShown));
-    proof_.findings.Add(
-        Kind::Unreadable, line.number, 0,
-        "Cannot read \"" + shown + (line.text.size() > kShown ? "..." : "") + "\": " + line.trouble + ".");
+    proof_.findings.Add(Kind::Unreadable, line.number, 0, Unreadable(line));
     return;
   }
   TakeStatement(line);
@@ -222,7 +230,7 @@ void Prover::JudgeLayers() {
 }
 
 // The announcement is an estimate: for each end of a pass it takes half a turn, where the dwells come to none
-// or to a whole one. What is further off has another reason.
+// or, with an angle added, to two. What is further off has another reason.
 void Prover::JudgeTime() {
   const double announced = proof_.announcedSeconds, run = proof_.windingSeconds;
   if (!buildTime_ || run <= 0 || std::abs(run - announced) < 120) return;

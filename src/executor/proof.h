@@ -17,8 +17,9 @@ struct LayerFigures {
   double passesAnnounced = 0;
   bool carriageShift = false, wraps = false;
   double seconds = 0, filament = 0;
-  bool judged = false;  // the figures below could be worked out
-  bool fits = false;    // the bands run beside each other: the pattern says something
+  Level stands = Level::Ok;  // by the worst finding of the layer
+  bool judged = false;       // the figures below could be worked out
+  bool fits = false;         // the bands run beside each other: the pattern says something
   double zLow = 0, zHigh = 0;
   double band = 0;
   double coveredShare = 0;

@@ -69,11 +69,9 @@ std::string Report(const Proof& proof) {
   text += ", " + FilamentText(proof.filament, proof.millimetres) + " of filament, " +
           Counted(proof.waits, "wait", "waits") + " for the operator\n";
   for (const LayerFigures& layer : proof.layers) {
-    bool sound = true;
-    for (const Finding& f : proof.findings.all())
-      if (f.layer == layer.number && LevelOf(f.kind) == Level::Fault) sound = false;
-    text += (sound ? "  ok     layer " : "         layer ") + std::to_string(layer.number) + ": " +
-            LayerSentence(layer, proof.millimetres) + '\n';
+    const std::string_view level = NameOf(layer.stands);
+    text += "  " + std::string(level) + std::string(7 - level.size(), ' ') + "layer " +
+            std::to_string(layer.number) + ": " + LayerSentence(layer, proof.millimetres) + '\n';
   }
   for (const Finding& finding : proof.findings.all()) text += FindingLine(finding);
   return text;

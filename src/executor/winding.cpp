@@ -84,7 +84,7 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Position&
   if (layer == nullptr) {
     const bool moves = std::abs(after.carriage - before.carriage) > kNoWay;
     if (traverse && schedule_ && moves && strayMoves_++ == 0) strayLine_ = line.number;
-    CheckRunningAngle(line, motion, after.mandrel);
+    CheckRunningAngle(line, motion);
     return;
   }
   for (std::size_t i = 0; i < motion.count; ++i) layer->seconds += motion.segments[i].seconds;
@@ -106,7 +106,7 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Position&
   layer->endMandrel = after.mandrel;
   layer->passes.back().endZ = after.carriage;
   if (layer->strokes.empty()) layer->passes.back().startZ = after.carriage;
-  CheckRunningAngle(line, motion, after.mandrel);
+  CheckRunningAngle(line, motion);
 }
 
 void Winding::TakeTraverse(const Line& line, const Motion& motion, const Position& before) {
@@ -149,13 +149,15 @@ void Winding::TakeTraverse(const Line& line, const Motion& motion, const Positio
     layer.endTurns.push_back({after.carriage, std::abs(after.mandrel - arrival.mandrel)});
 }
 
-// The A word repeats the sum of all turns. It starts anywhere; from then on both must go on together, but for
-// an ellipse, whose A may already hold the shift that its withdrawal makes.
-void Winding::CheckRunningAngle(const Line& line, const Motion& motion, double mandrel) {
-  if (motion.ownTurn) ++turnsSince_;
+// The A word repeats the sum of the turns that are told with one. It starts anywhere; from then on both must
+// go on together, but for an ellipse, whose A may already hold the shift that its withdrawal makes.
+void Winding::CheckRunningAngle(const Line& line, const Motion& motion) {
   const Words& words = line.statement.words;
-  if (!words.Has('A') || line.statement.command == Command::Ellipse) return;
-  const double ahead = words.At('A') - mandrel;
+  if (!words.Has('A')) return;
+  toldTurns_ += motion.turn;
+  ++turnsSince_;
+  if (line.statement.command == Command::Ellipse) return;
+  const double ahead = words.At('A') - toldTurns_;
   const double jump = ahead - runningAhead_;
   const double rounding = 0.005 * turnsSince_ + 0.011;
   if (runningKnown_ && std::abs(jump) > rounding && open_) {

@@ -86,7 +86,7 @@ class Winding {
   void BeginPass(const Display& display, const Line& line, const Machine& machine);
   void TakeMotion(const Line& line, const Motion& motion, const Position& before);
   void TakeTraverse(const Line& line, const Motion& motion, const Position& before);
-  void CheckRunningAngle(const Line& line, const Motion& motion, double mandrel);
+  void CheckRunningAngle(const Line& line, const Motion& motion);
   Layer* Open() { return open_ ? &layers_.back() : nullptr; }
 
   std::vector<Layer> layers_;
@@ -96,7 +96,9 @@ class Winding {
   bool schedule_ = false;
   std::string_view stage_;
   int strayMoves_ = 0, strayLine_ = 0;
-  // Of the A words: what the last one ran ahead of the turns, and the turns since, each rounded.
+  // Of the A words: the turns told with them, what the last one ran ahead of those, and how many turns since,
+  // each rounded.
+  double toldTurns_ = 0;
   bool runningKnown_ = false;
   double runningAhead_ = 0;
   int turnsSince_ = 0;

@@ -66,6 +66,11 @@ void Binder::Repaint(const Field& field) {
   QTimer::singleShot(0, this, [this] { Flush(); });
 }
 
+void Binder::ShowEverything() {
+  for (const auto& [field, all] : bound_) changed_.insert(field);
+  Flush();
+}
+
 void Binder::Flush() {
   due_ = false;
   if (flushing_) return;
@@ -84,8 +89,8 @@ void Binder::Flush() {
   for (const Bound& bound : shows)
     if (owners_.contains(bound.owner)) bound.show();
   flushing_ = false;
-  if (const Field* focus = std::exchange(station_.s.focus, nullptr); focus != nullptr && focusMoved)
-    focusMoved(*focus);
+  if (!focusMoved) return;
+  if (const Field* focus = std::exchange(station_.s.focus, nullptr); focus != nullptr) focusMoved(*focus);
 }
 
 }  // namespace torvane

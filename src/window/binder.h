@@ -35,6 +35,9 @@ class Binder : public QObject, private FieldWatcher {
   void Do(const std::function<void()>& doing);
   // Shows what has changed so far.
   void Flush();
+  // Shows a field again though it has not changed, or everything.
+  void Again(const Field& field) { changed_.insert(&field); }
+  void ShowEverything();
 
   // Told when a rule has sent the operator's next key to a field.
   std::function<void(const Field&)> focusMoved;

@@ -34,7 +34,8 @@ QString BuildButton::SecondLine() const {
   if (marked == 1) return QStringLiteral("1 marked value, look first");
   if (marked > 1) return QStringLiteral("%1 marked values, look first").arg(marked);
   return QStringLiteral("writes %1%2 and starts the executor")
-      .arg(Shown(WithoutLast(s.gFileName.text(), 4)), s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
+      .arg(Shown(WithoutLast(s.gFileName.text(), 4)),
+           s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
 }
 
 void BuildButton::paintEvent(QPaintEvent*) {

@@ -58,7 +58,8 @@ void Button::paintEvent(QPaintEvent*) {
     const bool edged = look_ == ButtonLook::Outline;
     painter.setPen(edged ? QPen(isEnabled() ? t[Token::FieldEdge] : t[Token::Hairline], 1) : QPen(Qt::NoPen));
     if (edged || hover || isDown())
-      painter.setBrush(isDown() || hover ? t[Token::Selected] : (t.dark() ? t[Token::TableHead] : t[Token::Panel]));
+      painter.setBrush(isDown() || hover ? t[Token::Selected]
+                                         : (t.dark() ? t[Token::TableHead] : t[Token::Panel]));
     painter.drawRoundedRect(edged ? box : Inset(rect(), 1), t.Px(4), t.Px(4));
     if (segment && isEnabled()) ink = t[Token::Second];
   }
@@ -69,7 +70,8 @@ void Button::paintEvent(QPaintEvent*) {
   }
   painter.setFont(t.Font(textSize_, Weight::Medium));
   const double icon = icon_ == Icon::None ? 0 : t.Px(20);
-  const double words = text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+  const double words =
+      text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
   const double gap = icon > 0 && words > 0 ? t.Px(8) : 0;
   double x = (width() - icon - gap - words) / 2;
   PaintIcon(painter, icon_, {x, (height() - icon) / 2, icon, icon}, ink);

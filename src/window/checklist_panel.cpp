@@ -1,5 +1,6 @@
 #include "window/checklist_panel.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
 
 #include "window/field_widgets.h"
@@ -22,11 +23,11 @@ ChecklistPanel::ChecklistPanel(Desk desk, QWidget* parent) : QWidget(parent), de
   grid->setHorizontalSpacing(5);
   grid->setVerticalSpacing(0);
   grid->setColumnStretch(0, 1);
-  grid->addWidget(new Word(desk, QStringLiteral("Winding Checklist"), 15, Token::Text, Weight::Medium), 0, 0);
-  int column = 1;
-  for (const char* head : {"RPM", "in", "mm"})
-    grid->addWidget(new Word(desk, QString::fromLatin1(head), 12, Token::Second), 0, column++,
-                    column == 2 ? Qt::AlignLeft : Qt::AlignRight);
+  grid->addWidget(new Word(desk, QStringLiteral("Winding Checklist"), 15, Token::Text, Weight::Medium), 0, 0,
+                  1, 2);
+  grid->addWidget(new Word(desk, QStringLiteral("RPM"), 12, Token::Second), 0, 1, Qt::AlignRight);
+  grid->addWidget(new Word(desk, QStringLiteral("in"), 12, Token::Second), 0, 2, Qt::AlignRight);
+  grid->addWidget(new Word(desk, QStringLiteral("mm"), 12, Token::Second), 0, 3, Qt::AlignRight);
   grid->setRowMinimumHeight(0, 24);
   const Line lines[] = {
       {s.chkPreWrap1, "per turn", &s.cmbPreWrapRPM(1), &s.txtPreWrapAdvance(1), &s.txtPreWrapAdvanceMM(1)},
@@ -61,12 +62,12 @@ void ChecklistPanel::AddLine(QGridLayout& grid, int row, const Line& line) {
   auto* speed = new FieldList(desk_, *line.speed);
   speed->setFixedWidth(54);
   auto* inches = new FieldEdit(desk_, *line.inches);
-  inches->setFixedWidth(64);
+  inches->setFixedWidth(56);
   auto* millimetres = new FieldEdit(desk_, *line.millimetres);
   millimetres->setFixedWidth(60);
   int column = 1;
-  for (QWidget* widget : {static_cast<QWidget*>(speed), static_cast<QWidget*>(inches),
-                          static_cast<QWidget*>(millimetres)}) {
+  for (QWidget* widget :
+       {static_cast<QWidget*>(speed), static_cast<QWidget*>(inches), static_cast<QWidget*>(millimetres)}) {
     grid.addWidget(widget, row, column++);
     stops_.push_back(widget);
   }
@@ -76,9 +77,13 @@ void ChecklistPanel::AddNotices(QGridLayout& grid, int row) {
   DesignState& s = desk_.station.s;
   grid.setRowMinimumHeight(row, kRow);
   auto* first = new FieldCheck(desk_, s.chkNotify1, Shown(s.chkNotify1.caption()));
-  grid.addWidget(first, row, 0, 1, 3);
   auto* second = new FieldCheck(desk_, s.chkNotify2, QStringLiteral("2nd"));
-  grid.addWidget(second, row, 3, Qt::AlignRight);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(4);
+  line->addWidget(first);
+  line->addStretch(1);
+  line->addWidget(second);
+  grid.addLayout(line, row, 0, 1, 4);
   stops_.push_back(first);
   stops_.push_back(second);
   checks_.push_back(first);

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <algorithm>

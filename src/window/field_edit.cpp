@@ -23,7 +23,8 @@ FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (desk_.binder.Type(field_, text)) return;
     QToolTip::showText(mapToGlobal(rect().bottomLeft()),
-                       QStringLiteral("This character cannot stand in a design file. It was not taken."), this);
+                       QStringLiteral("This character cannot stand in a design file. It was not taken."),
+                       this);
     Show();
   });
   desk.binder.Bind(field, this, [this] { Show(); });
@@ -33,13 +34,14 @@ void FieldEdit::Show() {
   const QString text = Shown(field_.text());
   if (this->text() != text) setText(text);
   setEnabled(field_.enabled());
-  if (place_ == Place::Panel) setVisible(field_.shown());
+  if (place_ == Place::Panel) ShowAs(*this, field_.shown());
   QPalette palette = desk_.theme.Palette();
   palette.setColor(QPalette::Base, Qt::transparent);
   for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
     palette.setColor(group, QPalette::Text, InputTextColour(desk_.theme, Look()));
   if (palette != this->palette()) setPalette(palette);
-  QString tip = field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
+  QString tip =
+      field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
   if (tip.isEmpty()) tip = HelpOf(field_).sentence;
   setToolTip(tip);
   update();
@@ -59,8 +61,7 @@ void FieldEdit::paintEvent(QPaintEvent* event) {
 
 void FieldEdit::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
-  if (event->button() == Qt::LeftButton)
-    desk_.binder.Run(field_.row().name, Event::Click, field_.index());
+  if (event->button() == Qt::LeftButton) desk_.binder.Run(field_.row().name, Event::Click, field_.index());
 }
 
 void FieldEdit::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -48,10 +48,12 @@ void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const 
     }
   }
   if (marked) {
-    const double size = theme.Px(16);
-    const QColor ink = look.mark == Mark::TooHigh && theme.blinkWhite() ? theme[Token::TooHigh] : colours.text;
+    const bool narrow = box.width() < theme.Px(60) && box.width() > theme.Px(30);
+    const double size = theme.Px(narrow ? 12 : 16);
+    const QColor ink =
+        look.mark == Mark::TooHigh && theme.blinkWhite() ? theme[Token::TooHigh] : colours.text;
     PaintIcon(painter, GlyphOf(look.mark),
-              {box.left() + theme.Px(6), box.center().y() - size / 2, size, size}, ink);
+              {box.left() + theme.Px(narrow ? 3 : 5), box.center().y() - size / 2, size, size}, ink);
   }
   painter.restore();
 }

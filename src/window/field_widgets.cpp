@@ -20,7 +20,7 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
   connect(this, &QAbstractButton::pressed, this, [this] { Open(); });
   desk.binder.Bind(field, this, [this] {
     setEnabled(field_.enabled());
-    setVisible(field_.shown());
+    ShowAs(*this, field_.shown());
     setAccessibleDescription(Shown(field_.text()));
     update();
   });
@@ -70,7 +70,7 @@ FieldCheck::FieldCheck(Desk desk, Field& field, const QString& caption, QWidget*
   desk.binder.Bind(field, this, [this] {
     setChecked(field_.checked());
     setEnabled(field_.enabled());
-    setVisible(field_.shown());
+    ShowAs(*this, field_.shown());
     update();
   });
 }
@@ -82,7 +82,7 @@ void FieldCheck::SetSecondLine(const QString& text) {
 
 QSize FieldCheck::sizeHint() const {
   const int caption = QFontMetrics(desk_.theme.Font(13)).horizontalAdvance(text());
-  return {desk_.theme.Px(20) + (text().isEmpty() ? 0 : desk_.theme.Px(12) + caption), desk_.theme.Px(32)};
+  return {desk_.theme.Px(20) + (text().isEmpty() ? 0 : desk_.theme.Px(11) + caption), desk_.theme.Px(32)};
 }
 
 void FieldCheck::nextCheckState() {
@@ -120,7 +120,7 @@ ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
   setObjectName(QString::fromStdString(NameOf(field)));
   setAccessibleName(HelpOf(field).name);
   desk.binder.Bind(field, this, [this] {
-    setVisible(field_.shown());
+    ShowAs(*this, field_.shown());
     const QString tip = Shown(field_.tip());
     setToolTip(tip.isEmpty() ? HelpOf(field_).sentence : tip);
     setAccessibleDescription(Shown(field_.text()));
@@ -131,7 +131,8 @@ ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
 
 QSize ReadOut::sizeHint() const {
   const QFontMetrics metrics(desk_.theme.Font(size_, Weight::Medium));
-  return {std::max(desk_.theme.Px(30), metrics.horizontalAdvance(Shown(field_.text())) + 2), metrics.height()};
+  return {std::max(desk_.theme.Px(30), metrics.horizontalAdvance(Shown(field_.text())) + 2),
+          metrics.height()};
 }
 
 void ReadOut::paintEvent(QPaintEvent*) {

@@ -10,6 +10,14 @@
 
 namespace torvane {
 
+// Shows or hides a widget as its field says. One that has no parent yet is not shown: it would be a window.
+inline void ShowAs(QWidget& widget, bool shown) {
+  if (!shown)
+    widget.hide();
+  else if (widget.parentWidget() != nullptr)
+    widget.show();
+}
+
 enum class Place : std::uint8_t { Panel, Cell };
 
 // Typed text. Each key reaches the state as it is typed.

@@ -78,8 +78,10 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
   const bool list = column.kind == CellKind::List && !field.entries().empty();
   const bool leftSide = column.kind == CellKind::List;
   const int glyph = look.mark == Mark::Plain ? 0 : t.Px(18);
-  const QRect text = box.adjusted(t.Px(10) + (leftSide ? glyph : 0), 0, list ? -t.Px(24) : -t.Px(10), -1);
-  const QString shown = IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
+  const QRect text =
+      box.adjusted(t.Px(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0, list ? -t.Px(20) : -t.Px(10), -1);
+  const QString shown =
+      IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
   p.drawText(text, (leftSide ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
              p.fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
   if (list) {
@@ -126,7 +128,8 @@ QWidget* LayersDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   if (field == nullptr) return nullptr;
   arrival_ = Shown(field->text());
   auto* editor = new FieldEdit(desk_, *field, Place::Cell, parent);
-  if (model_.Column(index.column()).kind == CellKind::List) editor->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  if (model_.Column(index.column()).kind == CellKind::List)
+    editor->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   return editor;
 }
 

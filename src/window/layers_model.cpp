@@ -49,7 +49,8 @@ Field* LayersModel::FieldAt(const QModelIndex& index) const {
 QVariant LayersModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Field* field = FieldAt(index);
-  if (role == Qt::DisplayRole) return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
+  if (role == Qt::DisplayRole)
+    return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
   if (role == Qt::AccessibleTextRole && field != nullptr)
     return QString(HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()));
   if (role == Qt::ToolTipRole && field != nullptr) {
@@ -74,7 +75,8 @@ QVariant LayersModel::headerData(int section, Qt::Orientation orientation, int r
 
 Qt::ItemFlags LayersModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return {};
-  return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  const Qt::ItemFlags plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  return IsInput(Column(index.column()).kind) ? plain | Qt::ItemIsEditable : plain;
 }
 
 }  // namespace torvane

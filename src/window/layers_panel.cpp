@@ -26,8 +26,9 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
       view_(new LayersView(desk, fourAxis, this)),
       card_(new StartCard(desk, this)) {
   DesignState& s = desk.station.s;
-  auto* recalculate = new Button(desk, ButtonLook::Outline, Icon::Refresh,
-                                 fourAxis ? QStringLiteral("Pattern Refresh") : Shown(s.btnReCalc.caption()), this);
+  auto* recalculate =
+      new Button(desk, ButtonLook::Outline, Icon::Refresh,
+                 fourAxis ? QStringLiteral("Pattern Refresh") : Shown(s.btnReCalc.caption()), this);
   recalculate->Runs(fourAxis ? "lblRefresh" : "btnReCalc");
   recalculate->setFixedHeight(28);
   recalculate_ = recalculate;
@@ -43,7 +44,7 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
   desk.binder.BindAll(this, [this, add] {
     const int rows = LayerRows(desk_.station.s);
     card_->setVisible(rows == 0);
-    recalculate_->setEnabled(rows > 0);
+    recalculate_->setVisible(rows > 0);
     add->setVisible(rows > 0 && rows < kMostLayers);
     add->setText(QStringLiteral("Add layer %1").arg(rows + 1));
     Arrange();
@@ -102,7 +103,8 @@ void LayersPanel::PaintFooter(QPainter& p) const {
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   const int before = view_->columnViewportPosition(columns - 3);
-  p.drawText(QRect(before - 70, y, 62, kFooter - 1), Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Total"));
+  p.drawText(QRect(before - 70, y, 62, kFooter - 1), Qt::AlignRight | Qt::AlignVCenter,
+             QStringLiteral("Total"));
   if (fourAxis_ || s.gCurrentRow < 1 || s.gCurrentRow > LayerRows(s)) return;
   double x = recalculate_->geometry().right() + 14;
   const auto word = [&](const QString& text, bool figure) {

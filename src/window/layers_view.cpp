@@ -74,6 +74,7 @@ LayersView::LayersView(Desk desk, bool fourAxis, QWidget* parent)
   verticalHeader()->hide();
   verticalHeader()->setMinimumSectionSize(kLeastRow);
   setShowGrid(false);
+  viewport()->setBackgroundRole(QPalette::Window);
   setFrameShape(QFrame::NoFrame);
   setSelectionMode(QAbstractItemView::NoSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -99,7 +100,8 @@ void LayersView::Arrange() {
   int used = 0;
   for (int i = 0; i < model_->columnCount(); ++i) {
     const bool last = i == model_->columnCount() - 1;
-    const int width = last ? present - used : static_cast<int>(columns[static_cast<std::size_t>(i)].width * share);
+    const int width =
+        last ? present - used : static_cast<int>(columns[static_cast<std::size_t>(i)].width * share);
     setColumnWidth(i, width);
     used += width;
   }
@@ -187,9 +189,23 @@ bool LayersView::GoTo(const Field& field) {
   return false;
 }
 
+// The row menu's keys, on a two-axis row alone.
+bool LayersView::RowCommand(const QKeyEvent& event, const QModelIndex& at) {
+  if (fourAxis_ || !at.isValid() || event.modifiers() != Qt::ControlModifier) return false;
+  const char* command = nullptr;
+  if (event.key() == Qt::Key_C) command = "mnuCopy";
+  if (event.key() == Qt::Key_V) command = "mnuPaste";
+  if (event.key() == Qt::Key_Delete) command = "mnuDeleteRow";
+  if (command == nullptr) return false;
+  desk_.binder.Run(RowButton(), Event::Press, LayersModel::LayerOf(at));
+  desk_.binder.Run(command);
+  return true;
+}
+
 void LayersView::keyPressEvent(QKeyEvent* event) {
   const QModelIndex at = currentIndex();
   const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+  if (RowCommand(*event, at)) return;
   switch (event->key()) {
     case Qt::Key_Tab:
       return Move(0, 1);
@@ -261,7 +277,8 @@ void LayersView::mousePressEvent(QMouseEvent* event) {
   if (right) return;
   Activate(at);
   // A list's click is its choice; a figure's opens what sets it.
-  if (model_->Column(at.column()).kind != CellKind::List && model_->Column(at.column()).kind != CellKind::Check)
+  if (model_->Column(at.column()).kind != CellKind::List &&
+      model_->Column(at.column()).kind != CellKind::Check)
     desk_.binder.Run(field->row().name, Event::Click, field->index());
 }
 

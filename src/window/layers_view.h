@@ -33,6 +33,7 @@ class LayersView : public QTableView {
   void Move(int down, int right);
   void Edit(const QModelIndex& index, const QString& replacement = {});
   void Activate(const QModelIndex& index);
+  bool RowCommand(const QKeyEvent& event, const QModelIndex& at);
   const char* RowButton() const { return fourAxis_ ? "btn4XRow" : "btn2XRow"; }
 
   Desk desk_;

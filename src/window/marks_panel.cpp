@@ -26,7 +26,8 @@ std::vector<const Field*> MarkedFields(DesignState& s) {
     const FieldRow& row = field.row();
     if (field.mark() == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.gShow4Axis)) return;
     // The drawing repeats two diameters and a length that have fields of their own.
-    const bool repeated = !s.gShow4Axis && (row.name == "txtDia" || (row.name == "txtZ2" && field.index() == 2));
+    const bool repeated =
+        !s.gShow4Axis && (row.name == "txtDia" || (row.name == "txtZ2" && field.index() == 2));
     if (repeated || (IsScheduleRow(row) && field.index() > rows)) return;
     marked.push_back(&field);
   });
@@ -68,12 +69,10 @@ void MarksPanel::paintEvent(QPaintEvent*) {
     const Field& field = *marked[static_cast<std::size_t>(i)];
     const int left = static_cast<int>(marked.size()) - i;
     InputLook look{field.mark(), true, false, false};
-    p.save();
-    p.setClipRect(14, y, 26, 26);
-    PaintInput(p, t, QRectF(14, y, 26, 26).adjusted(0, 0, 2, 0), look);
-    p.restore();
+    PaintInput(p, t, QRectF(14, y, 26, 26), look);
     if (i == room - 1 && left > 1) {
-      line(y - 2, QStringLiteral("%1 more marked fields").arg(left), HelpOf(field).name + QStringLiteral(" ..."));
+      line(y - 2, QStringLiteral("%1 more marked fields").arg(left),
+           HelpOf(field).name + QStringLiteral(" ..."));
       break;
     }
     line(y - 2, HelpOf(field).name + QStringLiteral(" ") + Shown(field.text()),

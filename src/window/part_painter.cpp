@@ -97,7 +97,7 @@ void PartPainter::PaintChips(QPainter& p) const {
   for (const bool left : {true, false}) {
     const QString text = (left == scene_.homeRight) ? QStringLiteral("FAR") : QStringLiteral("HOME");
     const double width = p.fontMetrics().horizontalAdvance(text) + 10;
-    const QRectF box(left ? 70 : size_.width() - 70 - width, 5, width, 16);
+    const QRectF box(left ? 70 : size_.width() - 78 - width, 5, width, 16);
     p.setPen(Qt::NoPen);
     p.setBrush(t_[Token::Accent]);
     p.drawRoundedRect(box, 3, 3);
@@ -317,7 +317,9 @@ void PartPainter::PaintDiameter(QPainter& p, double x, double radius, const QStr
   if (text.isEmpty()) return;
   p.setFont(t_.Font(12, Weight::Medium));
   const double width = p.fontMetrics().horizontalAdvance(text) + 8;
-  const QRectF box(left ? x - 6 - width : x + 6, axisY_ - 28, width, 18);
+  // Outside the mandrel where the post leaves room.
+  const bool outside = left ? x - 6 - width > postLeft_ + 6 : x + 6 + width < postRight_ - 6;
+  const QRectF box(left == outside ? x - 6 - width : x + 6, axisY_ - 28, width, 18);
   p.setPen(Qt::NoPen);
   p.setBrush(t_[Token::Drawing]);
   p.drawRoundedRect(box, 3, 3);

@@ -1,4 +1,4 @@
-// The part of the two-axis family: its length, band and count of layers above the drawing.
+// The part: its length, band and count of layers above the drawing of its family.
 #pragma once
 
 #include <QWidget>

@@ -27,8 +27,7 @@ PartScene SceneOfTwoAxes(const Station& station) {
   scene.homeRight = !s.gIsLHDrive;
   scene.stopTooLow = s.txtZ2(1).mark() == Mark::StopTooLow;
   const QString unit = QStringLiteral(" ") + Shown(s.gUnits.text());
-  if (!s.lblZ2(4).empty())
-    scene.total = QStringLiteral("Total length ") + Shown(s.lblZ2(4).text()) + unit;
+  if (!s.lblZ2(4).empty()) scene.total = QStringLiteral("Total length ") + Shown(s.lblZ2(4).text()) + unit;
   scene.winding = QStringLiteral("Winding length");
   if (!s.txtZ2(2).empty()) scene.winding += QStringLiteral(" ") + Shown(s.txtZ2(2).text()) + unit;
   const QString diameter = QString(QChar(0x2300)) + QStringLiteral(" ");

@@ -45,6 +45,7 @@ class Strip : public QWidget {
 }  // namespace
 
 StartCard::StartCard(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
+  setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(28, 20, 28, 16);
   auto* columns = new QHBoxLayout;
@@ -94,8 +95,8 @@ QWidget* StartCard::MakeLinks() {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
   owner->setObjectName(QStringLiteral("picVidLinks"));
-  auto* column = Column(owner, desk_, QStringLiteral("Watch how it is done"),
-                        QStringLiteral("Opens the web browser."));
+  auto* column =
+      Column(owner, desk_, QStringLiteral("Watch how it is done"), QStringLiteral("Opens the web browser."));
   const auto link = [&](const Field& field, Icon icon, const char* control, int index, const QString& text) {
     auto* button = new Button(desk_, ButtonLook::Flat, icon, text, owner);
     button->Runs(control, index);
@@ -106,7 +107,7 @@ QWidget* StartCard::MakeLinks() {
   link(s.lblVidLink(1), Icon::Video, "lblVidLink", 1, Shown(s.lblVidLink(1).caption()));
   link(s.lblCommunity, Icon::Picture, "lblCommunity", -1, QStringLiteral("Torvane Community"));
   column->addWidget(new FieldCheck(desk_, s.chkDontShowVideoLinks, Shown(s.chkDontShowVideoLinks.caption())));
-  desk_.binder.Bind(s.picVidLinks, owner, [owner, &s] { owner->setVisible(s.picVidLinks.shown()); });
+  desk_.binder.Bind(s.picVidLinks, owner, [owner, &s] { ShowAs(*owner, s.picVidLinks.shown()); });
   return owner;
 }
 
@@ -119,10 +120,10 @@ QWidget* StartCard::MakeOffset() {
   words->setSpacing(1);
   words->addStretch(1);
   words->addWidget(new Word(
-      desk_, QStringLiteral("Before your first winding, you need to measure the carriage Z-offset distance."), 13,
-      Token::Text, Weight::Medium));
-  words->addWidget(new Word(desk_, QStringLiteral("Designs can be written without it. The build asks for it."), 12,
-                            Token::Second));
+      desk_, QStringLiteral("Before your first winding, you need to measure the carriage Z-offset distance."),
+      13, Token::Text, Weight::Medium));
+  words->addWidget(new Word(
+      desk_, QStringLiteral("Designs can be written without it. The build asks for it."), 12, Token::Second));
   words->addStretch(1);
   row->addLayout(words, 1);
   auto* measure = new Button(desk_, ButtonLook::Outline, Icon::None, QStringLiteral("Measure now"), strip);
@@ -133,7 +134,7 @@ QWidget* StartCard::MakeOffset() {
   desk_.binder.BindAll(strip, [this, strip] {
     const std::string confirmed =
         GetSetting(desk_.station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0");
-    strip->setVisible(confirmed == "0");
+    ShowAs(*strip, confirmed == "0");
   });
   return strip;
 }

@@ -28,9 +28,13 @@ int Complain(const std::string& text) {
 }
 
 Json LayerJson(const LayerFigures& layer) {
-  Json json = {{"layer", layer.number},     {"line", layer.line},
-               {"passes", layer.passesRun}, {"passesAnnounced", layer.passesAnnounced},
-               {"seconds", layer.seconds},  {"filament", layer.filament}};
+  Json json = {{"layer", layer.number},
+               {"line", layer.line},
+               {"stands", NameOf(layer.stands)},
+               {"passes", layer.passesRun},
+               {"passesAnnounced", layer.passesAnnounced},
+               {"seconds", layer.seconds},
+               {"filament", layer.filament}};
   if (!layer.judged) return json;
   json.update({{"windingAngle", layer.pattern.windingAngle},
                {"band", layer.band},

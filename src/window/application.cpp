@@ -1,0 +1,48 @@
+#include "window/application.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+namespace torvane {
+
+WindowComputer::WindowComputer(HostFiles files_, std::unique_ptr<SettingsStore> store_, const Theme& theme)
+    : files(std::move(files_)),
+      store(std::move(store_)),
+      messageDialog(theme),
+      messageBox(theme),
+      fileDialog(messageBox) {
+  files.MakeProgramFolderCurrent();
+  for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
+    const std::string path = files.ProgramFolder() + folder;
+    const Outcome made = files.MakeFolder(path);
+    if (!made) messageBox.Show("Torvane Designer", path + ": " + made.reason(), BoxIcon::Stop);
+  }
+}
+
+Platform WindowComputer::AsPlatform() {
+  return {*store, clock, locale, files, messageDialog, messageBox, fileDialog, launcher};
+}
+
+WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
+    : theme_(theme), station_(platform), binder_(station_) {
+  timer_.setSingleShot(true);
+  connect(&timer_, &QTimer::timeout, this, [this] { binder_.Do([this] { station_.Tick(); }); });
+  splash_ = std::make_unique<Splash>(desk());
+  station_.Form_Load();
+  main_ = std::make_unique<MainWindow>(desk());
+  dialogs_ = std::make_unique<DialogHost>(desk(), main_.get());
+  binder_.BindAll(this, [this] {
+    WindClock();
+    if (station_.ended) QCoreApplication::quit();
+  });
+  binder_.Flush();
+}
+
+void WindowProgram::WindClock() {
+  const auto next = station_.NextTick();
+  if (!next) return timer_.stop();
+  const auto wait = (*next - station_.platform.clock.Now()).count();
+  timer_.start(static_cast<int>(std::clamp<long long>(wait, 0, 60'000)));
+}
+
+}  // namespace torvane

@@ -1,0 +1,175 @@
+#include "window/dialogs.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QPainter>
+#include <QPushButton>
+
+#include "host/paths.h"
+#include "window/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int kLeastWidth = 580;
+constexpr int kBar = 66;
+
+// Without the empty lines at its ends.
+QString Body(const QString& text) {
+  QStringList lines = QString(text).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
+  for (QString& line : lines) line = line.trimmed();
+  while (!lines.isEmpty() && lines.first().isEmpty()) lines.removeFirst();
+  while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
+  return lines.join(QLatin1Char('\n'));
+}
+
+}  // namespace
+
+MessageView ViewOf(const Message& message) {
+  MessageView view{QStringLiteral("Message"), Shown(message.text), message.number, message.okOnly,
+                   message.offer};
+  if (!message.okOnly)
+    view.icon = Icon::Question;
+  else if (message.number == 567)
+    view.icon = Icon::TooLow, view.ink = Token::Fault;
+  else if (message.beep)
+    view.icon = Icon::Warning, view.ink = Token::Note;
+  return view;
+}
+
+MessageWindow::MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked,
+                             QWidget* parent)
+    : QDialog(parent), theme_(theme), view_(view) {
+  setObjectName(QStringLiteral("message"));
+  setWindowTitle(view.title);
+  setPalette(theme.Palette());
+  setAccessibleName(view.title);
+  view_.text = Body(view.text);
+  setAccessibleDescription(view_.text);
+  const QFontMetrics metrics(theme.Font(15));
+  const QStringList lines = view_.text.split(QLatin1Char('\n'));
+  int widest = 0;
+  for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
+  const int body = std::max(98, 2 * 24 + static_cast<int>(lines.size()) * 22);
+  ground_ = body;
+  setFixedSize(std::max(kLeastWidth, widest + 80 + 70), body + kBar);
+
+  auto* bar = new QHBoxLayout;
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(22, 0, 20, 12);
+  column->addStretch(1);
+  column->addLayout(bar);
+  bar->setSpacing(10);
+  if (view.offer) {
+    auto* offer = new QCheckBox(QStringLiteral("Don't Show this Message Again"), this);
+    offer->setObjectName(QStringLiteral("chkDontShow"));
+    offer->setFont(theme.Font(13));
+    connect(offer, &QCheckBox::clicked, this, [ticked](bool on) {
+      if (on && ticked) ticked();
+    });
+    bar->addWidget(offer);
+  }
+  bar->addStretch(1);
+  const auto button = [&](const QString& caption, bool isDefault, int result) {
+    auto* made = new QPushButton(caption, this);
+    made->setFixedSize(118, 42);
+    made->setFont(theme.Font(14, Weight::Medium));
+    made->setDefault(isDefault);
+    made->setAutoDefault(isDefault);
+    connect(made, &QPushButton::clicked, this, [this, result] { done(result); });
+    bar->addWidget(made);
+    if (isDefault) made->setFocus();
+  };
+  if (view.okOnly) {
+    button(QStringLiteral("OK"), true, QDialog::Rejected);
+  } else {
+    button(QStringLiteral("&Yes"), true, QDialog::Accepted);
+    button(QStringLiteral("&No"), false, QDialog::Rejected);
+  }
+}
+
+void MessageWindow::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.fillRect(rect(), theme_[Token::Panel]);
+  p.fillRect(0, ground_, width(), height() - ground_, theme_[Token::Bars]);
+  p.setPen(theme_[Token::Hairline]);
+  p.drawLine(0, ground_, width(), ground_);
+  PaintIcon(p, view_.icon, {22, 20, 40, 40}, theme_[view_.ink]);
+  p.setFont(theme_.Font(15));
+  p.setPen(theme_[Token::Text]);
+  int y = 22;
+  for (const QString& line : view_.text.split(QLatin1Char('\n'))) {
+    p.drawText(QRect(80, y, width() - 100, 22), Qt::AlignLeft | Qt::AlignVCenter, line);
+    y += 22;
+  }
+  if (view_.number == 0) return;
+  p.setFont(theme_.Font(12));
+  p.setPen(theme_[Token::Off]);
+  p.drawText(QRect(width() - 80, 20, 60, 16), Qt::AlignRight | Qt::AlignVCenter,
+             QString::number(view_.number));
+}
+
+bool QtMessageDialog::Ask(const Message& message) {
+  if (message.beep) QApplication::beep();
+  MessageWindow window(theme_, ViewOf(message), message.ticked, QApplication::activeWindow());
+  return window.exec() == QDialog::Accepted;
+}
+
+void QtMessageBox::Show(std::string_view title, std::string_view text, BoxIcon icon) {
+  MessageView view{Shown(title), Shown(text)};
+  if (icon == BoxIcon::Stop) view.icon = Icon::Warning, view.ink = Token::Fault;
+  if (icon == BoxIcon::None) view.icon = Icon::Warning, view.ink = Token::Note;
+  MessageWindow(theme_, view, {}, QApplication::activeWindow()).exec();
+}
+
+namespace {
+
+// The captions of a filter, each with its pattern in brackets.
+QString Filters(std::string_view filter) {
+  const QStringList parts = Shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList captions;
+  for (int i = 0; i + 1 < parts.size(); i += 2) captions.push_back(parts[i]);
+  return captions.join(QStringLiteral(";;"));
+}
+
+QString Suffix(std::string_view filter) {
+  const QStringList parts = Shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  return parts.size() < 2 ? QString() : parts[1].mid(parts[1].lastIndexOf(QLatin1Char('.')) + 1);
+}
+
+QString HostFolder(std::string_view folder) {
+  const Result<std::string> path = HostPath(folder);
+  return path ? QString::fromStdString(path.value()) : QString();
+}
+
+}  // namespace
+
+std::optional<std::string> QtFileDialog::Chosen(const QString& path) {
+  if (path.isEmpty()) return std::nullopt;
+  const Result<std::string> station = StationPath(path.toStdString());
+  if (station) return station.value();
+  box_.Show("Torvane Designer", "This file's name cannot be used: " + station.reason(), BoxIcon::Stop);
+  return std::nullopt;
+}
+
+std::optional<std::string> QtFileDialog::AskOpen(std::string_view filter, std::string_view folder) {
+  return Chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("Open"),
+                                             HostFolder(folder), Filters(filter)));
+}
+
+std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::string_view folder,
+                                                 std::string_view proposedName) {
+  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Save"), HostFolder(folder),
+                     Filters(filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(Suffix(filter));
+  if (!proposedName.empty()) dialog.selectFile(Shown(proposedName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return Chosen(dialog.selectedFiles().first());
+}
+
+}  // namespace torvane

@@ -1,0 +1,67 @@
+// The platform's questions as dialogs of the window.
+#pragma once
+
+#include <QDialog>
+
+#include "platform/dialogs.h"
+#include "window/icons.h"
+#include "window/theme.h"
+
+namespace torvane {
+
+// A message as it is shown; also for looking at one without asking.
+struct MessageView {
+  QString title, text;
+  int number = 0;  // none: 0
+  bool okOnly = true;
+  bool offer = false;
+  Icon icon = Icon::Info;
+  Token ink = Token::Accent;
+};
+MessageView ViewOf(const Message& message);
+
+class MessageWindow : public QDialog {
+ public:
+  MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const Theme& theme_;
+  MessageView view_;
+  int ground_ = 0;  // where the bar of the buttons begins
+};
+
+class QtMessageDialog : public MessageDialog {
+ public:
+  explicit QtMessageDialog(const Theme& theme) : theme_(theme) {}
+  bool Ask(const Message& message) override;
+
+ private:
+  const Theme& theme_;
+};
+
+class QtMessageBox : public MessageBox {
+ public:
+  explicit QtMessageBox(const Theme& theme) : theme_(theme) {}
+  void Show(std::string_view title, std::string_view text, BoxIcon icon) override;
+
+ private:
+  const Theme& theme_;
+};
+
+class QtFileDialog : public FileDialog {
+ public:
+  explicit QtFileDialog(MessageBox& box) : box_(box) {}
+  std::optional<std::string> AskOpen(std::string_view filter, std::string_view folder) override;
+  std::optional<std::string> AskSave(std::string_view filter, std::string_view folder,
+                                     std::string_view proposedName) override;
+
+ private:
+  std::optional<std::string> Chosen(const QString& path);
+
+  MessageBox& box_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,141 @@
+#include "window/menus.h"
+
+#include <QActionGroup>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "window/text.h"
+
+namespace torvane {
+
+namespace {
+
+struct Entry {
+  const char* caption;  // null: a separator
+  const char* control;
+  const char* keys;
+};
+
+constexpr Entry kFile[] = {{"&New", "mnuNewFile", "Ctrl+N"},
+                           {"&Open...", "mnuOpenFile", "Ctrl+O"},
+                           {"&Save...", "mnuSaveFile", "Ctrl+S"},
+                           {"Save &As...", "mnuSaveAsFile", "Ctrl+Shift+S"},
+                           {nullptr, nullptr, nullptr},
+                           {"View Design &File", "mnuViewDesignFile", ""},
+                           {"View &Design Folder", "mnuViewDesignDirectory", ""},
+                           {"View &G-Code Folder", "mnuViewGCodeDirectory", ""},
+                           {nullptr, nullptr, nullptr},
+                           {"&Quit", "mnuQuit", "Ctrl+Q"}};
+constexpr Entry kMachine[] = {{"&Trace", "lblGoTrace", ""},
+                              {"&Go Home", "lblHome", ""},
+                              {nullptr, nullptr, nullptr},
+                              {"Operate Torvane &Manually", "mnuManually", ""},
+                              {"&Launch Executor w/o G-Code", "mnuLaunchExecutor", ""}};
+constexpr Entry kBuild[] = {{"&Begin Build Process w/G-Code", "mnuBeginWinding", "F9"},
+                            {"&View G-Code", "Command2", ""}};
+constexpr Entry kHelp[] = {{"&2-Axis Software Overview", "mnuVideo2AX", ""},
+                           {"&4-Axis Software Overview", "mnuVideo4AX", ""},
+                           {nullptr, nullptr, nullptr},
+                           {"&About Torvane Designer", "mnuAbout", ""}};
+constexpr Entry kSettings[] = {{"&Settings...", "mnuProperties", ""}, {"S&peeds...", "mnuSpeeds", ""}};
+
+QAction* Add(QMenu& menu, Desk desk, const Entry& entry) {
+  if (entry.caption == nullptr) return menu.addSeparator();
+  QAction* action = menu.addAction(QString::fromLatin1(entry.caption));
+  action->setObjectName(QString::fromLatin1(entry.control));
+  if (*entry.keys != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
+  QObject::connect(action, &QAction::triggered, &menu,
+                   [desk, control = entry.control] { desk.binder.Run(control); });
+  return action;
+}
+
+template <std::size_t count>
+QMenu* AddMenu(QMainWindow& window, Desk desk, const char* title, const Entry (&entries)[count]) {
+  QMenu* menu = window.menuBar()->addMenu(QString::fromLatin1(title));
+  for (const Entry& entry : entries) Add(*menu, desk, entry);
+  return menu;
+}
+
+void AddRowEntries(QMenu& menu, Desk desk) {
+  DesignState& s = desk.station.s;
+  for (const Field* entry :
+       {&s.mnuCopy, &s.mnuPaste, &s.mnuClearRow, &s.mnuDeleteRow, &s.mnuReCalcSpeeds, &s.mnuRecalcAllRows}) {
+    if (entry == &s.mnuReCalcSpeeds) menu.addSeparator();
+    QAction* action = menu.addAction(Shown(entry->caption()));
+    action->setObjectName(QString::fromLatin1(entry->row().name.data()));
+    if (s.gShow4Axis) action->setToolTip(QStringLiteral("Works on the row of the 2-axis schedule."));
+    QObject::connect(action, &QAction::triggered, &menu,
+                     [desk, control = entry->row().name] { desk.binder.Run(control); });
+  }
+  menu.setToolTipsVisible(true);
+}
+
+// Keys of the whole window, so the action outlives the menu that shows it.
+QAction* AddHistoryEntry(QMainWindow& window, Desk desk, const Entry& entry) {
+  auto* action = new QAction(QString::fromLatin1(entry.caption), &window);
+  action->setObjectName(QString::fromLatin1(entry.control));
+  action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
+  QObject::connect(action, &QAction::triggered, &window,
+                   [desk, control = entry.control] { desk.binder.Run(control); });
+  window.addAction(action);
+  return action;
+}
+
+void AddEditMenu(QMainWindow& window, Desk desk) {
+  QAction* undo = AddHistoryEntry(window, desk, {"&Undo", "mnuUndo", "Ctrl+Z"});
+  QAction* redo = AddHistoryEntry(window, desk, {"&Redo", "mnuRedo", "Ctrl+Shift+Z"});
+  QMenu* edit = window.menuBar()->addMenu(QStringLiteral("&Edit"));
+  QObject::connect(edit, &QMenu::aboutToShow, edit, [edit, undo, redo, desk] {
+    edit->clear();
+    AddRowEntries(*edit, desk);
+    const bool pressed = desk.station.s.gCurrentRow > 0;
+    for (QAction* action : edit->actions())
+      action->setEnabled(pressed || action->objectName() == QStringLiteral("mnuRecalcAllRows"));
+    QAction* first = edit->actions().front();
+    edit->insertAction(first, undo);
+    edit->insertAction(first, redo);
+    edit->insertSeparator(first);
+    undo->setEnabled(desk.station.CanUndo());
+    redo->setEnabled(desk.station.CanRedo());
+  });
+  QObject::connect(edit, &QMenu::aboutToHide, edit, [undo, redo] {
+    undo->setEnabled(true);
+    redo->setEnabled(true);
+  });
+}
+
+}  // namespace
+
+void AddMenus(QMainWindow& window, Desk desk, const std::function<void(bool)>& useDark) {
+  AddMenu(window, desk, "&File", kFile);
+  AddEditMenu(window, desk);
+  QMenu* view = window.menuBar()->addMenu(QStringLiteral("&View"));
+  auto* group = new QActionGroup(view);
+  for (const bool dark : {false, true}) {
+    QAction* action = view->addAction(dark ? QStringLiteral("&Dark") : QStringLiteral("&Light"));
+    action->setCheckable(true);
+    group->addAction(action);
+    QObject::connect(action, &QAction::triggered, view, [useDark, dark] { useDark(dark); });
+    desk.binder.BindAll(action, [action, desk, dark] { action->setChecked(desk.theme.dark() == dark); });
+  }
+  AddMenu(window, desk, "&Machine", kMachine);
+  QMenu* build = AddMenu(window, desk, "&Build", kBuild);
+  QAction* recalculate = build->addAction(QStringLiteral("&ReCalc All Rows"));
+  recalculate->setShortcut(QKeySequence(Qt::Key_F5));
+  QObject::connect(recalculate, &QAction::triggered, build,
+                   [desk] { desk.binder.Run(desk.station.s.gShow4Axis ? "lblRefresh" : "btnReCalc"); });
+  AddMenu(window, desk, "&Settings", kSettings);
+  AddMenu(window, desk, "&Help", kHelp);
+}
+
+void OpenRowMenu(QWidget& parent, Desk desk, const QPoint& at) {
+  QMenu menu(&parent);
+  menu.setObjectName(QStringLiteral("mnuPopMenu"));
+  AddRowEntries(menu, desk);
+  menu.exec(at);
+  desk.station.s.mnuPopMenu.Show(false);
+  desk.binder.Flush();
+}
+
+}  // namespace torvane

@@ -1,0 +1,85 @@
+#include "window/polar_panel.h"
+
+#include <QPainter>
+
+#include "window/button.h"
+#include "window/polar_picture.h"
+#include "window/text.h"
+#include "window/totals_panel.h"
+#include "workbench/preview.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int kTotals = 58;
+constexpr int kAllRows = IndexSet::kAllRows;
+
+}  // namespace
+
+PolarPanel::PolarPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
+  setObjectName(QStringLiteral("picPolar"));
+  setAccessibleName(QStringLiteral("Pattern seen from the end"));
+  setMinimumHeight(170);
+  auto* enlarge =
+      new Button(desk, ButtonLook::Outline, Icon::None, Shown(desk.station.s.Label18.caption()), this);
+  enlarge->Runs("Label18");
+  enlarge->resize(enlarge->sizeHint());
+  enlarge_ = enlarge;
+  desk.binder.BindAll(this, [this] {
+    enlarge_->setEnabled(!desk_.station.polarTag.empty());
+    update();
+  });
+}
+
+void PolarPanel::resizeEvent(QResizeEvent*) {
+  enlarge_->move(width() - enlarge_->width() - 12, height() - kTotals - enlarge_->height() - 12);
+}
+
+void PolarPanel::mouseReleaseEvent(QMouseEvent*) { desk_.binder.Run("picPolar"); }
+
+void PolarPanel::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  const DesignState& s = desk_.station.s;
+  PaintPanel(*this, t);
+  QPainter p(this);
+  const QString row = s.lblLayer.empty() ? QString() : QStringLiteral("Layer ") + Shown(s.lblLayer.text());
+  p.setFont(t.Font(13, Weight::Medium));
+  p.setPen(t[Token::Text]);
+  p.drawText(QRect(14, 8, 80, 18), Qt::AlignVCenter | Qt::AlignLeft, row);
+  const QString tag = Shown(desk_.station.polarTag);
+  p.setPen(t[tag.isEmpty() ? Token::Second : Token::Figures]);
+  if (tag.isEmpty()) p.setFont(t.Font(12));
+  p.drawText(QRect(row.isEmpty() ? 14 : 74, 8, width() - 90, 18), Qt::AlignVCenter | Qt::AlignLeft,
+             tag.isEmpty() ? QStringLiteral("Press a row's number to see its pattern.") : tag);
+  const int side = std::min(width() - 130, height() - kTotals - 40);
+  PaintPolar(p, t, LastDrawing(desk_.station), QRectF(16, 32, side, side));
+
+  const int top = height() - kTotals;
+  p.setPen(t[Token::Hairline]);
+  p.drawLine(1, top, width() - 2, top);
+  const struct {
+    QString caption;
+    const Field& total;
+    QString unit;
+  } totals[] = {{QStringLiteral("Minutes"), s.lblMinutes(kAllRows), QStringLiteral("min")},
+                {QStringLiteral("Length"), s.lblLength(kAllRows),
+                 s.InInches() ? QStringLiteral("ft") : QStringLiteral("m")},
+                {QStringLiteral("Final Thickness :"), s.lblFinalThickness(1), QStringLiteral("in")}};
+  const int shares[] = {14, 14 + (width() - 28) * 3 / 10, 14 + (width() - 28) * 63 / 100};
+  for (int i = 0; i < 3; ++i) {
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(QRect(shares[i], top + 6, 120, 16), Qt::AlignLeft | Qt::AlignVCenter, totals[i].caption);
+    p.setFont(t.Font(20, Weight::Medium));
+    p.setPen(t[totals[i].total.empty() ? Token::Off : Token::Figures]);
+    const QString figure = totals[i].total.empty() ? QString(QChar(0x2013)) : Shown(totals[i].total.text());
+    p.drawText(QRect(shares[i], top + 22, 120, 28), Qt::AlignLeft | Qt::AlignVCenter, figure);
+    const int after = shares[i] + p.fontMetrics().horizontalAdvance(figure) + 5;
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(QRect(after, top + 28, 40, 18), Qt::AlignLeft | Qt::AlignVCenter, totals[i].unit);
+  }
+}
+
+}  // namespace torvane

@@ -1,0 +1,25 @@
+// What shows while the station is made ready.
+#pragma once
+
+#include <QWidget>
+
+#include "window/binder.h"
+
+namespace torvane {
+
+class Splash : public QWidget {
+ public:
+  explicit Splash(Desk desk);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  Desk desk_;
+};
+
+// The program's mark: a mandrel with bands.
+void PaintProgramMark(QPainter& painter, const QRectF& box);
+
+}  // namespace torvane

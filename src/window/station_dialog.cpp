@@ -1,0 +1,70 @@
+#include "window/station_dialog.h"
+
+#include <QTimer>
+
+#include "window/field_widgets.h"
+
+namespace torvane {
+
+StationDialog::StationDialog(Desk desk, Window& window, const QString& title, QWidget* parent)
+    : QDialog(parent), desk_(desk), window_(window) {
+  setObjectName(QString::fromLatin1(window.name().data()));
+  setWindowTitle(title);
+  desk.binder.BindAll(this, [this] {
+    if (showing_) return;
+    showing_ = true;
+    QTimer::singleShot(0, this, [this] { ShowFields(); });
+  });
+}
+
+// A window's fields tell nobody what changed, so all that it has are shown after each doing.
+void StationDialog::ShowFields() {
+  if (isVisible()) {
+    for (const auto* edit : findChildren<QLineEdit*>())
+      desk_.binder.Again(static_cast<const FieldEdit*>(edit)->field());
+    for (const QWidget* widget : findChildren<QWidget*>())
+      if (const Field* field = window_.Find(widget->objectName().toStdString())) desk_.binder.Again(*field);
+    desk_.binder.Flush();
+    update();
+  }
+  showing_ = false;
+}
+
+DialogHost::DialogHost(Desk desk, QWidget* parent) : desk_(desk), parent_(parent) {
+  desk.binder.BindAll(this, [this] { Follow(); });
+}
+
+QWidget* DialogHost::DialogOf(const Window& window) const {
+  const auto found = dialogs_.find(&window);
+  return found == dialogs_.end() ? nullptr : found->second;
+}
+
+void DialogHost::Follow() {
+  const auto isOpen = [this](const Window* window) {
+    for (const auto& open : desk_.station.windows)
+      if (open.get() == window) return true;
+    return false;
+  };
+  std::erase_if(dialogs_, [&](const auto& entry) {
+    if (isOpen(entry.first)) return false;
+    entry.second->hide();
+    entry.second->deleteLater();
+    return true;
+  });
+  for (std::size_t i = 0; i < desk_.station.windows.size(); ++i) {
+    Window& window = *desk_.station.windows[i];
+    if (dialogs_.contains(&window)) continue;
+    QWidget* made = nullptr;
+    if (window.name() == "frmSettings") made = MakeSettingsWindow(desk_, window, parent_);
+    if (window.name() == "frmAbout") made = MakeAboutWindow(desk_, window, parent_);
+    if (window.name() == "frmPolar") made = MakePreviewWindow(desk_, window, parent_);
+    if (made == nullptr) {
+      desk_.station.Close(window);
+      return;
+    }
+    dialogs_[&window] = made;
+    made->show();
+  }
+}
+
+}  // namespace torvane

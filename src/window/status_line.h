@@ -1,0 +1,24 @@
+// Left the focused field and one sentence about it, right the machine's limits and the version.
+#pragma once
+
+#include <QWidget>
+
+#include "window/binder.h"
+
+namespace torvane {
+
+class StatusLine : public QWidget {
+ public:
+  explicit StatusLine(Desk desk, QWidget* parent = nullptr);
+
+  void Describe(const QString& name, const QString& sentence);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Desk desk_;
+  QString name_, sentence_;
+};
+
+}  // namespace torvane

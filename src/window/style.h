@@ -1,0 +1,26 @@
+// The one style of the toolkit's own widgets: edges, radius and focus as the tokens say.
+#pragma once
+
+#include <QProxyStyle>
+
+#include "window/theme.h"
+
+namespace torvane {
+
+class Style : public QProxyStyle {
+ public:
+  explicit Style(const Theme& theme);
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override;
+
+ private:
+  const Theme& theme_;
+};
+
+}  // namespace torvane
