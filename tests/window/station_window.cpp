@@ -1,4 +1,5 @@
 // An operator's keys and clicks in the real window, over a computer in memory.
+#include <QAction>
 #include <QLineEdit>
 #include <QTableView>
 #include <QtTest>
@@ -88,6 +89,7 @@ class StationWindow : public QObject {
   void ClosingAsksAboutChanges();
   void RowKeysCopyAndDelete();
   void ForeignCharacterIsRefused();
+  void UndoBringsTheFormerTextBack();
 };
 
 void StationWindow::KeysMakeTheSameFilesAsTheStation() {
@@ -216,6 +218,26 @@ void StationWindow::ForeignCharacterIsRefused() {
   QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, QString(QChar(0x6F22)), Qt::NoModifier);
   QCOMPARE(edit->text(), QStringLiteral("24"));
   QCOMPARE(opened.program->station().s.txtLengthTotal(0).text(), std::string("24"));
+}
+
+void StationWindow::UndoBringsTheFormerTextBack() {
+  Opened opened;
+  opened.Type("txtDiameterLeft", "4");
+  opened.Type("txtBandWidth(0)", "0.25");  // keys in one field are one step back
+  opened.Type("txtDiameterLeft", "6");
+  const DesignState& s = opened.program->station().s;
+  const auto trigger = [&](const QKeySequence& keys) {
+    for (QAction* action : opened.program->mainWindow().findChildren<QAction*>())
+      if (action->shortcut() == keys) return action->trigger();
+    QFAIL("no such entry");
+  };
+  QCOMPARE(s.txtDiameterLeft.text(), std::string("6"));
+  trigger(QKeySequence(QStringLiteral("Ctrl+Z")));
+  QCOMPARE(s.txtDiameterLeft.text(), std::string("4"));
+  QCOMPARE(opened.Find<QLineEdit>("txtDiameterLeft")->text(), QStringLiteral("4"));
+  trigger(QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
+  QCOMPARE(s.txtDiameterLeft.text(), std::string("6"));
+  QCOMPARE(opened.Find<QLineEdit>("txtDiameterLeft")->text(), QStringLiteral("6"));
 }
 
 }  // namespace torvane
