@@ -1,10 +1,10 @@
 #include <QBoxLayout>
 #include <QPainter>
 
+#include "look/paint.h"
+#include "look/text.h"
 #include "window/button.h"
-#include "window/splash.h"
 #include "window/station_dialog.h"
-#include "window/text.h"
 
 namespace torvane {
 

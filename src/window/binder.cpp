@@ -2,7 +2,7 @@
 
 #include <QTimer>
 
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

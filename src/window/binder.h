@@ -9,7 +9,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "window/theme.h"
+#include "look/theme.h"
 #include "workbench/station.h"
 
 namespace torvane {

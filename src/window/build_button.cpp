@@ -1,11 +1,11 @@
 #include "window/build_button.h"
+#include "look/paint.h"
 
 #include "design/text.h"
-#include "window/field_paint.h"
-#include "window/icons.h"
+#include "look/icons.h"
+#include "look/text.h"
 #include "window/layer_columns.h"
 #include "window/marks_panel.h"
-#include "window/text.h"
 
 namespace torvane {
 

@@ -1,8 +1,7 @@
 #include "window/button.h"
+#include "look/paint.h"
 
 #include <QKeyEvent>
-
-#include "window/field_paint.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 
 #include <QAbstractButton>
 
+#include "look/icons.h"
 #include "window/binder.h"
-#include "window/icons.h"
 
 namespace torvane {
 

@@ -1,12 +1,12 @@
 #include "window/checklist_panel.h"
+#include "look/paint.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/layer_columns.h"
-#include "window/text.h"
-#include "window/totals_panel.h"
 
 namespace torvane {
 
@@ -90,8 +90,9 @@ void ChecklistPanel::AddNotices(QGridLayout& grid, int row) {
 }
 
 void ChecklistPanel::paintEvent(QPaintEvent*) {
-  PaintPanel(*this, desk_.theme);
   QPainter painter(this);
+  PaintPanel(painter, desk_.theme, rect());
+  painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(QPen(desk_.theme[Token::Hairline], 2));
   const auto middle = [](const QWidget* box) { return box->geometry().center().y(); };
   for (std::size_t i = 1; i < checks_.size(); ++i)

@@ -9,7 +9,7 @@
 #include <cctype>
 
 #include "design/text.h"
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

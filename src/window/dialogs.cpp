@@ -8,7 +8,7 @@
 #include <QPushButton>
 
 #include "host/paths.h"
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

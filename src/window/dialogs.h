@@ -3,9 +3,9 @@
 
 #include <QDialog>
 
+#include "look/icons.h"
+#include "look/theme.h"
 #include "platform/dialogs.h"
-#include "window/icons.h"
-#include "window/theme.h"
 
 namespace torvane {
 

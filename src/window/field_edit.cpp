@@ -3,9 +3,9 @@
 #include <QToolTip>
 
 #include "design/catalogue.h"
+#include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/help.h"
-#include "window/text.h"
 
 namespace torvane {
 

@@ -1,6 +1,6 @@
 #include "window/field_paint.h"
 
-#include "window/icons.h"
+#include "look/paint.h"
 
 namespace torvane {
 
@@ -58,21 +58,18 @@ void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const 
   painter.restore();
 }
 
-void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, bool checked,
-                   const InputLook& look) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (!look.enabled) painter.setOpacity(0.5);
-  painter.setPen(QPen(checked ? theme[Token::Accent] : theme[Token::FieldEdge], 1));
-  painter.setBrush(checked ? theme[Token::Accent] : theme[Token::Input]);
-  painter.drawRoundedRect(Inset(box, 0.5), theme.Px(4), theme.Px(4));
-  if (checked) PaintIcon(painter, Icon::Check, Inset(box, 2), theme[Token::OnAccent]);
-  if (look.focused) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(theme[Token::Focus], 2));
-    painter.drawRoundedRect(Inset(box, -2), theme.Px(5), theme.Px(5));
+Icon GlyphOf(Mark mark) {
+  switch (mark) {
+    case Mark::NeedsInput:
+      return Icon::Pencil;
+    case Mark::TooHigh:
+      return Icon::TooHigh;
+    case Mark::StopTooLow:
+      return Icon::TooLow;
+    case Mark::Plain:
+      break;
   }
-  painter.restore();
+  return Icon::None;
 }
 
 const char* WordsOf(Mark mark) {

@@ -4,7 +4,8 @@
 #include <QPainter>
 
 #include "design/field.h"
-#include "window/theme.h"
+#include "look/icons.h"
+#include "look/theme.h"
 
 namespace torvane {
 
@@ -18,13 +19,11 @@ struct InputLook {
 
 QColor InputTextColour(const Theme& theme, const InputLook& look);
 void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look);
-void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, bool checked,
-                   const InputLook& look);
+
+// What a marked field shows inside at its left.
+Icon GlyphOf(Mark mark);
 
 // What a mark says, in the system's words.
 const char* WordsOf(Mark mark);
-
-// A box whose edge lies within whole pixels.
-inline QRectF Inset(const QRectF& box, double by) { return box.adjusted(by, by, -by, -by); }
 
 }  // namespace torvane

@@ -1,12 +1,13 @@
 #include "window/field_widgets.h"
+#include "look/paint.h"
 
 #include <QKeyEvent>
 
 #include "design/catalogue.h"
+#include "look/icons.h"
+#include "look/text.h"
 #include "window/choice_popup.h"
 #include "window/help.h"
-#include "window/icons.h"
-#include "window/text.h"
 
 namespace torvane {
 
@@ -97,8 +98,8 @@ void FieldCheck::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const double size = t.Px(20);
   const QRectF box(0, (height() - size) / 2, size, size);
-  const InputLook look{Mark::Plain, isEnabled(), hasFocus(), false};
-  PaintCheckBox(painter, t, look.focused ? Inset(box.translated(2, 0), 1) : box, field_.checked(), look);
+  PaintCheckBox(painter, t, hasFocus() ? Inset(box.translated(2, 0), 1) : box, field_.checked(), isEnabled(),
+                hasFocus());
   if (text().isEmpty()) return;
   const bool titled = !second_.isEmpty();
   const bool strong = field_.checked() && isEnabled();

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

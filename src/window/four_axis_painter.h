@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "design/state.h"
-#include "window/theme.h"
+#include "look/theme.h"
 
 namespace torvane {
 

@@ -2,9 +2,9 @@
 
 #include <QBoxLayout>
 
+#include "look/text.h"
 #include "window/four_axis_painter.h"
 #include "window/stepper.h"
-#include "window/text.h"
 
 namespace torvane {
 

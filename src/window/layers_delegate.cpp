@@ -1,4 +1,5 @@
 #include "window/layers_delegate.h"
+#include "look/paint.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -6,9 +7,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "look/icons.h"
+#include "look/text.h"
 #include "window/field_widgets.h"
-#include "window/icons.h"
-#include "window/text.h"
 
 namespace torvane {
 
@@ -71,7 +72,7 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
   if (column.kind == CellKind::Check) {
     const double size = t.Px(20);
     PaintCheckBox(p, t, {box.center().x() - size / 2, box.center().y() - size / 2, size, size},
-                  field.checked(), {Mark::Plain, field.enabled(), false, true});
+                  field.checked(), field.enabled(), false);
     return;
   }
   p.setFont(t.Font(14, Weight::Medium));

@@ -1,8 +1,8 @@
 #include "window/layers_model.h"
 
+#include "look/text.h"
 #include "window/field_paint.h"
 #include "window/help.h"
-#include "window/text.h"
 
 namespace torvane {
 

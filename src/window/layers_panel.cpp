@@ -1,12 +1,12 @@
 #include "window/layers_panel.h"
+#include "look/paint.h"
 
 #include <QHeaderView>
 #include <QPainter>
 
+#include "look/text.h"
 #include "window/button.h"
-#include "window/field_paint.h"
 #include "window/start_card.h"
-#include "window/text.h"
 #include "workbench/layer_count.h"
 
 namespace torvane {
@@ -70,10 +70,7 @@ void LayersPanel::resizeEvent(QResizeEvent*) {
 void LayersPanel::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter p(this);
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(t[Token::Hairline]);
-  p.setBrush(t[Token::Panel]);
-  p.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
+  PaintPanel(p, t, rect());
   if (LayerRows(desk_.station.s) == 0) return;
   p.setRenderHint(QPainter::Antialiasing, false);
   p.fillRect(1, height() - kFooter, width() - 2, kFooter - 1, t[Token::TableHead]);

@@ -6,9 +6,9 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "look/text.h"
 #include "window/choice_popup.h"
 #include "window/field_widgets.h"
-#include "window/text.h"
 
 namespace torvane {
 

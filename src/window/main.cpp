@@ -6,8 +6,8 @@
 #include "host/default_store.h"
 #include "host/ini_store.h"
 #include "host/paths.h"
+#include "look/style.h"
 #include "window/application.h"
-#include "window/style.h"
 
 int main(int argc, char** argv) {
   using namespace torvane;

@@ -14,6 +14,7 @@
 
 #include "design/catalogue.h"
 #include "host/paths.h"
+#include "look/text.h"
 #include "window/build_button.h"
 #include "window/checklist_panel.h"
 #include "window/field_widgets.h"
@@ -24,7 +25,6 @@
 #include "window/part_panel.h"
 #include "window/polar_panel.h"
 #include "window/status_line.h"
-#include "window/text.h"
 #include "window/tool_bar.h"
 #include "window/totals_panel.h"
 #include "workbench/design_commands.h"

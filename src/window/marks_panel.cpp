@@ -1,15 +1,15 @@
 #include "window/marks_panel.h"
+#include "look/paint.h"
 
 #include <QMouseEvent>
 #include <algorithm>
 
 #include "design/catalogue.h"
+#include "look/icons.h"
+#include "look/text.h"
 #include "window/field_paint.h"
 #include "window/help.h"
-#include "window/icons.h"
 #include "window/layer_columns.h"
-#include "window/text.h"
-#include "window/totals_panel.h"
 
 namespace torvane {
 
@@ -44,8 +44,9 @@ MarksPanel::MarksPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk
 
 void MarksPanel::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
-  PaintPanel(*this, t);
   QPainter p(this);
+  PaintPanel(p, t, rect());
+  p.setRenderHint(QPainter::Antialiasing, false);
   const auto marked = MarkedFields(desk_.station.s);
   const auto line = [&](int y, const QString& title, const QString& second) {
     p.setFont(t.Font(13, Weight::Medium));

@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

@@ -1,8 +1,8 @@
 #include "window/part_drawing.h"
 
+#include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/part_painter.h"
-#include "window/text.h"
 
 namespace torvane {
 

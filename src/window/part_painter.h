@@ -3,8 +3,8 @@
 
 #include <QPainter>
 
+#include "look/theme.h"
 #include "window/part_scene.h"
-#include "window/theme.h"
 
 namespace torvane {
 

@@ -1,11 +1,12 @@
 #include "window/part_panel.h"
+#include "look/paint.h"
 
 #include <QBoxLayout>
 
+#include "look/text.h"
 #include "window/four_axis_part.h"
 #include "window/part_drawing.h"
 #include "window/stepper.h"
-#include "window/text.h"
 
 namespace torvane {
 
@@ -105,10 +106,7 @@ QWidget* PartPanel::MakeRow(int panel) {
 
 void PartPanel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(desk_.theme[Token::Hairline]);
-  painter.setBrush(desk_.theme[Token::Panel]);
-  painter.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
+  PaintPanel(painter, desk_.theme, rect());
   painter.drawLine(QPointF(1, 58.5), QPointF(width() - 1, 58.5));
 }
 

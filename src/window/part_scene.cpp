@@ -1,6 +1,6 @@
 #include "window/part_scene.h"
 
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

@@ -1,11 +1,11 @@
 #include "window/polar_panel.h"
+#include "look/paint.h"
 
 #include <QPainter>
 
+#include "look/text.h"
 #include "window/button.h"
 #include "window/polar_picture.h"
-#include "window/text.h"
-#include "window/totals_panel.h"
 #include "workbench/preview.h"
 
 namespace torvane {
@@ -41,8 +41,9 @@ void PolarPanel::mouseReleaseEvent(QMouseEvent*) { desk_.binder.Run("picPolar");
 void PolarPanel::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   const DesignState& s = desk_.station.s;
-  PaintPanel(*this, t);
   QPainter p(this);
+  PaintPanel(p, t, rect());
+  p.setRenderHint(QPainter::Antialiasing, false);
   const QString row = s.lblLayer.empty() ? QString() : QStringLiteral("Layer ") + Shown(s.lblLayer.text());
   p.setFont(t.Font(13, Weight::Medium));
   p.setPen(t[Token::Text]);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "calc/polar_walk.h"
-#include "window/theme.h"
+#include "look/theme.h"
 
 namespace torvane {
 

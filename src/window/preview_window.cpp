@@ -2,11 +2,12 @@
 #include <QGridLayout>
 #include <QPainter>
 
+#include "look/paint.h"
+#include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
 #include "window/polar_picture.h"
 #include "window/station_dialog.h"
-#include "window/text.h"
 #include "workbench/preview.h"
 
 namespace torvane {

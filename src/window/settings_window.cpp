@@ -4,10 +4,10 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 
+#include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
 #include "window/station_dialog.h"
-#include "window/text.h"
 
 namespace torvane {
 

@@ -1,32 +1,12 @@
 #include "window/splash.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 
-#include "window/field_paint.h"
-#include "window/text.h"
+#include "look/paint.h"
+#include "look/text.h"
 
 namespace torvane {
-
-void PaintProgramMark(QPainter& p, const QRectF& box) {
-  p.save();
-  p.setRenderHint(QPainter::Antialiasing);
-  p.translate(box.topLeft());
-  p.scale(box.width() / 64, box.height() / 64);
-  p.setPen(Qt::NoPen);
-  p.setBrush(QColor(0x0A, 0x45, 0x52));
-  p.drawRoundedRect(QRectF(0, 0, 64, 64), 10, 10);
-  p.setPen(QPen(QColor(0x8F, 0xDC, 0xEA), 2.4));
-  p.drawLine(QPointF(3, 32), QPointF(61, 32));
-  const QRectF mandrel(10, 15, 44, 34);
-  p.setBrush(QColor(0x12, 0x60, 0x70));
-  p.drawRoundedRect(mandrel, 4, 4);
-  p.setClipRect(Inset(mandrel, 2));
-  p.setPen(QPen(QColor(0xF2, 0xA9, 0x3A), 5.5, Qt::SolidLine, Qt::FlatCap));
-  for (int i = 0; i < 5; ++i) p.drawLine(QPointF(2.0 + i * 11, 51), QPointF(18.0 + i * 11, 13));
-  p.restore();
-}
 
 Splash::Splash(Desk desk) : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), desk_(desk) {
   setObjectName(QStringLiteral("frmSplash"));

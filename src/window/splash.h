@@ -19,7 +19,4 @@ class Splash : public QWidget {
   Desk desk_;
 };
 
-// The program's mark: a mandrel with bands.
-void PaintProgramMark(QPainter& painter, const QRectF& box);
-
 }  // namespace torvane

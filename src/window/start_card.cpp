@@ -1,12 +1,13 @@
 #include "window/start_card.h"
+#include "look/paint.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "look/text.h"
 #include "persist/settings.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
-#include "window/text.h"
 #include "workbench/layer_count.h"
 
 namespace torvane {

@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "design/number_text.h"
-#include "window/text.h"
+#include "look/text.h"
 
 namespace torvane {
 

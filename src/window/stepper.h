@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QShortcut>
 
+#include "look/paint.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
 

@@ -1,10 +1,10 @@
 #include "window/tool_bar.h"
+#include "look/paint.h"
 
 #include <QBoxLayout>
 
+#include "look/text.h"
 #include "window/button.h"
-#include "window/field_paint.h"
-#include "window/text.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 
 #include <QWidget>
 
+#include "look/icons.h"
 #include "window/binder.h"
-#include "window/icons.h"
 
 namespace torvane {
 

@@ -1,18 +1,11 @@
 #include "window/totals_panel.h"
+#include "look/paint.h"
 
 #include <QGridLayout>
 
 #include "window/field_widgets.h"
 
 namespace torvane {
-
-void PaintPanel(QWidget& panel, const Theme& theme) {
-  QPainter painter(&panel);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(theme[Token::Hairline]);
-  painter.setBrush(theme[Token::Panel]);
-  painter.drawRoundedRect(Inset(panel.rect(), 0.5), 6, 6);
-}
 
 TotalsPanel::TotalsPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), desk_(desk) {
   DesignState& s = desk.station.s;
@@ -47,8 +40,9 @@ TotalsPanel::TotalsPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent
 }
 
 void TotalsPanel::paintEvent(QPaintEvent*) {
-  PaintPanel(*this, desk_.theme);
   QPainter painter(this);
+  PaintPanel(painter, desk_.theme, rect());
+  painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(desk_.theme[Token::Hairline]);
   painter.drawLine(14, 51, width() - 14, 51);
 }

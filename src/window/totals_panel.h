@@ -18,7 +18,4 @@ class TotalsPanel : public QWidget {
   Desk desk_;
 };
 
-// The ground of every panel.
-void PaintPanel(QWidget& panel, const Theme& theme);
-
 }  // namespace torvane

@@ -10,8 +10,8 @@
 
 #include "host/ini_store.h"
 #include "host/paths.h"
+#include "look/style.h"
 #include "window/application.h"
-#include "window/style.h"
 #include "workbench/design_commands.h"
 
 namespace torvane {

@@ -6,9 +6,9 @@
 
 #include "design/catalogue.h"
 #include "handoff/launch.h"
+#include "look/style.h"
 #include "stage/stage.h"
 #include "window/application.h"
-#include "window/style.h"
 
 namespace torvane {
 

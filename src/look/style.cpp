@@ -1,10 +1,10 @@
-#include "window/style.h"
+#include "look/style.h"
 
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
 
-#include "window/field_paint.h"
+#include "look/paint.h"
 
 namespace torvane {
 
@@ -45,8 +45,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_FrameFocusRect:
       return;
     case PE_IndicatorCheckBox:
-      PaintCheckBox(*painter, theme_, option->rect, (option->state & State_On) != 0,
-                    {Mark::Plain, enabled, focused, false});
+      PaintCheckBox(*painter, theme_, option->rect, (option->state & State_On) != 0, enabled, focused);
       return;
     case PE_PanelButtonCommand: {
       const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);

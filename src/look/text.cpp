@@ -1,4 +1,4 @@
-#include "window/text.h"
+#include "look/text.h"
 
 #include "host/code_page.h"
 

@@ -1,4 +1,4 @@
-#include "window/icons.h"
+#include "look/icons.h"
 
 #include <QPainterPath>
 
@@ -199,20 +199,6 @@ void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& co
   painter.strokePath(StrokesOf(icon), pen);
   painter.fillPath(SolidOf(icon), colour);
   painter.restore();
-}
-
-Icon GlyphOf(Mark mark) {
-  switch (mark) {
-    case Mark::NeedsInput:
-      return Icon::Pencil;
-    case Mark::TooHigh:
-      return Icon::TooHigh;
-    case Mark::StopTooLow:
-      return Icon::TooLow;
-    case Mark::Plain:
-      break;
-  }
-  return Icon::None;
 }
 
 }  // namespace torvane

@@ -3,7 +3,7 @@
 
 #include <QProxyStyle>
 
-#include "window/theme.h"
+#include "look/theme.h"
 
 namespace torvane {
 

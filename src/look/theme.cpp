@@ -1,4 +1,4 @@
-#include "window/theme.h"
+#include "look/theme.h"
 
 #include <QGuiApplication>
 #include <QStringList>

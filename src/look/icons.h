@@ -4,8 +4,6 @@
 #include <QPainter>
 #include <cstdint>
 
-#include "design/field.h"
-
 namespace torvane {
 
 enum class Icon : std::uint8_t {
@@ -42,8 +40,5 @@ enum class Icon : std::uint8_t {
 };
 
 void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour);
-
-// What a marked field shows inside at its left.
-Icon GlyphOf(Mark mark);
 
 }  // namespace torvane
