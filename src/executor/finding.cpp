@@ -20,6 +20,8 @@ constexpr KindRow kKinds[] = {
     {Kind::CarriageSpeed, Level::Fault, "carriage-speed"},
     {Kind::MandrelSpeed, Level::Fault, "mandrel-speed"},
     {Kind::HeadSpeed, Level::Fault, "head-speed"},
+    {Kind::HeadTravel, Level::Fault, "head-travel"},
+    {Kind::HeadStrikes, Level::Fault, "head-strikes"},
     {Kind::Standstill, Level::Fault, "standstill"},
     {Kind::Passes, Level::Fault, "passes"},
     {Kind::BreaksOff, Level::Fault, "breaks-off"},

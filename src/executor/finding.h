@@ -18,6 +18,8 @@ enum class Kind {
   CarriageSpeed,
   MandrelSpeed,
   HeadSpeed,
+  HeadTravel,
+  HeadStrikes,
   Standstill,
   Passes,
   BreaksOff,

@@ -34,6 +34,7 @@ struct LayerProof {
   }
 
   void CountPasses();
+  void WatchHead();
   void ShapeMandrel(const HeadComments& comments);
   void AddFilament();
   bool ShiftEndsFit();
@@ -81,6 +82,15 @@ void LayerProof::ShapeMandrel(const HeadComments& comments) {
   const double right = comments.rightDiameter > 0 ? comments.rightDiameter : left;
   mandrel.leftRadius = left / 2;
   mandrel.rightRadius = right / 2;
+}
+
+// A traverse runs along the whole part, so it meets the thicker end.
+void LayerProof::WatchHead() {
+  const double radius = std::max(mandrel.leftRadius, mandrel.rightRadius);
+  if (layer.headLine == 0 || layer.nearestHead >= radius) return;
+  Say(Kind::HeadStrikes, layer.headLine,
+      "The delivery head travels along " + LayerName() + " at Y=" + Fixed(layer.nearestHead, 2) +
+          ", inside the mandrel, whose radius is " + Fixed(radius, 2) + '.');
 }
 
 void LayerProof::AddFilament() {
@@ -222,6 +232,7 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
   proof.CountPasses();
   proof.ShapeMandrel(comments);
   proof.AddFilament();
+  proof.WatchHead();
   if (layer.oddDwellLine != 0)
     proof.Say(
         Kind::HoopDwell, layer.oddDwellLine,

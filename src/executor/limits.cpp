@@ -17,6 +17,7 @@ Limits ReadLimits(const SettingsStore& store, char decimal) {
   read(section, "cMaxSpeed", limits.carriageSpeed);
   read(section, "mMaxRPM", limits.mandrelSpeed);
   read("TV4_Calibration", "dhlMaxSpeed", limits.headSpeed);
+  read("Settings", "gDHYtoMandrelCenter", limits.headRetracted);
   return limits;
 }
 

@@ -11,10 +11,12 @@ struct Limits {
   double carriageSpeed = 9.04;
   double mandrelSpeed = 90.20;
   double headSpeed = 0;
+  // The delivery head's distance from the mandrel's axis when it is fully retracted: as far out as it goes.
+  double headRetracted = 4.4375;
 };
 
-// The calibration of the section that belongs to the computer's decimal sign; what the store does not hold
-// keeps the default.
+// The settings, and the calibration of the section that belongs to the computer's decimal sign; what the
+// store does not hold keeps the default.
 Limits ReadLimits(const SettingsStore& store, char decimal);
 
 }  // namespace torvane::executor

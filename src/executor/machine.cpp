@@ -65,6 +65,7 @@ Motion Machine::Run(const Statement& statement) {
     case Command::Identity:
       homeZ_ = words.At('Z');
       homeY_ = words.At('Y');
+      hasHead_ = words.Has('Y');
       at_.carriage = homeZ_;
       at_.head = homeY_;
       break;

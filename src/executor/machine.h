@@ -49,6 +49,8 @@ class Machine {
   bool Millimetres() const { return millimetres_; }
   // The carriage's Z at its limit switch.
   double HomeZ() const { return homeZ_; }
+  // A delivery head that moves in and out: the program tells where it stands when it is retracted.
+  bool HasHead() const { return hasHead_; }
 
  private:
   // Until when each axis runs, in seconds from the statement's start.
@@ -73,6 +75,7 @@ class Machine {
   std::optional<double> farRegister_, homeRegister_;
   bool millimetres_ = false;
   double homeZ_ = 0, homeY_ = 0;
+  bool hasHead_ = false;
 };
 
 }  // namespace torvane::executor

@@ -39,6 +39,7 @@ class Prover {
   void TakeTrouble(const Line& line, Trouble trouble);
   void WatchLimits(const Line& line);
   void WatchTravel(int line, double z);
+  void WatchHead(int line, double y);
   void WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
                   std::string_view unit);
   void JudgeEnd(bool brokenLine);
@@ -168,6 +169,20 @@ void Prover::WatchTravel(int line, double z) {
                           Fixed(low, 2) + " (its limit switch) to Z=" + Fixed(high, 2) + Stage() + ".");
 }
 
+void Prover::WatchHead(int line, double y) {
+  const double out = limits_.headRetracted * PerInch();
+  if (y < -kLastDecimal) {
+    proof_.findings.Add(
+        Kind::HeadTravel, line, LayerNow(),
+        "The delivery head is sent to Y=" + Fixed(y, 2) + ", past the mandrel's axis" + Stage() + '.');
+  } else if (limits_.headRetracted > 0 && y > out + kLastDecimal) {
+    proof_.findings.Add(Kind::HeadTravel, line, LayerNow(),
+                        "The delivery head is sent to Y=" + Fixed(y, 2) + "; fully retracted it stands " +
+                            Fixed(out, 2) + ' ' + std::string(Unit()) + " from the mandrel's axis" + Stage() +
+                            '.');
+  }
+}
+
 void Prover::WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
                         std::string_view unit) {
   const double speed = std::abs(line.statement.words.At(letter));
@@ -184,6 +199,7 @@ void Prover::WatchLimits(const Line& line) {
     case Command::Ellipse:
     case Command::Withdraw:
       if (line.statement.words.Has('Z')) WatchTravel(line.number, line.statement.words.At('Z'));
+      if (line.statement.words.Has('Y')) WatchHead(line.number, line.statement.words.At('Y'));
       break;
     case Command::Turn:
     case Command::Home:

@@ -51,7 +51,7 @@ void Winding::Take(const Line& line, const Motion& motion, const Machine& machin
     return;
   }
   if (EndsLayer(command) || (open_ && EndsWinding(command) && !layers_.back().strokes.empty())) open_ = false;
-  TakeMotion(line, motion, before);
+  TakeMotion(line, motion, machine, before);
 }
 
 void Winding::BeginPass(const Display& display, const Line& line, const Machine& machine) {
@@ -75,7 +75,8 @@ void Winding::BeginPass(const Display& display, const Line& line, const Machine&
   layer.passes.push_back(pass);
 }
 
-void Winding::TakeMotion(const Line& line, const Motion& motion, const Position& before) {
+void Winding::TakeMotion(const Line& line, const Motion& motion, const Machine& machine,
+                         const Position& before) {
   Layer* layer = Open();
   const Command command = line.statement.command;
   if (motion.count == 0) return;
@@ -99,6 +100,7 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Position&
   }
   if (traverse) {
     TakeTraverse(line, motion, before);
+    if (machine.HasHead()) TakeHead(line, std::min(before.head, after.head));
   } else if (command != Command::Move || layer->strokes.empty()) {
     layer->endTurns.push_back({after.carriage, std::abs(after.mandrel - before.mandrel)});
   }
@@ -107,6 +109,13 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Position&
   layer->passes.back().endZ = after.carriage;
   if (layer->strokes.empty()) layer->passes.back().startZ = after.carriage;
   CheckRunningAngle(line, motion);
+}
+
+void Winding::TakeHead(const Line& line, double y) {
+  Layer& layer = layers_.back();
+  if (layer.headLine != 0 && y >= layer.nearestHead) return;
+  layer.headLine = line.number;
+  layer.nearestHead = y;
 }
 
 void Winding::TakeTraverse(const Line& line, const Motion& motion, const Position& before) {

@@ -55,6 +55,9 @@ struct Layer {
   double oddDwellAngle = 0;
   // By how much the A words run ahead of the turns behind the first traverse, against before.
   double startJump = 0;
+  // How near to the axis the delivery head stands while it travels along; line 0: the machine has none.
+  int headLine = 0;
+  double nearestHead = 0;
   int angleFaultLine = 0;
   double angleFault = 0;
 };
@@ -84,8 +87,9 @@ class Winding {
 
  private:
   void BeginPass(const Display& display, const Line& line, const Machine& machine);
-  void TakeMotion(const Line& line, const Motion& motion, const Position& before);
+  void TakeMotion(const Line& line, const Motion& motion, const Machine& machine, const Position& before);
   void TakeTraverse(const Line& line, const Motion& motion, const Position& before);
+  void TakeHead(const Line& line, double y);
   void CheckRunningAngle(const Line& line, const Motion& motion);
   Layer* Open() { return open_ ? &layers_.back() : nullptr; }
 

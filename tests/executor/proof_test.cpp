@@ -83,12 +83,35 @@ TEST(Proof, WatchesTheLimits) {
   limits.carriageSpeed = 5;
   limits.mandrelSpeed = 20;
   EXPECT_EQ(KindsOf(Prove(ProgramOf({}), limits)), (Kinds{{"mandrel-speed", 1}, {"carriage-speed", 1}}));
-  limits = {0, 0, 0, 0};
+  limits = {0, 0, 0, 0, 0};
   EXPECT_EQ(KindsOf(Prove(ProgramOf({.farZ = 60}), limits)), Kinds{});
   // Limits are inches, a millimetre program's figures are not.
   EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T2 Z47.625\nG1 F229 Z1266\nX99\n")), Kinds{});
   EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T2 Z47.625\nG1 F230 Z40\nG1 E2000 Y1\nX99\n")),
             (Kinds{{"travel", 0}, {"carriage-speed", 0}}));
+}
+
+// A mandrel of 4 in, which gets thicker to the right: 5 in.
+TEST(Proof, WatchesTheHead) {
+  const auto headAt = [](const std::string& y, const std::string& rightDiameter = "4.000") {
+    std::string text =
+        "[GENERAL PART DESCRIPTION: LeftDia=4.000 RightDia=" + rightDiameter + " ]\n" + ProgramOf({});
+    text.replace(text.find("T2 Z1.875"), 9, "T4 Z1.875 Y4.4375");
+    text.insert(text.find("D0 ST="), "G1 E1 Y" + y + "\n");
+    return KindsOf(ProofOf(text));
+  };
+  EXPECT_EQ(headAt("2.01"), Kinds{});
+  EXPECT_EQ(headAt("4.44"), Kinds{});
+  EXPECT_EQ(headAt("4.45"), (Kinds{{"head-travel", 0}}));
+  EXPECT_EQ(headAt("1.99"), (Kinds{{"head-strikes", 1}}));
+  EXPECT_EQ(headAt("-0.10"), (Kinds{{"head-travel", 0}, {"head-strikes", 1}}));
+  EXPECT_EQ(headAt("2.49", "5.000")[0].first, "head-strikes");
+  // A two-axis machine has no head: its place is not known and not judged.
+  std::string twoAxis = ProgramOf({});
+  EXPECT_EQ(KindsOf(ProofOf(twoAxis)), Kinds{});
+  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T4 Z47.625 Y4.4375\nG1 E1 Y112.71\nX99\n")), Kinds{});
+  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T4 Z47.625 Y4.4375\nG1 E1 Y112.73\nX99\n")),
+            (Kinds{{"head-travel", 0}}));
 }
 
 TEST(Proof, TellsWhereAProgramEnds) {
