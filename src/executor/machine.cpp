@@ -85,6 +85,17 @@ double Machine::TurnTo(const Words& words, Trouble& trouble) const {
   return WayTo(*saved + words.At('C'), at_.mandrel);
 }
 
+double Machine::MandrelSpeed(const Words& words) const {
+  return words.Has('S') ? std::abs(words.At('S')) * kDegreesPerRpm : spin_;
+}
+
+void Machine::TurnBy(double degrees, double speed, Plan& plan, Motion& motion) const {
+  motion.ownTurn = true;
+  motion.turn = degrees;
+  plan.to.mandrel = at_.mandrel + degrees;
+  plan.mandrel = TimeFor(degrees, speed, Trouble::MandrelStands, motion.trouble);
+}
+
 void Machine::HeadTargets(const Words& words, Plan& plan) const {
   if (words.Has('Y')) {
     plan.to.head = words.At('Y');
@@ -108,12 +119,9 @@ Motion Machine::Move(const Words& words) {
     plan.to.carriage = words.At('Z');
     plan.carriage = TimeFor(plan.to.carriage - at_.carriage, feed_, Trouble::CarriageStands, motion.trouble);
   }
-  const double speed = words.Has('S') ? std::abs(words.At('S')) * kDegreesPerRpm : spin_;
+  const double speed = MandrelSpeed(words);
   if (words.Has('C') || words.Has('L')) {
-    motion.ownTurn = true;
-    motion.turn = TurnTo(words, motion.trouble);
-    plan.to.mandrel = at_.mandrel + motion.turn;
-    plan.mandrel = TimeFor(motion.turn, speed, Trouble::MandrelStands, motion.trouble);
+    TurnBy(TurnTo(words, motion.trouble), speed, plan, motion);
   } else {
     plan.turning = speed;
   }
@@ -123,10 +131,7 @@ Motion Machine::Move(const Words& words) {
   // the mandrel stands.
   if (plan.end == 0 || (plan.turning == 0 && !motion.ownTurn))
     plan.end = std::max({plan.end, plan.head, plan.rotation});
-  motion.mandrelTurns = motion.ownTurn ? motion.turn != 0 : plan.turning > 0;
-  motion.feed = feed_;
-  motion.rpm = speed / kDegreesPerRpm;
-  Cut(plan, motion);
+  Finish(plan, speed, motion);
   return motion;
 }
 
@@ -139,18 +144,12 @@ Motion Machine::Dwell(const Words& words) {
     plan.end = std::abs(words.At('P')) * kPauseUnit;
     plan.turning = spin_;
   } else if (words.Has('C') || words.Has('L')) {
-    motion.ownTurn = true;
-    motion.turn = TurnTo(words, motion.trouble);
+    const double turn = TurnTo(words, motion.trouble);
     // The mandrel turns one way only: it gets to an angle behind it by going on.
-    if (motion.turn < 0) motion.turn = WayTo(motion.turn, 0);
-    plan.to.mandrel = at_.mandrel + motion.turn;
-    plan.mandrel = TimeFor(motion.turn, spin_, Trouble::MandrelStands, motion.trouble);
+    TurnBy(turn < 0 ? WayTo(turn, 0) : turn, spin_, plan, motion);
     plan.end = plan.mandrel;
   }
-  motion.mandrelTurns = motion.ownTurn ? motion.turn != 0 : plan.turning > 0;
-  motion.feed = feed_;
-  motion.rpm = spin_ / kDegreesPerRpm;
-  Cut(plan, motion);
+  Finish(plan, spin_, motion);
   return motion;
 }
 
@@ -163,17 +162,11 @@ Motion Machine::EndWrap(const Words& words) {
   plan.to.carriage = words.At('Z');
   if (words.Has('Y')) plan.to.head = words.At('Y');
   if (words.Has('B')) plan.to.rotation = words.At('B');
-  motion.ownTurn = true;
-  motion.turn = TurnTo(words, motion.trouble);
-  const double speed = words.Has('S') ? std::abs(words.At('S')) * kDegreesPerRpm : spin_;
-  plan.to.mandrel = at_.mandrel + motion.turn;
-  plan.end = TimeFor(motion.turn, speed, Trouble::MandrelStands, motion.trouble);
-  plan.carriage = plan.head = plan.rotation = plan.mandrel = plan.end;
+  const double speed = MandrelSpeed(words);
+  TurnBy(TurnTo(words, motion.trouble), speed, plan, motion);
+  plan.carriage = plan.head = plan.rotation = plan.end = plan.mandrel;
   if (words.Has('F')) feed_ = std::abs(words.At('F'));
-  motion.mandrelTurns = motion.turn != 0;
-  motion.feed = feed_;
-  motion.rpm = speed / kDegreesPerRpm;
-  Cut(plan, motion);
+  Finish(plan, speed, motion);
   return motion;
 }
 
@@ -187,6 +180,13 @@ Motion Machine::Home(const Words& words) {
   motion.feed = feed_;
   Cut(plan, motion);
   return motion;
+}
+
+void Machine::Finish(const Plan& plan, double mandrelSpeed, Motion& motion) {
+  motion.mandrelTurns = motion.ownTurn ? motion.turn != 0 : plan.turning > 0;
+  motion.feed = feed_;
+  motion.rpm = mandrelSpeed / kDegreesPerRpm;
+  Cut(plan, motion);
 }
 
 // Cuts the plan where an axis arrives, so that all axes run evenly in each piece.

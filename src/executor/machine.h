@@ -66,6 +66,10 @@ class Machine {
   Motion EndWrap(const Words& words);
   Motion Home(const Words& words);
   double TurnTo(const Words& words, Trouble& trouble) const;
+  // Degrees a second.
+  double MandrelSpeed(const Words& words) const;
+  void TurnBy(double degrees, double speed, Plan& plan, Motion& motion) const;
+  void Finish(const Plan& plan, double mandrelSpeed, Motion& motion);
   void HeadTargets(const Words& words, Plan& plan) const;
   void Cut(const Plan& plan, Motion& motion);
 
