@@ -9,6 +9,7 @@
 #include "host/host_locale.h"
 #include "host/ini_store.h"
 #include "host/paths.h"
+#include "host/station_folder.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 
@@ -77,9 +78,11 @@ Assignment AssignmentOf(const std::string& argument) {
 void Complain(const std::string& text) { std::fprintf(stderr, "torvane: %s\n", text.c_str()); }
 
 Computer::Computer(const CommonOptions& options) {
-  Result<std::string> home = std::string(options.home);
-  if (options.home.empty()) home = RunningProgramFolder();
+  const Result<std::string> program = RunningProgramFolder();
+  if (!program) throw UsageError{program.reason()};
+  const Result<std::string> home = StationFolder(options.home, program.value());
   if (!home) throw UsageError{home.reason()};
+  if (options.home.empty()) usualFolder_ = {home.value(), program.value()};
   Result<HostFiles> files = HostFiles::At(home.value());
   if (!files) throw UsageError{home.value() + ": " + files.reason()};
   files_.emplace(files.value());
@@ -121,6 +124,10 @@ Platform Computer::AsPlatform(SettingsStore& store) {
 }
 
 void Computer::MakeStationFolders() {
+  if (usualFolder_) {
+    const Outcome ready = PrepareStationFolder(usualFolder_->station, usualFolder_->program);
+    if (!ready) Complain(usualFolder_->station + ": " + ToUtf8(ready.reason()));
+  }
   for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
     const Outcome made = files_->MakeFolder(files_->ProgramFolder() + folder);
     if (!made) Complain(ToUtf8(files_->ProgramFolder() + folder) + ": " + made.reason());

@@ -55,6 +55,7 @@ class Computer {
   Platform AsPlatform(SettingsStore& store);
   // This run's values over the store.
   OverlayStore RunSettings() const;
+  // In a folder that the command line names only those that a program is written to.
   void MakeStationFolders();
 
   Stage stage;  // clock, locale and dialogs; its store and files are not used
@@ -63,6 +64,10 @@ class Computer {
 
  private:
   std::unique_ptr<SettingsStore> realStore_;
+  struct UsualFolder {
+    std::string station, program;
+  };
+  std::optional<UsualFolder> usualFolder_;  // where the command line names no other
   std::optional<HostFiles> files_;
   std::vector<Assignment> settings_;
   std::vector<Assignment> fields_;

@@ -10,8 +10,10 @@ namespace torvane {
 namespace {
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
-  app.add_option("--home", options.home, "The station's folder [the folder of this program]");
-  app.add_option("--store", options.store, "Settings in this INI file [the user's own store]");
+  app.add_option("--home", options.home, "The station's folder [that of the window's station]")
+      ->envname("TORVANE_HOME");
+  app.add_option("--store", options.store, "Settings in this INI file [the user's own store]")
+      ->envname("TORVANE_STORE");
   app.add_option("--setting", options.settings, "KEY=VALUE: this run's value of a setting or calibration key")
       ->allow_extra_args(false);
   app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")

@@ -1,12 +1,9 @@
-#include <pwd.h>
-#include <unistd.h>
-
-#include <array>
 #include <cstdlib>
 #include <string>
 
 #include "host/default_store.h"
 #include "host/ini_store.h"
+#include "host/paths.h"
 
 namespace torvane {
 
@@ -18,21 +15,12 @@ std::string FolderFrom(const char* variable) {
   return value != nullptr && value[0] == '/' ? value : "";
 }
 
-std::string HomeFolder() {
-  if (std::string home = FolderFrom("HOME"); !home.empty()) return home;
-  passwd entry{};
-  passwd* found = nullptr;
-  std::array<char, 4096> texts{};
-  if (getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found) != 0 || found == nullptr) return "";
-  return entry.pw_dir;
-}
-
 }  // namespace
 
 std::unique_ptr<SettingsStore> DefaultStore() {
   std::string folder = FolderFrom("XDG_CONFIG_HOME");
   if (folder.empty()) {
-    const std::string home = HomeFolder();
+    const std::string home = UserFolder();
     if (home.empty()) return std::make_unique<IniStore>("");
     folder = home + "/.config";
   }

@@ -23,6 +23,9 @@ Result<std::string> AbsoluteStationPath(std::string_view hostPath);
 // The folder of the running program's file, as a path of the computer.
 Result<std::string> RunningProgramFolder();
 
+// The folder of the user who runs the program, as a path of the computer; empty where there is none.
+std::string UserFolder();
+
 // For the standard library's file routines, and back.
 std::filesystem::path SystemPath(std::string_view hostPath);
 std::string HostText(const std::filesystem::path& path);

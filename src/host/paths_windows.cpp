@@ -5,6 +5,7 @@
 
 #include "host/file_system.h"
 #include "host/paths.h"
+#include "host/wide_windows.h"
 
 namespace torvane {
 
@@ -17,6 +18,14 @@ Result<std::string> RunningProgramFolder() {
   }
   program.resize(length);
   return HostText(std::filesystem::path(program).parent_path());
+}
+
+std::string UserFolder() {
+  std::wstring folder(32767, L'\0');  // the longest there is
+  const DWORD length =
+      GetEnvironmentVariableW(L"USERPROFILE", folder.data(), static_cast<DWORD>(folder.size()));
+  folder.resize(length < folder.size() ? length : 0);
+  return Narrow(folder);
 }
 
 }  // namespace torvane

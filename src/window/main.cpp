@@ -1,13 +1,45 @@
-// Torvane Designer, the design station's window. It takes no arguments. For tests TORVANE_HOME names another
-// station folder than the program's, and TORVANE_STORE a settings file in the place of the user's store.
+// Torvane Designer, the design station's window. It takes no arguments. TORVANE_HOME names another station
+// folder than the usual one, and TORVANE_STORE a settings file in the place of the user's store.
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
 #include <cstdio>
 
 #include "host/default_store.h"
 #include "host/ini_store.h"
 #include "host/paths.h"
+#include "host/station_folder.h"
+#include "look/paint.h"
 #include "look/style.h"
 #include "window/application.h"
+
+namespace torvane {
+
+namespace {
+
+Result<HostFiles> ReadyStationFolder() {
+  const Result<std::string> program = RunningProgramFolder();
+  if (!program) return Refusal{program.reason()};
+  const Result<std::string> folder =
+      StationFolder(qEnvironmentVariable("TORVANE_HOME").toStdString(), program.value());
+  if (!folder) return Refusal{folder.reason()};
+  const Outcome ready = PrepareStationFolder(folder.value(), program.value());
+  if (!ready) return Refusal{ready.reason()};
+  return HostFiles::At(folder.value());
+}
+
+QIcon ProgramIcon() {
+  QPixmap mark(256, 256);
+  mark.fill(Qt::transparent);
+  QPainter painter(&mark);
+  PaintProgramMark(painter, mark.rect());
+  return mark;
+}
+
+}  // namespace
+
+}  // namespace torvane
 
 int main(int argc, char** argv) {
   using namespace torvane;
@@ -17,15 +49,15 @@ int main(int argc, char** argv) {
   }
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Torvane Designer"));
+  QApplication::setDesktopFileName(QStringLiteral("torvane-designer"));
+  QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   Theme theme(QApplication::palette().color(QPalette::Window).lightness() < 128);
   QApplication::setStyle(new Style(theme));
   QApplication::setPalette(theme.Palette());
   QApplication::setFont(theme.Font(13));
 
-  const std::string home = qEnvironmentVariable("TORVANE_HOME").toStdString();
-  Result<std::string> folder = home.empty() ? RunningProgramFolder() : Result<std::string>(home);
-  Result<HostFiles> files = folder ? HostFiles::At(folder.value()) : Refusal{folder.reason()};
+  const Result<HostFiles> files = ReadyStationFolder();
   if (!files) {
     QtMessageBox(theme).Show("Torvane Designer", "The station's folder cannot be used: " + files.reason(),
                              BoxIcon::Stop);

@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# An installation into a folder of its own, used by two people: installation_test.sh CMAKE BUILD_FOLDER
+set -euo pipefail
+cmake=$1 build=$2
+root=$(mktemp -d)
+trap 'rm -rf "$root"' EXIT
+fail() { printf 'installation: %s\n' "$*" >&2; exit 1; }
+
+"$cmake" --install "$build" --prefix "$root/usr" >/dev/null
+bin=$root/usr/bin samples=$root/usr/share/torvane/samples
+unset TORVANE_HOME TORVANE_STORE XDG_CONFIG_HOME
+export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$root
+
+# start USER: the station's window until it has stored its first setting, which is after its folder is ready;
+# without Qt the command line makes the folder too.
+start() {
+  local home=$root/$1 pid
+  local store=$home/.config/torvane/torvane.ini
+  mkdir -p "$home"
+  rm -f "$store"
+  if [ ! -x "$bin/Torvane_Designer" ]; then
+    HOME=$home "$bin/torvane" info --brief "$samples/Tube-4x24.t2d" >/dev/null
+    return
+  fi
+  HOME=$home "$bin/Torvane_Designer" & pid=$!
+  for _ in $(seq 200); do
+    [ -s "$store" ] && break
+    kill -0 $pid 2>/dev/null || fail "Torvane_Designer ended at once"
+    sleep 0.1
+  done
+  kill $pid
+  wait $pid || true
+}
+
+# Twice at once, then once more.
+start ann & start ann & wait
+station=$root/ann/Torvane
+for sample in "$samples"/*.t[24]d; do
+  cmp "$sample" "$station/TV_Design_Files/$(basename "$sample")"
+done
+for program in "$bin"/*; do
+  [ "$(readlink "$station/$(basename "$program")")" = "$program" ] || fail "the station has no $(basename "$program")"
+done
+[ "$(ls "$station" | wc -l)" = $(($(ls "$bin" | wc -l) + 2)) ] || fail "the station holds $(ls "$station")"
+
+# The road of a winding: a program from a sample, proved by the executor that the station finds in its folder.
+export HOME=$root/ann
+program=$("$bin/torvane" gcode "$station/TV_Design_Files/Tube-4x24.t2d")
+[ "$program" = "$station/TV_G-Code_Files/Tube-4x24.T2G" ] || fail "the program is $program"
+(cd "$station" && ./Torvane_Executor.exe --check "$program") | grep -q "$program" || fail "no proof of $program"
+
+# What the user changed stays; links of an installation that is gone, or another's, are turned to this one.
+printf 'mine' >"$station/TV_Design_Files/Tube-4x24.t2d"
+rm "$station/TV_Design_Files/Taper-Mast.t2d" "$station/Torvane_Executor.exe"
+printf 'the real one' >"$station/Torvane_Executor.exe"
+ln -sfn "$root/gone/bin/torvane" "$station/torvane"
+start ann
+[ "$(cat "$station/TV_Design_Files/Tube-4x24.t2d")" = mine ] || fail "a design was replaced"
+[ ! -e "$station/TV_Design_Files/Taper-Mast.t2d" ] || fail "a sample came back"
+[ "$(cat "$station/Torvane_Executor.exe")" = 'the real one' ] || fail "the user's executor was replaced"
+[ "$(readlink "$station/torvane")" = "$bin/torvane" ] || fail "a dead link was left"
+
+# Another user has a folder of his own, the installation has got nothing.
+start bob
+cmp "$samples/Tube-4x24.t2d" "$root/bob/Torvane/TV_Design_Files/Tube-4x24.t2d"
+[ -z "$(find "$root/usr" -name 'TV_*')" ] || fail "the installation was written to"
