@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 #include <charconv>
+#include <cstdint>
 
 #include "design/text.h"
 
@@ -177,12 +178,12 @@ bool TooSmall(std::string_view plain) {
   const auto point = std::min(mantissa.find('.'), mantissa.size());
   if (e == std::string_view::npos) return firstDigit > point;
   // A power beyond this outweighs every mantissa that a file can hold.
-  constexpr long kHugePower = 1'000'000'000'000;
-  long power = kHugePower;
+  constexpr std::int64_t kHugePower = 1'000'000'000'000;
+  std::int64_t power = kHugePower;
   const auto start = e + 1 + (plain[e + 1] == '+' || plain[e + 1] == '-' ? 1 : 0);
   std::from_chars(plain.data() + start, plain.data() + plain.size(), power);
   power = std::min(power, kHugePower);
-  const long place = static_cast<long>(point) - static_cast<long>(firstDigit);
+  const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(firstDigit);
   return (negativePower ? -power : power) + place < 0;
 }
 
@@ -241,7 +242,7 @@ std::string FormatDateText(NumberSigns signs, std::chrono::local_seconds moment,
   const std::chrono::year_month_day date(day);
   const std::chrono::hh_mm_ss time(moment - day);
   std::string text;
-  const auto digits = [&text](long number, std::size_t width) {
+  const auto digits = [&text](std::int64_t number, std::size_t width) {
     const std::string plain = std::to_string(number);
     text.append(width - std::min(width, plain.size()), '0') += plain;
   };
