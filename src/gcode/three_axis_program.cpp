@@ -117,17 +117,6 @@ void WriteLaterPass(GCodeSession& session, const Layer& layer, int pass) {
   ExtraTurn(session, s.txt2AXAdd360YN);
 }
 
-MaybeText MinutesLeft(Schedule& schedule, int layer) {
-  const DesignState& s = schedule.session.s;
-  const Field& total = s.lblMinutes(IndexSet::kAllRows);
-  if (layer == 1) {
-    schedule.timeLeft = number(total);
-    return {true, total.text()};
-  }
-  schedule.timeLeft = schedule.timeLeft - number(s.lblMinutes(schedule.layers - layer + 1));
-  return TextOf(s.signs, Number(schedule.timeLeft).plain());
-}
-
 void WritePasses(Schedule& schedule, Layer& layer) {
   GCodeSession& session = schedule.session;
   Program& p = session.program;
@@ -135,7 +124,9 @@ void WritePasses(Schedule& schedule, Layer& layer) {
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((layer.number - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
-      WriteFirstPass(session, layer, MinutesLeft(schedule, layer.number));
+      WriteFirstPass(
+          session, layer,
+          MinutesLeft(p.signs(), session.s.lblMinutes, layer.number, schedule.layers, schedule.timeLeft));
       layer.display.angle = {true, session.s.cmbPattern(layer.number).text()};
     } else {
       WriteLaterPass(session, layer, pass);

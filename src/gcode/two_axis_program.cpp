@@ -200,19 +200,6 @@ struct Schedule {
   Kept timeLeft{};  // minutes
 };
 
-// Minutes left in the build when a layer's first pass begins. The rows are taken from the end of the schedule
-// backward.
-MaybeText MinutesLeft(Schedule& schedule, int layer) {
-  const DesignState& s = schedule.session.s;
-  const Field& total = s.lblMinutesToCover(IndexSet::kAllRows);
-  if (layer == 1) {
-    schedule.timeLeft = number(total);
-    return {true, total.text()};
-  }
-  schedule.timeLeft = schedule.timeLeft - number(s.lblMinutesToCover(schedule.layers - layer + 1));
-  return TextOf(s.signs, Number(schedule.timeLeft).plain());
-}
-
 void WriteLayer(Schedule& schedule, int n) {
   GCodeSession& session = schedule.session;
   const Field& angle = LayerField(session.s, n, Column::WindingAngle);
@@ -224,7 +211,8 @@ void WriteLayer(Schedule& schedule, int n) {
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((n - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
-      WriteFirstPass(layer, MinutesLeft(schedule, n));
+      WriteFirstPass(
+          layer, MinutesLeft(p.signs(), session.s.lblMinutesToCover, n, schedule.layers, schedule.timeLeft));
       // A later pass shows the angle as the operator's window does.
       layer.display.angle = {angle.exists(), angle.text()};
       continue;
@@ -266,6 +254,16 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   dialect::Stop(p, "Mandrel Stop - Winding Complete");
   dialect::EmptyLine(p);
   if (s.chkNotify1.checked()) NotifyOperator(session, "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
+}
+
+MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, int layers, Kept& timeLeft) {
+  const Field& total = minutes(IndexSet::kAllRows);
+  if (layer == 1) {
+    timeLeft = number(total);
+    return {true, total.text()};
+  }
+  timeLeft = timeLeft - number(minutes(layers - layer + 1));
+  return TextOf(signs, Number(timeLeft).plain());
 }
 
 std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,

@@ -15,6 +15,11 @@ void SetPassEnds(DesignState& s);
 // Every layer with its passes. Writes nothing without `chkWindingSchedule`.
 void WriteTwoAxisProgram(GCodeSession& session);
 
+// Minutes left in the build when the first pass of a layer begins, from the rows' minutes and their sum. The
+// rows are taken from the end of the schedule backward, layer by layer; `timeLeft` is what the layer before
+// has left.
+MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, int layers, Kept& timeLeft);
+
 // Mandrel angle in degrees, counted from the register of an end ("H" home, any other far), at which pass
 // `stepCount` reverses, so that its band comes to lie beside the last one. The step is the band's width
 // measured round the mandrel, or the equal part of the circle that holds one band more than fit whole.
