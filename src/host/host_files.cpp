@@ -40,6 +40,13 @@ bool HostFiles::Exists(std::string_view path) const {
   return file && std::filesystem::is_regular_file(file.value(), error);
 }
 
+std::optional<std::int64_t> HostFiles::LastWritten(std::string_view path) const {
+  if (!Exists(path)) return std::nullopt;
+  const std::optional<FileStamp> stamp = StampOf(Found(path).value());
+  if (!stamp) return std::nullopt;
+  return stamp->modified;
+}
+
 Result<std::string> HostFiles::ReadWhole(std::string_view path) const {
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
@@ -50,6 +57,16 @@ Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::stri
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
   return WriteInPlace(file.value(), parts);
+}
+
+Outcome HostFiles::Remove(std::string_view path) {
+  const auto file = Found(path);
+  if (!file) return Refusal{file.reason()};
+  std::error_code error;
+  if (std::filesystem::is_directory(file.value(), error)) return Refusal{"This is a folder."};
+  std::filesystem::remove(file.value(), error);
+  if (error) return Refusal{ReasonOf(error)};
+  return Done{};
 }
 
 Outcome HostFiles::MakeFolder(std::string_view path) {

@@ -23,8 +23,10 @@ class HostFiles : public Files {
 
   // A folder or a device is no file.
   bool Exists(std::string_view path) const override;
+  std::optional<std::int64_t> LastWritten(std::string_view path) const override;
   Result<std::string> ReadWhole(std::string_view path) const override;
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  Outcome Remove(std::string_view path) override;
   Outcome MakeFolder(std::string_view path) override;
 
  private:

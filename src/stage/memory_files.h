@@ -21,15 +21,19 @@ class MemoryFiles : public Files {
   void SetCurrentFolder(std::string folder) { currentFolder_ = std::move(folder); }
 
   bool Exists(std::string_view path) const override;
+  std::optional<std::int64_t> LastWritten(std::string_view path) const override;
   Result<std::string> ReadWhole(std::string_view path) const override;
   // Refused also where the file's folder is missing.
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  Outcome Remove(std::string_view path) override;
   Outcome MakeFolder(std::string_view path) override;
 
   // Puts a file there, and the folders above it.
   void Put(std::string_view path, std::string bytes);
   // From now on every write of the path is refused; the file stays as it is.
   void FailWrites(std::string_view path, std::string reason);
+  // From now on all files together hold no more than that; a write beyond is refused.
+  void LimitRoom(std::size_t bytes) { room_ = bytes; }
   // By full path.
   const std::map<std::string, std::string>& All() const { return files_; }
 
@@ -38,7 +42,12 @@ class MemoryFiles : public Files {
   bool IsFolder(const std::string& full) const;
 
   std::string programFolder_, currentFolder_;
+  void Keep(const std::string& full, std::string bytes);
+
   std::map<std::string, std::string> files_, refusals_;
+  std::map<std::string, std::int64_t> written_;  // by rising number of the write
+  std::int64_t writes_ = 0;
+  std::size_t room_ = std::string::npos;
   std::set<std::string> folders_;
 };
 

@@ -59,6 +59,16 @@ bool MemoryFiles::IsFolder(const std::string& full) const {
 
 bool MemoryFiles::Exists(std::string_view path) const { return files_.count(Full(path)) > 0; }
 
+std::optional<std::int64_t> MemoryFiles::LastWritten(std::string_view path) const {
+  if (!Exists(path)) return std::nullopt;
+  return written_.at(Full(path));
+}
+
+void MemoryFiles::Keep(const std::string& full, std::string bytes) {
+  files_[full] = std::move(bytes);
+  written_[full] = ++writes_;
+}
+
 Result<std::string> MemoryFiles::ReadWhole(std::string_view path) const {
   const auto found = files_.find(Full(path));
   if (found == files_.end()) return Refusal{"No such file"};
@@ -72,7 +82,16 @@ Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::st
   if (!IsFolder(full.substr(0, full.rfind('\\')))) return Refusal{"No such folder"};
   std::string bytes;
   for (const auto part : parts) bytes += part;
-  files_[full] = std::move(bytes);
+  std::size_t others = 0;
+  for (const auto& [name, held] : files_)
+    if (name != full) others += held.size();
+  if (bytes.size() > room_ || others > room_ - bytes.size()) return Refusal{"No space left on device"};
+  Keep(full, std::move(bytes));
+  return Done{};
+}
+
+Outcome MemoryFiles::Remove(std::string_view path) {
+  files_.erase(Full(path));
   return Done{};
 }
 
@@ -91,7 +110,7 @@ void MemoryFiles::Put(std::string_view path, std::string bytes) {
   for (auto end = full.rfind('\\'); end != std::string::npos && end > 0; end = full.rfind('\\', end - 1)) {
     folders_.insert(full.substr(0, end));
   }
-  files_[full] = std::move(bytes);
+  Keep(full, std::move(bytes));
 }
 
 void MemoryFiles::FailWrites(std::string_view path, std::string reason) {

@@ -48,6 +48,23 @@ TEST_F(HostFilesTest, ReplacingLeavesNothingOfTheFormerFileAndNothingBeside) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 1);
 }
 
+TEST_F(HostFilesTest, TellsWhenAFileWasWrittenAndRemovesIt) {
+  EXPECT_FALSE(files.LastWritten("a.t2d"));
+  ASSERT_TRUE(files.WriteWhole("a.t2d", {"x"}));
+  ASSERT_TRUE(files.WriteWhole("a.T2G", {"x"}));
+  const auto earlier = std::filesystem::last_write_time(folder.path / "a.t2d") - std::chrono::seconds(2);
+  std::filesystem::last_write_time(folder.path / "a.T2G", earlier);
+  ASSERT_TRUE(files.LastWritten("a.t2d"));
+  EXPECT_LT(*files.LastWritten("a.T2G"), *files.LastWritten("a.t2d"));
+  std::filesystem::create_directory(folder.path / "sub");
+  EXPECT_FALSE(files.LastWritten("sub"));
+  EXPECT_FALSE(files.Remove("sub"));
+  EXPECT_TRUE(std::filesystem::exists(folder.path / "sub"));
+  ASSERT_TRUE(files.Remove("a.t2d"));
+  EXPECT_FALSE(files.Exists("a.t2d"));
+  EXPECT_TRUE(files.Remove("a.t2d"));
+}
+
 TEST_F(HostFilesTest, WhatIsNoFileIsRefusedAtOnce) {
   ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
   std::filesystem::create_directory(folder.path / "sub");
