@@ -51,6 +51,29 @@ Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::str
   return files.ReadWhole(fileName);
 }
 
+Outcome ReplaceDesign(const Platform& platform, const std::string& fileName, const std::string& text) {
+  Files& files = platform.files;
+  if (!files.Exists(fileName)) return files.WriteWhole(fileName, {text});
+  const std::string copy = fileName + "~";
+  const Result<std::string> former = files.ReadWhole(fileName);
+  Outcome kept = former ? files.WriteWhole(copy, {former.value()}) : Refusal{former.reason()};
+  Outcome written = files.WriteWhole(fileName, {text});
+  if (!written && kept) {
+    const Result<std::string> standing = files.ReadWhole(fileName);
+    // The copy goes only if the file it was made of is still whole.
+    if (standing && standing.value() == former.value() && files.Remove(copy)) {
+      kept = Refusal{written.reason()};
+      written = files.WriteWhole(fileName, {text});
+    }
+  }
+  if (written && !kept)
+    platform.messageBox.Show(
+        "Torvane Designer",
+        "The design is saved, but its former state could not be kept:\r\n" + copy + "\r\n" + kept.reason(),
+        BoxIcon::None);
+  return written;
+}
+
 void FillBand(DesignState& s, int panel) {
   constexpr Mask kWidth = "#0.000"_mask;
   constexpr Mask kThickness = "#0.0000"_mask;

@@ -8,6 +8,7 @@
 #include "design/state.h"
 #include "persist/tagged_text.h"
 #include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/settings_store.h"
 
 namespace torvane {
@@ -35,6 +36,11 @@ void ReadDecimalComma(DesignState& s, std::string_view value);
 // Takes a file's name into the state of a blanked design and reads its text. A file that does not exist
 // gives an empty text and sets the path alone; one that cannot be read is refused.
 Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::string& fileName);
+
+// Puts a design file in the place of the former one, of which one copy is kept beside it: the same name with
+// "~" behind it. A copy that cannot be made is told in a message box and stops nothing; where the room for it
+// is what the design itself lacks, the design goes first.
+Outcome ReplaceDesign(const Platform& platform, const std::string& fileName, const std::string& text);
 
 // The band fields of a panel (0 two axes, 1 four) from the file's values, which are in the design's unit.
 void FillBand(DesignState& s, int panel);

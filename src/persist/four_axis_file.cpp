@@ -216,7 +216,7 @@ Outcome SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
     if (tag.write != nullptr) text.Tag(tag.name, tag.write(writer));
   }
   for (int i = 1; i <= RowsOf(s.txtNumberOfLayers(1)); ++i) text.Tag("Layer", LayerOf(s, i));
-  return platform.files.WriteWhole(fileName, {text.text()});
+  return ReplaceDesign(platform, fileName, text.text());
 }
 
 }  // namespace torvane

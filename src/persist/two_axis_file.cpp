@@ -246,7 +246,7 @@ Outcome SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
     if (tag.name == "Number_of_Layers") WriteLayersHead(text);
     if (tag.write != nullptr) text.Tag(tag.name, tag.write(writer));
   }
-  return platform.files.WriteWhole(fileName, {text.text()});
+  return ReplaceDesign(platform, fileName, text.text());
 }
 
 }  // namespace torvane
