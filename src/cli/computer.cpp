@@ -53,8 +53,10 @@ std::string OneLine(const std::string& text) {
 // Every section that knows a key of this name.
 std::vector<std::string_view> SectionsOf(std::string_view key) {
   for (const CalibrationKey& known : CalibrationKeys())
-    if (known.key == key) return {"TV2_Calibration", "TV2_Calibration_DC", "TV2_Calibratio_DCn"};
-  if (key == "dhlMaxSpeed") return {"TV4_Calibration"};
+    if (known.key == key && known.ofFourAxes)
+      return {"TV4_Calibration"};
+    else if (known.key == key)
+      return {"TV2_Calibration", "TV2_Calibration_DC", "TV2_Calibratio_DCn"};
   for (const Setting& known : Settings())
     if (known.key == key) return {kSettings};
   if (key.starts_with("MSG")) return {kSettings};

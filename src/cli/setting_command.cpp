@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view kSections[] = {"Settings", "TV2_Calibration", "TV2_Calibration_DC",
                                           "TV2_Calibratio_DCn", "TV4_Calibration"};
 
+constexpr std::string_view kFourAxisSection = "TV4_Calibration";
+
 bool IsMessageKey(std::string_view key) {
   return key.starts_with("MSG") && key.size() > 3 &&
          key.find_first_not_of("0123456789", 3) == std::string_view::npos;
@@ -25,9 +27,8 @@ std::optional<std::string_view> DefaultOf(std::string_view section, std::string_
     if (IsMessageKey(key)) return "False";
     return std::nullopt;
   }
-  if (section == "TV4_Calibration") return key == "dhlMaxSpeed" ? std::optional("0") : std::nullopt;
   for (const CalibrationKey& known : CalibrationKeys())
-    if (known.key == key) return known.fallback;
+    if (known.key == key && known.ofFourAxes == (section == kFourAxisSection)) return known.fallback;
   return std::nullopt;
 }
 
@@ -62,8 +63,7 @@ int RunSettingList(Computer& computer) {
     if (entry.section == kSettings && IsMessageKey(entry.key))
       Print(store, kSettings, entry.key, "False", "True: this message is not shown any more");
   for (const CalibrationKey& key : CalibrationKeys())
-    Print(store, "TV2_Calibration", key.key, key.fallback, key.meaning);
-  Print(store, "TV4_Calibration", "dhlMaxSpeed", "0", "delivery head top speed");
+    Print(store, key.ofFourAxes ? kFourAxisSection : "TV2_Calibration", key.key, key.fallback, key.meaning);
   std::printf(
       "\nOn a computer with a decimal comma the calibration stands in TV2_Calibration_DC, its\n"
       "gCarriageBoardID in TV2_Calibratio_DCn, with commas in the numbers.\n");

@@ -18,16 +18,17 @@ constexpr CalibrationKey kKeys[] = {
     {"FWDeliveryHeadMaximumWidthIN", "0.0", "largest width of the delivery head, inches"},
     {"FWDeliveryHeadDistanceFromMandrelChuckPlateinHomePositionIN", "0.0",
      "delivery head to chuck plate, inches"},
-    {"gCarriageBoardID", "Select...", "controller board of the carriage"},
+    {"gCarriageBoardID", "Select...", "controller board of the carriage", false},
     {"cMaxTravel", "48.00", "carriage travel, inches"},
     {"cMaxSteps", "173904", "carriage travel, steps"},
     {"cClicksPerINpS", "3623", "carriage clicks for an inch per second"},
     {"cMaxSpeed", "9.04", "carriage top speed, in/s"},
     {"cMaxAmps", "2.85", "carriage current, amperes"},
-    {"gMandrelBoardID", "Select...", "controller board of the mandrel"},
+    {"gMandrelBoardID", "Select...", "controller board of the mandrel", false},
     {"mClicksPerREV", "21735.00", "mandrel clicks a revolution"},
     {"mMaxRPM", "90.20", "mandrel top speed, RPM"},
     {"mMaxAmps", "2.85", "mandrel current, amperes"},
+    {"dhlMaxSpeed", "0", "delivery head top speed", true, true},
 };
 
 struct Limit {
@@ -36,7 +37,8 @@ struct Limit {
 };
 constexpr Limit kLimits[] = {{"cMaxTravel", &DesignState::cMaxTravel},
                              {"cMaxSpeed", &DesignState::cMaxSpeed},
-                             {"mMaxRPM", &DesignState::mMaxRPM}};
+                             {"mMaxRPM", &DesignState::mMaxRPM},
+                             {"dhlMaxSpeed", &DesignState::dhlMaxSpeed}};
 
 void ReadLimit(DesignState& s, double DesignState::*limit, std::string_view text) {
   const Number read = s.Read(text);
@@ -54,24 +56,26 @@ std::vector<std::string> SpeedList(double mMaxRPM) {
 
 std::span<const CalibrationKey> CalibrationKeys() { return kKeys; }
 
-std::string_view CalibrationSection(const DesignState& s, std::string_view key) {
+std::string_view CalibrationSection(const DesignState& s, const CalibrationKey& key) {
+  if (key.ofFourAxes) return "TV4_Calibration";
   if (!s.gDecimalComma) return "TV2_Calibration";
-  return key == "gCarriageBoardID" ? "TV2_Calibratio_DCn" : "TV2_Calibration_DC";
+  return key.key == "gCarriageBoardID" ? "TV2_Calibratio_DCn" : "TV2_Calibration_DC";
+}
+
+std::string CalibrationText(const DesignState& s, const SettingsStore& store, const CalibrationKey& key) {
+  const std::string fallback =
+      s.gDecimalComma && key.isNumber ? Replaced(key.fallback, '.', ',') : std::string(key.fallback);
+  return GetSetting(store, CalibrationSection(s, key), key.key, fallback);
 }
 
 void OpenCalibrationFile(DesignState& s, const SettingsStore& store) {
   for (const CalibrationKey& key : kKeys) {
-    const std::string fallback = s.gDecimalComma && s.Read(Replaced(key.fallback, '.', ',')).good()
-                                     ? Replaced(key.fallback, '.', ',')
-                                     : std::string(key.fallback);
-    const std::string text = GetSetting(store, CalibrationSection(s, key.key), key.key, fallback);
+    const std::string text = CalibrationText(s, store, key);
     if (key.key == "gCarriageBoardID") s.gCarriageBoardID = text;
     if (key.key == "gMandrelBoardID") s.gMandrelBoardID = text;
     for (const Limit& limit : kLimits)
       if (limit.key == key.key) ReadLimit(s, limit.limit, text);
   }
-  ReadLimit(s, &DesignState::dhlMaxSpeed, GetSetting(store, "TV4_Calibration", "dhlMaxSpeed", "0"));
-
   const std::vector<std::string> speeds = SpeedList(s.mMaxRPM);
   for (Field* list : {&s.cmbPreWrapRPM(1), &s.cmbPreWrapRPM(2), &s.cmbHGRPM, &s.cmbHSTRPM})
     list->SetEntries(speeds);

@@ -13,11 +13,16 @@ struct CalibrationKey {
   std::string_view key;
   std::string_view fallback;  // in the form of a decimal-point computer
   std::string_view meaning;
+  bool isNumber = true;
+  bool ofFourAxes = false;  // it stands in TV4_Calibration, whatever the decimal sign
 };
 std::span<const CalibrationKey> CalibrationKeys();
 
 // The section that holds a calibration key, chosen by the computer's decimal sign.
-std::string_view CalibrationSection(const DesignState& s, std::string_view key);
+std::string_view CalibrationSection(const DesignState& s, const CalibrationKey& key);
+
+// What the store holds of a key, or its default in the computer's number form.
+std::string CalibrationText(const DesignState& s, const SettingsStore& store, const CalibrationKey& key);
 
 // Reads the machine's limits and boards, and makes the speed lists of pre-wraps and finishing passes anew
 // from the mandrel's top speed.
