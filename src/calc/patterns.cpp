@@ -159,7 +159,7 @@ std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAn
 }
 
 void SplitPatternFields(DesignState& s, std::string_view text) {
-  s.gTagFields.Split(text, text.find(';') != std::string_view::npos ? "|" : "|xX\xB0");
+  s.gTagFields.Split(text, text.find(';') != std::string_view::npos ? "|" : kPatternSeparators);
 }
 
 Number Degrees(const DesignState& s, const Field& field) { return s.Read(WithoutLast(field.text(), 1)); }

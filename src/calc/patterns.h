@@ -38,6 +38,9 @@ std::vector<Pattern> ClosingPatterns(NumberSigns signs, const PatternPart& part)
 // "18.12 | 4 x 12 | 180" and the degree sign; a blank pattern gives an empty text.
 std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAngle);
 
+// What stands between the fields of a pattern: "|", "x" in either case, and the degree sign.
+inline constexpr std::string_view kPatternSeparators = "|xX\xB0";
+
 // Leaves a pattern's fields in `gTagFields`: angle, groups, circuits, end wrap angle.
 void SplitPatternFields(DesignState& s, std::string_view text);
 

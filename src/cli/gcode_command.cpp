@@ -31,7 +31,7 @@ bool PrintProgram(Station& station) {
 }
 
 bool WriteProgram(Station& station) {
-  if (!WriteGCode(station.s, station.platform)) return false;
+  if (WriteGCode(station.s, station.platform) != Written::Whole) return false;
   const Result<std::string> path = HostPath(station.s.gGCodeFilePath.text());
   std::printf("%s\n", path ? path.value().c_str() : ToUtf8(station.s.gGCodeFilePath.text()).c_str());
   return true;

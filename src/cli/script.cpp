@@ -10,7 +10,10 @@
 #include "host/code_page.h"
 #include "persist/settings.h"
 #include "persist/tagged_text.h"
+#include "workbench/build_warnings.h"
+#include "workbench/number_hint.h"
 #include "workbench/preview.h"
+#include "workbench/recovery.h"
 
 namespace torvane {
 
@@ -115,6 +118,10 @@ const Script::Command* Script::Find(std::string_view word) {
       {"quit", &Script::Quit},
       {"undo", &Script::Undo},
       {"redo", &Script::Redo},
+      {"warnings", &Script::Warnings},
+      {"hint", &Script::Hint},
+      {"cancel", &Script::Cancel},
+      {"crash", &Script::Crash},
   };
   for (const Command& command : kCommands)
     if (command.word == word) return &command;
@@ -124,6 +131,11 @@ const Script::Command* Script::Find(std::string_view word) {
 Script::Script(Computer& computer, SettingsStore& store, std::ostream& out)
     : computer_(computer), store_(store), out_(out) {
   Watch();
+}
+
+// The end of a script is no crash.
+Script::~Script() {
+  if (station_) DropRecovery(*station_);
 }
 
 void Script::Watch() {
@@ -141,13 +153,16 @@ void Script::Watch() {
   };
   stage.launcher.startObserver = [this](const StagedLauncher::Started& started) {
     if (started.failed) return;
-    std::string line = started.commandLine;
-    const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
-    for (auto at = line.find(home); at != std::string::npos; at = line.find(home, at))
-      line.replace(at, home.size(), "<home>");
-    out_ << "start: " << OneLine(line) << "\n";
+    out_ << "start: " << WithoutHome(started.commandLine) << "\n";
   };
   stage.launcher.linkObserver = [this](const std::string& url) { out_ << "link " << OneLine(url) << "\n"; };
+}
+
+std::string Script::WithoutHome(std::string line) const {
+  const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
+  for (auto at = line.find(home); at != std::string::npos; at = line.find(home, at))
+    line.replace(at, home.size(), "<home>");
+  return OneLine(line);
 }
 
 void Script::Follow(const std::string& line) {
@@ -360,6 +375,31 @@ void Script::Focus(const std::string&) {
 void Script::Undo(const std::string&) { Running().Undo(); }
 
 void Script::Redo(const std::string&) { Running().Redo(); }
+
+void Script::Warnings(const std::string&) {
+  const std::vector<BuildWarning> warnings = BuildWarnings(Running());
+  if (warnings.empty()) out_ << "no warnings\n";
+  for (const BuildWarning& warning : warnings)
+    out_ << "warning " << NameOf(*warning.field) << ": " << WithoutHome(warning.what + ". " + warning.why)
+         << "\n";
+}
+
+void Script::Hint(const std::string& rest) {
+  out_ << rest << ": " << ToUtf8(NumberHint(FieldOf(rest), Running().s.signs)) << "\n";
+}
+
+void Script::Cancel(const std::string&) { Running().programProgress = &canceller_; }
+
+bool Script::Canceller::GoOn(double) {
+  script_.out_ << "cancelled\n";
+  script_.station_->programProgress = nullptr;  // the next program alone
+  return false;
+}
+
+void Script::Crash(const std::string&) {
+  Running();
+  station_.reset();
+}
 
 void Script::Quit(const std::string&) { Running().Form_Unload(); }
 

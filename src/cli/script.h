@@ -21,6 +21,10 @@ class Script {
   // `store` is what the station reads and writes.
   Script(Computer& computer, SettingsStore& store, std::ostream& out);
 
+  ~Script();
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
+
   // One line in UTF-8; throws ScriptError.
   void Follow(const std::string& line);
 
@@ -57,19 +61,36 @@ class Script {
   void Focus(const std::string& rest);
   void Undo(const std::string& rest);
   void Redo(const std::string& rest);
+  void Warnings(const std::string& rest);
+  void Hint(const std::string& rest);
+  void Cancel(const std::string& rest);
+  void Crash(const std::string& rest);
   void Quit(const std::string& rest);
+
+  // Cancels a program as soon as it is asked.
+  class Canceller : public ProgramProgress {
+   public:
+    explicit Canceller(Script& script) : script_(script) {}
+    bool GoOn(double share) override;
+
+   private:
+    Script& script_;
+  };
 
   // Sets off an event of the control that a name like "btnLR(0)" says.
   void SetOff(const std::string& name, Event event);
   Station& Running();
   Field& FieldOf(const std::string& name);
   std::string HomePath(const std::string& relative) const;
+  // On one line, the station's folder named "<home>".
+  std::string WithoutHome(std::string line) const;
   void Watch();
 
   Computer& computer_;
   SettingsStore& store_;
   std::ostream& out_;
   std::unique_ptr<Station> station_;
+  Canceller canceller_{*this};
 };
 
 }  // namespace torvane

@@ -26,6 +26,8 @@ class FieldWatcher {
  public:
   virtual ~FieldWatcher() = default;
   virtual void Repaint(const Field& field) = 0;
+  // The field is about to go, with its window.
+  virtual void Gone(const Field&) {}
 };
 
 // What all fields of one design share.

@@ -49,6 +49,7 @@ bool Program::GoesOn(double share) {
   if (progress_ == nullptr || passesToReport_-- > 0) return true;
   passesToReport_ = kPassesBetweenReports;
   if (progress_->GoOn(share)) return true;
+  cancelled_ = true;
   refusal_ = "Cancelled.";
   return false;
 }

@@ -15,8 +15,11 @@ namespace torvane {
 class ProgramProgress {
  public:
   virtual ~ProgramProgress() = default;
+  virtual void Begin() {}
   // `share` of the program is formed, 0 to 1. False cancels it.
   virtual bool GoOn(double share) = 0;
+  // The program is written, or will not be.
+  virtual void End() {}
 };
 
 // The most that one program may hold.
@@ -52,6 +55,8 @@ class Program {
   bool GoesOn(double share);
 
   NumberSigns signs() const { return signs_; }
+  // Whoever follows the program has ended it.
+  bool cancelled() const { return cancelled_; }
   // Empty while nothing stands against the program, else the reason for the operator.
   const std::string& refusal() const { return refusal_; }
   double lines() const { return lines_; }
@@ -96,6 +101,7 @@ class Program {
   int layer_ = 0;
   int passesToReport_ = 0;
   std::string refusal_;
+  bool cancelled_ = false;
 };
 
 }  // namespace torvane

@@ -17,7 +17,6 @@ namespace torvane {
 
 namespace {
 
-constexpr std::string_view kProgramFolder = "\\TV_G-Code_Files\\";
 constexpr std::size_t kExtension = 4;
 
 void SetDefaultStops(DesignState& s) {
@@ -30,7 +29,7 @@ bool NameProgram(DesignState& s, const Files& files) {
   s.gFileName = BehindLastBackslash(s.gFilePath.text());
   const std::string& name = s.gFileName.text();
   if (name.size() < kExtension) return false;
-  s.gGCodeFileName = std::string(WithoutLast(name, kExtension)) + (s.gShow4Axis ? ".T4G" : ".T2G");
+  s.gGCodeFileName = ProgramName(s);
   s.gGCodeFilePath = files.CurrentFolder() + std::string(kProgramFolder) + s.gGCodeFileName.text();
   s.gGCodeFolder = WithoutLast(s.gGCodeFilePath.text(), name.size());
   return true;
@@ -146,6 +145,10 @@ void NotifyOperator(GCodeSession& session, std::string_view message) {
   dialect::EmptyLine(p);
 }
 
+std::string ProgramName(const DesignState& s) {
+  return std::string(WithoutLast(s.gFileName.text(), kExtension)) + (s.gShow4Axis ? ".T4G" : ".T2G");
+}
+
 bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
   platform.files.MakeProgramFolderCurrent();
   SetDefaultStops(s);
@@ -162,16 +165,18 @@ bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
   return true;
 }
 
-bool WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress) {
+Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress) {
   Program program(s.signs, progress);
-  if (!FormProgram(s, platform, program)) return false;
+  if (!FormProgram(s, platform, program)) return Written::No;
+  if (program.cancelled()) return Written::Cancelled;
   if (!program.refusal().empty()) {
     Report(platform, s.gGCodeFilePath.text(), program.refusal());
-    return false;
+    return Written::No;
   }
   const Outcome written = platform.files.WriteWhole(s.gGCodeFilePath.text(), program.Text());
-  if (!written) Report(platform, s.gGCodeFilePath.text(), written.reason());
-  return bool(written);
+  if (written) return Written::Whole;
+  Report(platform, s.gGCodeFilePath.text(), written.reason());
+  return Written::No;
 }
 
 }  // namespace torvane

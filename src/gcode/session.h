@@ -23,15 +23,26 @@ struct GCodeSession {
   Kept ellipseAngle{};        // mandrel turn of an ellipse, degrees
 };
 
+inline constexpr std::string_view kProgramFolder = "\\TV_G-Code_Files\\";
+
+// The name of the program of the design's file: the same with the ending of the family's programs.
+std::string ProgramName(const DesignState& s);
+
 // Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its
 // like). False if the design has no file name that a program could be named after: nothing is formed then.
 // A program that was refused or cancelled says so in its refusal.
 bool FormProgram(DesignState& s, const Platform& platform, Program& program);
 
-// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. True if this call
-// wrote it whole. A design without a name writes nothing and says nothing; any other hindrance is told in a
-// message box, and the former file stays.
-bool WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
+enum class Written {
+  Whole,
+  Cancelled,  // by whoever followed it
+  No,
+};
+
+// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. A design without a name
+// writes nothing and says nothing, nor does a cancelled program; any other hindrance is told in a message
+// box. The former file stays unless the new one is whole.
+Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
 
 // Sends the operator a notice through the executor.
 void NotifyOperator(GCodeSession& session, std::string_view message);

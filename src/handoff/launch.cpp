@@ -1,10 +1,10 @@
 #include "handoff/launch.h"
 
-#include "design/text.h"
 #include "gcode/session.h"
 #include "handoff/executor.h"
 #include "persist/settings.h"
 #include "workbench/checklist.h"
+#include "workbench/design_commands.h"
 #include "workbench/messages.h"
 #include "workbench/settings_dialog.h"
 
@@ -55,9 +55,7 @@ bool RaiseSmallAngles(Station& station) {
 }
 
 std::string ProgramPath(Station& station) {
-  const DesignState& s = station.s;
-  return station.platform.files.CurrentFolder() + "\\TV_G-Code_Files\\" +
-         std::string(WithoutLast(s.gFileName.text(), 4)) + (s.gShow4Axis ? ".T4G" : ".T2G");
+  return station.platform.files.CurrentFolder() + std::string(kProgramFolder) + ProgramName(station.s);
 }
 
 void imgBUILD_Click(Station& station, int) {
@@ -69,12 +67,16 @@ void imgBUILD_Click(Station& station, int) {
   if (!RaiseSmallAngles(station)) return ShowError(station, failed);
   if (!station.gWrapValuesAccepted && CheckWrapHGValues(station)) return;
   AskToSaveFirst(station);
-  if (!WriteGCode(station.s, station.platform)) return ShowError(station, failed);
+  const Written written = WriteProgram(station);
+  if (written == Written::Cancelled) return;
+  if (written == Written::No) return ShowError(station, failed);
   if (!StartExecutor(station, ProgramPath(station))) ShowError(station, failed);
 }
 
 void Command2_Click(Station& station, int) {
-  if (WriteGCode(station.s, station.platform)) {
+  const Written written = WriteProgram(station);
+  if (written == Written::Cancelled) return;
+  if (written == Written::Whole) {
     station.platform.files.MakeProgramFolderCurrent();
     if (Start(station, "Notepad2.exe " + ProgramPath(station))) return;
   }
@@ -105,7 +107,7 @@ void mnuViewDesignDirectory_Click(Station& station, int) {
 }
 
 void mnuViewGCodeDirectory_Click(Station& station, int) {
-  ShowFolder(station, station.platform.files.CurrentFolder() + "\\TV_G-Code_Files\\");
+  ShowFolder(station, station.platform.files.CurrentFolder() + std::string(kProgramFolder));
 }
 
 void mnuManually_Click(Station& station, int) { StartExecutor(station, "MANUAL"); }

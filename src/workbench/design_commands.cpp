@@ -1,11 +1,15 @@
 #include "workbench/design_commands.h"
 
+#include <algorithm>
+
 #include "calc/patterns.h"
 #include "design/reset.h"
 #include "design/text.h"
 #include "gcode/session.h"
 #include "persist/settings.h"
 #include "workbench/messages.h"
+#include "workbench/recent_files.h"
+#include "workbench/recovery.h"
 
 namespace torvane {
 
@@ -65,6 +69,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   if (!OpenFile(station, path, s.mnu2Axis)) return false;
   s.gDirty = false;
   Refresh4AXGrid(s);
+  NoteRecentFile(station.platform.store, path);
   return true;
 }
 
@@ -95,11 +100,40 @@ bool SaveDesign(Station& station, const std::string& path) {
     return false;
   }
   s.gFilePath = name;
-  if (s.mnu2Axis) WriteGCode(s, station.platform);
+  if (s.mnu2Axis) WriteProgram(station);
   s.gDirty = false;
   s.gFileName = BehindLastBackslash(s.gFilePath.text());
   ShowName(s, "Torvane Designer ");
+  NoteRecentFile(station.platform.store, name);
   return true;
+}
+
+Written WriteProgram(Station& station) {
+  ProgramProgress* const progress = station.programProgress;
+  if (progress != nullptr) progress->Begin();
+  const Written written = WriteGCode(station.s, station.platform, progress);
+  if (progress != nullptr) progress->End();
+  return written;
+}
+
+void OpenNamedDesign(Station& station, const std::string& path) {
+  if (!station.platform.files.Exists(path)) {
+    station.platform.messageBox.Show("Torvane Designer", "There is no such file any more:\r\n" + path,
+                                     BoxIcon::None);
+    ForgetRecentFile(station.platform.store, path);
+    return;
+  }
+  AskToSaveFirst(station);
+  const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
+  if (ending == ".T2D" || ending == ".T4D") ChooseFamily(station, ending == ".T4D");
+  OpenDesign(station, path);
+  FollowWithRecovery(station, false);
+}
+
+void mnuRecent_Click(Station& station, int index) {
+  const std::vector<std::string> recent = RecentFiles(station.platform.store);
+  if (index >= 1 && index <= static_cast<int>(recent.size()))
+    OpenNamedDesign(station, recent[static_cast<std::size_t>(index) - 1]);
 }
 
 void btnSaveAS_Click(Station& station) {
@@ -147,6 +181,7 @@ constexpr Operation kOperations[] = {
     {"mnuOpenFile", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
     {"btnSaveAS", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
     {"mnuSaveFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuRecent", Event::Click, mnuRecent_Click},
     {"mnuUndo", Event::Click, [](Station& station, int) { station.Undo(); }},
     {"mnuRedo", Event::Click, [](Station& station, int) { station.Redo(); }},
     {"mnuSaveAsFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},

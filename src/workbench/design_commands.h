@@ -1,6 +1,7 @@
 // New, open, save, and the reopening of the last design.
 #pragma once
 
+#include "gcode/session.h"
 #include "workbench/station.h"
 
 namespace torvane {
@@ -9,6 +10,9 @@ void mnuNewFile_Click(Station& station);
 void btnOPen_Click(Station& station);
 void btnSaveAS_Click(Station& station);
 
+// Turns to a family and remembers the choice; no value of the design changes.
+void ChooseFamily(Station& station, bool fourAxis);
+
 // Opens a design file of the family in use, as an open does once its file is chosen. A refusal is told in a
 // message box; false then.
 bool OpenDesign(Station& station, const std::string& path);
@@ -16,6 +20,14 @@ bool OpenDesign(Station& station, const std::string& path);
 // Writes the design under a name and, in the two-axis family, its program. A refusal is told in a message
 // box, and the design keeps its name and its unsaved mark.
 bool SaveDesign(Station& station, const std::string& path);
+
+// Opens a design that the operator named beside the file dialog: a recent one, or one dropped on the window.
+// Asks about unsaved changes first, and turns to the family of the file's ending. A file that is not there is
+// told, and the design stays.
+void OpenNamedDesign(Station& station, const std::string& path);
+
+// Writes the design's program; the front end may follow it and end it.
+Written WriteProgram(Station& station);
 
 // Reopens at the start what was open at the last exit, if its file still lies in the design folder.
 void OpenLastDesignerFileInUse(Station& station);

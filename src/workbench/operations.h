@@ -33,6 +33,7 @@ struct Operation {
 
 std::span<const Operation> TwoAxisGridOperations();
 std::span<const Operation> FourAxisGridOperations();
+std::span<const Operation> FourAxisRowOperations();
 std::span<const Operation> InputCheckOperations();
 std::span<const Operation> ChecklistOperations();
 std::span<const Operation> UnitOperations();

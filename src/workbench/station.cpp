@@ -2,6 +2,7 @@
 
 #include "design/catalogue.h"
 #include "workbench/captions.h"
+#include "workbench/recovery.h"
 
 namespace torvane {
 
@@ -25,7 +26,8 @@ struct NamedTimer {
 constexpr NamedTimer kTimers[] = {{"tmrBlink", &Station::tmrBlink},
                                   {"tmrSplash", &Station::tmrSplash},
                                   {"tmrStartDraw", &Station::tmrStartDraw},
-                                  {"tmrDraw", &Station::tmrDraw}};
+                                  {"tmrDraw", &Station::tmrDraw},
+                                  {"tmrRecovery", &Station::tmrRecovery}};
 
 }  // namespace
 
@@ -33,9 +35,9 @@ Station::Station(const Platform& platform_)
     : s(SignsOf(platform_.locale)), platform(platform_), changes_(Catalogue().size()) {
   s.operations = this;
   SetCaptions(s);
-  for (const auto& table :
-       {TwoAxisGridOperations(), FourAxisGridOperations(), InputCheckOperations(), ChecklistOperations(),
-        UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations()})
+  for (const auto& table : {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(),
+                            InputCheckOperations(), ChecklistOperations(), UnitOperations(),
+                            EstimateOperations(), DesignOperations(), WindowOperations()})
     Add(table);
 }
 
@@ -60,19 +62,21 @@ auto Station::Remembered(const Field* typed, Doing doing) {
   Snapshot before = s.TakeSnapshot();
   const std::size_t history = history_;
   const auto result = doing();
-  if (history == history_) Remember(std::move(before), typed);
+  const bool changed = history != history_ || Remember(std::move(before), typed);
+  FollowWithRecovery(*this, changed);
   return result;
 }
 
-void Station::Remember(Snapshot before, const Field* typed) {
+bool Station::Remember(Snapshot before, const Field* typed) {
   constexpr std::size_t kLongestHistory = 100;
-  if (before.SameTexts(s.TakeSnapshot())) return;
+  if (before.SameTexts(s.TakeSnapshot())) return false;
   const bool goesOn = typed != nullptr && typed == lastTyped_ && !undo_.empty();
   lastTyped_ = typed;
   redo_.clear();
-  if (goesOn) return;
+  if (goesOn) return true;
   if (undo_.size() == kLongestHistory) undo_.erase(undo_.begin());
   undo_.push_back(std::move(before));
+  return true;
 }
 
 void Station::ForgetHistory() {

@@ -1,6 +1,7 @@
 // The station: the one state, the computer it stands on, and the operations between them.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -12,6 +13,7 @@
 
 #include "calc/polar_walk.h"
 #include "design/state.h"
+#include "gcode/program.h"
 #include "persist/four_axis_file.h"
 #include "persist/two_axis_file.h"
 #include "platform/platform.h"
@@ -25,6 +27,16 @@ struct Timer {
   std::chrono::milliseconds interval;
   std::optional<Moment> due = std::nullopt;  // nothing while it stands
 };
+
+// The copy of an unsaved design that a crash leaves behind.
+struct Recovery {
+  bool offered = false;  // what a former station left was offered; until then its copy stays
+  bool ours = false;     // the copy that lies there is of this station's design
+  std::string refusal;   // why it could not be written the last time; empty if it was
+};
+
+// What the operator sets in a row of the four-axis schedule: end wrap, split, type, pattern, pause.
+using FourAxisRow = std::array<std::string, 5>;
 
 class Station : private ChangeOperations {
  public:
@@ -82,6 +94,9 @@ class Station : private ChangeOperations {
   // One shots of the preview: its first drawing, and the pause before its next pass.
   Timer tmrStartDraw{std::chrono::milliseconds(300)};
   Timer tmrDraw{std::chrono::milliseconds(250)};
+  // From a change of the design to its recovery copy.
+  Timer tmrRecovery{std::chrono::seconds(10)};
+  Recovery recovery;
 
   // The operator has accepted values that blinked; builds do not look at them any more.
   bool gWrapValuesAccepted = false;
@@ -93,6 +108,8 @@ class Station : private ChangeOperations {
   // The pattern whose picture is shown, and the picture last drawn in the main window.
   std::string polarTag;
   std::vector<PolarFigure> polarPicture;
+  // The four-axis row last copied, as it was then.
+  std::optional<FourAxisRow> copiedFourAxisRow;
   // The character of the key last released in a field; 0 if its text became empty.
   char lastKey = 0;
 
@@ -108,6 +125,8 @@ class Station : private ChangeOperations {
 
   // Told when the settings dialog opens, with its tab.
   std::function<void(int tab)> settingsOpened;
+  // Follows each program while it is formed, and may cancel it; null if nobody looks.
+  ProgramProgress* programProgress = nullptr;
 
  private:
   void Changed(const Field& field) override;
@@ -120,7 +139,8 @@ class Station : private ChangeOperations {
   // the other in the same field are one operation.
   template <class Doing>
   auto Remembered(const Field* typed, Doing doing);
-  void Remember(Snapshot before, const Field* typed);
+  // False if the design is as it was before.
+  bool Remember(Snapshot before, const Field* typed);
   bool GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to);
 
   std::vector<Snapshot> undo_, redo_;

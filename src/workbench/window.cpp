@@ -23,6 +23,16 @@ Window::Window(Station& station, std::string_view name, std::span<const WindowFi
     }
   }
   owner_.operations = this;
+  owner_.watcher = this;
+}
+
+Window::~Window() {
+  if (station_.s.watcher == nullptr) return;
+  for (const Field& gone : fields_) station_.s.watcher->Gone(gone);
+}
+
+void Window::Repaint(const Field& field) {
+  if (station_.s.watcher != nullptr) station_.s.watcher->Repaint(field);
 }
 
 Field* Window::Find(std::string_view name) {

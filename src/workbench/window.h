@@ -23,12 +23,12 @@ struct WindowField {
 };
 
 // It lives while it is open. A name that exists in an open window means the window's.
-class Window : private ChangeOperations {
+class Window : private ChangeOperations, private FieldWatcher {
  public:
   Window(Station& station, std::string_view name, std::span<const WindowField> fields);
   Window(const Window&) = delete;
   Window& operator=(const Window&) = delete;
-  ~Window() override = default;
+  ~Window() override;
 
   std::string_view name() const { return name_; }
   // Null if the window has no such field.
@@ -46,6 +46,9 @@ class Window : private ChangeOperations {
 
  private:
   void Changed(const Field& field) override { Run(field.row().name, Event::Change, field.index()); }
+
+  // The station's watcher watches here too, whoever that is at the time.
+  void Repaint(const Field& field) override;
 
   Station& station_;
   std::string_view name_;

@@ -4,8 +4,11 @@
 #include "design/reset.h"
 #include "design/text.h"
 #include "persist/settings.h"
+#include "workbench/design_commands.h"
 #include "workbench/links.h"
+#include "workbench/machine_dialog.h"
 #include "workbench/messages.h"
+#include "workbench/recovery.h"
 #include "workbench/settings_dialog.h"
 #include "workbench/station.h"
 
@@ -16,16 +19,16 @@ void OpenWebLink(Station& station, std::string_view url) {
   station.platform.launcher.OpenLink(complete ? std::string(url) : "http://" + std::string(url));
 }
 
-namespace {
-
-constexpr double kLeastHeight = 9000;  // twips
-constexpr double kLeastWidth = 12000;
-
 void ChooseFamily(Station& station, bool fourAxis) {
   DesignState& s = station.s;
   SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
   if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
 }
+
+namespace {
+
+constexpr double kLeastHeight = 9000;  // twips
+constexpr double kLeastWidth = 12000;
 
 void optX_Click(Station& station, int index) { ChooseFamily(station, index == 1); }
 void mnu2Axis_Click(Station& station, int) { ChooseFamily(station, false); }
@@ -36,6 +39,7 @@ void tmrSplash_Tick(Station& station, int) {
   station.StopTimer(station.tmrSplash);
   station.s.frmSplash.Show(false);
   station.s.frmMain.Show(true);
+  OfferRecovery(station);
 }
 
 void chkDontShowVideoLinks_Click(Station& station, int) {
@@ -134,6 +138,8 @@ constexpr Operation kOperations[] = {
     {"Command3", Event::Click, OpenSettingsAtLastTab},
     {"btnProperties", Event::Click, OpenSettingsAt<3>},
     {"mnuSpeeds", Event::Click, OpenSettingsAt<3>},
+    {"mnuMachine", Event::Click, [](Station& station, int) { OpenMachine(station); }},
+    {"tmrRecovery", Event::Tick, [](Station& station, int) { WriteRecovery(station); }},
     {"mnuProperties", Event::Click, OpenSettingsAt<0>},
     {"Label10", Event::Click, OpenSettingsAt<1>},
     {"Label9", Event::Click, OpenSettingsAt<2>},
@@ -148,8 +154,14 @@ void OpenPicture(Station& station) { OpenOnce<PictureDialog>(station, "frmBigPic
 void Station::Form_Unload() {
   if (ended) return;
   s.frmMain.Show(false);
+  const bool unsaved = s.gDirty;
   AskToSaveFirst(*this);
   SaveStoredSettings(s, platform.store);
+  // A design that the operator wanted to save and that found no place is offered at the next start.
+  if (unsaved && s.gDirty && s.gMsgAnswer)
+    WriteRecovery(*this);
+  else
+    DropRecovery(*this);
   while (!windows.empty()) Close(*windows.back());
   s.frmSplash.Show(false);
   ended = true;

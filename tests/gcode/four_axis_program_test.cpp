@@ -152,7 +152,7 @@ TEST_F(FourAxisProgram, WithoutAFirstPatternSaysSo) {
 TEST_F(FourAxisProgram, OfTooManyPassesIsRefused) {
   Describe(0);
   s.cmbPattern(1) = "18.12 | 99999 x 99999 | 180\xB0";
-  EXPECT_FALSE(WriteGCode(s, station.platform));
+  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("Layer 1 has 9,999,800,001 passes"),
             std::string::npos);

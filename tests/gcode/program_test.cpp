@@ -38,7 +38,7 @@ struct ProgramOfTube : testing::Test {
 };
 
 TEST_F(ProgramOfTube, IsWrittenUnderTheStationsFolder) {
-  EXPECT_TRUE(WriteGCode(s, station.platform));
+  EXPECT_EQ(WriteGCode(s, station.platform), Written::Whole);
   EXPECT_EQ(s.gGCodeFilePath.text(), kPath);
   EXPECT_EQ(s.gGCodeFolder.text(), "C:\\Torvane\\TV_G-Code_Files\\");
   EXPECT_TRUE(Written().ends_with("[Heat Gun Forever Between These Z Values]\r\n"));
@@ -47,7 +47,7 @@ TEST_F(ProgramOfTube, IsWrittenUnderTheStationsFolder) {
 TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
   for (const char* path : {"", "C:\\Torvane\\TV_Design_Files\\", "t2d"}) {
     s.gFilePath = path;
-    EXPECT_FALSE(WriteGCode(s, station.platform)) << path;
+    EXPECT_EQ(WriteGCode(s, station.platform), Written::No) << path;
   }
   EXPECT_TRUE(onStage.stage.messageBox.shown.empty());
 }
@@ -55,7 +55,7 @@ TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
 TEST_F(ProgramOfTube, ThatCannotBeWrittenLeavesTheFormerFileAndSaysWhy) {
   onStage.stage.files.Put(kPath, "former");
   onStage.stage.files.FailWrites(kPath, "the disk is full");
-  EXPECT_FALSE(WriteGCode(s, station.platform));
+  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
   EXPECT_EQ(Written(), "former");
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_EQ(onStage.stage.messageBox.shown[0].title, "Error");
@@ -66,7 +66,7 @@ TEST_F(ProgramOfTube, OfTooManyLinesIsRefusedBeforeItIsFormed) {
   onStage.stage.files.Put(kPath, "former");
   s.gGridSync = false;
   s.lblPassesToCover(2) = "123456789012";
-  EXPECT_FALSE(WriteGCode(s, station.platform));
+  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
   EXPECT_EQ(Written(), "former");
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   const std::string& text = onStage.stage.messageBox.shown[0].text;
@@ -83,7 +83,7 @@ TEST_F(ProgramOfTube, OfALayerWithoutPassesKeepsTheMinutesLeft) {
     s.lblMinutesToCover(row).Restore("1.5");
   }
   s.lblMinutesToCover(IndexSet::kAllRows).Restore("4.5");
-  EXPECT_TRUE(WriteGCode(s, station.platform));
+  EXPECT_EQ(WriteGCode(s, station.platform), Written::Whole);
   EXPECT_NE(Written().find("LA=1_of_3 PA=1_of_1 RPM=28.6 CS=6 WA=45 WM=ms TI=4.5"), std::string::npos);
   EXPECT_EQ(Written().find("LA=2_of_3"), std::string::npos);
 }
@@ -100,7 +100,7 @@ TEST_F(ProgramOfTube, CanBeCancelled) {
   s.gGridSync = false;
   s.lblPassesToCover(1) = "5000";
   Impatient progress;
-  EXPECT_FALSE(WriteGCode(s, station.platform, &progress));
+  EXPECT_EQ(WriteGCode(s, station.platform, &progress), Written::Cancelled);
   EXPECT_FALSE(onStage.stage.files.Exists(kPath));
   ASSERT_EQ(progress.shares.size(), 3U);
   EXPECT_LT(progress.shares[1], progress.shares[2]);

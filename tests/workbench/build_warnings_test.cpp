@@ -1,0 +1,176 @@
+// Each warning is held against the program that a build would write.
+#include "workbench/build_warnings.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "design/catalogue.h"
+#include "gcode/session.h"
+#include "support/station_on_stage.h"
+
+namespace torvane {
+namespace {
+
+struct BuildWarningsTest : testing::Test {
+  StationOnStage onStage;
+  Station& station = onStage.Started();
+  DesignState& s = station.s;
+
+  std::vector<std::string> Fields() const {
+    std::vector<std::string> names;
+    for (const BuildWarning& warning : BuildWarnings(station)) names.push_back(NameOf(*warning.field));
+    return names;
+  }
+  bool Warns(const std::string& field) const {
+    const auto names = Fields();
+    return std::count(names.begin(), names.end(), field) > 0;
+  }
+  std::string WhyOf(const std::string& field) const {
+    for (const BuildWarning& warning : BuildWarnings(station))
+      if (NameOf(*warning.field) == field) return warning.why;
+    return {};
+  }
+
+  void SetEnds(int row, const std::string& text) {
+    s.txtLeft(row) = text;
+    s.txtRight(row) = text;
+  }
+  void Name(const std::string& name) {
+    s.gFilePath = "C:\\Torvane\\TV_Design_Files\\" + name;
+    s.gFileName = name;
+  }
+  void Save(const std::string& name) {
+    onStage.stage.fileDialog.answers.emplace_back("C:\\Torvane\\TV_Design_Files\\" + name);
+    station.Run("btnSaveAS", Event::Click);
+  }
+  void Open(const std::string& name) {
+    onStage.stage.fileDialog.answers.emplace_back("C:\\Torvane\\TV_Design_Files\\" + name);
+    station.Run("btnOPen", Event::Click);
+  }
+  std::string Program() {
+    torvane::Program program(s.signs);
+    EXPECT_TRUE(FormProgram(s, station.platform, program));
+    std::string text;
+    for (const auto block : program.Text()) text += block;
+    return text;
+  }
+  // From the head of a layer to that of the next.
+  std::string LayerOf(const std::string& head, const std::string& next) {
+    const std::string program = Program();
+    const auto from = program.find(head);
+    return from == std::string::npos ? "" : program.substr(from, program.find(next, from) - from);
+  }
+
+  void TypeFlatTube(int layers) {
+    station.Choose(s.optX(1), "True");
+    s.txtBandWidth(1) = "0.25";
+    s.txtBandThickness(1) = "0.01";
+    s.txtDia(0) = "4";
+    s.txtDia(1) = "4";
+    s.txtZ4(0) = "28";
+    s.txtZ4(1) = "27";
+    s.txtZ4(2) = "5";
+    s.txtZ4(3) = "4";
+    s.txtPODia(0) = "1";
+    s.txtPODia(1) = "1";
+    s.txtNumberOfLayers(1) = std::to_string(layers);
+    for (int row = 1; row <= layers; ++row) station.Choose(s.cmb3D(row), "REG");
+  }
+  void ChoosePattern(int row) { station.Choose(s.cmbPattern(row), s.cmbPattern(row).entries().front()); }
+};
+
+TEST_F(BuildWarningsTest, RowsTypedFromScratchShowNoLineUntilTheirFileIsOpened) {
+  TypeTube(station, 2, "45");
+  SetEnds(1, "");
+  SetEnds(2, "");
+  Save("tube.t2d");
+  EXPECT_EQ(Fields(), std::vector<std::string>{"txtLeft(1)"});
+  EXPECT_EQ(Program().find("D0 LA="), std::string::npos);
+  Open("tube.t2d");
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  EXPECT_NE(Program().find("D0 LA=2_of_2"), std::string::npos);
+}
+
+TEST_F(BuildWarningsTest, CarriageShiftWithoutEndsDoesNotMove) {
+  TypeTube(station, 1, "45");
+  SetEnds(1, "");
+  station.Choose(s.cmbMethod(1), "cs");
+  Name("tube.t2d");
+  EXPECT_TRUE(Warns("cmbMethod(1)"));
+  EXPECT_EQ(Program().find("Carriage Shift Distance"), std::string::npos);
+  SetEnds(1, "0");
+  EXPECT_FALSE(Warns("cmbMethod(1)"));
+  EXPECT_NE(Program().find("Carriage Shift Distance"), std::string::npos);
+}
+
+TEST_F(BuildWarningsTest, ARowWithoutAnAngleAndEmptyStopsAreNamed) {
+  TypeTube(station, 3, "45");
+  Name("tube.t2d");
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  s.txtNumberOfLayers(0) = "4";
+  SetEnds(4, "0");
+  s.txtZ2(1) = "";
+  EXPECT_EQ(Fields(), (std::vector<std::string>{"txtZ2(1)", "txtWA(4)"}));
+  EXPECT_EQ(LayerOf("[BEGIN LAYER 4", "Winding_Process_Complete").find("G1"), std::string::npos);
+  EXPECT_NE(LayerOf("[BEGIN LAYER 3", "[BEGIN LAYER 4").find("Z0.00"), std::string::npos)
+      << "an empty stop is 0";
+  s.chkWindingSchedule = "0";
+  EXPECT_EQ(Fields(), std::vector<std::string>{"txtZ2(1)"}) << "layers that are not wound need no angle";
+}
+
+TEST_F(BuildWarningsTest, FourAxisRowsWithoutAPattern) {
+  TypeFlatTube(2);
+  s.cmbPattern(1) = "";
+  Name("flat.t4d");
+  EXPECT_EQ(Fields(), (std::vector<std::string>{"cmbPattern(1)", "cmbPattern(2)"}));
+  EXPECT_NE(WhyOf("cmbPattern(1)").find("neither home"), std::string::npos);
+  EXPECT_EQ(Program().find("G28"), std::string::npos);
+  ChoosePattern(1);
+  EXPECT_EQ(Fields(), std::vector<std::string>{"cmbPattern(2)"});
+  EXPECT_NE(Program().find("G28"), std::string::npos);
+  EXPECT_NE(WhyOf("cmbPattern(2)").find("like the layer before"), std::string::npos);
+  EXPECT_NE(Program().find("[Layer 2: Group 1/"), std::string::npos);
+  ChoosePattern(2);
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+}
+
+TEST_F(BuildWarningsTest, AFlatPartStartsFromAnInnerZThatIsHidden) {
+  TypeFlatTube(1);
+  Name("flat.t4d");
+  ChoosePattern(1);
+  EXPECT_FALSE(Warns("txtZ4(2)"));
+  const std::string before = Program();
+  s.txtZ4(2) = "0";
+  ChoosePattern(1);
+  EXPECT_TRUE(Warns("txtZ4(2)"));
+  EXPECT_NE(Program(), before) << "the start is another";
+}
+
+TEST_F(BuildWarningsTest, TheFileAndItsProgram) {
+  EXPECT_EQ(Fields().front(), "gFileName") << "no file yet";
+  TypeFlatTube(1);
+  ChoosePattern(1);
+  Save("flat.t4d");
+  EXPECT_EQ(Fields(), std::vector<std::string>{}) << "there is no program that could be old";
+  station.Run("Command2", Event::Click);
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  Save("flat.t4d");
+  ASSERT_EQ(Fields(), std::vector<std::string>{"gFileName"});
+  EXPECT_NE(BuildWarnings(station).front().what.find("older"), std::string::npos);
+  Save("my flat.t4d");
+  ASSERT_EQ(Fields(), std::vector<std::string>{"gFileName"});
+  EXPECT_NE(BuildWarnings(station).front().what.find("blank"), std::string::npos);
+}
+
+TEST_F(BuildWarningsTest, LooksWithoutTouching) {
+  TypeFlatTube(2);
+  const Snapshot before = s.TakeSnapshot();
+  const std::string fields = s.gTagFields(0);
+  BuildWarnings(station);
+  EXPECT_TRUE(before.SameTexts(s.TakeSnapshot()));
+  EXPECT_EQ(s.gTagFields(0), fields);
+}
+
+}  // namespace
+}  // namespace torvane

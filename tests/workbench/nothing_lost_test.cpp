@@ -1,0 +1,192 @@
+// Backup copies of design files, and the recovery copy of an unsaved design.
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <memory>
+
+#include "host/host_files.h"
+#include "host/temporary_folder.h"
+#include "persist/design_file.h"
+#include "persist/recovery_text.h"
+#include "support/station_on_stage.h"
+#include "workbench/recovery.h"
+
+namespace torvane {
+namespace {
+
+const std::string kDesign = "C:\\Torvane\\TV_Design_Files\\a.t2d";
+const std::string kCopy = kDesign + "~";
+const std::string kRecovery = "C:\\Torvane\\TV_RECOVERY.TVR";
+
+struct BackupTest : testing::Test {
+  StationOnStage onStage;
+  MemoryFiles& files = onStage.stage.files;
+
+  Outcome Replace(const std::string& text) {
+    return ReplaceDesign(onStage.stage.AsPlatform(), kDesign, text);
+  }
+  std::size_t Boxes() const { return onStage.stage.messageBox.shown.size(); }
+};
+
+TEST_F(BackupTest, KeepsTheStateBeforeTheLastSave) {
+  ASSERT_TRUE(Replace("one"));
+  EXPECT_FALSE(files.Exists(kCopy)) << "nothing was replaced";
+  ASSERT_TRUE(Replace("two"));
+  ASSERT_TRUE(Replace("three"));
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), "three");
+  EXPECT_EQ(files.ReadWhole(kCopy).value(), "two");
+  EXPECT_EQ(Boxes(), 0U);
+}
+
+TEST_F(BackupTest, ACopyThatCannotBeMadeIsToldBehindTheSave) {
+  ASSERT_TRUE(Replace("one"));
+  files.FailWrites(kCopy, "No space left on device");
+  ASSERT_TRUE(Replace("two"));
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), "two");
+  ASSERT_EQ(Boxes(), 1U);
+  EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("No space left"), std::string::npos);
+}
+
+TEST_F(BackupTest, WhereTheDesignCannotBeWrittenTheFormerOneStays) {
+  ASSERT_TRUE(Replace("one"));
+  files.FailWrites(kDesign, "No space left on device");
+  EXPECT_FALSE(Replace("two"));
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), "one");
+  EXPECT_EQ(Boxes(), 0U) << "the save itself tells what stood against it";
+}
+
+TEST_F(BackupTest, OnAFullDiskTheDesignGoesBeforeItsCopy) {
+  ASSERT_TRUE(Replace("one"));
+  files.LimitRoom(8);
+  ASSERT_TRUE(Replace("longer")) << "there is room for it without the copy";
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), "longer");
+  EXPECT_FALSE(files.Exists(kCopy));
+  EXPECT_EQ(Boxes(), 1U);
+  EXPECT_FALSE(Replace("much longer"));
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), "longer");
+}
+
+TEST_F(BackupTest, OnARealFullDiskToo) {
+  const TemporaryFolder folder;
+  const auto disk = folder.path / "disk";
+  std::filesystem::create_directory(disk);
+  if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0) GTEST_SKIP() << "no small disk to be had";
+  const std::shared_ptr<void> mounted(nullptr, [&](void*) { umount(disk.c_str()); });
+  HostFiles real = HostFiles::At(disk.string()).value();
+  real.MakeProgramFolderCurrent();
+  Stage& stage = onStage.stage;
+  const Platform platform{stage.store,         stage.clock,      stage.locale,     real,
+                          stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(24'000, 'f')));
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(48'000, 'n'))) << "without the copy there is room";
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
+  EXPECT_FALSE(real.Exists("a.t2d~"));
+  EXPECT_EQ(Boxes(), 1U);
+  EXPECT_FALSE(ReplaceDesign(platform, "a.t2d", std::string(90'000, 'x')));
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", "short"));
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), "short");
+}
+
+struct RecoveryTest : testing::Test {
+  StationOnStage onStage;
+  Station& station = onStage.Started();
+  DesignState& s = station.s;
+  MemoryFiles& files = onStage.stage.files;
+
+  // Everything that is due in the time that passes.
+  void Wait(int seconds) {
+    onStage.stage.clock.Advance(std::chrono::seconds(seconds));
+    station.Tick();
+  }
+};
+
+TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
+  Wait(0);  // the splash closes, and there is nothing to offer
+  station.Type(s.txtDiameterLeft, "4");
+  EXPECT_FALSE(files.Exists(kRecovery));
+  Wait(11);
+  ASSERT_TRUE(files.Exists(kRecovery));
+  onStage.stage.fileDialog.answers.emplace_back(kDesign);
+  station.Run("btnSaveAS", Event::Click);
+  EXPECT_FALSE(files.Exists(kRecovery));
+  station.Type(s.txtDiameterLeft, "5");
+  Wait(11);
+  EXPECT_TRUE(files.Exists(kRecovery));
+  station.Run("mnuQuit", Event::Click);
+  EXPECT_FALSE(files.Exists(kRecovery)) << "the operator did not want it";
+}
+
+TEST_F(RecoveryTest, ADesignThatFoundNoPlaceAtTheEndStays) {
+  Wait(0);
+  station.Type(s.txtDiameterLeft, "4");
+  files.FailWrites(kDesign, "No space left on device");
+  onStage.stage.messageDialog.answers.push_back({true});
+  onStage.stage.fileDialog.answers.emplace_back(kDesign);
+  station.Run("mnuQuit", Event::Click);
+  EXPECT_TRUE(station.ended);
+  EXPECT_TRUE(files.Exists(kRecovery));
+}
+
+TEST_F(RecoveryTest, TheFormerStationsCopyIsNotWrittenOverBeforeItWasOffered) {
+  files.Put(kRecovery, "former");
+  station.Type(s.txtDiameterLeft, "4");
+  WriteRecovery(station);
+  EXPECT_EQ(files.ReadWhole(kRecovery).value(), "former");
+  OfferRecovery(station);
+  EXPECT_TRUE(onStage.stage.messageDialog.shown.empty()) << "it is no copy of a design";
+  WriteRecovery(station);
+  EXPECT_NE(files.ReadWhole(kRecovery).value(), "former");
+}
+
+TEST_F(RecoveryTest, BringsBackEveryTextMarkAndList) {
+  TypeTube(station, 3, "45");
+  s.Comments = std::string("tab\there, back\\slash,\r\nline \xB0");
+  station.Choose(s.optX(1), "True");
+  s.txtDia(0) = "4";
+  s.txtDia(1) = "4";
+  s.txtZ4(0) = "28";
+  s.txtBandWidth(1) = "0.25";
+  s.txtNumberOfLayers(1) = "2";
+  station.Choose(s.cmb3D(1), "REG");
+  s.gFileName = "tube.t4d";
+  const Snapshot before = s.TakeSnapshot();
+  const std::string text = RecoveryText(s);
+
+  StationOnStage other;
+  DesignState& t = other.Started().s;
+  ASSERT_FALSE(before.SameTexts(t.TakeSnapshot()));
+  const auto design = ReadRecovery(text);
+  ASSERT_TRUE(design);
+  Restore(t, *design);
+  const Snapshot after = t.TakeSnapshot();
+  EXPECT_EQ(after.texts, before.texts);
+  ASSERT_EQ(after.looks.size(), before.looks.size());
+  for (std::size_t i = 0; i < before.looks.size(); ++i) {
+    EXPECT_EQ(after.looks[i].mark, before.looks[i].mark) << i;
+    EXPECT_EQ(after.looks[i].shown, before.looks[i].shown) << i;
+    EXPECT_EQ(after.looks[i].enabled, before.looks[i].enabled) << i;
+  }
+  EXPECT_EQ(t.cmbPattern(1).entries(), s.cmbPattern(1).entries());
+  EXPECT_FALSE(t.cmbPattern(1).entries().empty());
+  EXPECT_EQ(t.LayerTable2Ax(2, 1), "45");
+  EXPECT_TRUE(t.gShow4Axis);
+  EXPECT_EQ(t.gFileName.text(), "tube.t4d");
+  EXPECT_EQ(RecoveryText(t), text);
+}
+
+// A copy that was cut off by the crash itself, or damaged, is none.
+TEST_F(RecoveryTest, TakesNothingButAWholeCopy) {
+  TypeTube(station, 1, "45");
+  const std::string text = RecoveryText(s);
+  ASSERT_TRUE(ReadRecovery(text));
+  for (std::size_t length = 0; length < text.size(); length += 97)
+    EXPECT_FALSE(ReadRecovery(text.substr(0, length))) << length;
+  EXPECT_FALSE(ReadRecovery(text + "x"));
+  EXPECT_FALSE(ReadRecovery("TORVANE RECOVERY COPY 1\nfield\tx\nEND"));
+  EXPECT_FALSE(ReadRecovery("TORVANE RECOVERY COPY 1\n\nEND"));
+  EXPECT_FALSE(ReadRecovery(std::string(1000, '\\')));
+}
+
+}  // namespace
+}  // namespace torvane
