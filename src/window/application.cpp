@@ -24,9 +24,10 @@ Platform WindowComputer::AsPlatform() {
 }
 
 WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
-    : theme_(theme), station_(platform), binder_(station_) {
+    : theme_(theme), station_(platform), programDialog_(theme), binder_(station_) {
+  station_.programProgress = &programDialog_;
   timer_.setSingleShot(true);
-  connect(&timer_, &QTimer::timeout, this, [this] { binder_.Do([this] { station_.Tick(); }); });
+  connect(&timer_, &QTimer::timeout, this, [this] { LetTick(); });
   splash_ = std::make_unique<Splash>(desk());
   station_.Form_Load();
   main_ = std::make_unique<MainWindow>(desk());
@@ -36,6 +37,14 @@ WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
     if (station_.ended) QCoreApplication::quit();
   });
   binder_.Flush();
+}
+
+void WindowProgram::LetTick() {
+  constexpr int kSoon = 50;  // milliseconds
+  if (programDialog_.busy())
+    timer_.start(kSoon);
+  else
+    binder_.Do([this] { station_.Tick(); });
 }
 
 void WindowProgram::WindClock() {

@@ -13,6 +13,7 @@
 #include "window/binder.h"
 #include "window/dialogs.h"
 #include "window/main_window.h"
+#include "window/program_dialog.h"
 #include "window/splash.h"
 #include "window/station_dialog.h"
 
@@ -46,9 +47,11 @@ class WindowProgram : public QObject {
 
  private:
   void WindClock();
+  void LetTick();
 
   Theme& theme_;
   WholeStation station_;
+  ProgramDialog programDialog_;
   Binder binder_;
   QTimer timer_;
   std::unique_ptr<Splash> splash_;

@@ -66,6 +66,12 @@ void Binder::Repaint(const Field& field) {
   QTimer::singleShot(0, this, [this] { Flush(); });
 }
 
+// What would show it finds nothing any more.
+void Binder::Gone(const Field& field) {
+  changed_.erase(&field);
+  bound_.erase(&field);
+}
+
 void Binder::ShowEverything() {
   for (const auto& [field, all] : bound_) changed_.insert(field);
   Flush();

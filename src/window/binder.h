@@ -49,6 +49,7 @@ class Binder : public QObject, private FieldWatcher {
   };
 
   void Repaint(const Field& field) override;
+  void Gone(const Field& field) override;
   void Forget(QObject* owner);
   void Remember(QObject* owner);
 

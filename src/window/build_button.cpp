@@ -6,6 +6,7 @@
 #include "look/text.h"
 #include "window/layer_columns.h"
 #include "window/marks_panel.h"
+#include "workbench/build_warnings.h"
 
 namespace torvane {
 
@@ -33,6 +34,9 @@ QString BuildButton::SecondLine() const {
   const auto marked = MarkedFields(s).size();
   if (marked == 1) return QStringLiteral("1 marked value, look first");
   if (marked > 1) return QStringLiteral("%1 marked values, look first").arg(marked);
+  const auto warnings = BuildWarnings(desk_.station).size();
+  if (warnings == 1) return QStringLiteral("1 warning, look first");
+  if (warnings > 1) return QStringLiteral("%1 warnings, look first").arg(warnings);
   return QStringLiteral("writes %1%2 and starts the executor")
       .arg(Shown(WithoutLast(s.gFileName.text(), 4)),
            s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));

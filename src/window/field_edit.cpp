@@ -6,6 +6,7 @@
 #include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/help.h"
+#include "workbench/number_hint.h"
 
 namespace torvane {
 
@@ -42,6 +43,7 @@ void FieldEdit::Show() {
   if (palette != this->palette()) setPalette(palette);
   QString tip =
       field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
+  if (const QString hint = Shown(NumberHint(field_, desk_.station.s.signs)); !hint.isEmpty()) tip = hint;
   if (tip.isEmpty()) tip = HelpOf(field_).sentence;
   setToolTip(tip);
   update();

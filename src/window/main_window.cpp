@@ -28,7 +28,7 @@
 #include "window/tool_bar.h"
 #include "window/totals_panel.h"
 #include "workbench/design_commands.h"
-#include "workbench/messages.h"
+#include "workbench/number_hint.h"
 
 namespace torvane {
 
@@ -137,6 +137,7 @@ void MainWindow::FollowState() {
   setWindowTitle(Shown(s.frmMain.caption()).trimmed() + QStringLiteral("[*]"));
   setWindowModified(s.gDirty);
   setVisible(s.frmMain.shown() && !desk_.station.ended);
+  if (described_ != nullptr) Describe(*described_);
 }
 
 void MainWindow::FollowFocus(QWidget* now) {
@@ -144,8 +145,15 @@ void MainWindow::FollowFocus(QWidget* now) {
   if (now != nullptr && isAncestorOf(now))
     field = FindField(desk_.station.s, now->objectName().toStdString());
   if (field == nullptr) return;
-  const Help help = HelpOf(*field);
-  status_->Describe(help.name, help.sentence);
+  described_ = field;
+  Describe(*field);
+}
+
+// What a typed number reads as goes before what its field is for.
+void MainWindow::Describe(const Field& field) {
+  const Help help = HelpOf(field);
+  const QString hint = Shown(NumberHint(field, desk_.station.s.signs));
+  status_->Describe(help.name, hint.isEmpty() ? help.sentence : hint);
 }
 
 void MainWindow::GoTo(const Field& field) {
@@ -230,10 +238,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
     desk_.station.platform.messageBox.Show("Torvane Designer", path.reason(), BoxIcon::Stop);
     return;
   }
-  desk_.binder.Do([&] {
-    AskToSaveFirst(desk_.station);
-    OpenDesign(desk_.station, path.value());
-  });
+  desk_.binder.Do([&] { OpenNamedDesign(desk_.station, path.value()); });
 }
 
 void MainWindow::paintEvent(QPaintEvent*) {

@@ -36,6 +36,7 @@ class MainWindow : public QMainWindow {
   QWidget* MakeRail();
   void FollowState();
   void FollowFocus(QWidget* now);
+  void Describe(const Field& field);
   void OrderTabs();
   void StorePlace();
   void Blink();
@@ -51,6 +52,7 @@ class MainWindow : public QMainWindow {
   MarksPanel* marks_ = nullptr;
   QWidget* build_ = nullptr;
   StatusLine* status_ = nullptr;
+  const Field* described_ = nullptr;  // in the status line
   bool placed_ = false;
 };
 

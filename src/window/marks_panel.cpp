@@ -1,7 +1,9 @@
 #include "window/marks_panel.h"
 #include "look/paint.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <algorithm>
 
 #include "design/catalogue.h"
@@ -10,6 +12,7 @@
 #include "window/field_paint.h"
 #include "window/help.h"
 #include "window/layer_columns.h"
+#include "workbench/build_warnings.h"
 
 namespace torvane {
 
@@ -36,6 +39,17 @@ std::vector<const Field*> MarkedFields(DesignState& s) {
   return marked;
 }
 
+std::vector<Note> NotesOf(Station& station) {
+  std::vector<Note> notes;
+  for (const Field* field : MarkedFields(station.s))
+    notes.push_back({field, field->mark(), HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),
+                     QString::fromLatin1(WordsOf(field->mark()))});
+  for (const BuildWarning& warning : BuildWarnings(station))
+    if (warning.field->mark() == Mark::Plain)
+      notes.push_back({warning.field, Mark::Plain, Shown(warning.what), Shown(warning.why)});
+  return notes;
+}
+
 MarksPanel::MarksPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   setObjectName(QStringLiteral("marks"));
   setMinimumHeight(50);
@@ -47,7 +61,6 @@ void MarksPanel::paintEvent(QPaintEvent*) {
   QPainter p(this);
   PaintPanel(p, t, rect());
   p.setRenderHint(QPainter::Antialiasing, false);
-  const auto marked = MarkedFields(desk_.station.s);
   const auto line = [&](int y, const QString& title, const QString& second) {
     p.setFont(t.Font(13, Weight::Medium));
     p.setPen(t[Token::Text]);
@@ -59,33 +72,53 @@ void MarksPanel::paintEvent(QPaintEvent*) {
     p.drawText(box.translated(0, 16), Qt::AlignLeft | Qt::AlignVCenter,
                p.fontMetrics().elidedText(second, Qt::ElideRight, box.width()));
   };
-  if (marked.empty()) {
+  const auto notes = NotesOf(desk_.station);
+  if (notes.empty()) {
     PaintIcon(p, Icon::Check, {15, 12, 22, 22}, t[Token::Ok]);
     line(8, QStringLiteral("Nothing marked"), QStringLiteral("No value is missing, too high or too low."));
     return;
   }
   const int room = std::max(1, (height() - 12) / kLine);
   int y = 8;
-  for (int i = 0; i < static_cast<int>(marked.size()); ++i) {
-    const Field& field = *marked[static_cast<std::size_t>(i)];
-    const int left = static_cast<int>(marked.size()) - i;
-    InputLook look{field.mark(), true, false, false};
-    PaintInput(p, t, QRectF(14, y, 26, 26), look);
+  for (int i = 0; i < static_cast<int>(notes.size()); ++i) {
+    const Note& note = notes[static_cast<std::size_t>(i)];
+    const int left = static_cast<int>(notes.size()) - i;
+    if (note.mark == Mark::Plain)
+      PaintIcon(p, Icon::Warning, {15, y + 1.0, 24, 24}, t[Token::Note]);
+    else
+      PaintInput(p, t, QRectF(14, y, 26, 26), {note.mark, true, false, false});
     if (i == room - 1 && left > 1) {
-      line(y - 2, QStringLiteral("%1 more marked fields").arg(left),
-           HelpOf(field).name + QStringLiteral(" ..."));
+      line(y - 2, QStringLiteral("%1 more to look at").arg(left), note.title + QStringLiteral(" ..."));
       break;
     }
-    line(y - 2, HelpOf(field).name + QStringLiteral(" ") + Shown(field.text()),
-         QString::fromLatin1(WordsOf(field.mark())));
+    line(y - 2, note.title, note.second);
     y += kLine;
   }
 }
 
+int MarksPanel::LineAt(int y) const {
+  const int room = std::max(1, (height() - 12) / kLine);
+  return std::clamp((y - 8) / kLine, 0, room - 1);
+}
+
 void MarksPanel::mousePressEvent(QMouseEvent* event) {
-  const auto marked = MarkedFields(desk_.station.s);
-  const auto line = static_cast<std::size_t>(std::max(0, (event->pos().y() - 8) / kLine));
-  if (line < marked.size() && goTo) goTo(*marked[line]);
+  const auto notes = NotesOf(desk_.station);
+  const auto line = static_cast<std::size_t>(LineAt(event->pos().y()));
+  if (line < notes.size() && goTo) goTo(*notes[line].field);
+}
+
+// What a line has no room for; the last line stands for all that follow.
+bool MarksPanel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  auto* help = static_cast<QHelpEvent*>(event);
+  const auto notes = NotesOf(desk_.station);
+  const auto line = static_cast<std::size_t>(LineAt(help->pos().y()));
+  const bool last = LineAt(help->pos().y()) == LineAt(height());
+  QStringList words;
+  for (std::size_t i = line; i < notes.size() && (i == line || last); ++i)
+    words.push_back(notes[i].title + QStringLiteral(". ") + notes[i].second);
+  QToolTip::showText(help->globalPos(), words.join(QLatin1Char('\n')), this);
+  return true;
 }
 
 }  // namespace torvane

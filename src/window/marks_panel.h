@@ -17,12 +17,24 @@ class MarksPanel : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
+  int LineAt(int y) const;
+
   Desk desk_;
 };
 
 // Fields of the family in use that are marked and can be seen, worst first.
 std::vector<const Field*> MarkedFields(DesignState& s);
+
+// A line of the list: a marked field, or with a plain mark what a build is warned of.
+struct Note {
+  const Field* field;
+  Mark mark = Mark::Plain;
+  QString title, second;
+};
+// The marked fields, then the warnings that hang on no marked field.
+std::vector<Note> NotesOf(Station& station);
 
 }  // namespace torvane

@@ -5,7 +5,9 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "design/text.h"
 #include "look/text.h"
+#include "workbench/recent_files.h"
 
 namespace torvane {
 
@@ -38,7 +40,14 @@ constexpr Entry kHelp[] = {{"&2-Axis Software Overview", "mnuVideo2AX", ""},
                            {"&4-Axis Software Overview", "mnuVideo4AX", ""},
                            {nullptr, nullptr, nullptr},
                            {"&About Torvane Designer", "mnuAbout", ""}};
-constexpr Entry kSettings[] = {{"&Settings...", "mnuProperties", ""}, {"S&peeds...", "mnuSpeeds", ""}};
+constexpr Entry kSettings[] = {{"&Settings...", "mnuProperties", ""},
+                               {"S&peeds...", "mnuSpeeds", ""},
+                               {"&Machine...", "mnuMachine", ""}};
+// Beside the told row menu, which works on two-axis rows alone.
+constexpr Entry kFourAxisRow[] = {{"Copy 4-Axis Row", "mnuCopy4Ax", ""},
+                                  {"Paste 4-Axis Row", "mnuPaste4Ax", ""},
+                                  {"Clear 4-Axis Row", "mnuClear4Ax", ""},
+                                  {"Delete 4-Axis Row", "mnuDelete4Ax", ""}};
 
 QAction* Add(QMenu& menu, Desk desk, const Entry& entry) {
   if (entry.caption == nullptr) return menu.addSeparator();
@@ -69,6 +78,32 @@ void AddRowEntries(QMenu& menu, Desk desk) {
                      [desk, control = entry->row().name] { desk.binder.Run(control); });
   }
   menu.setToolTipsVisible(true);
+  if (!s.gShow4Axis) return;
+  menu.addSeparator();
+  for (const Entry& entry : kFourAxisRow) Add(menu, desk, entry);
+}
+
+// The designs last opened or saved, as they stand when the menu opens.
+void AddRecentFiles(QMenu& file, Desk desk) {
+  auto* recent = new QMenu(QStringLiteral("Open &Recent"), &file);
+  recent->setObjectName(QStringLiteral("mnuRecent"));
+  recent->setToolTipsVisible(true);
+  QAction* save = file.findChild<QAction*>(QStringLiteral("mnuSaveFile"));
+  file.insertMenu(save, recent);
+  QObject::connect(&file, &QMenu::aboutToShow, recent, [recent, desk] {
+    recent->clear();
+    int place = 0;
+    for (const std::string& path : RecentFiles(desk.station.platform.store)) {
+      ++place;
+      QString name = Shown(BehindLastBackslash(path));
+      name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+      QAction* action = recent->addAction(QStringLiteral("&%1  %2").arg(place).arg(name));
+      action->setToolTip(Shown(path));
+      QObject::connect(action, &QAction::triggered, recent,
+                       [desk, place] { desk.binder.Run("mnuRecent", Event::Click, place); });
+    }
+    recent->setEnabled(place > 0);
+  });
 }
 
 // Keys of the whole window, so the action outlives the menu that shows it.
@@ -108,7 +143,7 @@ void AddEditMenu(QMainWindow& window, Desk desk) {
 }  // namespace
 
 void AddMenus(QMainWindow& window, Desk desk, const std::function<void(bool)>& useDark) {
-  AddMenu(window, desk, "&File", kFile);
+  AddRecentFiles(*AddMenu(window, desk, "&File", kFile), desk);
   AddEditMenu(window, desk);
   QMenu* view = window.menuBar()->addMenu(QStringLiteral("&View"));
   auto* group = new QActionGroup(view);

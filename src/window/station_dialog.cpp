@@ -57,6 +57,7 @@ void DialogHost::Follow() {
     QWidget* made = nullptr;
     if (window.name() == "frmSettings") made = MakeSettingsWindow(desk_, window, parent_);
     if (window.name() == "frmAbout") made = MakeAboutWindow(desk_, window, parent_);
+    if (window.name() == "frmMachine") made = MakeMachineWindow(desk_, window, parent_);
     if (window.name() == "frmPolar") made = MakePreviewWindow(desk_, window, parent_);
     if (made == nullptr) {
       desk_.station.Close(window);
