@@ -120,6 +120,7 @@ QAction* AddHistoryEntry(QMainWindow& window, Desk desk, const Entry& entry) {
 void AddEditMenu(QMainWindow& window, Desk desk) {
   QAction* undo = AddHistoryEntry(window, desk, {"&Undo", "mnuUndo", "Ctrl+Z"});
   QAction* redo = AddHistoryEntry(window, desk, {"&Redo", "mnuRedo", "Ctrl+Shift+Z"});
+  redo->setShortcuts({redo->shortcut(), QKeySequence(QStringLiteral("Ctrl+Y"))});
   QMenu* edit = window.menuBar()->addMenu(QStringLiteral("&Edit"));
   QObject::connect(edit, &QMenu::aboutToShow, edit, [edit, undo, redo, desk] {
     edit->clear();

@@ -1,33 +1,11 @@
 #include "window/station_dialog.h"
 
-#include <QTimer>
-
-#include "window/field_widgets.h"
-
 namespace torvane {
 
 StationDialog::StationDialog(Desk desk, Window& window, const QString& title, QWidget* parent)
     : QDialog(parent), desk_(desk), window_(window) {
   setObjectName(QString::fromLatin1(window.name().data()));
   setWindowTitle(title);
-  desk.binder.BindAll(this, [this] {
-    if (showing_) return;
-    showing_ = true;
-    QTimer::singleShot(0, this, [this] { ShowFields(); });
-  });
-}
-
-// A window's fields tell nobody what changed, so all that it has are shown after each doing.
-void StationDialog::ShowFields() {
-  if (isVisible()) {
-    for (const auto* edit : findChildren<QLineEdit*>())
-      desk_.binder.Again(static_cast<const FieldEdit*>(edit)->field());
-    for (const QWidget* widget : findChildren<QWidget*>())
-      if (const Field* field = window_.Find(widget->objectName().toStdString())) desk_.binder.Again(*field);
-    desk_.binder.Flush();
-    update();
-  }
-  showing_ = false;
 }
 
 DialogHost::DialogHost(Desk desk, QWidget* parent) : desk_(desk), parent_(parent) {

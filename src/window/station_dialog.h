@@ -23,11 +23,6 @@ class StationDialog : public QDialog {
 
   Desk desk_;
   Window& window_;
-
- private:
-  void ShowFields();
-
-  bool showing_ = false;
 };
 
 // Opens and closes the dialogs as the station opens and closes its windows.

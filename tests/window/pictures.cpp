@@ -112,6 +112,7 @@ int main(int argc, char** argv) {
     pictures.Take("settings" + end, "Tube-4x24.t2d", wide, 1,
                   [](WindowProgram& p) { p.binder().Run("Label10"); });
     pictures.Take("about" + end, {}, wide, 0, [](WindowProgram& p) { p.binder().Run("mnuAbout"); });
+    pictures.Take("machine" + end, {}, wide, 0, [](WindowProgram& p) { p.binder().Run("mnuMachine"); });
     pictures.Take("preview" + end, "Hemi-Vessel-150mm.t4d", wide, 1, [](WindowProgram& p) {
       p.binder().Run("btn4XRow", Event::Click, 1);
       p.binder().Run("tmrStartDraw", Event::Tick);
