@@ -58,27 +58,33 @@ class MachineWindow : public StationDialog {
     const MachineLine* before = nullptr;
     for (const MachineLine& line : MachineLines()) {
       if (before == nullptr) head("Machine");
-      if (before != nullptr && before->check && !line.check) head("Notices");
+      if (before != nullptr && before->check && !line.check) {
+        head("Messages");
+        AddMessages(*grid, row++);
+        head("Notices");
+      }
       if (before != nullptr && !before->calibration && line.calibration) head("Calibration");
       AddLine(*grid, row++, line);
       before = &line;
     }
-    head("Messages");
-    auto* silenced = new Word(desk_, {}, 14, Token::Text);
-    silenced->setObjectName(QStringLiteral("lblSilenced"));
-    desk_.binder.Bind(Of("lblSilenced"), silenced,
-                      [this, silenced] { silenced->SetText(Shown(Of("lblSilenced").text())); });
-    grid->addWidget(silenced, row, 0);
-    auto* show = MakeButton(ButtonLook::Outline, "btnShowMessages", 220, page);
-    desk_.binder.Bind(Of("btnShowMessages"), show,
-                      [this, show] { show->setEnabled(Of("btnShowMessages").enabled()); });
-    grid->addWidget(show, row++, 1);
     grid->setRowStretch(row, 1);
     return page;
   }
 
+  void AddMessages(QGridLayout& grid, int row) {
+    auto* silenced = new Word(desk_, {}, 14, Token::Text);
+    silenced->setObjectName(QStringLiteral("lblSilenced"));
+    desk_.binder.Bind(Of("lblSilenced"), silenced,
+                      [this, silenced] { silenced->SetText(Shown(Of("lblSilenced").text())); });
+    grid.addWidget(silenced, row, 0);
+    auto* show = MakeButton(ButtonLook::Outline, "btnShowMessages", 220, this);
+    desk_.binder.Bind(Of("btnShowMessages"), show,
+                      [this, show] { show->setEnabled(Of("btnShowMessages").enabled()); });
+    grid.addWidget(show, row, 1, Qt::AlignRight);
+  }
+
   void AddLine(QGridLayout& grid, int row, const MachineLine& line) {
-    const QString sentence = Shown(std::string(line.sentence));
+    const QString sentence = Shown(line.sentence);
     Field& field = Of(line.field);
     if (line.check) {
       auto* check = new FieldCheck(desk_, field, sentence);

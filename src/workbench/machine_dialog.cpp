@@ -1,7 +1,6 @@
 #include "workbench/machine_dialog.h"
 
-#include <algorithm>
-
+#include "design/text.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 
@@ -34,17 +33,26 @@ struct Address {
 };
 
 constexpr Address kAddresses[] = {
-    {"txtMailServer", &Fields::txtMailServer, "Mail server of the notices"},
-    {"txtEmail1", &Fields::txtEmail1, "First address of the notices"},
-    {"txtEmail2", &Fields::txtEmail2, "Second address of the notices"},
+    {"txtMailServer", &Fields::txtMailServer, "Mail server"},
+    {"txtEmail1", &Fields::txtEmail1, "First address"},
+    {"txtEmail2", &Fields::txtEmail2, "Second address"},
 };
+
+// The table of the calibration speaks in the middle of a line.
+std::string AsSentence(std::string_view meaning) {
+  std::string sentence(meaning);
+  sentence.replace(0, 1, UpperCase(sentence.substr(0, 1)));
+  return sentence;
+}
 
 std::vector<MachineLine> AllLines() {
   std::vector<MachineLine> lines;
-  for (const Flag& flag : kFlags) lines.push_back({std::string(flag.field), flag.sentence, true});
-  for (const Address& address : kAddresses) lines.push_back({std::string(address.field), address.sentence});
+  for (const Flag& flag : kFlags)
+    lines.push_back({std::string(flag.field), std::string(flag.sentence), true});
+  for (const Address& address : kAddresses)
+    lines.push_back({std::string(address.field), std::string(address.sentence)});
   for (const CalibrationKey& key : CalibrationKeys())
-    lines.push_back({"txt" + std::string(key.key), key.meaning, false, true});
+    lines.push_back({"txt" + std::string(key.key), AsSentence(key.meaning), false, true});
   return lines;
 }
 

@@ -10,11 +10,10 @@ namespace torvane {
 // silenced message be shown again.
 void OpenMachine(Station& station);
 
-// A field of the page with what it says: its name, the words beside it, and the unit, empty where there is
-// none.
+// A field of the page: its name and the words beside it.
 struct MachineLine {
   std::string field;
-  std::string_view sentence;
+  std::string sentence;
   bool check = false;
   bool calibration = false;
 };
