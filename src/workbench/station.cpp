@@ -23,11 +23,10 @@ struct NamedTimer {
   std::string_view name;
   Timer Station::*timer;
 };
-constexpr NamedTimer kTimers[] = {{"tmrBlink", &Station::tmrBlink},
-                                  {"tmrSplash", &Station::tmrSplash},
-                                  {"tmrStartDraw", &Station::tmrStartDraw},
-                                  {"tmrDraw", &Station::tmrDraw},
-                                  {"tmrRecovery", &Station::tmrRecovery}};
+constexpr NamedTimer kTimers[] = {
+    {"tmrBlink", &Station::tmrBlink},         {"tmrSplash", &Station::tmrSplash},
+    {"tmrStartDraw", &Station::tmrStartDraw}, {"tmrDraw", &Station::tmrDraw},
+    {"tmrOffer", &Station::tmrOffer},         {"tmrRecovery", &Station::tmrRecovery}};
 
 }  // namespace
 

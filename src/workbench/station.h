@@ -94,6 +94,8 @@ class Station : private ChangeOperations {
   // One shots of the preview: its first drawing, and the pause before its next pass.
   Timer tmrStartDraw{std::chrono::milliseconds(300)};
   Timer tmrDraw{std::chrono::milliseconds(250)};
+  // From the main window's first showing to the question whether a former design is to come back.
+  Timer tmrOffer{std::chrono::milliseconds(200)};
   // From a change of the design to its recovery copy.
   Timer tmrRecovery{std::chrono::seconds(10)};
   Recovery recovery;

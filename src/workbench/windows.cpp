@@ -39,6 +39,11 @@ void tmrSplash_Tick(Station& station, int) {
   station.StopTimer(station.tmrSplash);
   station.s.frmSplash.Show(false);
   station.s.frmMain.Show(true);
+  station.StartTimer(station.tmrOffer);
+}
+
+void tmrOffer_Tick(Station& station, int) {
+  station.StopTimer(station.tmrOffer);
   OfferRecovery(station);
 }
 
@@ -124,6 +129,7 @@ constexpr Operation kOperations[] = {
     {"lbl2D", Event::Click, [](Station&, int) {}},
     {"lblUnits", Event::Click, [](Station&, int) {}},
     {"tmrSplash", Event::Tick, tmrSplash_Tick},
+    {"tmrOffer", Event::Tick, tmrOffer_Tick},
     {"chkDontShowVideoLinks", Event::Click, chkDontShowVideoLinks_Click},
     {"lblCommunity", Event::Click, [](Station& station, int) { OpenWebLink(station, kCommunityLink); }},
     {"lblVidLink", Event::Click, Video},

@@ -99,10 +99,15 @@ struct RecoveryTest : testing::Test {
     onStage.stage.clock.Advance(std::chrono::seconds(seconds));
     station.Tick();
   }
+  // And what a former station left is offered.
+  void LetSplashClose() {
+    Wait(0);
+    Wait(1);
+  }
 };
 
 TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
-  Wait(0);  // the splash closes, and there is nothing to offer
+  LetSplashClose();
   station.Type(s.txtDiameterLeft, "4");
   EXPECT_FALSE(files.Exists(kRecovery));
   Wait(11);
@@ -118,7 +123,7 @@ TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
 }
 
 TEST_F(RecoveryTest, ADesignThatFoundNoPlaceAtTheEndStays) {
-  Wait(0);
+  LetSplashClose();
   station.Type(s.txtDiameterLeft, "4");
   files.FailWrites(kDesign, "No space left on device");
   onStage.stage.messageDialog.answers.push_back({true});
