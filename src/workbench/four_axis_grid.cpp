@@ -25,6 +25,7 @@ void CalculateHoopRow(DesignState& s, int row) {
 }
 
 void optType_Click(Station& station, int index) {
+  if (!station.s.optType(index).exists()) return;
   station.s.gDirty = true;
   station.platform.files.MakeProgramFolderCurrent();
   SelectPartType(station.s, index);

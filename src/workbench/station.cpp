@@ -193,7 +193,11 @@ void Station::Tick() {
 
 void Station::Changed(const Field& field) {
   const auto place = static_cast<std::size_t>(&field.row() - Catalogue().data());
-  if (changes_[place] == nullptr || depth_ >= kDeepestEcho) return;
+  if (changes_[place] == nullptr) return;
+  if (depth_ >= kDeepestEcho) {
+    ++cutEchoes;
+    return;
+  }
   ++depth_;
   changes_[place]->run(*this, field.index());
   --depth_;

@@ -88,6 +88,8 @@ class Station : private ChangeOperations {
   // When the start guard began.
   Moment started{};
   bool ended = false;
+  // Changes whose operation was left out because their echo would not have come to rest; 0 as far as is known.
+  int cutEchoes = 0;
 
   Timer tmrBlink{std::chrono::milliseconds(500)};
   Timer tmrSplash{std::chrono::milliseconds(3500)};
