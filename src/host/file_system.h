@@ -1,6 +1,7 @@
 // Whole files by the computer's own paths. The reasons do not name the file: the caller knows it.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -44,10 +45,10 @@ struct FileStamp {
 std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 // Keeps other processes, and other locks of this one, out until it is destroyed. The file is made and stays:
-// removing it would let two in. Gives up after ten seconds, so that a halted process halts no other.
+// removing it would let two in. Gives up when its patience ends, so that a halted process halts no other.
 class FileLock {
  public:
-  explicit FileLock(const std::filesystem::path& path);
+  FileLock(const std::filesystem::path& path, std::chrono::milliseconds patience);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;

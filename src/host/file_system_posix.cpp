@@ -140,20 +140,20 @@ std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
                    static_cast<std::uint64_t>(found.st_size), static_cast<std::uint64_t>(found.st_ino)};
 }
 
-FileLock::FileLock(const std::filesystem::path& path) {
+FileLock::FileLock(const std::filesystem::path& path, std::chrono::milliseconds patience) {
   using std::chrono::steady_clock;
   handle_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
   if (handle_ < 0) {
     taken_ = Refused(errno);
     return;
   }
-  const auto end = steady_clock::now() + std::chrono::seconds(10);
+  const auto end = steady_clock::now() + patience;
   while (flock(static_cast<int>(handle_), LOCK_EX | LOCK_NB) != 0) {
     if (errno != EWOULDBLOCK && errno != EINTR) {
       taken_ = Refused(errno);
       return;
     }
-    if (steady_clock::now() > end) {
+    if (steady_clock::now() >= end) {
       taken_ = Refusal{"Another program keeps it locked."};
       return;
     }

@@ -153,7 +153,7 @@ std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
                    joined(found.nFileIndexHigh, found.nFileIndexLow)};
 }
 
-FileLock::FileLock(const std::filesystem::path& path) {
+FileLock::FileLock(const std::filesystem::path& path, std::chrono::milliseconds patience) {
   using std::chrono::steady_clock;
   const HANDLE file = Opened(path, GENERIC_READ | GENERIC_WRITE, kShareAll, OPEN_ALWAYS);
   if (file == INVALID_HANDLE_VALUE) {
@@ -161,7 +161,7 @@ FileLock::FileLock(const std::filesystem::path& path) {
     return;
   }
   handle_ = reinterpret_cast<std::intptr_t>(file);
-  const auto end = steady_clock::now() + std::chrono::seconds(10);
+  const auto end = steady_clock::now() + patience;
   OVERLAPPED start{};
   while (!LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &start)) {
     const DWORD error = GetLastError();
@@ -169,7 +169,7 @@ FileLock::FileLock(const std::filesystem::path& path) {
       taken_ = Refused(error);
       return;
     }
-    if (steady_clock::now() > end) {
+    if (steady_clock::now() >= end) {
       taken_ = Refusal{"Another program keeps it locked."};
       return;
     }

@@ -13,7 +13,8 @@ namespace torvane {
 // none, the desktop's own opener shows the file or folder.
 class HostLauncher : public Launcher {
  public:
-  // The reason names the program. Standard input of the program is empty.
+  // The reason names the program. Standard input of the program is empty. Looks at the program's first
+  // moments, a quarter of a second: one that ends in them with a failure counts as not started.
   Outcome Start(std::string_view commandLine, std::string_view folder) override;
   // Opens addresses of the web only. Whether it worked is not told.
   void OpenLink(std::string_view url) override;

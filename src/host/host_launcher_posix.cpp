@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -127,9 +128,25 @@ Result<Command> Resolved(std::string_view line, const fs::path& folder) {
   _exit(127);
 }
 
-// 0 or the system's error number. The program is a grandchild, so that nobody here has to wait for its end;
-// the pipe closes of itself when it runs.
-int Spawn(const Command& command, const char* folder) {
+// Waits out a program's first moments. 0, or what a program that ended in them with a failure comes to: its
+// exit status or, from kSignal on, the signal that ended it. Only calls that are safe behind a fork.
+constexpr int kSignal = 1000;
+int FailureInFirstMoments(pid_t program) {
+  constexpr int kLooks = 50;
+  constexpr int kBetweenLooks = 5;  // milliseconds
+  for (int look = 0; look < kLooks; ++look) {
+    int status = 0;
+    if (waitpid(program, &status, WNOHANG) == program)
+      return WIFSIGNALED(status) ? kSignal + WTERMSIG(status) : WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+    poll(nullptr, 0, kBetweenLooks);
+  }
+  return 0;
+}
+
+// 0, the system's error number, or less than 0: the negative of a failure in the program's first moments,
+// where these are watched. The program is a grandchild, so that nobody here has to wait for its end; the pipe
+// closes of itself when it runs.
+int Spawn(const Command& command, const char* folder, bool watched) {
   std::array<int, 2> report{};
   if (pipe2(report.data(), O_CLOEXEC) != 0) return errno;
   // All memory is taken before the fork: another thread may have the allocator locked during it.
@@ -141,8 +158,9 @@ int Spawn(const Command& command, const char* folder) {
   if (child == 0) {
     const pid_t grandchild = fork();
     if (grandchild == 0) BecomeProgram(command.program.c_str(), words.data(), folder, report[1]);
-    const int error = errno;
-    if (grandchild < 0 && write(report[1], &error, sizeof error) < 0) _exit(126);
+    const int error = grandchild < 0 ? errno : watched ? -FailureInFirstMoments(grandchild) : 0;
+    // A program that never ran has told its own error first.
+    if (error != 0 && write(report[1], &error, sizeof error) < 0) _exit(126);
     _exit(0);
   }
   int error = child < 0 ? errno : 0;
@@ -172,17 +190,20 @@ Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folde
   }
   const auto command = Resolved(commandLine, SystemPath(hostFolder.value()));
   if (!command) return Refusal{command.reason()};
-  if (const int failed = Spawn(command.value(), hostFolder.value().c_str())) {
+  if (const int failed = Spawn(command.value(), hostFolder.value().c_str(), true)) {
     const auto name = StationPath(HostText(command.value().program));
     return Refusal{(name ? name.value() : std::string(commandLine)) + ": " +
-                   ReasonOf({failed, std::generic_category()})};
+                   (failed > 0 ? ReasonOf({failed, std::generic_category()})
+                    : -failed >= kSignal
+                        ? "It ended at once by signal " + std::to_string(-failed - kSignal) + "."
+                        : "It ended at once with status " + std::to_string(-failed) + ".")};
   }
   return Done{};
 }
 
 void HostLauncher::OpenLink(std::string_view url) {
   if (!IsWebAddress(url)) return;
-  if (const auto opener = Opener(ToUtf8(url))) Spawn(*opener, nullptr);
+  if (const auto opener = Opener(ToUtf8(url))) Spawn(*opener, nullptr, false);
 }
 
 std::string HostLauncher::EnvironmentVariable(std::string_view name) const {

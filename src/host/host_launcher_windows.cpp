@@ -49,8 +49,13 @@ Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folde
     const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
     return Refusal{name + ": " + ReasonOf(error)};
   }
+  constexpr DWORD kFirstMoments = 250;  // milliseconds
+  DWORD status = 0;
+  const bool failed = WaitForSingleObject(started.hProcess, kFirstMoments) == WAIT_OBJECT_0 &&
+                      GetExitCodeProcess(started.hProcess, &status) && status != 0;
   CloseHandle(started.hThread);
   CloseHandle(started.hProcess);
+  if (failed) return Refusal{name + ": It ended at once with status " + std::to_string(status) + "."};
   return Done{};
 }
 

@@ -20,7 +20,8 @@ bool Settled(const std::optional<FileStamp>& stamp) {
 
 }  // namespace
 
-IniStore::IniStore(std::string_view hostPath) : path_(SystemPath(hostPath)) {}
+IniStore::IniStore(std::string_view hostPath, std::chrono::milliseconds patience)
+    : path_(SystemPath(hostPath)), patience_(patience) {}
 
 const IniText& IniStore::Current() const {
   const auto stamp = StampOf(path_);
@@ -50,7 +51,9 @@ Outcome IniStore::Write(std::string_view section, std::string_view key, std::str
 
   auto lockPath = target;
   lockPath += ".lock";
-  const FileLock lock(lockPath);
+  // Who has waited in vain does not make the operator wait at every key.
+  const FileLock lock(lockPath, lockedOut_ ? std::chrono::milliseconds(0) : patience_);
+  lockedOut_ = !lock.Taken();
   if (!lock.Taken()) return refused(lock.Taken().reason());
 
   std::string bytes;

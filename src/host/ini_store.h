@@ -2,6 +2,7 @@
 // takes in what the others wrote before it, and the file is replaced in one step.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,8 +18,9 @@ namespace torvane {
 class IniStore : public SettingsStore {
  public:
   // Neither the file nor its folder need be there; the first write makes them. With an empty path nothing is
-  // read and writes are refused.
-  explicit IniStore(std::string_view hostPath);
+  // read and writes are refused. A write waits for another station's lock with `patience`; behind one that
+  // waited in vain, the next ones do not wait.
+  explicit IniStore(std::string_view hostPath, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
   // Refused, with the file as it was, where it cannot be read, locked or replaced.
@@ -35,6 +37,8 @@ class IniStore : public SettingsStore {
   const IniText& Current() const;
 
   std::filesystem::path path_;
+  std::chrono::milliseconds patience_;
+  bool lockedOut_ = false;
   mutable std::optional<Seen> seen_;
 };
 

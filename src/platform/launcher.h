@@ -1,4 +1,4 @@
-// Starting other programs and opening addresses. Nothing waits for what was started.
+// Starting other programs and opening addresses. Nothing waits for the end of what was started.
 #pragma once
 
 #include <string>

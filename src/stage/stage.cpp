@@ -10,6 +10,7 @@ std::optional<std::string> MemoryStore::Read(std::string_view section, std::stri
 }
 
 Outcome MemoryStore::Write(std::string_view section, std::string_view key, std::string_view value) {
+  if (!refusal_.empty()) return Refusal{refusal_};
   values_[{std::string(section), std::string(key)}] = value;
   return Done{};
 }

@@ -19,7 +19,11 @@ class MemoryStore : public SettingsStore {
   // Sorted by section and key.
   std::vector<Entry> All() const override;
 
+  // From now on every write is refused; with an empty reason none is.
+  void FailWrites(std::string reason) { refusal_ = std::move(reason); }
+
  private:
+  std::string refusal_;
   std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 

@@ -125,6 +125,7 @@ void Station::Form_Load() {
     s.txtLeft(i).Show(false);
     s.txtRight(i).Show(false);
   }
+  TellOfStore();
 }
 
 }  // namespace torvane

@@ -13,6 +13,17 @@ NumberSigns SignsOf(const Locale& locale) {
   return {signs.decimal, signs.date, signs.time};
 }
 
+Platform WithStore(const Platform& computer, SettingsStore& store) {
+  return {store,
+          computer.clock,
+          computer.locale,
+          computer.files,
+          computer.messageDialog,
+          computer.messageBox,
+          computer.fileDialog,
+          computer.launcher};
+}
+
 constexpr auto kStartGuard = std::chrono::seconds(5);
 
 // A change of every figure of 15 rows sets off fewer changes inside each other than this. What is deeper is
@@ -31,7 +42,10 @@ constexpr NamedTimer kTimers[] = {
 }  // namespace
 
 Station::Station(const Platform& platform_)
-    : s(SignsOf(platform_.locale)), platform(platform_), changes_(Catalogue().size()) {
+    : s(SignsOf(platform_.locale)),
+      keptStore(platform_.store),
+      platform(WithStore(platform_, keptStore)),
+      changes_(Catalogue().size()) {
   s.operations = this;
   SetCaptions(s);
   for (const auto& table : {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(),
@@ -63,6 +77,7 @@ auto Station::Remembered(const Field* typed, Doing doing) {
   const auto result = doing();
   const bool changed = history != history_ || Remember(std::move(before), typed);
   FollowWithRecovery(*this, changed);
+  TellOfStore();
   return result;
 }
 
@@ -189,6 +204,17 @@ void Station::Tick() {
     StartTimer(timer);
     RunAnywhere(named.name, Event::Tick, 0);
   }
+  TellOfStore();
+}
+
+void Station::TellOfStore() {
+  if (const auto reason = keptStore.TakeRefusal())
+    platform.messageBox.Show(
+        "Torvane Designer",
+        *reason + (ended ? "\r\n\r\nWhat you chose since the start is not kept."
+                         : "\r\n\r\nYou can go on. What you choose holds until you close the "
+                           "station, and each\r\nfurther choice tries to store it again."),
+        BoxIcon::Stop);
 }
 
 void Station::Changed(const Field& field) {

@@ -15,6 +15,7 @@
 #include "design/state.h"
 #include "gcode/program.h"
 #include "persist/four_axis_file.h"
+#include "persist/kept_store.h"
 #include "persist/two_axis_file.h"
 #include "platform/platform.h"
 #include "workbench/operations.h"
@@ -79,7 +80,8 @@ class Station : private ChangeOperations {
   void Tick();
 
   DesignState s;
-  const Platform platform;
+  KeptStore keptStore;      // in front of the computer's own
+  const Platform platform;  // with that store
   // What the files last read of either family have left for files that lack it.
   TwoAxisLists twoAxisLists;
   FourAxisHeld fourAxisHeld;
@@ -88,7 +90,8 @@ class Station : private ChangeOperations {
   // When the start guard began.
   Moment started{};
   bool ended = false;
-  // Changes whose operation was left out because their echo would not have come to rest; 0 as far as is known.
+  // Changes whose operation was left out because their echo would not have come to rest; 0 as far as is
+  // known.
   int cutEchoes = 0;
 
   Timer tmrBlink{std::chrono::milliseconds(500)};
@@ -133,6 +136,8 @@ class Station : private ChangeOperations {
   ProgramProgress* programProgress = nullptr;
 
  private:
+  // Says once that the store cannot be written.
+  void TellOfStore();
   void Changed(const Field& field) override;
   // An event in a field, of its window or of the main one.
   void RunFor(const Field& field, Event event);

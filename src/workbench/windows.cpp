@@ -171,6 +171,7 @@ void Station::Form_Unload() {
   while (!windows.empty()) Close(*windows.back());
   s.frmSplash.Show(false);
   ended = true;
+  TellOfStore();
 }
 
 }  // namespace torvane

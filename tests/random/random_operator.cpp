@@ -122,9 +122,10 @@ RandomOperator::RandomOperator(std::uint64_t seed, const std::vector<Sample>& sa
   }
   stage_.files.FailWrites(std::string(kFolder) + "full.t2d", "There is no room.");
   stage_.files.FailWrites(std::string(kFolder) + "full.t4d", "There is no room.");
-  for (const auto& table : {TwoAxisGridOperations(), FourAxisGridOperations(), InputCheckOperations(),
-                            ChecklistOperations(), UnitOperations(), EstimateOperations(), DesignOperations(),
-                            WindowOperations(), LaunchOperations(), TraceOperations()})
+  for (const auto& table :
+       {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
+        ChecklistOperations(), UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations(),
+        LaunchOperations(), TraceOperations()})
     for (const Operation& operation : table)
       // Changes and ticks are no doings of an operator.
       if (operation.event != Event::Change && operation.event != Event::Tick)

@@ -1,0 +1,47 @@
+#include "persist/kept_store.h"
+
+namespace torvane {
+
+std::optional<std::string> KeptStore::Read(std::string_view section, std::string_view key) const {
+  if (!kept_.empty())
+    if (const auto kept = kept_.find(Name(section, key)); kept != kept_.end()) return kept->second;
+  return under_.Read(section, key);
+}
+
+Outcome KeptStore::Write(std::string_view section, std::string_view key, std::string_view value) {
+  const Outcome written = under_.Write(section, key, value);
+  if (!written) {
+    kept_[Name(section, key)] = value;
+    if (!refused_) refusal_ = written.reason();
+    refused_ = true;
+    return written;
+  }
+  if (!refused_) return written;
+  kept_.erase(Name(section, key));
+  while (!kept_.empty()) {
+    const auto& [name, text] = *kept_.begin();
+    if (!under_.Write(name.first, name.second, text)) return written;
+    kept_.erase(kept_.begin());
+  }
+  refused_ = false;
+  told_ = false;
+  return written;
+}
+
+std::vector<SettingsStore::Entry> KeptStore::All() const {
+  std::vector<Entry> entries = under_.All();
+  for (Entry& entry : entries)
+    if (const auto kept = kept_.find(Name(entry.section, entry.key)); kept != kept_.end())
+      entry.value = kept->second;
+  for (const auto& [name, value] : kept_)
+    if (!under_.Read(name.first, name.second)) entries.push_back({name.first, name.second, value});
+  return entries;
+}
+
+std::optional<std::string> KeptStore::TakeRefusal() {
+  if (!refused_ || told_) return std::nullopt;
+  told_ = true;
+  return refusal_;
+}
+
+}  // namespace torvane

@@ -1,0 +1,40 @@
+// The computer's store, in front of which nothing is lost while it cannot be written.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/settings_store.h"
+
+namespace torvane {
+
+class KeptStore : public SettingsStore {
+ public:
+  // `under` must outlive it.
+  explicit KeptStore(SettingsStore& under) : under_(under) {}
+
+  // A value that was refused reads as it was written here.
+  std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
+  // Refused as the store under it refuses. The value is kept then, and offered again behind the next write
+  // that succeeds.
+  Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
+  std::vector<Entry> All() const override;
+
+  // Why a write was refused, once; nothing until all that is kept has been written and another is refused.
+  std::optional<std::string> TakeRefusal();
+
+ private:
+  using Name = std::pair<std::string, std::string>;
+
+  SettingsStore& under_;
+  std::map<Name, std::string> kept_;
+  std::string refusal_;
+  bool refused_ = false;
+  bool told_ = false;
+};
+
+}  // namespace torvane
