@@ -39,11 +39,12 @@ void OfferRecovery(Station& station) {
   const std::optional<RecoveredDesign> found = ReadRecovery(text.value());
   if (!found) return;
   const std::string name = found->fileName.empty() ? "A design without a file" : found->fileName;
-  const bool wanted = station.platform.messageDialog.Ask(
-      {"\r\n" + name +
-       " was not saved when the station ended.\r\nDo you want to bring it back as it was ?\r\n\r\n" +
-       "With No it is offered again at the next start,\r\nuntil another design takes its place."});
-  if (!wanted) return;
+  Message question;
+  question.text =
+      "\r\n" + name +
+      " was not saved when the station ended.\r\nDo you want to bring it back as it was ?\r\n\r\n" +
+      "With No it is offered again at the next start,\r\nuntil another design takes its place.";
+  if (!station.platform.messageDialog.Ask(question)) return;
   Restore(station.s, *found);
   station.s.gDirty = true;
   station.recovery.ours = true;
