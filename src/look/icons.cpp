@@ -27,6 +27,10 @@ QPainterPath SolidOf(Icon icon) {
   switch (icon) {
     case Icon::Play:
       return Filled({{5, 3}, {17, 10}, {5, 17}});
+    case Icon::Pause:
+      path.addRoundedRect(QRectF(4.5, 3, 4, 14), 1.5, 1.5);
+      path.addRoundedRect(QRectF(11.5, 3, 4, 14), 1.5, 1.5);
+      return path;
     case Icon::Left:
       return Filled({{13, 4.5}, {13, 15.5}, {6, 10}});
     case Icon::Right:

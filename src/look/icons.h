@@ -17,6 +17,7 @@ enum class Icon : std::uint8_t {
   Wheel,
   Gear,
   Play,
+  Pause,
   Redo,
   Undo,
   Refresh,

@@ -44,6 +44,7 @@ constexpr Colours kColours[] = {
     {0xFF5C4700, 0xFF221A00},  // text
     {0xFFD3262B, 0xFFD93338},  // too high
     {0xFFC2191F, 0xFFD93338},  // stop too low
+    {0xFF2F9E5B, 0xFF4FC07D},  // split angle
     {0xFF2B7A4B, 0xFF5CC98A},  // ok
     {0xFFA86200, 0xFFF0B04A},  // note
     {0xFFC2191F, 0xFFFF6B6B},  // fault

@@ -42,6 +42,7 @@ enum class Token : std::uint8_t {
   NeedsText,
   TooHigh,
   TooLow,
+  Split,
   Ok,
   Note,
   Fault,

@@ -4,6 +4,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
+#include "window/link.h"
 #include "window/station_dialog.h"
 
 namespace torvane {
@@ -15,14 +16,11 @@ class AboutWindow : public StationDialog {
   AboutWindow(Desk desk, Window& window, QWidget* parent)
       : StationDialog(desk, window, QStringLiteral("About Torvane Designer"), parent) {
     setFixedSize(580, 208);
-    const auto link = [&](const char* control, const QString& text, int y) {
-      auto* button = new Button(desk_, ButtonLook::Flat, Icon::None, text, this);
-      button->Runs(control);
-      button->setFixedHeight(26);
-      button->setGeometry(270, y, button->sizeHint().width(), 26);
-    };
-    link("lblHelpURL", Shown(Of("lblHelpURL").caption()), 82);
-    link("lblCheckNewSoftware", Shown(Of("lblCheckNewSoftware").caption()), 108);
+    int y = 82;
+    for (const char* control : {"lblHelpURL", "lblCheckNewSoftware"}) {
+      (new Link(desk_, Icon::None, Shown(Of(control).caption()), control, this))->move(274, y);
+      y += 26;
+    }
     auto* close = new Button(desk_, ButtonLook::Filled, Icon::None, Shown(Of("btnCancel").caption()), this);
     close->Runs("btnCancel");
     close->setFixedHeight(42);

@@ -4,6 +4,8 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int kLeastWidth = 580;
 constexpr int kBar = 66;
+constexpr int kTextLeft = 80, kAbove = 22, kTextLine = 22;
 
 // Without the empty lines at its ends.
 QString Body(const QString& text) {
@@ -26,10 +29,40 @@ QString Body(const QString& text) {
   return lines.join(QLatin1Char('\n'));
 }
 
+// The message with its own line breaks.
+class MessageText : public QLabel {
+ public:
+  MessageText(const Theme& theme, const QString& text, QWidget* parent)
+      : QLabel(text, parent), theme_(theme), lines_(text.split(QLatin1Char('\n'))) {
+    setObjectName(QStringLiteral("lblMsg"));
+    setTextFormat(Qt::PlainText);
+    const QFontMetrics metrics(theme.Font(15));
+    int widest = 0;
+    for (const QString& line : lines_) widest = std::max(widest, metrics.horizontalAdvance(line));
+    resize(widest + 2, static_cast<int>(lines_.size()) * kTextLine);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.setFont(theme_.Font(15));
+    p.setPen(theme_[Token::Text]);
+    int y = 0;
+    for (const QString& line : lines_) {
+      p.drawText(QRect(0, y, width(), kTextLine), Qt::AlignLeft | Qt::AlignVCenter, line);
+      y += kTextLine;
+    }
+  }
+
+ private:
+  const Theme& theme_;
+  QStringList lines_;
+};
+
 }  // namespace
 
 MessageView ViewOf(const Message& message) {
-  MessageView view{QStringLiteral("Message"), Shown(message.text), message.number, message.okOnly,
+  MessageView view{QStringLiteral(" Message"), Shown(message.text), message.number, message.okOnly,
                    message.offer};
   if (!message.okOnly)
     view.icon = Icon::Question;
@@ -42,74 +75,71 @@ MessageView ViewOf(const Message& message) {
 
 MessageWindow::MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked,
                              QWidget* parent)
-    : QDialog(parent), theme_(theme), view_(view) {
+    : QDialog(parent, Qt::Dialog | Qt::WindowStaysOnTopHint), theme_(theme), view_(view) {
   setObjectName(QStringLiteral("message"));
   setWindowTitle(view.title);
   setPalette(theme.Palette());
-  setAccessibleName(view.title);
   view_.text = Body(view.text);
+  setAccessibleName(view.title.trimmed());
   setAccessibleDescription(view_.text);
-  const QFontMetrics metrics(theme.Font(15));
-  const QStringList lines = view_.text.split(QLatin1Char('\n'));
-  int widest = 0;
-  for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
-  const int body = std::max(98, 2 * 24 + static_cast<int>(lines.size()) * 22);
-  ground_ = body;
-  setFixedSize(std::max(kLeastWidth, widest + 80 + 70), body + kBar);
+  auto* text = new MessageText(theme, view_.text, this);
+  ground_ = std::max(98, text->height() + 2 * kAbove);
+  setFixedSize(std::max(kLeastWidth, kTextLeft + text->width() + 70), ground_ + kBar);
+  text->move(kTextLeft, kAbove);
+  AddBar(ticked);
+}
 
-  auto* bar = new QHBoxLayout;
+void MessageWindow::AddBar(const std::function<void()>& ticked) {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(22, 0, 20, 12);
+  column->setContentsMargins(22, 0, 18, 12);
   column->addStretch(1);
-  column->addLayout(bar);
+  auto* bar = new QHBoxLayout;
   bar->setSpacing(10);
-  if (view.offer) {
+  column->addLayout(bar);
+  if (view_.offer) {
     auto* offer = new QCheckBox(QStringLiteral("Don't Show this Message Again"), this);
-    offer->setObjectName(QStringLiteral("chkDontShow"));
-    offer->setFont(theme.Font(13));
+    offer->setObjectName(QStringLiteral("chkNoShow"));
+    offer->setFont(theme_.Font(13));
+    offer->setMinimumHeight(32);
     connect(offer, &QCheckBox::clicked, this, [ticked](bool on) {
       if (on && ticked) ticked();
     });
     bar->addWidget(offer);
   }
   bar->addStretch(1);
-  const auto button = [&](const QString& caption, bool isDefault, int result) {
+  const auto button = [&](const char* name, const QString& caption, bool isDefault, int result) {
     auto* made = new QPushButton(caption, this);
+    made->setObjectName(QString::fromLatin1(name));
     made->setFixedSize(118, 42);
-    made->setFont(theme.Font(14, Weight::Medium));
+    made->setFont(theme_.Font(14, Weight::Medium));
     made->setDefault(isDefault);
     made->setAutoDefault(isDefault);
     connect(made, &QPushButton::clicked, this, [this, result] { done(result); });
     bar->addWidget(made);
     if (isDefault) made->setFocus();
   };
-  if (view.okOnly) {
-    button(QStringLiteral("OK"), true, QDialog::Rejected);
-  } else {
-    button(QStringLiteral("&Yes"), true, QDialog::Accepted);
-    button(QStringLiteral("&No"), false, QDialog::Rejected);
-  }
+  if (!view_.okOnly) button("btnYes", QStringLiteral("&Yes"), true, QDialog::Accepted);
+  button("btnNo", view_.okOnly ? QStringLiteral("OK") : QStringLiteral("&No"), view_.okOnly,
+         QDialog::Rejected);
 }
 
 void MessageWindow::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.fillRect(rect(), theme_[Token::Panel]);
   p.fillRect(0, ground_, width(), height() - ground_, theme_[Token::Bars]);
-  p.setPen(theme_[Token::Hairline]);
-  p.drawLine(0, ground_, width(), ground_);
+  p.fillRect(0, ground_, width(), 1, theme_[Token::Hairline]);
   PaintIcon(p, view_.icon, {22, 20, 40, 40}, theme_[view_.ink]);
-  p.setFont(theme_.Font(15));
-  p.setPen(theme_[Token::Text]);
-  int y = 22;
-  for (const QString& line : view_.text.split(QLatin1Char('\n'))) {
-    p.drawText(QRect(80, y, width() - 100, 22), Qt::AlignLeft | Qt::AlignVCenter, line);
-    y += 22;
-  }
   if (view_.number == 0) return;
   p.setFont(theme_.Font(12));
   p.setPen(theme_[Token::Off]);
-  p.drawText(QRect(width() - 80, 20, 60, 16), Qt::AlignRight | Qt::AlignVCenter,
+  p.drawText(QRect(width() - 84, 20, 60, 16), Qt::AlignRight | Qt::AlignVCenter,
              QString::number(view_.number));
+}
+
+void MessageWindow::keyPressEvent(QKeyEvent* event) {
+  if (!view_.okOnly && event->key() == Qt::Key_Y) return done(QDialog::Accepted);
+  if (!view_.okOnly && event->key() == Qt::Key_N) return done(QDialog::Rejected);
+  QDialog::keyPressEvent(event);
 }
 
 bool QtMessageDialog::Ask(const Message& message) {

@@ -20,14 +20,18 @@ struct MessageView {
 };
 MessageView ViewOf(const Message& message);
 
+// Above all other windows. Y and N press their buttons; Esc and the cross are No, or OK of a notice.
 class MessageWindow : public QDialog {
  public:
   MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked, QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void AddBar(const std::function<void()>& ticked);
+
   const Theme& theme_;
   MessageView view_;
   int ground_ = 0;  // where the bar of the buttons begins

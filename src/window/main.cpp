@@ -48,7 +48,6 @@ int main(int argc, char** argv) {
     return 2;
   }
   QApplication application(argc, argv);
-  QApplication::setApplicationDisplayName(QStringLiteral("Torvane Designer"));
   QApplication::setDesktopFileName(QStringLiteral("torvane-designer"));
   QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);

@@ -1,106 +1,382 @@
 #include <QBoxLayout>
-#include <QGridLayout>
+#include <QBuffer>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
+#include <numbers>
 
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
 #include "window/polar_picture.h"
+#include "window/segments.h"
 #include "window/station_dialog.h"
+#include "workbench/polar_svg.h"
 #include "workbench/preview.h"
 
 namespace torvane {
 
 namespace {
 
+constexpr int kFigures = 174;
+
+// The drawing itself. It tells where the pointer stands, and its context menu saves the picture.
 class Canvas : public QWidget {
  public:
-  explicit Canvas(Desk desk) : desk_(desk) { setMinimumSize(320, 320); }
+  explicit Canvas(Desk desk) : desk_(desk) {
+    setObjectName(QStringLiteral("picPreview"));
+    setAccessibleName(QStringLiteral("Pattern seen from the end of the part"));
+    setToolTip(QStringLiteral("The right button saves the picture."));
+    setMinimumSize(320, 320);
+    setMouseTracking(true);
+    setCursor(Qt::CrossCursor);
+  }
+
+  // The pointer's place in the picture's units.
+  std::function<void(QPointF)> pointed;
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
-    p.fillRect(rect(), desk_.theme[Token::Drawing]);
-    PaintPolar(p, desk_.theme, LastDrawing(desk_.station), Inset(rect(), 20));
+    Paint(p, rect(), LastDrawing(desk_.station));
+  }
+  void mouseMoveEvent(QMouseEvent* event) override {
+    const PolarFrame frame(LastDrawing(desk_.station), Picture(rect()));
+    if (!frame.empty() && pointed) pointed(frame.PlaneOf(event->position()));
+  }
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("mnuPicture"));
+    for (const bool svg : {false, true}) {
+      QAction* save = menu.addAction(svg ? QStringLiteral("Save Picture as &SVG...")
+                                         : QStringLiteral("Save Picture as &PNG..."));
+      connect(save, &QAction::triggered, this, [this, svg] { Save(svg); });
+    }
+    menu.exec(event->globalPos());
+  }
+
+ private:
+  static QRectF Picture(const QRect& box) { return Inset(box, 14); }
+
+  void Paint(QPainter& p, const QRect& box, const std::vector<PolarFigure>& figures) const {
+    PaintPanel(p, desk_.theme, box);
+    PaintPolar(p, desk_.theme, figures, Picture(box));
+  }
+
+  // The picture as it stands when the menu is opened.
+  void Save(bool svg) {
+    const Platform& platform = desk_.station.platform;
+    DesignState& s = desk_.station.s;
+    const std::vector<PolarFigure> figures = LastDrawing(desk_.station);
+    std::string name = s.gFileName.empty() ? "Pattern" : s.gFileName.text();
+    name = name.substr(0, name.rfind('.')) + "-layer-" + s.lblLayer.text() + (svg ? ".svg" : ".png");
+    const auto path = platform.fileDialog.AskSave(svg ? "Pictures (*.svg)|*.svg|" : "Pictures (*.png)|*.png|",
+                                                  FolderOf(s.gFilePath.text()), name);
+    if (!path) return;
+    const QByteArray bytes = svg ? SvgBytes(figures) : PngBytes(figures);
+    const Outcome written = platform.files.WriteWhole(
+        *path, {std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))});
+    if (!written)
+      platform.messageBox.Show("Torvane Designer", "The picture was not saved: " + written.reason(),
+                               BoxIcon::Stop);
+  }
+
+  static std::string FolderOf(const std::string& path) {
+    const auto end = path.rfind('\\');
+    return end == std::string::npos ? "" : path.substr(0, end);
+  }
+
+  QByteArray SvgBytes(const std::vector<PolarFigure>& figures) const {
+    const DesignState& s = desk_.station.s;
+    const QString title =
+        Shown(s.gFileName.text() + ", layer " + s.lblLayer.text() + ": " + desk_.station.polarTag);
+    const double radius = figures.empty() ? 1 : figures.front().radius;
+    return QByteArray::fromStdString(SvgOf(figures, radius, title.toStdString()));
+  }
+
+  QByteArray PngBytes(const std::vector<PolarFigure>& figures) const {
+    constexpr int kSide = 800;
+    QPixmap picture(2 * kSide, 2 * kSide);
+    picture.setDevicePixelRatio(2);
+    picture.fill(desk_.theme[Token::Panel]);
+    {
+      QPainter p(&picture);
+      PaintPolar(p, desk_.theme, figures, Picture({0, 0, kSide, kSide}));
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return bytes;
+  }
+
+  Desk desk_;
+};
+
+class Line : public QWidget {
+ public:
+  explicit Line(Desk desk) : desk_(desk) { setFixedHeight(17); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.fillRect(0, height() / 2, width(), 1, desk_.theme[Token::Hairline]);
   }
 
  private:
   Desk desk_;
 };
 
+class Swatch : public QWidget {
+ public:
+  Swatch(Desk desk, Token token) : desk_(desk), token_(token) { setFixedSize(20, 6); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), desk_.theme[token_]); }
+
+ private:
+  Desk desk_;
+  Token token_;
+};
+
+class FigurePanel : public QWidget {
+ public:
+  explicit FigurePanel(Desk desk) : desk_(desk) { setFixedWidth(kFigures); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    PaintPanel(p, desk_.theme, rect());
+  }
+
+ private:
+  Desk desk_;
+};
+
+// How many passes of the pattern have been drawn.
+class Progress : public QWidget {
+ public:
+  explicit Progress(Desk desk) : desk_(desk) {
+    setObjectName(QStringLiteral("progress"));
+    setFixedHeight(32);
+  }
+
+  void Show(int drawn, int all) {
+    drawn_ = drawn;
+    all_ = all;
+    setAccessibleName(Words());
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = desk_.theme;
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(t[Token::Hairline]);
+    p.drawRoundedRect(QRectF(0, 0, width(), 6), 3, 3);
+    p.setBrush(t[Token::Accent]);
+    if (drawn_ > 0) p.drawRoundedRect(QRectF(0, 0, width() * std::min(1.0, 1.0 * drawn_ / all_), 6), 3, 3);
+    p.setPen(t[Token::Second]);
+    p.setFont(t.Font(12));
+    p.drawText(rect().adjusted(0, 12, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, Words());
+  }
+
+ private:
+  QString Words() const {
+    return all_ == 0 ? QStringLiteral("No pattern to draw")
+                     : QStringLiteral("%1 of %2 passes drawn").arg(drawn_).arg(all_);
+  }
+
+  Desk desk_;
+  int drawn_ = 0, all_ = 0;
+};
+
 class PreviewDialog : public StationDialog {
  public:
   PreviewDialog(Desk desk, Window& window, QWidget* parent)
-      : StationDialog(desk, window, QStringLiteral("Pattern Preview"), parent) {
-    resize(720, 640);
+      : StationDialog(desk, window, QStringLiteral("Polar pattern"), parent) {
+    setMinimumSize(600, 620);
+    resize(720, 702);
     auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(14, 14, 14, 14);
-    rows->setSpacing(12);
+    rows->setContentsMargins(12, 0, 12, 14);
+    rows->setSpacing(10);
+    rows->addWidget(MakeHead());
     auto* upper = new QHBoxLayout;
-    upper->setSpacing(14);
+    upper->setSpacing(8);
     canvas_ = new Canvas(desk);
+    canvas_->pointed = [this](QPointF at) { Point(at); };
     upper->addWidget(canvas_, 1);
     upper->addWidget(MakeFigures());
     rows->addLayout(upper, 1);
+    progress_ = new Progress(desk);
+    rows->addWidget(progress_);
     rows->addWidget(MakeButtons());
-    desk_.binder.BindAll(this, [this] { canvas_->update(); });
+    desk_.binder.BindAll(this, [this] { Follow(); });
   }
 
  protected:
   const char* Leaving() const override { return "btnClose"; }
-  void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), desk_.theme[Token::Panel]); }
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.fillRect(rect(), desk_.theme[Token::Window]);
+    p.fillRect(0, 0, width(), kHead, desk_.theme[Token::Bars]);
+    p.fillRect(0, kHead, width(), 1, desk_.theme[Token::Hairline]);
+  }
 
  private:
-  QWidget* MakeFigures() {
-    auto* owner = new QWidget(this);
-    owner->setFixedWidth(174);
-    auto* grid = new QGridLayout(owner);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setColumnStretch(0, 1);
-    constexpr const char* kFigures[][2] = {{"Layer", "lbllayerNo"},     {"Pattern", "lblPolarTag"},
-                                           {"Groups:", "lblC"},         {"Circuits per Group:", "lblP"},
-                                           {"Phi Len:", "lblPhiL"},     {"End Grazing Angle:", "lblG"},
-                                           {"End Wrap", "lblW"},        {"Split", "lblSplitAngle"},
-                                           {"Circuit", "lblCircuitNo"}, {"Pass", "lblPassNo"}};
-    int row = 0;
-    for (const auto& [caption, field] : kFigures) {
-      grid->addWidget(new Word(desk_, QString::fromLatin1(caption), 12, Token::Second), row++, 0);
-      auto* figure = new ReadOut(desk_, Of(field), 14);
-      figure->setObjectName(QString::fromLatin1(field));
-      grid->addWidget(figure, row++, 0);
+  static constexpr int kHead = 54;
+
+  ReadOut* Figure(const char* field, int size) {
+    auto* figure = new ReadOut(desk_, Of(field), size, this);
+    figure->setObjectName(QString::fromLatin1(field));
+    return figure;
+  }
+  Word* Caption(const char* text, int size = 12) {
+    return new Word(desk_, QString::fromLatin1(text), size, Token::Second);
+  }
+
+  QWidget* MakeHead() {
+    auto* head = new QWidget(this);
+    head->setFixedHeight(kHead);
+    auto* row = new QHBoxLayout(head);
+    row->setContentsMargins(5, 0, 5, 0);
+    row->setSpacing(6);
+    row->addWidget(Caption("Layer", 15));
+    auto* layer = Figure("lbllayerNo", 15);
+    layer->setFixedWidth(20);
+    row->addWidget(layer);
+    row->addSpacing(10);
+    row->addWidget(Figure("lblPolarTag", 22));
+    row->addStretch(1);
+    row->addWidget(Caption("seen from the end of the part"));
+    return head;
+  }
+
+  // The running number, large, and how many there will be.
+  void AddCounter(QVBoxLayout& column, const char* caption, const char* field, const char* last) {
+    column.addWidget(Caption(caption));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(5);
+    row->addWidget(Figure(field, 24));
+    auto* of = new Word(desk_, {}, 15, Token::Second);
+    desk_.binder.BindAll(of, [this, of, last] {
+      if (desk_.station.OpenWindow("frmPolar") == &window_ && !Of(last).empty())
+        of->SetText(QStringLiteral("of ") + Shown(Of(last).text()));
+    });
+    row->addWidget(of, 0, Qt::AlignBottom);
+    row->addStretch(1);
+    column.addLayout(row);
+    column.addSpacing(4);
+  }
+
+  void AddLine(QVBoxLayout& column, const char* caption, QWidget* figure, QWidget* swatch = nullptr) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(3);
+    if (swatch != nullptr) {
+      row->addWidget(swatch);
+      row->addSpacing(4);
     }
-    grid->setRowStretch(row, 1);
-    return owner;
+    row->addWidget(Caption(caption));
+    row->addStretch(1);
+    if (figure != nullptr) row->addWidget(figure);
+    row->setContentsMargins(0, 3, 0, 3);
+    column.addLayout(row);
+  }
+
+  QWidget* MakeFigures() {
+    auto* panel = new FigurePanel(desk_);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(12, 10, 11, 10);
+    column->setSpacing(2);
+    AddCounter(*column, "Circuit # :", "lblCircuitNo", "lblP");
+    AddCounter(*column, "Pass # :", "lblPassNo", "lblC");
+    column->addWidget(new Line(desk_));
+    AddLine(*column, "Groups:", Figure("lblC", 14));
+    AddLine(*column, "Circuits per Group:", Figure("lblP", 14));
+    AddLine(*column, "Phi Len:", Figure("lblPhiL", 14));
+    AddLine(*column, "End Grazing Angle:", Figure("lblG", 14));
+    column->addWidget(new Line(desk_));
+    AddLine(*column, "Split Angle", Figure("lblSplitAngle", 14), new Swatch(desk_, Token::Split));
+    AddLine(*column, "End Wrap Angle", Figure("lblW", 14), new Swatch(desk_, Token::BandBack));
+    AddLine(*column, "Group #1", nullptr, new Swatch(desk_, Token::TooHigh));
+    AddLine(*column, "bands laid", nullptr, new Swatch(desk_, Token::Text));
+    AddLine(*column, "band over the end", nullptr, new Swatch(desk_, Token::BandOut));
+    column->addWidget(new Line(desk_));
+    AddLine(*column, "X", Figure("lblX", 14));
+    AddLine(*column, "Y", Figure("lblY", 14));
+    radius_ = new Word(desk_, {}, 14, Token::Figures, Weight::Medium);
+    radius_->setObjectName(QStringLiteral("pointerRadius"));
+    angle_ = new Word(desk_, {}, 14, Token::Figures, Weight::Medium);
+    angle_->setObjectName(QStringLiteral("pointerAngle"));
+    AddLine(*column, "Radius", radius_);
+    AddLine(*column, "Angle", angle_);
+    column->addStretch(1);
+    return panel;
   }
 
   QWidget* MakeButtons() {
     auto* bar = new QWidget(this);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(10);
-    for (const char* control : {"btnPause", "btnPlay", "btnRedraw"})
-      row->addWidget(Add(control, ButtonLook::Outline));
-    row->addWidget(new Word(desk_, QStringLiteral("Draw Spd"), 12, Token::Second));
-    auto* speed = new FieldList(desk_, Of("cmbSpeed"));
-    speed->setFixedWidth(76);
-    row->addWidget(speed);
+    row->setSpacing(8);
+    pause_ = Add("btnPause", Icon::Pause, 110);
+    row->addWidget(pause_);
+    play_ = Add("btnPlay", Icon::Play, 103);
+    row->addWidget(play_);
+    row->addWidget(Add("btnRedraw", Icon::Refresh, 110));
     row->addStretch(1);
-    row->addWidget(Add("btnClose", ButtonLook::Filled));
+    row->addWidget(Caption("Draw Spd:", 13));
+    row->addWidget(new ChoiceSegments(desk_, Of("cmbSpeed"), Of("cmbSpeed").entries(), {41, 44}));
+    row->addStretch(1);
+    row->addWidget(Add("btnClose", Icon::None, 95));
     return bar;
   }
 
-  Button* Add(const char* control, ButtonLook look) {
-    auto* button = new Button(desk_, look, Icon::None, Shown(Of(control).caption()), this);
+  Button* Add(const char* control, Icon icon, int width) {
+    auto* button = new Button(desk_, ButtonLook::Outline, icon, Shown(Of(control).caption()), this);
     button->Runs(control);
-    button->setFixedHeight(44);
-    button->setMinimumWidth(92);
+    button->setFixedSize(width, 44);
     desk_.binder.Bind(Of(control), button,
                       [button, &field = Of(control)] { button->setEnabled(field.enabled()); });
     return button;
   }
 
+  // The pair shows what runs: the button that can be pressed is the filled one.
+  void Follow() {
+    if (desk_.station.OpenWindow("frmPolar") != &window_) return;
+    pause_->SetFilled(Of("btnPause").enabled());
+    play_->SetFilled(Of("btnPlay").enabled());
+    const auto whole = [this](const char* name) {
+      const Number value = number(Of(name));
+      return holds(value > 0) && holds(value <= kMostPolarPasses) ? static_cast<int>(value.value()) : 0;
+    };
+    const int groups = whole("lblC");
+    progress_->Show(std::max(0, whole("lblCircuitNo") - 1) * groups + whole("lblPassNo"),
+                    groups * whole("lblP"));
+    canvas_->update();
+  }
+
+  void Point(QPointF at) {
+    desk_.binder.Do([&] { ShowPointer(desk_.station, at.x(), at.y()); });
+    const double turn = std::atan2(at.y(), at.x()) * 180 / std::numbers::pi;
+    const QString unit = QStringLiteral(" ") + Shown(desk_.station.s.gUnits.text());
+    const QString radius = QString::number(std::hypot(at.x(), at.y()), 'f', 2) + unit;
+    radius_->SetText(radius);
+    radius_->setAccessibleName(radius);
+    angle_->SetText(QString::number(turn < 0 ? turn + 360 : turn, 'f', 1) + QChar(0xB0));
+  }
+
   Canvas* canvas_ = nullptr;
+  Progress* progress_ = nullptr;
+  Button* pause_ = nullptr;
+  Button* play_ = nullptr;
+  Word* radius_ = nullptr;
+  Word* angle_ = nullptr;
 };
 
 }  // namespace

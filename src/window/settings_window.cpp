@@ -1,5 +1,6 @@
+#include <QApplication>
 #include <QBoxLayout>
-#include <QGridLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -7,165 +8,259 @@
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
+#include "window/link.h"
+#include "window/machine_picture.h"
+#include "window/segments.h"
+#include "window/settings_lines.h"
 #include "window/station_dialog.h"
 
 namespace torvane {
 
 namespace {
 
-struct Line {
-  int tab;
-  const char* sentence;
-  const char* field;
-  const char* unit;
-  const char* twin;
-  const char* twinUnit;
+constexpr int kTabBar = 49, kFoot = 65, kSide = 300;
+constexpr int kSentence = 352;  // width
+constexpr const char* kPanels[] = {"picGeneral", "pic2Axis", "pic4Axis", "picSpeeds"};
+constexpr const char* kBelongs = "These values belong to the machine and serve every design.";
+constexpr const char* kHints[] = {
+    "", " The offset counts as measured once a key is pressed in it, and stays so after Cancel.",
+    " The offset counts as measured once a key is pressed in it, and stays so after Cancel.",
+    " A speed limit holds from its key on, and stays so after Cancel."};
+
+// The heading of a tab. The current one is bold, as the state says.
+class Tab : public QAbstractButton {
+ public:
+  Tab(Desk desk, const Field& field, int index, QWidget* parent)
+      : QAbstractButton(parent), desk_(desk), field_(field) {
+    setObjectName(QStringLiteral("lblTab(%1)").arg(index));
+    setText(Shown(field.caption()));
+    setFocusPolicy(Qt::TabFocus);
+    setFixedSize(124, 44);
+    connect(this, &QAbstractButton::clicked, this,
+            [this, index] { desk_.binder.Run("lblTab", Event::Click, index); });
+    desk.binder.Bind(field, this, [this] { update(); });
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = desk_.theme;
+    QPainter p(this);
+    const bool current = field_.bold();
+    if (current) {
+      p.fillRect(rect(), t[Token::Panel]);
+      p.fillRect(0, 0, width(), 3, t[Token::Accent]);
+      p.fillRect(0, 3, 1, height(), t[Token::Hairline]);
+      p.fillRect(width() - 1, 3, 1, height(), t[Token::Hairline]);
+    }
+    QFont font = t.Font(14, Weight::Medium);
+    font.setBold(current);
+    p.setFont(font);
+    p.setPen(t[current ? Token::Text : Token::Second]);
+    p.drawText(rect(), Qt::AlignCenter, text());
+    if (!hasFocus()) return;
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(t[Token::Focus], 2));
+    p.drawRoundedRect(rect().adjusted(5, 7, -5, -5), 4, 4);
+  }
+
+ private:
+  Desk desk_;
+  const Field& field_;
 };
 
-constexpr const char* kOffset =
-    "Z-distance from delivery head mid point to closest edge of mandrel post when carriage activates the "
-    "limit switch (home position). Measure all Z distances from this reference point.";
+// The letter and the sentence of a setting; its fields stand on it. The one that has the focus stands out.
+class Line : public QWidget {
+ public:
+  Line(Desk desk, const SettingLine& line) : desk_(desk), line_(line) {
+    const int below = (*line.note != '\0' ? Height(12, line.note) : 0) + (line.picture ? 26 : 0);
+    text_ = Height(13, line.sentence);
+    setFixedHeight(std::max(44, text_ + below + 26));
+    setMinimumWidth(660);
+    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+  }
 
-constexpr Line kLines[] = {
-    {0, "Speed at which the carriage approaches its limit switch", "txtLimitSwitchApproachSpeed", "in/s",
-     "txtLimitSwitchApproachSpeedMM", "mm/s"},
-    {0, "Turn of the mandrel after the carriage has stopped at the end of a pre-wrap",
-     "txtMandrelAdvanceAfterPreWrapCarriageStop", "deg", "", ""},
-    {0, "Pre-wrap the full length of the part (Y/N)", "txtPreWrapFullLengthYN", "", "", ""},
-    {0, "Turn of the mandrel after a layer is complete", "txtMandrelRotateAfterLayerCompletion", "deg", "",
-     ""},
-    {0, "Turn of the mandrel after the carriage has stopped at the end of the shrink tape",
-     "txtMandrelAdvanceAfterHSTCarriageStop", "deg", "", ""},
-    {0, "The heat gun just keeps going (Y/N)", "txtHeatGunJustKeepGoingYN", "", "", ""},
-    {1, kOffset, "Text3", "in", "Text2", "mm"},
-    {1, "Passes added to each layer", "txtAddPasses", "", "", ""},
-    {1, "Add an extra 360 degrees at the far end (Y/N)", "txtAddExtra360AtFarEndYN", "", "", ""},
-    {1, "Use proportional filament spacing (Y/N)", "txtUseProportionalFilamentSpacingYN", "", "", ""},
-    {1, "Add 360 degrees at the ends of a 2-axis layer (Y/N)", "txt2AXAdd360YN", "", "", ""},
-    {2, kOffset, "txtCarriageOffsetFromRMPFace", "in", "txtCarriageOffsetFromRMPFaceMM", "mm"},
-    {2, "Total width (including bolts) of delivery head when delivery head is horizontal",
-     "txtDHStructureWidth", "in", "txtDHStructureWidthMM", "mm"},
-    {2, "Distance from delivery head to mandrel central axis when delivery head fully retracted",
-     "txtDHYtoMandrelCenter", "in", "txtDHYtoMandrelCenterMM", "mm"},
-    {2, "Turn of the mandrel at the middle of an end wrap", "txtMidAngle", "deg", "", ""},
-    {2, "Split angle of an end wrap", "txtSplitAngle", "deg", "", ""},
-    {2, "Do not list winding patterns with winding angles greater than this many degrees",
-     "txtNoListPatternDegrees", "deg", "", ""},
-    {2,
-     "Delay time in milliseconds (1/1000 s) between C, DHL and DHR movement completion and Mandrel movement "
-     "completion (applies to G4, G5 and G6 movements)",
-     "txtDelayTimeInG456ToWaitForMandrelinMS", "ms", "", ""},
-    {2,
-     "When hoop winding, pause winder before each hoop layer to ensure proper transition from helical layer "
-     "to "
-     "hoop layer",
-     "txtPauseBeforeHoop", "", "", ""},
-    {2, "On the first pass of a 3-Axis winding layer, wrap an extra 360 degrees at each end (Y/N)",
-     "txt3AX1stPass360", "", "", ""},
-    {3, "Carriage speed of class SLOW", "txtcSpeed(0)", "in/s", "txtcSpeedmm(0)", "mm/s"},
-    {3, "Carriage speed of class MED", "txtcSpeed(1)", "in/s", "txtcSpeedmm(1)", "mm/s"},
-    {3, "Carriage speed of class FAST", "txtcSpeed(2)", "in/s", "txtcSpeedmm(2)", "mm/s"},
-    {3, "Mandrel speed of class SLOW", "txtmSpeed(0)", "RPM", "", ""},
-    {3, "Mandrel speed of class MED", "txtmSpeed(1)", "RPM", "", ""},
-    {3, "Mandrel speed of class FAST", "txtmSpeed(2)", "RPM", "", ""},
+  int TextBottom() const { return 13 + text_; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = desk_.theme;
+    QPainter p(this);
+    if (isAncestorOf(QApplication::focusWidget())) {
+      p.fillRect(rect(), t[Token::Selected]);
+      p.fillRect(0, 0, 4, height(), t[Token::Accent]);
+    }
+    p.fillRect(0, height() - 1, width(), 1, t[Token::Hairline]);
+    if (line_.letter != 0) PaintLetter(p, t, QPointF(27.5, height() / 2.0), 11, line_.letter);
+    Words(p, QRect(51, 13, kSentence, text_), 13, Token::Text, line_.sentence);
+    if (*line_.note != '\0')
+      Words(p, QRect(51, TextBottom(), kSentence, height()), 12, Token::Second, line_.note);
+  }
+
+ private:
+  int Height(int size, const char* words) const {
+    return QFontMetrics(desk_.theme.Font(size))
+        .boundingRect(QRect(0, 0, kSentence, 1000), Qt::TextWordWrap, QString::fromLatin1(words))
+        .height();
+  }
+  void Words(QPainter& p, const QRect& box, int size, Token token, const char* words) const {
+    p.setFont(desk_.theme.Font(size));
+    p.setPen(desk_.theme[token]);
+    p.drawText(box, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, QString::fromLatin1(words));
+  }
+
+  Desk desk_;
+  const SettingLine& line_;
+  int text_ = 0;
+};
+
+// Names the same letters as the lines beside it, and stays while they scroll.
+class Side : public QWidget {
+ public:
+  explicit Side(Desk desk) : desk_(desk) { setFixedWidth(kSide); }
+  void Show(int tab) {
+    tab_ = tab;
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = desk_.theme;
+    QPainter p(this);
+    p.fillRect(rect(), t[Token::Panel]);
+    p.fillRect(0, 0, 1, height(), t[Token::Hairline]);
+    PaintMachine(p, t, QRectF(QPointF(12, 16), kMachinePicture), static_cast<MachineLetters>(tab_));
+    PaintIcon(p, Icon::Info, {12, 290, 20, 20}, t[Token::Accent]);
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(QRect(42, 290, 246, 120), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+               QString::fromLatin1(kBelongs) + QString::fromLatin1(kHints[tab_]));
+  }
+
+ private:
+  Desk desk_;
+  int tab_ = 0;
 };
 
 class SettingsWindow : public StationDialog {
  public:
   SettingsWindow(Desk desk, Window& window, QWidget* parent)
       : StationDialog(desk, window, QStringLiteral("Settings"), parent) {
-    resize(720, 640);
+    setMinimumSize(900, 420);
+    resize(960, 664);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     rows->addWidget(MakeTabs());
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(0);
     pages_ = new QStackedWidget(this);
     for (int tab = 0; tab <= 3; ++tab) pages_->addWidget(MakePage(tab));
-    rows->addWidget(pages_, 1);
-    rows->addWidget(MakeButtons());
-    desk_.binder.BindAll(this, [this] {
-      if (desk_.station.OpenWindow("frmSettings") != &window_) return;
-      int tab = 0;
-      for (const char* panel : {"picGeneral", "pic2Axis", "pic4Axis", "picSpeeds"}) {
-        const bool shown = Of(panel).shown();
-        if (shown) pages_->setCurrentIndex(tab);
-        tabs_[static_cast<std::size_t>(tab++)]->SetFilled(shown);
-      }
-    });
+    middle->addWidget(pages_, 1);
+    side_ = new Side(desk);
+    middle->addWidget(side_);
+    rows->addLayout(middle, 1);
+    rows->addWidget(MakeFoot());
+    desk_.binder.BindAll(this, [this] { Follow(); });
     if (auto* first = pages_->currentWidget()->findChild<QLineEdit*>()) first->setFocus();
   }
 
  protected:
   const char* Leaving() const override { return "btnCancel"; }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+      desk_.binder.Run("btnOK");
+    else
+      StationDialog::keyPressEvent(event);
+  }
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
     p.fillRect(rect(), desk_.theme[Token::Bars]);
-    p.setPen(desk_.theme[Token::Hairline]);
-    p.drawLine(0, 51, width(), 51);
-    p.drawLine(0, height() - 65, width(), height() - 65);
+    p.fillRect(0, kTabBar - 1, width(), 1, desk_.theme[Token::Hairline]);
+    p.fillRect(0, height() - kFoot, width(), 1, desk_.theme[Token::Hairline]);
   }
 
  private:
+  void Follow() {
+    if (desk_.station.OpenWindow("frmSettings") != &window_) return;
+    for (int tab = 0; tab <= 3; ++tab) {
+      if (!Of(kPanels[tab]).shown() || tab == pages_->currentIndex()) continue;
+      pages_->setCurrentIndex(tab);
+      side_->Show(tab);
+    }
+    const bool fourAxis = pages_->currentIndex() == 2;
+    home_[0]->setVisible(!fourAxis);
+    home_[1]->setVisible(fourAxis);
+  }
+
   QWidget* MakeTabs() {
     auto* bar = new QWidget(this);
-    bar->setFixedHeight(52);
+    bar->setFixedHeight(kTabBar);
     auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(16, 4, 16, 4);
-    for (int i = 0; i <= 3; ++i) {
-      auto* tab = new Button(desk_, ButtonLook::Segment, Icon::None,
-                             Shown(Of("lblTab(" + std::to_string(i) + ")").caption()), bar);
-      tab->Runs("lblTab", i);
-      tab->setFixedSize(124, 40);
-      tab->SetTextSize(14);
-      tabs_.push_back(tab);
-      row->addWidget(tab);
-    }
+    row->setContentsMargins(12, 5, 20, 0);
+    row->setSpacing(0);
+    for (int i = 0; i <= 3; ++i)
+      row->addWidget(new Tab(desk_, Of("lblTab(" + std::to_string(i) + ")"), i, bar));
     row->addStretch(1);
-    row->addWidget(new Word(desk_, Shown(Of("lblUnits").text()), 13, Token::Second));
+    auto* units = new Word(desk_, Shown(Of("lblUnits").text()), 13, Token::Second);
+    units->setObjectName(QStringLiteral("lblUnits"));
+    row->addWidget(units);
     return bar;
   }
 
   QWidget* MakePage(int tab) {
     auto* page = new QWidget;
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(24, 16, 24, 16);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(14);
-    grid->setColumnStretch(0, 1);
-    int row = 0;
-    for (const Line& line : kLines) {
-      if (line.tab != tab) continue;
-      auto* sentence = new QLabel(QString::fromLatin1(line.sentence), page);
-      sentence->setWordWrap(true);
-      sentence->setContentsMargins(0, 0, 12, 0);
-      sentence->setFont(desk_.theme.Font(13));
-      grid->addWidget(sentence, row, 0);
-      AddField(*grid, row, 1, line.field, line.unit, line.sentence);
-      if (*line.twin != '\0') AddField(*grid, row, 3, line.twin, line.twinUnit, line.sentence);
-      ++row;
-    }
-    grid->setRowStretch(row, 1);
+    page->setObjectName(QString::fromLatin1(kPanels[tab]));
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    for (const SettingLine& line : SettingLines())
+      if (line.tab == tab) column->addWidget(MakeLine(line));
+    column->addStretch(1);
     auto* scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidgetResizable(true);
     scroll->setWidget(page);
     return scroll;
   }
 
-  void AddField(QGridLayout& grid, int row, int column, const char* name, const char* unit,
-                const char* sentence) {
-    auto* edit = new FieldEdit(desk_, Of(name));
-    edit->setObjectName(QString::fromLatin1(name));
-    edit->setAccessibleName(QString::fromLatin1(sentence));
-    edit->setFixedWidth(72);
-    grid.addWidget(edit, row, column);
-    if (*unit != '\0')
-      grid.addWidget(new Word(desk_, QString::fromLatin1(unit), 12, Token::Second), row, column + 1);
+  QWidget* MakeLine(const SettingLine& setting) {
+    auto* line = new Line(desk_, setting);
+    if (setting.picture) {
+      auto* picture = new Link(desk_, Icon::Picture, Shown(Of("Label21").caption()), "Label21", line);
+      picture->move(47, line->height() - 38);
+    }
+    const int y = (line->height() - 31) / 2;
+    if (setting.yesNo) {
+      auto* choice = new ChoiceSegments(desk_, Of(setting.field), {"Y", "N"}, {49, 34}, line);
+      choice->setAccessibleName(QString::fromLatin1(setting.sentence));
+      choice->move(432, y - 2);
+      return line;
+    }
+    AddFigure(*line, setting, setting.field, setting.unit, 432, y);
+    if (*setting.twin != '\0') AddFigure(*line, setting, setting.twin, setting.twinUnit, 544, y);
+    return line;
   }
 
-  QWidget* MakeButtons() {
+  void AddFigure(QWidget& line, const SettingLine& setting, const char* field, const char* unit, int x,
+                 int y) {
+    QWidget* figure = nullptr;
+    if (setting.readOut)
+      figure = new ReadOut(desk_, Of(field), 14, &line);
+    else
+      figure = new FieldEdit(desk_, Of(field), Place::Panel, &line);
+    figure->setAccessibleName(QString::fromLatin1(setting.sentence) + QStringLiteral(", ") +
+                              QString::fromLatin1(unit));
+    figure->setGeometry(x, y, 72, 30);
+    if (*unit == '\0') return;
+    auto* word = new Word(desk_, QString::fromLatin1(unit), 12, Token::Second, Weight::Regular, &line);
+    word->setGeometry(x + 77, y + 7, 40, 16);
+  }
+
+  QWidget* MakeFoot() {
     auto* bar = new QWidget(this);
-    bar->setFixedHeight(65);
+    bar->setFixedHeight(kFoot);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(16, 12, 16, 12);
     row->setSpacing(10);
@@ -174,23 +269,57 @@ class SettingsWindow : public StationDialog {
       button->Runs(control);
       button->setFixedSize(width, 40);
       button->SetTextSize(14);
+      row->addWidget(button);
       return button;
     };
-    row->addWidget(add(ButtonLook::Outline, Icon::Home, "Command5", 140));
+    home_[0] = add(ButtonLook::Outline, Icon::Home, "Command5", 140);
+    home_[1] = add(ButtonLook::Outline, Icon::Home, "Command6", 140);
+    for (Button* home : home_) home->setToolTip(QStringLiteral("The machine drives to its limit switches."));
     row->addStretch(1);
-    row->addWidget(add(ButtonLook::Outline, Icon::None, "btnCancel", 112));
-    row->addWidget(add(ButtonLook::Filled, Icon::None, "btnOK", 112));
+    add(ButtonLook::Outline, Icon::None, "btnCancel", 112);
+    add(ButtonLook::Filled, Icon::None, "btnOK", 112);
     return bar;
   }
 
   QStackedWidget* pages_ = nullptr;
-  std::vector<Button*> tabs_;
+  Side* side_ = nullptr;
+  Button* home_[2] = {};
+};
+
+// Where the carriage offset is measured, large enough to look at from the machine.
+class PictureWindow : public StationDialog {
+ public:
+  PictureWindow(Desk desk, Window& window, QWidget* parent)
+      : StationDialog(desk, window, QStringLiteral("Carriage Offset Distance"), parent) {
+    setAccessibleDescription(
+        QStringLiteral("The offset A is measured from the middle of the delivery head to the face of the "
+                       "mandrel post, with the carriage at its limit switch."));
+    resize(3 * kMachinePicture.toSize());
+  }
+
+ protected:
+  const char* Leaving() const override { return ""; }
+  void reject() override {
+    desk_.binder.Do([this] { desk_.station.Close(window_); });
+  }
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.fillRect(rect(), desk_.theme[Token::Drawing]);
+    const QSizeF size = kMachinePicture.scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+    PaintMachine(p, desk_.theme,
+                 {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size},
+                 desk_.station.s.gShow4Axis ? MachineLetters::FourAxis : MachineLetters::TwoAxis);
+  }
 };
 
 }  // namespace
 
 QWidget* MakeSettingsWindow(Desk desk, Window& window, QWidget* parent) {
   return new SettingsWindow(desk, window, parent);
+}
+
+QWidget* MakePictureWindow(Desk desk, Window& window, QWidget* parent) {
+  return new PictureWindow(desk, window, parent);
 }
 
 }  // namespace torvane

@@ -34,6 +34,7 @@ void DialogHost::Follow() {
     if (dialogs_.contains(&window)) continue;
     QWidget* made = nullptr;
     if (window.name() == "frmSettings") made = MakeSettingsWindow(desk_, window, parent_);
+    if (window.name() == "frmBigPic") made = MakePictureWindow(desk_, window, parent_);
     if (window.name() == "frmAbout") made = MakeAboutWindow(desk_, window, parent_);
     if (window.name() == "frmMachine") made = MakeMachineWindow(desk_, window, parent_);
     if (window.name() == "frmPolar") made = MakePreviewWindow(desk_, window, parent_);

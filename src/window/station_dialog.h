@@ -41,6 +41,7 @@ class DialogHost : public QObject {
 };
 
 QWidget* MakeSettingsWindow(Desk desk, Window& window, QWidget* parent);
+QWidget* MakePictureWindow(Desk desk, Window& window, QWidget* parent);
 QWidget* MakeAboutWindow(Desk desk, Window& window, QWidget* parent);
 QWidget* MakeMachineWindow(Desk desk, Window& window, QWidget* parent);
 QWidget* MakePreviewWindow(Desk desk, Window& window, QWidget* parent);

@@ -13,6 +13,7 @@
 #include "look/style.h"
 #include "window/application.h"
 #include "workbench/design_commands.h"
+#include "workbench/links.h"
 
 namespace torvane {
 
@@ -49,6 +50,9 @@ class Pictures {
     WindowProgram program(Platform{real.store, clock, real.locale, real.files, real.messageDialog,
                                    real.messageBox, real.fileDialog, real.launcher},
                           theme_);
+    for (QWidget* top : QApplication::topLevelWidgets())
+      if (top->objectName() == QStringLiteral("frmSplash") && sample.isEmpty())
+        top->grab().save(folder_ + "/" + name + "-frmSplash.png");
     clock.ahead = std::chrono::seconds(10);
     program.binder().Do([&] {
       if (!sample.isEmpty())
@@ -109,9 +113,14 @@ int main(int argc, char** argv) {
     pictures.Take("2axis-15-rows" + end, "Tube-4x24.t2d", wide, 3,
                   [](WindowProgram& p) { p.binder().Type(p.station().s.txtNumberOfLayers(0), "15"); });
     pictures.Take("smallest" + end, "Taper-Mast.t2d", {1124, 730}, 2);
-    pictures.Take("settings" + end, "Tube-4x24.t2d", wide, 1,
-                  [](WindowProgram& p) { p.binder().Run("Label10"); });
-    pictures.Take("about" + end, {}, wide, 0, [](WindowProgram& p) { p.binder().Run("mnuAbout"); });
+    const char* const openers[] = {"mnuProperties", "Label10", "Label9", "mnuSpeeds"};
+    for (int tab = 0; tab <= 3; ++tab)
+      pictures.Take(QStringLiteral("settings-%1").arg(tab) + end, "Tube-4x24.t2d", wide, 1,
+                    [&](WindowProgram& p) { p.binder().Run(openers[tab]); });
+    pictures.Take("about" + end, {}, wide, 0, [](WindowProgram& p) {
+      p.binder().Do([&p] { OpenPicture(p.station()); });
+      p.binder().Run("mnuAbout");
+    });
     pictures.Take("machine" + end, {}, wide, 0, [](WindowProgram& p) { p.binder().Run("mnuMachine"); });
     pictures.Take("preview" + end, "Hemi-Vessel-150mm.t4d", wide, 1, [](WindowProgram& p) {
       p.binder().Run("btn4XRow", Event::Click, 1);
@@ -127,12 +136,20 @@ int main(int argc, char** argv) {
          false,
          false,
          {}});
+    pictures.TakeMessage("message-stop" + end,
+                         {"Carriage will slam Limit Switch.\r\nEnter a Z value greater than the Z home "
+                          "position.\r\n\r\nGo To Settings --> 2-Axis --> Red Highlight",
+                          567,
+                          true,
+                          true,
+                          false,
+                          {}});
     pictures.TakeMessage("message-offer" + end,
                          {"\r\nBefore your first winding, you need to measure the carriage\r\nZ-offset "
                           "distance. Click OK to open the settings page.\r\n",
                           33,
                           true,
-                          false,
+                          true,
                           true,
                           {}});
   }

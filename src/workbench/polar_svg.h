@@ -1,0 +1,14 @@
+// The picture of a pattern as a file of its own, for job sheets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "calc/polar_walk.h"
+
+namespace torvane {
+
+// An SVG file of 800 pixels. `radius` is the mandrel's, in the picture's units; `title` is UTF-8.
+std::string SvgOf(const std::vector<PolarFigure>& figures, double radius, const std::string& title);
+
+}  // namespace torvane
