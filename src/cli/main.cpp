@@ -1,9 +1,11 @@
 // `torvane`: the station's companion on the command line.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 
 #include "cli/commands.h"
+#include "host/command_line.h"
 
 namespace torvane {
 
@@ -104,13 +106,15 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
 }
 
 int Main(int argc, char** argv) {
-  CLI::App app("Torvane Designer on the command line");
+  CLI::App app("Torvane Designer on the command line", "torvane");
   app.require_subcommand(1);
   Arguments arguments;
   Command chosen;
   AddCommands(app, arguments, chosen);
   try {
-    app.parse(argc, argv);
+    std::vector<std::string> words = ProgramArguments(argc, argv);
+    std::reverse(words.begin(), words.end());  // as this parser takes them
+    app.parse(words);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kUsage;
   }

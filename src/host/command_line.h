@@ -1,7 +1,9 @@
-// The parts of a command line that both halves of the launcher look at.
+// Command lines: of programs that are started, and of the running one.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace torvane {
 
@@ -13,5 +15,9 @@ bool SameName(std::string_view a, std::string_view b);
 
 // Whether an address may be opened: http and https alone.
 bool IsWebAddress(std::string_view url);
+
+// The words behind the running program's name, in UTF-8, from what main() was given. On Windows its console
+// takes UTF-8 from here on.
+std::vector<std::string> ProgramArguments(int count, char** words);
 
 }  // namespace torvane

@@ -1,24 +1,19 @@
 // The program itself, as a user starts it: its output and exit status against the files of the cases.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
+#include "support/ended_program.h"
+
+namespace torvane {
 namespace {
 
 namespace fs = std::filesystem;
 
 const fs::path kCases = fs::path(SOURCE_FOLDER) / "tests" / "cases";
-
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 // The design of a case and the ending of its program.
 struct CaseDesign {
@@ -38,35 +33,22 @@ std::vector<std::string> LinesOfFile(const fs::path& path) {
   return lines;
 }
 
-std::string Quoted(const std::string& word) { return "'" + word + "'"; }
-
-struct Ended {
-  int status;
-  std::string out, err;
-};
-
 class Torvane : public testing::Test {
  protected:
-  Torvane() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::temp_directory_path() / ("torvane-" + std::to_string(getpid()) + "-" + test->name());
-    fs::create_directories(home());
-  }
-  ~Torvane() override { fs::remove_all(folder_); }
+  Torvane() { fs::create_directories(home()); }
 
   fs::path home() const { return folder_ / "home"; }
 
   Ended Start(const std::string& arguments, const std::string& store = "") {
-    const fs::path out = folder_ / "out", err = folder_ / "err";
-    const std::string command =
-        Quoted(TORVANE_PROGRAM) + " " + arguments + " --home " + Quoted(home().string()) + " --store " +
-        Quoted(store.empty() ? (folder_ / "store.ini").string() : store) + " --now '2026-03-04 05:06:07' > " +
-        Quoted(out.string()) + " 2> " + Quoted(err.string()) + " < /dev/null";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
+    return RunToItsEnd(TORVANE_PROGRAM,
+                       arguments + " --home " + Quoted(home().string()) + " --store " +
+                           Quoted(store.empty() ? (folder_ / "store.ini").string() : store) + " --now " +
+                           Quoted("2026-03-04 05:06:07"),
+                       folder_);
   }
 
-  fs::path folder_;
+  TemporaryFolder temporary_;
+  fs::path folder_ = temporary_.path;
 };
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to) {
@@ -74,6 +56,8 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
     text.replace(at, from.size(), to);
   return text;
 }
+
+std::string StationPathOf(const fs::path& folder) { return Replaced(folder.string(), "/", "\\"); }
 
 // Programs worked out by hand from the rules of winding, byte for byte.
 TEST_F(Torvane, WritesProgramsAsWorkedOutByHand) {
@@ -89,7 +73,7 @@ TEST_F(Torvane, WritesProgramsAsWorkedOutByHand) {
       arguments += "--field " + Quoted(field) + " ";
     const Ended run = Start(arguments, (entry.path() / "settings.ini").string());
     const std::string expected =
-        Replaced(ReadFile(entry.path() / design.program), "@HOME@", Replaced(home().string(), "/", "\\"));
+        Replaced(Bytes(entry.path() / design.program), "@HOME@", StationPathOf(home()));
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out, expected);
     ++cases;
@@ -137,8 +121,8 @@ TEST_F(Torvane, FollowsScripts) {
     fs::remove_all(folder_);
     fs::create_directories(home());
     const Ended run = Start("script --locale point " + Quoted((entry.path() / "script").string()));
-    EXPECT_EQ(run.out + (run.status == 0 ? "" : "status " + std::to_string(run.status) + "\n"),
-              ReadFile(entry.path() / "expected"))
+    EXPECT_EQ(Lines(run.out) + (run.status == 0 ? "" : "status " + std::to_string(run.status) + "\n"),
+              Bytes(entry.path() / "expected"))
         << run.err;
   }
 }
@@ -152,10 +136,10 @@ TEST_F(Torvane, FollowsTheWorkingDays) {
     fs::create_directories(home());
     const Ended run = Start("script --locale point " + Quoted(entry.path().string()));
     fs::path output = entry.path();
-    const std::string expected = Replaced(ReadFile(output.replace_extension(".output")),
-                                          "\\srv\\winder\\torvane", Replaced(home().string(), "/", "\\"));
+    const std::string expected =
+        Replaced(Bytes(output.replace_extension(".output")), "\\srv\\winder\\torvane", StationPathOf(home()));
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out, expected);
+    EXPECT_EQ(Lines(run.out), expected);
   }
 }
 
@@ -166,7 +150,7 @@ TEST_F(Torvane, DoesTheOtherDesignsWhenOneCannotBeRead) {
       "gcode " + Quoted((folder_ / "missing.t2d").string()) + " " + Quoted((folder_ / "noise.t2d").string()) +
       " " + Quoted((folder_ / "part.txt").string()) + " " + Quoted((samples / "Tube-4x24.t2d").string()));
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, (home() / "TV_G-Code_Files" / "Tube-4x24.T2G").string() + "\n");
+  EXPECT_EQ(Lines(run.out), (home() / "TV_G-Code_Files" / "Tube-4x24.T2G").string() + "\n");
   EXPECT_NE(run.err.find("missing.t2d: there is no such file"), std::string::npos) << run.err;
   EXPECT_NE(run.err.find("Input File Lacks Sufficient Data"), std::string::npos) << run.err;
   EXPECT_TRUE(fs::is_directory(home() / "TV_Design_Files"));
@@ -177,7 +161,7 @@ TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
   for (const std::string& arguments :
        {std::string(""), std::string("wind"), "gcode " + sample + " --locale dot",
         "gcode " + sample + " --now noon", "gcode " + sample + " --setting nothing=1",
-        "gcode " + sample + " --field nothing=1", "gcode " + sample + " --field '\xE2\x98\x83=1'",
+        "gcode " + sample + " --field nothing=1", "gcode " + sample + " --field " + Quoted("\xE2\x98\x83=1"),
         std::string("setting get Settings nothing"), std::string("setting set Nowhere chkNotify1 1"),
         "convert " + sample + " part.t4d"}) {
     const Ended run = Start(arguments);
@@ -189,13 +173,13 @@ TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
 TEST_F(Torvane, LeavesTheStoreAloneButForItsSettingCommand) {
   const std::string sample = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
   const Ended convert = Start("convert " + sample + " " + Quoted((folder_ / "copy.t2d").string()));
-  EXPECT_EQ(convert.out, (folder_ / "copy.t2d").string() + "\n");
+  EXPECT_EQ(Lines(convert.out), (folder_ / "copy.t2d").string() + "\n");
   EXPECT_NE(Start("info " + Quoted((folder_ / "copy.t2d").string())).out.find("823.6"), std::string::npos);
   EXPECT_EQ(Start("gcode " + sample + " --setting gIsLHDrive=True").status, 0);
   EXPECT_FALSE(fs::exists(folder_ / "store.ini"));
-  EXPECT_EQ(Start("setting get Settings gIsLHDrive").out, "False\n");
+  EXPECT_EQ(Lines(Start("setting get Settings gIsLHDrive").out), "False\n");
   EXPECT_EQ(Start("setting set Settings gIsLHDrive True").status, 0);
-  EXPECT_EQ(Start("setting get Settings gIsLHDrive").out, "True\n");
+  EXPECT_EQ(Lines(Start("setting get Settings gIsLHDrive").out), "True\n");
 }
 
 TEST_F(Torvane, ADesignOfAMegabyteOfGarbageIsReadAtOnce) {
@@ -206,3 +190,4 @@ TEST_F(Torvane, ADesignOfAMegabyteOfGarbageIsReadAtOnce) {
 }
 
 }  // namespace
+}  // namespace torvane

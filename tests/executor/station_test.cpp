@@ -1,10 +1,8 @@
 // What the station writes, held to the proof: the samples, and designs that follow no pattern but a number's.
 // What the rules of its programs cannot make clean is expected by name; anything else fails.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -13,50 +11,36 @@
 
 #include "executor/report.h"
 #include "programs.h"
+#include "support/ended_program.h"
 
 namespace torvane::executor {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-std::string Quoted(const std::string& word) { return "'" + word + "'"; }
-
 class Station : public testing::Test {
  protected:
   Station() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::temp_directory_path() / ("executor-" + std::to_string(getpid()) + "-" + test->name());
     fs::create_directories(folder_ / "home" / "TV_Design_Files");
     fs::create_directories(folder_ / "home" / "TV_G-Code_Files");
   }
-  ~Station() override { fs::remove_all(folder_); }
 
   int Start(const std::string& program, const std::string& arguments) const {
-    const std::string command = Quoted(program) + " " + arguments + " > " +
-                                Quoted((folder_ / "out").string()) + " 2> " +
-                                Quoted((folder_ / "err").string()) + " < /dev/null";
-    const int status = std::system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return RunToItsEnd(program, arguments, folder_).status;
   }
-  std::string Out() const { return ReadFile(folder_ / "out"); }
+  std::string Out() const { return Bytes(folder_ / "out"); }
 
   // The program of a design, by way of the station.
   std::string Written(const fs::path& design, const std::string& options) const {
     EXPECT_EQ(
         Start(TORVANE_PROGRAM, "gcode --out - --locale point " + options + " " + Quoted(design.string())), 0)
-        << ReadFile(folder_ / "err");
+        << Bytes(folder_ / "err");
     return Out();
   }
   std::string Store() const { return "--store " + Quoted((folder_ / "store.ini").string()); }
 
-  fs::path folder_;
+  TemporaryFolder temporary_;
+  fs::path folder_ = temporary_.path;
 };
 
 TEST_F(Station, ProvesItsSamples) {
@@ -158,11 +142,11 @@ class Sweep : public Station {
     ASSERT_EQ(Start(TORVANE_PROGRAM, "gcode --locale point --home " + Quoted((folder_ / "home").string()) +
                                          " " + Store() + " " + settings + designs_),
               0)
-        << ReadFile(folder_ / "err");
+        << Bytes(folder_ / "err");
     designs_.clear();
   }
   std::string ProgramText(const std::string& name) const {
-    return ReadFile(folder_ / "home" / "TV_G-Code_Files" / name);
+    return Bytes(folder_ / "home" / "TV_G-Code_Files" / name);
   }
 
   std::string designs_;

@@ -1,10 +1,9 @@
 // A folder of its own for one test, gone with it.
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -14,8 +13,9 @@ namespace torvane {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "winding-XXXXXX").string();
-    path = mkdtemp(name.data());
+    std::random_device random;
+    do path = std::filesystem::temp_directory_path() / ("winding-" + std::to_string(random()));
+    while (!std::filesystem::create_directory(path));
   }
   ~TemporaryFolder() {
     std::error_code ignored;

@@ -1,0 +1,24 @@
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "host/command_line.h"
+#include "host/wide_windows.h"
+
+namespace torvane {
+
+// The words that the C library hands to main() have lost what the computer's own code page does not hold.
+std::vector<std::string> ProgramArguments(int, char**) {
+  SetConsoleOutputCP(CP_UTF8);
+  int count = 0;
+  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(Narrow(words[i]));
+  LocalFree(words);
+  return arguments;
+}
+
+}  // namespace torvane
