@@ -1,4 +1,5 @@
-// Proving a long program: one layer by mandrel shift, four statements to a pass. Time must grow in proportion.
+// Proving a long program: one layer by mandrel shift, four statements to a pass. Time must grow in
+// proportion.
 #include <benchmark/benchmark.h>
 
 #include "executor/programs.h"

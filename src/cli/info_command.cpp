@@ -24,8 +24,7 @@ nlohmann::ordered_json Everything(DesignState& s) {
   const int rows = RowsOf(s.txtNumberOfLayers(s.Panel()));
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (!IsUsed(row, field.index(), s.gShow4Axis) || row.kind == Kind::Caption ||
-        row.kind == Kind::Control)
+    if (!IsUsed(row, field.index(), s.gShow4Axis) || row.kind == Kind::Caption || row.kind == Kind::Control)
       return;
     if (IsScheduleRow(row) && field.index() > rows && field.index() != IndexSet::kAllRows) return;
     object[NameOf(field)] = Report(row.kind, field);
