@@ -1,11 +1,29 @@
 # The Windows build on Debian; sourced behind tools/setup.sh.
 
-# check_windows: torvane, the executor's --check and their tests by mingw-w64, and the tests under wine.
+# check_windows: torvane and the executor by mingw-w64. Under wine the first writes the program of each sample as
+# the release build does, which stands.
 check_windows() {
   packages=(g++-mingw-w64-x86-64-posix googletest libcli11-dev nlohmann-json3-dev wine64)
   install_packages
-  build windows
-  # A Windows of its own, without the parts that show web pages and run other machines' code.
-  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= \
-    timeout 600 ctest --preset windows || fail "the tests failed under wine"
+  configure windows
+  cmake --build build/windows --target torvane torvane_executor_program >&2 || fail "the windows build failed"
+  compare_programs
+}
+
+# A Windows of its own, without the parts that show web pages and run other machines' code.
+on_windows() {
+  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= timeout 120 /usr/lib/wine/wine64 "$@"
+}
+
+compare_programs() {
+  local design name common=(--locale point --now "2026-03-02 09:30:00")
+  for design in samples/*.t[24]d; do
+    name=$(basename "${design%.*}")
+    build/release/torvane gcode "$design" --out - --home build "${common[@]}" --store build/none.ini >build/linux.out
+    on_windows build/windows/torvane.exe gcode "$design" --out - --home build "${common[@]}" --store build/none.ini \
+      >build/windows.out || fail "$name: torvane.exe failed under wine"
+    # The folder's name alone differs.
+    diff <(grep -av '^\[FilePath=' build/linux.out) <(grep -av '^\[FilePath=' build/windows.out) >&2 ||
+      fail "$name: another program than that of the release build"
+  done
 }
