@@ -45,6 +45,8 @@ class Machine {
   Motion Run(const Statement& statement);
 
   const Position& At() const { return at_; }
+  // Halted in the middle of a motion, it stands there.
+  void HaltAt(const Position& position) { at_ = position; }
   bool Turning() const { return spin_ > 0; }
   bool Millimetres() const { return millimetres_; }
   // The carriage's Z at its limit switch.

@@ -29,7 +29,7 @@ std::string Unreadable(const Line& line) {
 
 class Prover {
  public:
-  explicit Prover(const Limits& limits) : limits_(limits) {}
+  Prover(const Limits& limits, const std::stop_token& stop) : limits_(limits), stop_(stop) {}
 
   Proof Run(std::string_view program);
 
@@ -53,6 +53,7 @@ class Prover {
   std::string_view Unit() const { return machine_.Millimetres() ? "mm" : "in"; }
 
   Limits limits_;
+  const std::stop_token& stop_;
   Machine machine_;
   Winding winding_;
   Proof proof_;
@@ -66,7 +67,7 @@ class Prover {
 Proof Prover::Run(std::string_view program) {
   Reader reader(program);
   Line line;
-  while (reader.Next(line)) TakeLine(line);
+  while (!stop_.stop_requested() && reader.Next(line)) TakeLine(line);
   proof_.lines = line.number;
   proof_.millimetres = machine_.Millimetres();
   if (!proof_.anyStatement) return std::move(proof_);
@@ -228,6 +229,7 @@ void Prover::JudgeEnd(bool brokenLine) {
 void Prover::JudgeLayers() {
   std::set<int> seen;
   for (const Layer& layer : winding_.layers()) {
+    if (stop_.stop_requested()) return;
     if (!seen.insert(layer.number).second)
       proof_.findings.Add(Kind::Passes, layer.line, layer.number,
                           "layer " + std::to_string(layer.number) + " is announced a second time.");
@@ -258,6 +260,8 @@ void Prover::JudgeTime() {
 
 }  // namespace
 
-Proof Prove(std::string_view program, const Limits& limits) { return Prover(limits).Run(program); }
+Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop) {
+  return Prover(limits, stop).Run(program);
+}
 
 }  // namespace torvane::executor

@@ -1,6 +1,7 @@
 // Runs a program on the machine and says whether it covers the part.
 #pragma once
 
+#include <stop_token>
 #include <string_view>
 #include <vector>
 
@@ -42,8 +43,9 @@ struct Proof {
   Findings findings;
 };
 
-// Any bytes will do. `limits` are in inches whatever the program's unit.
-Proof Prove(std::string_view program, const Limits& limits);
+// Any bytes will do. `limits` are in inches whatever the program's unit. Asked to stop, it returns what it
+// has so far, which says nothing of the whole.
+Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop = {});
 
 // One layer against its own announcement; for Prove.
 LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,

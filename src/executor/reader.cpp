@@ -37,6 +37,14 @@ void TakeField(std::string_view key, std::string_view value, Display& display) {
     display.leftDiameter = Value(value);
   } else if (key == "WM") {
     display.method = value;
+  } else if (key == "RPM") {
+    display.rpm = value;
+  } else if (key == "CS") {
+    display.carriageSpeed = value;
+  } else if (key == "WA") {
+    display.windingAngle = value;
+  } else if (key == "TI") {
+    display.minutesLeft = value;
   } else if (key == "ST") {
     display.stage = value;
   }

@@ -36,6 +36,7 @@ class Reader {
 // The fields of a display statement. Nothing moves by them; they tell which pass of which layer begins.
 struct Display {
   std::string_view stage, message, method;
+  std::string_view rpm, carriageSpeed, windingAngle, minutesLeft;  // as they stand, for the operator
   bool hasLayer = false, hasPass = false;
   double layer = 0, layers = 0;  // "2_of_4"; `layers` is 0 where only one number stands
   double pass = 0, passes = 0;

@@ -3,22 +3,16 @@
 #include <cmath>
 
 #include "executor/number.h"
+#include "executor/remarks.h"
 
 namespace torvane::executor {
 
 namespace {
 
-// What the program says, with nothing in it that a terminal would act on.
-std::string Shown(std::string text) {
-  for (char& c : text)
-    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
-  return text;
-}
-
 std::string FindingLine(const Finding& finding) {
   std::string line = LevelOf(finding.kind) == Level::Fault ? "  fault  " : "  note   ";
   if (finding.line > 0) line += "line " + std::to_string(finding.line) + ": ";
-  std::string text = Shown(finding.text);
+  std::string text = Printable(finding.text);
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
   line += text;
   if (finding.alike > 0) line += " (" + std::to_string(finding.alike) + " more of the kind)";
