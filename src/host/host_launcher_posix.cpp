@@ -53,6 +53,11 @@ Result<fs::path> FindProgram(std::string_view name, const fs::path& folder) {
   const fs::path here = folder / SystemPath(host.value());
   if (CanRun(here)) return here;
   if (!HoldsSeparator(name)) {
+    // As on Windows, a program's own folder comes before the search path.
+    if (const auto own = RunningProgramFolder()) {
+      const fs::path beside = SystemPath(own.value()) / SystemPath(host.value());
+      if (CanRun(beside)) return beside;
+    }
     if (const auto elsewhere = OnSearchPath(SystemPath(host.value()))) return *elsewhere;
   }
   std::error_code error;

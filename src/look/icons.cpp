@@ -54,6 +54,12 @@ QPainterPath SolidOf(Icon icon) {
     case Icon::Warning:
       path.addEllipse(QPointF(10, 14.6), 0.9, 0.9);
       return path;
+    case Icon::Stop:
+      path.addRoundedRect(QRectF(4, 4, 12, 12), 1, 1);
+      return path;
+    case Icon::Press:
+      path.addEllipse(QPointF(10, 10), 4.6, 4.6);
+      return path;
     default:
       return path;
   }
@@ -166,6 +172,13 @@ QPainterPath StrokesOf(Icon icon) {
       break;
     case Icon::Check:
       Line(p, {{4, 10.5}, {8.3, 14.8}, {16, 6}});
+      break;
+    case Icon::Cross:
+      Line(p, {{5, 5}, {15, 15}});
+      Line(p, {{15, 5}, {5, 15}});
+      break;
+    case Icon::Press:
+      p.addEllipse(QPointF(10, 10), 8, 8);
       break;
     case Icon::Picture:
       p.addRoundedRect(QRectF(2.5, 4, 15, 12), 1.5, 1.5);

@@ -34,10 +34,13 @@ enum class Icon : std::uint8_t {
   Info,
   Question,
   Check,
+  Cross,
   Picture,
   Video,
   Chevron,
   Pattern,
+  Stop,
+  Press,
 };
 
 void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour);

@@ -1,12 +1,20 @@
 // `Torvane_Executor.exe`: the dry run of a program.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <string>
 #include <vector>
 
+#ifdef TORVANE_DRYRUN_WINDOW
+#include "dryrun/start.h"
+#endif
 #include "executor/report.h"
+#include "executor/request.h"
 #include "host/code_page.h"
 #include "host/default_store.h"
 #include "host/file_system.h"
@@ -80,18 +88,12 @@ struct Arguments {
 };
 
 int Check(const Arguments& arguments) {
-  // The station hands a path over bare: with blanks in it, it arrives as more than one word.
-  std::string path;
-  for (const std::string& word : arguments.words) path += (path.empty() ? "" : " ") + word;
-  if (path.empty()) return Complain("--check needs a program");
-  const std::string asTyped = path;
-  if (path[0] == '\\') {
-    const auto station = FromUtf8(path);
-    const auto host = station ? HostPath(station.value()) : Result<std::string>(Refusal{station.reason()});
-    if (!host) return Complain(asTyped + ": " + host.reason());
-    path = host.value();
-  }
-  const auto program = ReadRegularFile(SystemPath(path));
+  std::string asTyped;
+  for (const std::string& word : arguments.words) asTyped += (asTyped.empty() ? "" : " ") + word;
+  if (asTyped.empty()) return Complain("--check needs a program");
+  const auto path = PathOf(asTyped);
+  if (!path) return Complain(asTyped + ": " + path.reason());
+  const auto program = ReadRegularFile(SystemPath(path.value()));
   if (!program) return Complain(asTyped + ": " + ToUtf8(program.reason()));
 
   const std::unique_ptr<SettingsStore> store =
@@ -104,6 +106,47 @@ int Check(const Arguments& arguments) {
   return proof.findings.Count(Level::Fault) > 0 ? kFaults : kSound;
 }
 
+#ifdef TORVANE_DRYRUN_WINDOW
+// The station starts the dry run in its own folder, where its trace lies; started by hand elsewhere, the
+// program's folder is the station's.
+std::string StationFolderNow() {
+  std::error_code error;
+  const std::filesystem::path here = std::filesystem::current_path(error);
+  const auto program = RunningProgramFolder();
+  if (!program || std::filesystem::exists(here / "TV_TRACE.TVG", error) ||
+      std::filesystem::exists(here / "TV_G-Code_Files", error))
+    return HostText(here);
+  return program.value();
+}
+#endif
+
+// The station's own command lines have no options in them: their words may begin with anything.
+bool HasOptions(int argc, char** argv) {
+  const std::set<std::string_view> options = {"--check", "--json", "--store", "--help", "-h"};
+  return std::any_of(argv + 1, argv + argc, [&](const char* word) { return options.count(word) > 0; });
+}
+
+int Window(int& argc, char** argv, const Arguments& arguments) {
+#ifdef TORVANE_DRYRUN_WINDOW
+  if (dryrun::HasScreen()) {
+    const auto variable = [](const char* name) {
+      const char* value = std::getenv(name);
+      return std::string(value != nullptr ? value : "");
+    };
+    dryrun::Start start{ReadRequest(arguments.words), arguments.store, variable("TORVANE_HOME")};
+    if (start.store.empty()) start.store = variable("TORVANE_STORE");
+    if (start.stationFolder.empty()) start.stationFolder = StationFolderNow();
+    return dryrun::ShowWindow(argc, argv, start);
+  }
+  const char* const why = "there is no screen for the window";
+#else
+  static_cast<void>(argc);
+  static_cast<void>(argv);
+  const char* const why = "this build has no window: it was made without Qt 6";
+#endif
+  return Complain(std::string(why) + "; --check PROGRAM prints the proof");
+}
+
 int Main(int argc, char** argv) {
   CLI::App app("Runs a winding program without a machine");
   Arguments arguments;
@@ -111,16 +154,17 @@ int Main(int argc, char** argv) {
   app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
   app.add_option("--store", arguments.store, "Settings in this INI file [the user's own store]");
   app.add_option("PROGRAM", arguments.words, "The program's path, TRACE or MANUAL");
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kSound : kNoProgram;
+  if (HasOptions(argc, argv)) {
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      return app.exit(error) == 0 ? kSound : kNoProgram;
+    }
+  } else {
+    arguments.words.assign(argv + 1, argv + argc);
   }
-  if (!arguments.check)
-    return Complain(
-        "the window of the dry run is not part of this build yet; --check PROGRAM prints the proof");
   try {
-    return Check(arguments);
+    return arguments.check ? Check(arguments) : Window(argc, argv, arguments);
   } catch (const std::exception& error) {
     return Complain(error.what());
   }

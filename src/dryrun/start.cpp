@@ -1,0 +1,90 @@
+#include "dryrun/start.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QIcon>
+
+#include "dryrun/dry_run_window.h"
+#include "host/default_store.h"
+#include "host/host_locale.h"
+#include "host/ini_store.h"
+#include "look/paint.h"
+#include "look/style.h"
+
+namespace torvane::dryrun {
+
+using executor::Request;
+
+namespace {
+
+// The speeds at which programs and traces begin: at a trace the operator looks where the carriage goes.
+constexpr double kProgramSpeed = 50, kTraceSpeed = 1;
+
+QIcon ProgramIcon() {
+  QPixmap mark(256, 256);
+  mark.fill(Qt::transparent);
+  QPainter painter(&mark);
+  PaintProgramMark(painter, mark.rect());
+  return mark;
+}
+
+std::string AskForFile(QWidget* parent, const QString& folder) {
+  return QFileDialog::getOpenFileName(
+             parent, QObject::tr("Open a program"), folder,
+             QObject::tr("Winding programs (*.T2G *.T4G *.TVG *.t2g *.t4g *.tvg);;All files (*)"))
+      .toStdString();
+}
+
+}  // namespace
+
+bool HasScreen() {
+#ifdef Q_OS_LINUX
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+#else
+  return true;
+#endif
+}
+
+int ShowWindow(int& argc, char** argv, const Start& start) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationDisplayName(QObject::tr("Torvane dry run"));
+  QApplication::setWindowIcon(ProgramIcon());
+  Theme theme(QApplication::palette().color(QPalette::Window).lightness() < 128);
+  QApplication::setStyle(new Style(theme));
+  QApplication::setPalette(theme.Palette());
+  QApplication::setFont(theme.Font(13));
+
+  const std::unique_ptr<SettingsStore> store =
+      start.store.empty() ? DefaultStore() : std::make_unique<IniStore>(start.store);
+  const executor::Limits limits = executor::ReadLimits(*store, HostLocale().Signs().decimal);
+  const QDir station(QString::fromStdString(start.stationFolder));
+  QString programs = station.filePath(QStringLiteral("TV_G-Code_Files"));
+  if (!QDir(programs).exists()) programs = station.path();
+  Session session(limits);
+  session.SetSpeed(start.request.kind == Request::Kind::Trace ? kTraceSpeed : kProgramSpeed);
+  DryRunWindow window(theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); });
+  window.show();
+  switch (start.request.kind) {
+    case Request::Kind::Nothing:
+      break;
+    case Request::Kind::Manual:
+      session.BeginManual(executor::ReadManualSetup(*store, limits));
+      break;
+    case Request::Kind::Trace:
+      window.Open(station.filePath(QStringLiteral("TV_TRACE.TVG")).toStdString());
+      break;
+    case Request::Kind::Program: {
+      const auto path = executor::PathOf(start.request.asTyped);
+      if (path)
+        window.Open(path.value());
+      else
+        window.Tell(QString::fromStdString(start.request.asTyped + ": " + path.reason()));
+      break;
+    }
+  }
+  return QApplication::exec();
+}
+
+}  // namespace torvane::dryrun

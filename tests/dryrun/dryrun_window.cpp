@@ -1,0 +1,246 @@
+// The operator's keys and clicks in the dry run's window.
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <fstream>
+
+#include "staging.h"
+
+namespace torvane::dryrun {
+
+namespace {
+
+using executor::Axis;
+using executor::Player;
+using executor::RunState;
+
+// One layer of two traverses between two waits: 2 s, then 10 s.
+const std::string kShort =
+    "C C0\r\nG20\r\nG90\r\nX V420.000 T2 Z1.875\r\nM17\r\nG1 F1 Z3.875\r\n"
+    "D0 ST=Winding Schedule\r\n"
+    "M0 [Wait for Button Press]\r\n"
+    "D0 LA=1_of_1 PA=1_of_1 RPM=10 CS=2 WA=45 WM=ms TI=0.2 LD=4 FW=0.25 HL=2\r\n"
+    "M4 S10\r\nG1 F2 Z13.875\r\nG1 Z3.875\r\n"
+    "D0 GM=Winding_Process_Complete\r\nM5\r\n"
+    "M0 [Take the part off]\r\n";
+
+class DryRun : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void OpensEmpty();
+  void RunsToItsEndByTheButton();
+  void ChangesItsSpeedByKeys();
+  void PausesAndStops();
+  void PlaysToTheEnd();
+  void MovesByHand();
+  void ShowsFindingsAndGoesToTheirLines();
+  void TellsWhatCannotBeOpened();
+  void OpensALongProgramAtOnce();
+  void FillsTheUnrolledView();
+
+ private:
+  std::string Write(const char* name, const std::string& text) {
+    const std::string path = folder_.filePath(QString::fromLatin1(name)).toStdString();
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+  template <class Kind = QAbstractButton>
+  static Kind* Find(Staged& stage, const char* name) {
+    return stage.window.findChild<Kind*>(QString::fromLatin1(name));
+  }
+  static void Click(Staged& stage, const char* name) {
+    auto* button = Find(stage, name);
+    QVERIFY2(button != nullptr, name);
+    QTest::mouseClick(button, Qt::LeftButton);
+  }
+
+  QTemporaryDir folder_;
+};
+
+void DryRun::OpensEmpty() {
+  Staged stage;
+  stage.window.show();
+  QVERIFY(!Find(stage, "runButton")->isEnabled());
+  QVERIFY(!Find(stage, "stopButton")->isEnabled());
+  QVERIFY(!Find(stage, "pressButton")->isEnabled());
+  QVERIFY(Find(stage, "openHere")->isVisible());
+  stage.asked = Write("short.T2G", kShort);
+  Click(stage, "openHere");
+  QCOMPARE(stage.session.name(), QStringLiteral("short.T2G"));
+  QCOMPARE(stage.player().State(), RunState::Running);
+  QVERIFY(!Find(stage, "openHere")->isVisible());
+  // A question that is answered with nothing leaves the program as it is.
+  stage.asked.clear();
+  Click(stage, "openButton");
+  QCOMPARE(stage.session.name(), QStringLiteral("short.T2G"));
+}
+
+void DryRun::RunsToItsEndByTheButton() {
+  Staged stage;
+  stage.session.SetSpeed(1000);
+  stage.window.show();
+  QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+  stage.window.Open(Write("short.T2G", kShort));
+  auto* press = Find(stage, "pressButton");
+  QTRY_COMPARE(stage.player().State(), RunState::Waiting);
+  QVERIFY(press->isEnabled());
+  QCOMPARE(press->accessibleDescription(), QStringLiteral("Wait for Button Press"));
+  QTest::keyClick(&stage.window, Qt::Key_Space);
+  QTRY_COMPARE(stage.player().LineNow(), 15);
+  QTRY_COMPARE(stage.player().State(), RunState::Waiting);
+  QCOMPARE(press->accessibleDescription(), QStringLiteral("Take the part off"));
+  Click(stage, "pressButton");
+  QTRY_COMPARE(stage.player().State(), RunState::Finished);
+  QCOMPARE(stage.player().Elapsed(), 12.0);
+  QVERIFY(!press->isEnabled());
+  Click(stage, "runButton");  // again
+  QTRY_COMPARE(stage.player().State(), RunState::Waiting);
+}
+
+void DryRun::ChangesItsSpeedByKeys() {
+  Staged stage;
+  stage.window.show();
+  QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+  stage.Open(Write("short.T2G", kShort));
+  Click(stage, "speed10");
+  QCOMPARE(stage.player().Speed(), 10.0);
+  QTest::keyClick(&stage.window, Qt::Key_Plus);
+  QCOMPARE(stage.player().Speed(), 50.0);
+  for (int i = 0; i < 5; ++i) QTest::keyClick(&stage.window, Qt::Key_Plus);
+  QCOMPARE(stage.player().Speed(), 1000.0);
+  for (int i = 0; i < 9; ++i) QTest::keyClick(&stage.window, Qt::Key_Minus);
+  QCOMPARE(stage.player().Speed(), 1.0);
+}
+
+void DryRun::PausesAndStops() {
+  Staged stage;
+  stage.window.show();
+  stage.window.Open(Write("short.T2G", kShort));
+  stage.session.SetSpeed(1);
+  QTRY_VERIFY(stage.player().Elapsed() > 0);
+  Click(stage, "runButton");
+  QCOMPARE(stage.player().State(), RunState::Paused);
+  const double stands = stage.player().Elapsed();
+  QTest::qWait(60);
+  QCOMPARE(stage.player().Elapsed(), stands);
+  Click(stage, "runButton");
+  QTRY_VERIFY(stage.player().Elapsed() > stands);
+  Click(stage, "stopButton");
+  QCOMPARE(stage.player().State(), RunState::Stopped);
+  QVERIFY(!Find(stage, "stopButton")->isEnabled());
+}
+
+void DryRun::PlaysToTheEnd() {
+  Staged stage;
+  stage.window.show();
+  stage.session.SetSpeed(1000);
+  stage.window.Open(Write("short.T2G", kShort));
+  QTRY_COMPARE(stage.player().State(), RunState::Waiting);
+  Click(stage, "speedEnd");
+  QTRY_COMPARE(stage.player().State(), RunState::Finished);
+}
+
+void DryRun::MovesByHand() {
+  Staged stage;
+  stage.window.show();
+  stage.session.BeginManual({1.875, 4.4375, 48, 9, false});
+  QVERIFY(Find<QWidget>(stage, "manualPanel")->isVisible());
+  QVERIFY(!Find(stage, "jogYMore")->isEnabled());
+  Click(stage, "lengthStep0.01");
+  Click(stage, "jogZMore");
+  Click(stage, "jogZMore");
+  QTRY_COMPARE(stage.player().JogsLeft(), std::size_t(0));
+  QVERIFY(qAbs(stage.player().At().carriage - 1.895) < 1e-9);
+  Click(stage, "angleStep1");
+  Click(stage, "jogALess");
+  QTRY_VERIFY(qAbs(stage.player().At().mandrel + 1) < 1e-9);
+  Click(stage, "jogHome");
+  QTRY_VERIFY(qAbs(stage.player().At().carriage - 1.875) < 1e-9);
+  // On four axes the head moves as well.
+  stage.session.BeginManual({1.875, 4.4375, 48, 9, true});
+  QVERIFY(Find(stage, "jogYMore")->isEnabled());
+}
+
+void DryRun::ShowsFindingsAndGoesToTheirLines() {
+  std::string text = kShort;
+  for (int i = 0; i < 200; ++i) text += "\r\n";
+  text += "Q7 WHAT\r\n";
+  Staged stage;
+  stage.window.show();
+  stage.Open(Write("bad.T2G", text));
+  stage.AwaitProof();
+  QVERIFY(!stage.session.remarks().empty());
+  QCOMPARE(stage.session.remarks()[0].line, 216);
+  auto* list = Find<ProgramList>(stage, "programList");
+  QVERIFY(list->Follows());
+  auto* findings = Find<QAbstractScrollArea>(stage, "findings");
+  QTest::mouseClick(findings->viewport(), Qt::LeftButton, {}, QPoint(200, 10));
+  QVERIFY(!list->Follows());
+  QVERIFY(list->FirstLineShown() > 180);
+  Click(stage, "followButton");
+  QVERIFY(list->Follows());
+  QCOMPARE(list->FirstLineShown(), 1);
+}
+
+void DryRun::TellsWhatCannotBeOpened() {
+  Staged stage;
+  stage.window.show();
+  stage.Open(Write("short.T2G", kShort));
+  stage.window.Open(folder_.filePath("missing.T2G").toStdString());
+  QCOMPARE(stage.session.name(), QStringLiteral("short.T2G"));  // what was open stays
+  QVERIFY(stage.window.Trouble().contains(QStringLiteral("missing.T2G")));
+  stage.Open(Write("noise.T2G", std::string("\0\xff\xfe[[[\n\r\r\n", 10)));
+  stage.AwaitProof();
+  stage.window.grab();
+  QVERIFY(stage.window.Trouble().isEmpty());
+}
+
+void DryRun::OpensALongProgramAtOnce() {
+  std::string text = kShort;
+  for (int pass = 1; pass <= 25'000; ++pass)
+    text += "D0 LA=2_of_2 PA=" + std::to_string(pass) +
+            "_of_25000 RPM=10 CS=2 WA=45 WM=ms LD=4 FW=0.25 HL=2\r\n" +
+            "M4 S10\r\nG1 F2 Z13.875\r\nG1 Z3.875\r\nG4 L602 C90\r\n";
+  Staged stage;
+  stage.window.show();
+  stage.session.SetSpeed(Player::kToTheEnd);
+  stage.window.Open(Write("long.T2G", text));
+  QCOMPARE(stage.player().program()->Lines(), 125'015);
+  QTRY_COMPARE_WITH_TIMEOUT(stage.player().State(), RunState::Finished, 60'000);
+  stage.AwaitProof();
+  QVERIFY(stage.session.proof() != nullptr);
+}
+
+// At 45 degrees round 4 in: a bare surface where no band lies, its colours where one does.
+void DryRun::FillsTheUnrolledView() {
+  Staged stage;
+  stage.window.show();
+  stage.Open(Write("short.T2G", kShort));
+  const auto colours = [&](Token token) {
+    stage.window.mandrelView().Finish();
+    const QImage picture = stage.window.mandrelView().grab().toImage();
+    int found = 0;
+    for (int y = 40; y < picture.height() / 2; ++y)
+      for (int x = 60; x < picture.width() - 20; ++x)
+        if (picture.pixelColor(x, y) == stage.theme[token]) ++found;
+    return found;
+  };
+  QCOMPARE(colours(Token::BandOut), 0);
+  stage.RunTo(6);
+  const int out = colours(Token::BandOut);
+  QVERIFY(out > 100);
+  QCOMPARE(colours(Token::BandBack), 0);
+  stage.RunTo(12);
+  QVERIFY(colours(Token::BandBack) > 100);
+  // Other colours, other size: drawn anew.
+  stage.window.resize(1500, 900);
+  QVERIFY(colours(Token::BandOut) > 50);
+}
+
+}  // namespace
+
+}  // namespace torvane::dryrun
+
+QTEST_MAIN(torvane::dryrun::DryRun)
+#include "dryrun_window.moc"
