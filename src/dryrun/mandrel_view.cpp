@@ -23,32 +23,8 @@ constexpr int kPaintMilliseconds = 12;
 // The mandrel is seen turning as long as the eye can follow; a frame is a sixtieth of a second.
 constexpr double kFollowed = 25;  // degrees a frame
 
-struct Shade {
-  int light;       // of 256
-  QRgb bare;       // the mandrel itself
-  double degrees;  // of the surface, from the middle of the picture upwards
-};
-
-constexpr int kShades = 1024, kTaps = 4;
-
-// From the lower rim to the upper one.
-std::vector<Shade> Shades(const Theme& theme) {
-  std::vector<Shade> shades(kShades);
-  const QColor low = theme[Token::MandrelLow], high = theme[Token::MandrelHigh];
-  for (int i = 0; i < kShades; ++i) {
-    const double up = (i + 0.5) / kShades * 2 - 1;
-    const double facing = std::sqrt(1 - up * up);
-    // The light comes from in front and a little above.
-    const double lit = std::clamp(0.94 * facing + 0.30 * up, 0.0, 1.0);
-    const auto mix = [lit](int a, int b) { return static_cast<int>(a + (b - a) * lit); };
-    Shade& shade = shades[static_cast<std::size_t>(i)];
-    shade.light = static_cast<int>(256 * (0.62 + 0.38 * lit));
-    shade.bare =
-        qRgb(mix(low.red(), high.red()), mix(low.green(), high.green()), mix(low.blue(), high.blue()));
-    shade.degrees = std::asin(up) * 180 / executor::kPi;
-  }
-  return shades;
-}
+constexpr std::size_t kShades = 1024;
+constexpr int kTaps = 4;
 
 int Row(double degrees, int rows) {
   const double share = degrees / 360 - std::floor(degrees / 360);
@@ -61,6 +37,23 @@ double RulerStep(double length, double pixels, double apart) {
   for (const double by : {1.0, 2.0, 4.0, 5.0, 10.0})
     if (step * by * pixels / length >= apart) return step * by;
   return step * 10;
+}
+
+// From the lower rim to the upper one.
+std::vector<MandrelView::Shade> Shades(const Theme& theme) {
+  std::vector<MandrelView::Shade> shades(kShades);
+  const QColor low = theme[Token::MandrelLow], high = theme[Token::MandrelHigh];
+  for (std::size_t i = 0; i < kShades; ++i) {
+    const double up = (static_cast<double>(i) + 0.5) / kShades * 2 - 1;
+    const double facing = std::sqrt(1 - up * up);
+    // The light comes from in front and a little above.
+    const double lit = std::clamp(0.94 * facing + 0.30 * up, 0.0, 1.0);
+    const auto mix = [lit](int a, int b) { return static_cast<unsigned>(a + (b - a) * lit); };
+    shades[i] = {static_cast<unsigned>(256 * (0.62 + 0.38 * lit)), mix(low.red(), high.red()),
+                 mix(low.green(), high.green()), mix(low.blue(), high.blue()),
+                 std::asin(up) * 180 / executor::kPi};
+  }
+  return shades;
 }
 
 QImage Blank(const QSizeF& size, double ratio) {
@@ -125,6 +118,7 @@ void MandrelView::Fit() {
   room.unrolled = QRectF(left, head, right - left, std::floor(height - side));
   room.side = QRectF(left, room.unrolled.bottom() + ruler + sideHead, right - left, std::floor(side));
   room.rail = room.side.top() - 22;
+  shades_ = Shades(stand_.theme);
   const double ratio = devicePixelRatioF();
   unrolled_ = Blank(room.unrolled.size(), ratio);
   side_ = Blank(room.side.size(), ratio);
@@ -172,55 +166,59 @@ void MandrelView::RenderUnrolled(const Columns& columns) {
   }
 }
 
-// The surface laid round the mandrel, column by column, with the light on it.
+// The surface laid round the mandrel, with the light on it.
 void MandrelView::RenderSide(const Columns& columns) {
   const QImage& surface = surface_.Image();
-  if (columns.Empty() || !Known() || surface.isNull()) return;
-  const std::vector<Shade> shades = Shades(stand_.theme);
+  const int first = columns.first, end = std::min(columns.end, side_.width());
+  if (first >= end || !Known() || surface.isNull()) return;
   const int rows = surface.height();
-  // A row of the picture is the mean of four of the surface, spread over the angle that it shows.
-  std::vector<std::array<int, kTaps>> samples(kShades);
+  // A row of the picture is the mean of some of the surface, spread over the angle that it shows.
+  std::vector<std::array<const QRgb*, kTaps>> samples(kShades);
   for (std::size_t i = 0; i < kShades; ++i) {
     // The contact point stands at the top of the picture while the mandrel is seen turning.
-    const double angle = shades[i].degrees + turned_ - 90;
-    const double facing = std::max(0.2, std::cos(shades[i].degrees * executor::kRadians));
+    const double angle = shades_[i].degrees + turned_ - 90;
+    const double facing = std::max(0.2, std::cos(shades_[i].degrees * executor::kRadians));
     const double step = 2 / executor::kRadians / side_.height() / facing / kTaps;
     for (int tap = 0; tap < kTaps; ++tap)
-      samples[i][static_cast<std::size_t>(tap)] = Row(angle + (tap - (kTaps - 1) / 2.0) * step, rows);
+      samples[i][static_cast<std::size_t>(tap)] = reinterpret_cast<const QRgb*>(
+          surface.constScanLine(Row(angle + (tap - (kTaps - 1) / 2.0) * step, rows)));
   }
   const double widest = std::max(part_.leftRadius, part_.rightRadius);
   const double middle = side_.height() / 2.0;
   ZScale scale = room_.scale;
   scale.left = 0;
   scale.right = side_.width();
-  const qsizetype stride = surface.bytesPerLine() / 4, sideStride = side_.bytesPerLine() / 4;
-  const auto* const from = reinterpret_cast<const QRgb*>(surface.constBits());
-  auto* const to = reinterpret_cast<QRgb*>(side_.bits());
-  for (int x = columns.first; x < std::min(columns.end, side_.width()); ++x) {
+  // From the picture's middle to the rim there are half the shades.
+  std::vector<float> shadesPerPixel;
+  for (int x = first; x < end; ++x) {
     const double radius = RadiusAt(scale.ZAt(x + 0.5)) / widest * middle;
-    for (int y = 0; y < side_.height(); ++y) {
-      QRgb& pixel = to[y * sideStride + x];
-      const double up = radius > 0 ? (middle - y - 0.5) / radius : 2;
-      if (up <= -1 || up >= 1) {
-        pixel = 0;
+    shadesPerPixel.push_back(static_cast<float>(radius > 0 ? kShades / 2 / radius : 1e9));
+  }
+  for (int y = 0; y < side_.height(); ++y) {
+    auto* const to = reinterpret_cast<QRgb*>(side_.scanLine(y));
+    const auto up = static_cast<float>(middle - y - 0.5);
+    for (int x = first; x < end; ++x) {
+      const float at = up * shadesPerPixel[static_cast<std::size_t>(x - first)] + kShades / 2.0F;
+      if (!(at >= 0 && at < kShades)) {
+        to[x] = 0;
         continue;
       }
-      const auto i =
-          static_cast<std::size_t>(std::clamp(static_cast<int>((up + 1) / 2 * kShades), 0, kShades - 1));
-      int alpha = 0, red = 0, green = 0, blue = 0;
-      for (const int row : samples[i]) {
-        const QRgb tap = from[row * stride + x];
-        alpha += qAlpha(tap);
-        red += qRed(tap);
-        green += qGreen(tap);
-        blue += qBlue(tap);
+      const auto i = static_cast<std::size_t>(at);
+      unsigned alpha = 0, red = 0, green = 0, blue = 0;
+      for (const QRgb* row : samples[i]) {
+        const QRgb tap = row[x];
+        alpha += tap >> 24;
+        red += tap >> 16 & 0xFFU;
+        green += tap >> 8 & 0xFFU;
+        blue += tap & 0xFFU;
       }
-      const int light = shades[i].light, bare = 255 - alpha / kTaps;
-      const auto channel = [&](int bands, int ground) {
-        return std::min(255, bands / kTaps * light / 256 + ground * bare / 255);
+      const Shade& shade = shades_[i];
+      const unsigned bare = 256 - alpha / kTaps - (alpha > 127U * kTaps ? 1U : 0U);
+      const auto channel = [&](unsigned bands, unsigned ground) {
+        return std::min(255U, (bands * shade.light / kTaps + ground * bare) >> 8);
       };
-      const QRgb ground = shades[i].bare;
-      pixel = qRgb(channel(red, qRed(ground)), channel(green, qGreen(ground)), channel(blue, qBlue(ground)));
+      to[x] = 0xFF000000U | channel(red, shade.red) << 16 | channel(green, shade.green) << 8 |
+              channel(blue, shade.blue);
     }
   }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "dryrun/session.h"
 #include "dryrun/surface.h"
@@ -13,6 +14,13 @@ class MandrelView : public QWidget {
 
  public:
   explicit MandrelView(Stand stand, QWidget* parent = nullptr);
+
+  // One height of the side view: what it shows of the surface, and how it is lit.
+  struct Shade {
+    unsigned light;             // of 256
+    unsigned red, green, blue;  // the bare mandrel
+    double degrees;             // from the middle of the picture upwards
+  };
 
   // Paints what is missing at once, for pictures and measurements.
   void Finish();
@@ -49,6 +57,7 @@ class MandrelView : public QWidget {
   Room room_;
   Surface surface_;
   QImage unrolled_, side_;
+  std::vector<Shade> shades_;
   double turned_ = 0;  // by what the side view shows the mandrel turned
 };
 

@@ -69,12 +69,12 @@ void PressPanel::paintEvent(QPaintEvent*) {
   PaintIcon(p, Icon::Press, QRectF(left, (height() - glyph) / 2, glyph, glyph), ink);
   const int x = static_cast<int>(left + glyph + (width() < 340 ? 14 : 22));
   p.setPen(ink);
-  p.setFont(t.Font(20, Weight::Medium));
   const QString detail = Detail();
-  p.setFont(t.Font(13));
+  const QFont small = t.Font(width() < 340 ? 12 : 13);
+  p.setFont(small);
   const QRect room(x, 0, width() - x - 14, height());
   const QRect words = p.fontMetrics().boundingRect(room, Qt::TextWordWrap, detail);
-  const int lines = detail.isEmpty() ? 0 : std::min(2, (words.height() + 4) / p.fontMetrics().lineSpacing());
+  const int lines = detail.isEmpty() ? 0 : std::min(3, (words.height() + 4) / p.fontMetrics().lineSpacing());
   const int line = p.fontMetrics().lineSpacing();
   const int top = (height() - 28 - lines * line) / 2;
   p.drawText(QRect(x, top + 28, room.width(), lines * line + 2), Qt::AlignTop | Qt::TextWordWrap, detail);

@@ -23,6 +23,7 @@ constexpr int kRow = 22, kHead = 36, kGutter = 67;
 ProgramList::ProgramList(Stand stand, QWidget* parent)
     : QAbstractScrollArea(parent),
       stand_(stand),
+      mono_(MonoFont(12)),
       follow_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, tr("Follow the run"), this)),
       open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, tr("Open a program"), this)) {
   setObjectName(QStringLiteral("programList"));
@@ -153,7 +154,7 @@ void ProgramList::PaintLine(QPainter& p, const QRect& row, int number) const {
     PaintIcon(p, GlyphOf(mark->second), glyph, now ? t[Token::OnAccent] : t[InkOf(mark->second)]);
   else if (now)
     PaintIcon(p, Icon::Play, Inset(glyph, 1), t[Token::OnAccent]);
-  p.setFont(MonoFont(12));
+  p.setFont(mono_);
   p.setPen(t[now ? Token::OnAccent : Token::Off]);
   p.drawText(QRect(row.left(), row.top(), kGutter - 6, kRow), Qt::AlignRight | Qt::AlignVCenter,
              QString::number(number));

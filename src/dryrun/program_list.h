@@ -38,6 +38,7 @@ class ProgramList : public QAbstractScrollArea {
   int LineAt(int y) const;
 
   Stand stand_;
+  QFont mono_;
   PlainButton* follow_;
   PlainButton* open_;
   std::map<int, executor::Level> marks_;  // findings by line

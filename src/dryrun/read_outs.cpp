@@ -43,13 +43,13 @@ std::vector<Cell> DisplayCells(const Player& player) {
   return {{message.isEmpty() ? QObject::tr("Stage") : QObject::tr("Message"),
            message.isEmpty() ? stage : message,
            {},
-           178,
+           186,
            9},
           {QObject::tr("Layer"), Counted(s.layer), of(s.layers), 78, 8},
-          {QObject::tr("Pass"), Counted(s.pass), of(s.passes), 92, 7},
-          {QObject::tr("RPM"), Words(s.rpm), {}, 70, 4},
+          {QObject::tr("Pass"), Counted(s.pass), of(s.passes), 90, 7},
+          {QObject::tr("RPM"), Words(s.rpm), {}, 66, 4},
           {QObject::tr("Carriage Speed"), Words(s.carriageSpeed), s.carriageSpeed.empty() ? QString() : unit,
-           111, 3},
+           108, 3},
           {QObject::tr("Winding Angle"), angle, number ? QObject::tr("deg") : QString(), 106, 5},
           {QObject::tr("Method"), Words(s.method), {}, 75, 2},
           {QObject::tr("Minutes Left"), Words(s.minutesLeft), {}, 90, 1}};
@@ -181,8 +181,10 @@ void DisplayStrip::paintEvent(QPaintEvent*) {
                p.fontMetrics().elidedText(cell.caption, Qt::ElideRight, static_cast<int>(room.width())));
     p.setFont(t.Font(20, Weight::Medium));
     const bool empty = cell.figure.isEmpty();
-    for (const int size : {14, 12})
-      if (!empty && p.fontMetrics().horizontalAdvance(cell.figure) > room.width())
+    // Figure and unit are read together: a long one is written smaller.
+    const double unit = cell.unit.isEmpty() ? 0 : QFontMetricsF(t.Font(13)).horizontalAdvance(cell.unit) + 4;
+    for (const int size : {16, 14, 12})
+      if (!empty && p.fontMetrics().horizontalAdvance(cell.figure) + unit > room.width() + 4)
         p.setFont(t.Font(size, Weight::Medium));
     p.setPen(t[empty ? Token::Off : Token::Figures]);
     const QString figure =

@@ -26,6 +26,7 @@ class Session : public QObject {
   Outcome Open(const std::string& hostPath, const QString& name);
   void BeginManual(const executor::ManualSetup& setup);
 
+  const executor::Limits& limits() const { return limits_; }
   const executor::Player& player() const { return player_; }
   const QString& name() const { return name_; }
   // Nothing while the proof is under way.

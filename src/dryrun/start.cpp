@@ -5,7 +5,6 @@
 #include <QFileDialog>
 #include <QIcon>
 
-#include "dryrun/dry_run_window.h"
 #include "host/default_store.h"
 #include "host/host_locale.h"
 #include "host/ini_store.h"
@@ -47,6 +46,28 @@ bool HasScreen() {
 #endif
 }
 
+void Begin(const Start& start, const SettingsStore& store, Session& session, DryRunWindow& window) {
+  session.SetSpeed(start.request.kind == Request::Kind::Trace ? kTraceSpeed : kProgramSpeed);
+  switch (start.request.kind) {
+    case Request::Kind::Nothing:
+      break;
+    case Request::Kind::Manual:
+      session.BeginManual(executor::ReadManualSetup(store, session.limits()));
+      break;
+    case Request::Kind::Trace:
+      window.Open(start.stationFolder + "/TV_TRACE.TVG");
+      break;
+    case Request::Kind::Program: {
+      const auto path = executor::PathOf(start.request.asTyped);
+      if (path)
+        window.Open(path.value());
+      else
+        window.Tell(QString::fromStdString(start.request.asTyped + ": " + path.reason()));
+      break;
+    }
+  }
+}
+
 int ShowWindow(int& argc, char** argv, const Start& start) {
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QObject::tr("Torvane dry run"));
@@ -58,32 +79,13 @@ int ShowWindow(int& argc, char** argv, const Start& start) {
 
   const std::unique_ptr<SettingsStore> store =
       start.store.empty() ? DefaultStore() : std::make_unique<IniStore>(start.store);
-  const executor::Limits limits = executor::ReadLimits(*store, HostLocale().Signs().decimal);
   const QDir station(QString::fromStdString(start.stationFolder));
   QString programs = station.filePath(QStringLiteral("TV_G-Code_Files"));
   if (!QDir(programs).exists()) programs = station.path();
-  Session session(limits);
-  session.SetSpeed(start.request.kind == Request::Kind::Trace ? kTraceSpeed : kProgramSpeed);
+  Session session(executor::ReadLimits(*store, HostLocale().Signs().decimal));
   DryRunWindow window(theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); });
   window.show();
-  switch (start.request.kind) {
-    case Request::Kind::Nothing:
-      break;
-    case Request::Kind::Manual:
-      session.BeginManual(executor::ReadManualSetup(*store, limits));
-      break;
-    case Request::Kind::Trace:
-      window.Open(station.filePath(QStringLiteral("TV_TRACE.TVG")).toStdString());
-      break;
-    case Request::Kind::Program: {
-      const auto path = executor::PathOf(start.request.asTyped);
-      if (path)
-        window.Open(path.value());
-      else
-        window.Tell(QString::fromStdString(start.request.asTyped + ": " + path.reason()));
-      break;
-    }
-  }
+  Begin(start, *store, session, window);
   return QApplication::exec();
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "dryrun/dry_run_window.h"
 #include "executor/request.h"
 
 namespace torvane::dryrun {
@@ -13,8 +14,11 @@ struct Start {
   std::string stationFolder;  // a path of the computer
 };
 
-// False, with nothing started, where there is no screen to show a window on.
+// Whether there is a screen to show a window on.
 bool HasScreen();
+
+// Brings the window to what the command line asks for.
+void Begin(const Start& start, const SettingsStore& store, Session& session, DryRunWindow& window);
 
 // Shows the window until it is closed. The program's exit status.
 int ShowWindow(int& argc, char** argv, const Start& start);

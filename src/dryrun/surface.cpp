@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace torvane::dryrun {
@@ -87,6 +88,9 @@ Columns Surface::Follow(const executor::Player& player, int milliseconds) {
   // A stroke at a time, so that the time can be kept.
   while (upToDate_ && laid_.strokes <= now.strokes) {
     const Laid next = laid_.strokes == now.strokes ? now : Laid{laid_.strokes + 1, false, 0};
+    const bool begins = !laid_.partly && (next.partly || next.strokes > laid_.strokes);
+    if (layer->wraps && player.course().domes && begins && laid_.strokes > 0)
+      LayWrap(painter, layer->strokes[laid_.strokes - 1], layer->strokes[laid_.strokes], *place, changed);
     executor::ForEachPiece(*layer, laid_, next, [&](const Stroke& stroke, double z0, double z1) {
       Lay(painter, stroke, z0, z1, *place, changed);
     });
@@ -144,6 +148,55 @@ void Surface::Fill(QPainter& painter, const Stroke& stroke, double z0, double z1
     const QPointF corners[] = {point(from, low0, low1), point(to, low0, low1), point(to, high0, high1),
                                point(from, high0, high1)};
     painter.drawConvexPolygon(corners, 4);
+  }
+}
+
+void Surface::LayWrap(QPainter& painter, const Stroke& before, const Stroke& behind, const LayerPlace& place,
+                      Columns& changed) const {
+  const double turn = behind.m0 - before.m1;
+  if (std::abs(before.z1 - behind.z0) > place.band || turn < 90 || turn > 400) return;
+  FillWrap(painter, before, behind, place, -1, 1);
+  FillWrap(painter, before, behind, place, 1 - kEdge, 1);
+  const double radius = place.mandrel.RadiusAt(before.z1);
+  const double end = before.z1 + (before.z1 > before.z0 ? radius : -radius);
+  changed.Add(std::max(0, static_cast<int>(scale_.XAt(std::max(end, before.z1))) - 1),
+              std::min(image_.width(), static_cast<int>(scale_.XAt(std::min(end, before.z1))) + 2));
+}
+
+// On a sphere the band runs along a great circle, and its edges along circles beside it. The circle leaves
+// the cylinder at the winding angle and is back after half a turn; what the mandrel turns more, for the shift
+// to the next circuit, is spread over it.
+void Surface::FillWrap(QPainter& painter, const Stroke& before, const Stroke& behind, const LayerPlace& place,
+                       double low, double high) const {
+  constexpr int kSteps = 40;
+  constexpr double kOver = 1.3;  // pieces overlap, or their edges would show
+  const double radius = place.mandrel.RadiusAt(before.z1);
+  const double angle = std::atan(executor::Tangent(before, radius));
+  const double outwards = before.z1 > before.z0 ? radius : -radius;
+  const double turn = (behind.m0 - before.m1) / 180;
+  const double rows = image_.height();
+  // At a share of the way, beside the band's middle by a share of half its width: Z and angle.
+  const auto point = [&](double step, double beside) {
+    const double way = executor::kPi * step / kSteps, off = beside * place.band / 2 / radius;
+    const double out = std::cos(off) * std::sin(way) * std::cos(angle) + std::sin(off) * std::sin(angle);
+    const double up = std::cos(off) * std::cos(way);
+    const double round = std::cos(off) * std::sin(way) * std::sin(angle) - std::sin(off) * std::cos(angle);
+    double degrees = std::atan2(round, up) / executor::kRadians;
+    if (degrees < -90) degrees += 360;
+    return QPointF(scale_.XAt(before.z1 + outwards * std::max(0.0, out)), before.m1 + degrees * turn);
+  };
+  for (int step = 0; step < kSteps; ++step) {
+    const QColor band = theme_[(step < kSteps / 2 ? before : behind).out ? Token::BandOut : Token::BandBack];
+    painter.setBrush(low > 0 ? Mixed(band, theme_[Token::Drawing], 0.5) : band);
+    const std::array<QPointF, 4> corners = {point(step, low), point(step + kOver, low),
+                                            point(step + kOver, high), point(step, high)};
+    const auto [least, most] = std::minmax_element(
+        corners.begin(), corners.end(), [](const QPointF& a, const QPointF& b) { return a.y() < b.y(); });
+    for (double turns = std::floor(least->y() / 360); turns <= std::floor(most->y() / 360); ++turns) {
+      std::array<QPointF, 4> shown = corners;
+      for (QPointF& corner : shown) corner.setY(rows * (1 - (corner.y() - turns * 360) / 360));
+      painter.drawPolygon(shown.data(), 4);
+    }
   }
 }
 

@@ -47,6 +47,11 @@ class Surface {
   // The part of a band between two shares of its width, -1 to 1.
   void Fill(QPainter& painter, const executor::Stroke& stroke, double z0, double z1,
             const executor::LayerPlace& place, double low, double high) const;
+  // The band round a hemispherical end, from one traverse to the next.
+  void LayWrap(QPainter& painter, const executor::Stroke& before, const executor::Stroke& behind,
+               const executor::LayerPlace& place, Columns& changed) const;
+  void FillWrap(QPainter& painter, const executor::Stroke& before, const executor::Stroke& behind,
+                const executor::LayerPlace& place, double low, double high) const;
 
   const Theme& theme_;
   QImage image_;

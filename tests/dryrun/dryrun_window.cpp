@@ -4,6 +4,8 @@
 #include <QtTest>
 #include <fstream>
 
+#include "dryrun/start.h"
+#include "host/ini_store.h"
 #include "staging.h"
 
 namespace torvane::dryrun {
@@ -28,6 +30,7 @@ class DryRun : public QObject {
   Q_OBJECT
 
  private slots:
+  void ObeysTheFourCommandLines();
   void OpensEmpty();
   void RunsToItsEndByTheButton();
   void ChangesItsSpeedByKeys();
@@ -57,6 +60,54 @@ class DryRun : public QObject {
 
   QTemporaryDir folder_;
 };
+
+void DryRun::ObeysTheFourCommandLines() {
+  const std::string home = folder_.path().toStdString();
+  IniStore store(home + "/store.ini");
+  store.Write("Settings", "gCarriageOffsetFromRMPFace", "2.5");
+  store.Write("Settings", "mnu2Axis", "0");
+  const auto begin = [&](Staged& stage, const std::vector<std::string>& words) {
+    Begin({executor::ReadRequest(words), {}, home}, store, stage.session, stage.window);
+  };
+  Write("my part - 2.T2G", kShort);
+  Write("TV_TRACE.TVG", "X V420 T2 Z1.875\r\nG28 F1\r\nG1 F1 Z8\r\nX99 [END EXECUTOR]\r\n\r\n");
+  {
+    Staged stage;
+    begin(stage, {});
+    QCOMPARE(stage.player().State(), RunState::Empty);
+  }
+  {
+    // In the words that its blanks make of it.
+    QString path = QString::fromStdString(home + "/my part - 2.T2G");
+    Staged stage;
+    std::vector<std::string> words;
+    for (const QString& word : path.split(QLatin1Char(' '))) words.push_back(word.toStdString());
+    begin(stage, words);
+    QCOMPARE(stage.session.name(), QStringLiteral("my part - 2.T2G"));
+    QCOMPARE(stage.player().State(), RunState::Running);
+    // The station's own form of the path has backslashes.
+    words[0] = path.replace(QLatin1Char('/'), QLatin1Char('\\')).toStdString();
+    Staged again;
+    begin(again, {words[0]});
+    QCOMPARE(again.session.name(), QStringLiteral("my part - 2.T2G"));
+  }
+  {
+    Staged stage;
+    begin(stage, {"TRACE"});
+    QCOMPARE(stage.session.name(), QStringLiteral("TV_TRACE.TVG"));
+    QCOMPARE(stage.player().Speed(), 1.0);
+    stage.RunTo(100);
+    QCOMPARE(stage.player().State(), RunState::Finished);
+    QCOMPARE(stage.player().At().carriage, 8.0);
+  }
+  {
+    Staged stage;
+    begin(stage, {"MANUAL"});
+    QCOMPARE(stage.player().State(), RunState::Manual);
+    QCOMPARE(stage.player().At().carriage, 2.5);
+    QVERIFY(stage.player().course().head);
+  }
+}
 
 void DryRun::OpensEmpty() {
   Staged stage;

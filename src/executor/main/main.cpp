@@ -21,6 +21,7 @@
 #include "host/host_locale.h"
 #include "host/ini_store.h"
 #include "host/paths.h"
+#include "host/station_folder.h"
 
 namespace torvane::executor {
 
@@ -108,7 +109,7 @@ int Check(const Arguments& arguments) {
 
 #ifdef TORVANE_DRYRUN_WINDOW
 // The station starts the dry run in its own folder, where its trace lies; started by hand elsewhere, the
-// program's folder is the station's.
+// usual folder of the station is meant.
 std::string StationFolderNow() {
   std::error_code error;
   const std::filesystem::path here = std::filesystem::current_path(error);
@@ -116,7 +117,8 @@ std::string StationFolderNow() {
   if (!program || std::filesystem::exists(here / "TV_TRACE.TVG", error) ||
       std::filesystem::exists(here / "TV_G-Code_Files", error))
     return HostText(here);
-  return program.value();
+  const auto station = StationFolder("", program.value());
+  return station ? station.value() : program.value();
 }
 #endif
 

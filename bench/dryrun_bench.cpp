@@ -1,0 +1,111 @@
+// The dry run's window while it winds at 1000 times the machine's speed: a thirtieth of a second played and
+// the whole window painted, offscreen. QT_SCALE_FACTOR=2 measures it at 200 %.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <filesystem>
+#include <fstream>
+
+#include "dryrun/dry_run_window.h"
+#include "executor/programs.h"
+#include "look/style.h"
+
+namespace torvane::dryrun {
+
+namespace {
+
+using executor::RunState;
+
+std::string Written(const std::string& text) {
+  const auto path =
+      std::filesystem::temp_directory_path() / ("dryrun-bench-" + std::to_string(getpid()) + ".T2G");
+  std::ofstream(path, std::ios::binary) << text;
+  return path.string();
+}
+
+struct Bench {
+  explicit Bench(const std::string& program)
+      : path(Written(program)), theme(false), session(executor::Limits()), window(theme, session, {}) {
+    QApplication::setStyle(new Style(theme));
+    QApplication::setPalette(theme.Palette());
+    window.show();
+    window.Open(path);
+    while (session.proof() == nullptr) QApplication::processEvents();
+    session.SetSpeed(1000);
+    session.Pause();
+    picture = QImage(window.size() * window.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(window.devicePixelRatioF());
+  }
+  ~Bench() { std::filesystem::remove(path); }
+
+  // No event loop runs: the window's own clock stays out of it.
+  void Frame() {
+    if (session.player().State() == RunState::Waiting) session.PressButton();
+    if (session.player().State() != RunState::Running) session.Run();
+    session.Advance(1.0 / 30);
+    window.render(&picture);
+  }
+
+  std::string path;
+  Theme theme;
+  Session session;
+  DryRunWindow window;
+  QImage picture;
+};
+
+// Hoops of a quarter of an inch round 4 in at 90 revolutions a minute.
+std::string Hoops() {
+  std::string text = executor::Begun();
+  for (int pass = 1; pass <= 40; ++pass)
+    text += executor::PassLine(pass, 40) + "M4 S90\nG1 F0.375 Z28\nG1 Z4\n";
+  return text + executor::Ended();
+}
+
+void Run(benchmark::State& state, const std::string& program) {
+  Bench bench(program);
+  double longest = 0;
+  for (auto _ : state) {
+    QElapsedTimer frame;
+    frame.start();
+    bench.Frame();
+    longest = std::max(longest, static_cast<double>(frame.nsecsElapsed()) * 1e-6);
+  }
+  state.counters["longest_ms"] = longest;
+}
+
+void FrameOfHelices(benchmark::State& state) {
+  Run(state, executor::ProgramOf({.passes = 3600, .step = 0.1}));
+}
+void FrameOfHoops(benchmark::State& state) { Run(state, Hoops()); }
+BENCHMARK(FrameOfHelices)->Unit(benchmark::kMillisecond)->Iterations(300);
+BENCHMARK(FrameOfHoops)->Unit(benchmark::kMillisecond)->Iterations(300);
+
+// From the file to the first line on the screen; the proof goes on behind it.
+void OpenProgram(benchmark::State& state) {
+  const int passes = static_cast<int>(state.range(0)) / 5;
+  const std::string path = Written(executor::ProgramOf({.passes = passes, .step = 360.0 / passes}));
+  for (auto _ : state) {
+    Theme theme(false);
+    Session session{executor::Limits()};
+    session.Open(path, {});
+    benchmark::DoNotOptimize(session.player().course().seconds);
+    state.PauseTiming();
+    while (session.proof() == nullptr) QApplication::processEvents();
+    state.ResumeTiming();
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(OpenProgram)->Arg(100'000)->Arg(400'000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+}  // namespace torvane::dryrun
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
