@@ -174,7 +174,7 @@ void DisplayStrip::paintEvent(QPaintEvent*) {
       p.setPen(t[Token::Hairline]);
       p.drawLine(QPointF(std::round(x) + 0.5, 1), QPointF(std::round(x) + 0.5, height() - 1));
     }
-    const QRectF room(x + 12, 0, wide - 18, height());
+    const QRectF room(x + 12, 0, wide - 14, height());
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
     p.drawText(QRectF(room.left(), 6, room.width(), 18), Qt::AlignVCenter,
@@ -183,8 +183,8 @@ void DisplayStrip::paintEvent(QPaintEvent*) {
     const bool empty = cell.figure.isEmpty();
     // Figure and unit are read together: a long one is written smaller.
     const double unit = cell.unit.isEmpty() ? 0 : QFontMetricsF(t.Font(13)).horizontalAdvance(cell.unit) + 4;
-    for (const int size : {16, 14, 12})
-      if (!empty && p.fontMetrics().horizontalAdvance(cell.figure) + unit > room.width() + 4)
+    for (const int size : {16, 14, 12, 11})
+      if (!empty && p.fontMetrics().horizontalAdvance(cell.figure) + unit > room.width())
         p.setFont(t.Font(size, Weight::Medium));
     p.setPen(t[empty ? Token::Off : Token::Figures]);
     const QString figure =

@@ -17,7 +17,8 @@ namespace {
 // The edge of a band is lighter, so that neighbours stand apart; where a band is thinner than this many
 // pixels it would be all edge.
 constexpr double kThinBand = 2.5;
-constexpr double kEdge = 0.24;
+constexpr double kEdge = 0.24;  // of half the width, at most
+constexpr double kEdgeRows = 5;
 
 QColor Mixed(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](int x, int y) { return static_cast<int>(std::lround(x + (y - x) * share)); };
@@ -110,7 +111,7 @@ void Surface::Lay(QPainter& painter, const Stroke& stroke, double z0, double z1,
   // Seen in the unrolled picture, which is lower than this image.
   if (thickness / 5 > kThinBand / 2) {
     painter.setBrush(Mixed(band, theme_[Token::Drawing], 0.5));
-    Fill(painter, stroke, z0, z1, place, 1 - kEdge, 1);
+    Fill(painter, stroke, z0, z1, place, 1 - std::min(kEdge, 2 * kEdgeRows / thickness), 1);
   }
   changed.Add(std::max(0, static_cast<int>(std::floor(scale_.XAt(std::max(z0, z1)))) - 1),
               std::min(image_.width(), static_cast<int>(std::ceil(scale_.XAt(std::min(z0, z1)))) + 1));
