@@ -27,6 +27,11 @@ void PlainButton::SetIcon(Icon icon) {
   update();
 }
 
+void PlainButton::SetLook(ButtonLook look) {
+  look_ = look;
+  update();
+}
+
 void PlainButton::SetTextSize(int size) {
   textSize_ = size;
   updateGeometry();

@@ -21,6 +21,7 @@ class PlainButton : public QAbstractButton {
               QWidget* parent = nullptr);
 
   void SetFilled(bool filled);
+  void SetLook(ButtonLook look);
   void SetIcon(Icon icon);
   void SetTextSize(int size);
   QSize sizeHint() const override;

@@ -190,6 +190,12 @@ QPainterPath StrokesOf(Icon icon) {
     case Icon::Chevron:
       Line(p, {{5.5, 8}, {10, 12.5}, {14.5, 8}});
       break;
+    case Icon::Enlarge:
+      Line(p, {{11.5, 8.5}, {16.5, 3.5}});
+      Line(p, {{12, 3.5}, {16.5, 3.5}, {16.5, 8}});
+      Line(p, {{8.5, 11.5}, {3.5, 16.5}});
+      Line(p, {{8, 16.5}, {3.5, 16.5}, {3.5, 12}});
+      break;
     case Icon::Pattern:
       p.addEllipse(QPointF(10, 10), 7, 7);
       Line(p, {{4.6, 14}, {15.4, 6}});

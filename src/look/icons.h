@@ -41,6 +41,7 @@ enum class Icon : std::uint8_t {
   Pattern,
   Stop,
   Press,
+  Enlarge,
 };
 
 void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour);

@@ -57,8 +57,10 @@ QColor Theme::operator[](Token token) const {
   return QColor::fromRgb(dark_ ? colours.dark : colours.light);
 }
 
-QFont Theme::Font(int size, Weight weight) const {
-  QFont font;
+const QFont& Theme::Font(int size, Weight weight) const {
+  const auto [place, isNew] = fonts_.try_emplace({size, weight});
+  QFont& font = place->second;
+  if (!isNew) return font;
   font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"),
                     QStringLiteral("DejaVu Sans")});
   font.setPixelSize(Px(size));

@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QPen>
 #include <cstdint>
+#include <map>
 
 namespace torvane {
 
@@ -63,13 +64,24 @@ class Theme {
   QColor operator[](Token token) const;
   // A size of the drawings, in logical pixels.
   static constexpr int Px(int size) { return size; }
-  QFont Font(int size, Weight weight = Weight::Regular) const;
+  const QFont& Font(int size, Weight weight = Weight::Regular) const;
+  // The schedule, the totals and the checklist can be read from the machine, two metres away.
+  bool large() const { return large_; }
+  void SetLarge(bool large) { large_ = large; }
+  // A size of what grows with the large figures: cells of 14 become 24.
+  int Figure(int size) const { return large_ ? (size * 12 + 3) / 7 : Px(size); }
+  const QFont& FigureFont(int size, Weight weight = Weight::Regular) const {
+    return Font(Figure(size), weight);
+  }
   QPalette Palette() const;
   QPen Pen(Token token, double width = 1) const;
 
  private:
   bool dark_;
   bool blinkWhite_ = false;
+  bool large_ = false;
+  // Looking a font up costs more than drawing a cell with it.
+  mutable std::map<std::pair<int, Weight>, QFont> fonts_;
 };
 
 }  // namespace torvane

@@ -19,6 +19,7 @@ BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), 
   connect(this, &QAbstractButton::clicked, this, [this] { desk_.binder.Run("imgBUILD"); });
   desk.binder.BindAll(this, [this] {
     setAccessibleDescription(SecondLine());
+    setToolTip(SecondLine() + QStringLiteral(" (F9)"));
     update();
   });
 }
@@ -37,6 +38,11 @@ QString BuildButton::SecondLine() const {
   const auto warnings = BuildWarnings(desk_.station).size();
   if (warnings == 1) return QStringLiteral("1 warning, look first");
   if (warnings > 1) return QStringLiteral("%1 warnings, look first").arg(warnings);
+  return WhatItDoes();
+}
+
+QString BuildButton::WhatItDoes() const {
+  const DesignState& s = desk_.station.s;
   return QStringLiteral("writes %1%2 and starts the executor")
       .arg(Shown(WithoutLast(s.gFileName.text(), 4)),
            s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
@@ -63,8 +69,25 @@ void BuildButton::paintEvent(QPaintEvent*) {
     p.setPen(QPen(ready ? t[Token::OnAccent] : t[Token::Focus], 2));
     p.drawRoundedRect(Inset(rect(), 3), 4, 4);
   }
-  PaintIcon(p, Icon::Play, {20, 18, 26, 26}, ink);
   p.setPen(ink);
+  if (height() < 50 || height() > 100) {
+    // In the bar of a small window, or to be seen from the machine: icon and word in the middle.
+    const bool far = height() > 100;
+    const double icon = far ? 44 : 20, gap = far ? 20 : 10;
+    p.setFont(t.Font(far ? 38 : 16, Weight::Medium));
+    const double words = p.fontMetrics().horizontalAdvance(text());
+    const double x = (width() - icon - gap - words) / 2;
+    const double second = far && SecondLine() != WhatItDoes() ? 14 : 0;
+    PaintIcon(p, Icon::Play, {x, (height() - icon) / 2 - second, icon, icon}, ink);
+    p.drawText(QRectF(x + icon + gap, -second, words + 4, height()), Qt::AlignVCenter | Qt::AlignLeft, text());
+    if (second > 0) {
+      p.setFont(t.Font(17));
+      p.drawText(QRectF(12, height() - 44, width() - 24, 24), Qt::AlignCenter,
+                 p.fontMetrics().elidedText(SecondLine(), Qt::ElideRight, width() - 24));
+    }
+    return;
+  }
+  PaintIcon(p, Icon::Play, {20, 18, 26, 26}, ink);
   p.setFont(t.Font(20, Weight::Medium));
   p.drawText(QRect(59, 8, width() - 70, 28), Qt::AlignVCenter | Qt::AlignLeft, text());
   p.setFont(t.Font(12));

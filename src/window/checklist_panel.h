@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "window/arrangement.h"
 #include "window/binder.h"
 
 class QGridLayout;
@@ -15,6 +16,8 @@ class ChecklistPanel : public QWidget {
 
   // The inputs in the order of the focus.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  // With large figures the boxes alone stay, as targets for a glove.
+  void Arrange(Arrangement arrangement);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -33,6 +36,8 @@ class ChecklistPanel : public QWidget {
   Desk desk_;
   std::vector<QWidget*> stops_;
   std::vector<QWidget*> checks_;
+  std::vector<QWidget*> details_;  // what large figures leave out
+  std::vector<int> rows_;
 };
 
 }  // namespace torvane

@@ -27,13 +27,13 @@ class ChoicePopup : public QListWidget {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("choices"));
     setPalette(desk.theme.Palette());
-    setFont(desk.theme.Font(14, Weight::Medium));
+    setFont(desk.theme.FigureFont(14, Weight::Medium));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMouseTracking(true);
     for (const std::string& entry : field.entries()) {
       const bool blank = Trim(entry).empty();
       auto* item = new QListWidgetItem(blank ? QString() : Shown(entry), this);
-      item->setSizeHint({0, blank ? kHairline : kRow});
+      item->setSizeHint({0, blank ? kHairline : desk.theme.Figure(kRow)});
       if (blank) item->setFlags(Qt::NoItemFlags);
       if (entry == field.text()) setCurrentItem(item);
     }

@@ -13,12 +13,14 @@ namespace torvane {
 FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
     : QLineEdit(parent), desk_(desk), field_(field), place_(place) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  setAccessibleName(HelpOf(field).name);
+  Explain(*this, field);
+  moves_ = MovesMachine(field);
+  setAttribute(Qt::WA_Hover, moves_);
   setFrame(false);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  setFont(desk.theme.Font(14, Weight::Medium));
+  setFont(place == Place::Grid ? desk.theme.FigureFont(14, Weight::Medium) : desk.theme.Font(14, Weight::Medium));
   setContextMenuPolicy(Qt::NoContextMenu);
-  const int side = desk.theme.Px(place == Place::Cell ? 8 : 6);
+  const int side = desk.theme.Px(place == Place::Panel ? 6 : 8);
   setTextMargins(side, 0, side, 0);
   if (place == Place::Panel) setFixedHeight(desk.theme.Px(30));
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
@@ -45,18 +47,23 @@ void FieldEdit::Show() {
       field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
   if (const QString hint = Shown(NumberHint(field_, desk_.station.s.signs)); !hint.isEmpty()) tip = hint;
   if (tip.isEmpty()) tip = HelpOf(field_).sentence;
+  if (moves_) tip += QStringLiteral("\nA double click drives the machine there. It moves.");
   setToolTip(tip);
   update();
 }
 
 InputLook FieldEdit::Look() const {
-  return {field_.mark(), field_.enabled(), hasFocus(), place_ == Place::Cell};
+  return {field_.mark(), field_.enabled(), hasFocus(), place_ != Place::Panel};
 }
 
 void FieldEdit::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(this);
     PaintInput(painter, desk_.theme, rect(), Look());
+    if (moves_ && underMouse() && field_.mark() == Mark::Plain) {
+      const double size = desk_.theme.Px(12);
+      PaintIcon(painter, Icon::Home, {3, (height() - size) / 2, size, size}, desk_.theme[Token::Accent]);
+    }
   }
   QLineEdit::paintEvent(event);
 }

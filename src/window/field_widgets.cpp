@@ -14,7 +14,7 @@ namespace torvane {
 FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
     : QAbstractButton(parent), desk_(desk), field_(field) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  setAccessibleName(HelpOf(field).name);
+  Explain(*this, field);
   setToolTip(HelpOf(field).sentence);
   setFocusPolicy(Qt::StrongFocus);
   setFixedHeight(desk.theme.Px(30));
@@ -64,7 +64,8 @@ FieldCheck::FieldCheck(Desk desk, Field& field, const QString& caption, QWidget*
     : QAbstractButton(parent), desk_(desk), field_(field) {
   setObjectName(QString::fromStdString(NameOf(field)));
   setText(caption);
-  setAccessibleName(caption.isEmpty() ? HelpOf(field).name : caption);
+  Explain(*this, field);
+  if (!caption.isEmpty()) setAccessibleName(caption);
   setToolTip(HelpOf(field).sentence);
   setCheckable(true);
   setFocusPolicy(Qt::StrongFocus);
@@ -82,8 +83,9 @@ void FieldCheck::SetSecondLine(const QString& text) {
 }
 
 QSize FieldCheck::sizeHint() const {
-  const int caption = QFontMetrics(desk_.theme.Font(13)).horizontalAdvance(text());
-  return {desk_.theme.Px(20) + (text().isEmpty() ? 0 : desk_.theme.Px(11) + caption), desk_.theme.Px(32)};
+  const Theme& t = desk_.theme;
+  const int caption = QFontMetrics(t.FigureFont(13)).horizontalAdvance(text());
+  return {t.Figure(20) + (text().isEmpty() ? 0 : t.Figure(11) + caption), std::max(32, t.Figure(20) + 12)};
 }
 
 void FieldCheck::nextCheckState() {
@@ -96,22 +98,22 @@ void FieldCheck::nextCheckState() {
 void FieldCheck::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter painter(this);
-  const double size = t.Px(20);
+  const double size = t.Figure(20);
   const QRectF box(0, (height() - size) / 2, size, size);
   PaintCheckBox(painter, t, hasFocus() ? Inset(box.translated(2, 0), 1) : box, field_.checked(), isEnabled(),
                 hasFocus());
   if (text().isEmpty()) return;
-  const bool titled = !second_.isEmpty();
+  const bool titled = !second_.isEmpty() && !t.large();
   const bool strong = field_.checked() && isEnabled();
   painter.setPen(isEnabled() ? (strong ? t[Token::Text] : t[Token::Second]) : t[Token::Off]);
-  painter.setFont(t.Font(13, titled ? Weight::Medium : Weight::Regular));
-  const QRect area = rect().adjusted(t.Px(30), 0, 0, 0);
+  painter.setFont(t.FigureFont(13, titled || t.large() ? Weight::Medium : Weight::Regular));
+  const QRect area = rect().adjusted(t.Figure(30), 0, 0, 0);
   if (!titled) {
     painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft, text());
     return;
   }
   painter.drawText(area.adjusted(0, 1, 0, -area.height() / 2 + 2), Qt::AlignBottom | Qt::AlignLeft, text());
-  painter.setFont(t.Font(11));
+  painter.setFont(t.FigureFont(11));
   painter.setPen(isEnabled() ? t[Token::Second] : t[Token::Off]);
   painter.drawText(area.adjusted(0, area.height() / 2 + 1, 0, 0), Qt::AlignTop | Qt::AlignLeft, second_);
 }
@@ -119,7 +121,7 @@ void FieldCheck::paintEvent(QPaintEvent*) {
 ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
     : QWidget(parent), desk_(desk), field_(field), size_(size) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  setAccessibleName(HelpOf(field).name);
+  Explain(*this, field);
   desk.binder.Bind(field, this, [this] {
     ShowAs(*this, field_.shown());
     const QString tip = Shown(field_.tip());

@@ -18,7 +18,11 @@ inline void ShowAs(QWidget& widget, bool shown) {
     widget.show();
 }
 
-enum class Place : std::uint8_t { Panel, Cell };
+enum class Place : std::uint8_t {
+  Panel,  // with an edge of its own
+  Cell,   // within the edges of what surrounds it
+  Grid,   // the same in the schedule, whose figures can be large
+};
 
 // Typed text. Each key reaches the state as it is typed.
 class FieldEdit : public QLineEdit {
@@ -40,6 +44,7 @@ class FieldEdit : public QLineEdit {
   Desk desk_;
   Field& field_;
   Place place_;
+  bool moves_ = false;  // a double click moves the machine
 };
 
 // A list: its entries open below it; Alt+Down, Down or a click opens them, a letter chooses.

@@ -1,214 +1,260 @@
 #include "window/four_axis_painter.h"
 
-#include <QLinearGradient>
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
-
-#include "look/text.h"
+#include <numbers>
 
 namespace torvane {
 
 namespace {
 
-constexpr double kFields = 144;
-constexpr double kPost = 16;
-
-double Value(const Field& field) {
-  const Number value = number(field);
-  return holds(value > 0) ? value.value() : 0;
-}
+// Without figures an example is drawn, so that the place of everything is plain.
+constexpr double kExampleFar = 28, kExampleHome = 4, kExampleDiameter = 4;
+constexpr double kRing = 7.5;
 
 }  // namespace
 
-FourAxisPainter::FourAxisPainter(const Theme& theme, const DesignState& state, const QRect& area)
-    : t_(theme), s_(state), area_(area), homeRight_(!state.gIsLHDrive) {
-  postLeft_ = area.left() + kFields;
-  postRight_ = area.right() - kFields;
-  axisY_ = 121;
-  rulerY_ = 176;
-  double far = 28, home = 4, leftDiameter = 4, rightDiameter = 4;
-  complete_ = ZOf(0) && ZOf(3) && Value(s_.txtDia(0)) > 0 && Value(s_.txtDia(1)) > 0;
-  if (complete_) {
-    far = std::max(*ZOf(0), *ZOf(3));
-    home = std::min(*ZOf(0), *ZOf(3));
-    leftDiameter = Value(s_.txtDia(0));
-    rightDiameter = Value(s_.txtDia(1));
+SketchFrame FourAxisFrame(Arrangement arrangement, const QRectF& area) {
+  SketchFrame frame;
+  frame.area = area;
+  const bool open = arrangement == Arrangement::Open;
+  // Kept free at both sides for the ends' fields.
+  const double sides = open ? 128 : arrangement == Arrangement::Folded ? 204 : 90;
+  frame.postWidth = open ? 16 : 14;
+  frame.postLeft = area.left() + sides + frame.postWidth;
+  frame.postRight = area.right() - sides - frame.postWidth;
+  switch (arrangement) {
+    case Arrangement::Open:
+      // Between the offsets above and the places in Z below.
+      frame.axisY = area.top() + (area.height() - 15) / 2;
+      frame.rulerY = area.bottom() - 81;
+      frame.mostDiameter = std::min(frame.axisY - area.top() - 84, frame.rulerY - frame.axisY - 22) * 2;
+      break;
+    case Arrangement::Folded:
+      frame.axisY = area.center().y() - 3;
+      frame.rulerY = area.bottom() - 12;
+      frame.mostDiameter = (frame.axisY - area.top() - 14) * 2;
+      break;
+    case Arrangement::Large:
+      frame.axisY = area.center().y() - 10;
+      frame.rulerY = area.bottom() - 28;
+      frame.mostDiameter = (frame.axisY - area.top() - 34) * 2;
+      break;
   }
-  const double reach = std::max({far, Value(s_.txtAdjust(1)), Value(s_.txtAdjust(5))});
-  scale_ = std::min((postRight_ - postLeft_) / (reach * 1.08), 74 / std::max(leftDiameter, rightDiameter));
-  zeroX_ = homeRight_ ? postRight_ : postLeft_;
-  left_ = std::min(XOf(far), XOf(home));
-  right_ = std::max(XOf(far), XOf(home));
-  leftRadius_ = leftDiameter * scale_ / 2;
-  rightRadius_ = rightDiameter * scale_ / 2;
+  return frame;
 }
 
-std::optional<double> FourAxisPainter::ZOf(int i) const {
-  const Number z = number(s_.txtZ4(i));
-  if (!holds(z > 0)) return std::nullopt;
-  return z.value();
-}
-
-void FourAxisPainter::Paint(QPainter& p) const {
-  PaintGround(p);
+void PaintRing(QPainter& p, const Theme& t, const QPointF& centre, int number) {
   p.setRenderHint(QPainter::Antialiasing);
-  PaintPosts(p);
-  PaintMandrel(p);
-  PaintRuler(p);
-  if (complete_) PaintHeadPath(p);
-}
-
-void FourAxisPainter::PaintGround(QPainter& p) const {
-  p.fillRect(area_, t_[Token::Drawing]);
-  p.setClipRect(area_);
-  for (int i = 0; i * 20 < area_.width(); ++i) {
-    p.setPen(t_[i % 5 == 0 ? Token::DrawingGridBold : Token::DrawingGrid]);
-    p.drawLine(area_.left() + i * 20, area_.top(), area_.left() + i * 20, area_.bottom());
-    p.drawLine(area_.left(), i * 20, area_.right(), i * 20);
-  }
-  p.setClipping(false);
-  for (const bool left : {true, false}) {
-    p.setFont(t_.Font(13, Weight::Medium));
-    const QString end = left ? QStringLiteral("Left end") : QStringLiteral("Right end");
-    const QString chip = (left == homeRight_) ? QStringLiteral("FAR") : QStringLiteral("HOME");
-    const int words = p.fontMetrics().horizontalAdvance(end);
-    const int x = left ? area_.left() + 14 : area_.right() - 10 - words;
-    p.setPen(t_[Token::Text]);
-    p.drawText(QRect(x, 58, words + 4, 20), Qt::AlignVCenter, end);
-    p.setFont(t_.Font(11, Weight::Medium));
-    const int width = p.fontMetrics().horizontalAdvance(chip) + 10;
-    const QRect box(left ? x + words + 8 : x - width - 8, 60, width, 16);
-    p.setPen(Qt::NoPen);
-    p.setBrush(t_[Token::Accent]);
-    p.drawRoundedRect(box, 3, 3);
-    p.setPen(t_[Token::OnAccent]);
-    p.drawText(box, Qt::AlignCenter, chip);
-  }
-}
-
-void FourAxisPainter::PaintPosts(QPainter& p) const {
-  p.setPen(QPen(t_[Token::DrawnEdge], 1));
-  p.setBrush(t_[Token::Steel]);
-  p.drawRect(QRectF(postLeft_, axisY_ - 4, left_ - postLeft_, 8));
-  p.drawRect(QRectF(right_, axisY_ - 4, postRight_ - right_, 8));
-  p.drawRect(QRectF(postLeft_ - kPost, axisY_ - 26, kPost, rulerY_ - axisY_ + 26));
-  p.drawRect(QRectF(postRight_, axisY_ - 26, kPost, rulerY_ - axisY_ + 26));
-}
-
-void FourAxisPainter::PaintMandrel(QPainter& p) const {
-  QPainterPath outline;
-  const bool hemispheres = s_.optType(1).checked();
-  const double leftCap = hemispheres ? std::min(leftRadius_, (right_ - left_) / 2) : 0;
-  const double rightCap = hemispheres ? std::min(rightRadius_, (right_ - left_) / 2) : 0;
-  outline.moveTo(left_ + leftCap, axisY_ - leftRadius_);
-  outline.lineTo(right_ - rightCap, axisY_ - rightRadius_);
-  if (hemispheres)
-    outline.arcTo(QRectF(right_ - 2 * rightCap, axisY_ - rightRadius_, 2 * rightCap, 2 * rightRadius_), 90,
-                  -180);
-  else
-    outline.lineTo(right_, axisY_ + rightRadius_);
-  outline.lineTo(left_ + leftCap, axisY_ + leftRadius_);
-  if (hemispheres)
-    outline.arcTo(QRectF(left_, axisY_ - leftRadius_, 2 * leftCap, 2 * leftRadius_), 270, -180);
-  outline.closeSubpath();
-  if (!complete_) {
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(t_[Token::DrawnEdge], 1.5, Qt::DashLine));
-    p.drawPath(outline);
-    return;
-  }
-  const double radius = std::max(leftRadius_, rightRadius_);
-  QLinearGradient light(0, axisY_ - radius, 0, axisY_ + radius);
-  light.setColorAt(0, t_[Token::MandrelLow]);
-  light.setColorAt(0.35, t_[Token::MandrelHigh]);
-  light.setColorAt(0.6, t_[Token::MandrelMid]);
-  light.setColorAt(1, t_[Token::MandrelLow]);
-  p.setBrush(light);
-  p.setPen(QPen(t_[Token::DrawnEdge], 1));
-  p.drawPath(outline);
-  p.setPen(QPen(t_[Token::DrawnEdge], 1, Qt::DashDotLine));
-  p.drawLine(QPointF(left_ - 6, axisY_), QPointF(right_ + 6, axisY_));
-  // The polar openings.
-  p.setPen(QPen(t_[Token::Dimension], 2));
-  for (const int end : {0, 1}) {
-    const double opening = Value(s_.txtPODia(end)) * scale_ / 2;
-    const double x = end == 0 ? left_ : right_;
-    if (opening > 0) p.drawLine(QPointF(x, axisY_ - opening), QPointF(x, axisY_ + opening));
-  }
-}
-
-void FourAxisPainter::PaintHeadPath(QPainter& p) const {
-  const double run = std::max(leftRadius_, rightRadius_) / scale_ + Value(s_.txtAdjust(3));
-  const QPointF at[] = {{XOf(Value(s_.txtAdjust(1))), YOf(Value(s_.txtAdjust(0)))},
-                        {XOf(Value(s_.txtAdjust(2))), YOf(run)},
-                        {XOf(Value(s_.txtAdjust(4))), YOf(run)},
-                        {XOf(Value(s_.txtAdjust(5))), YOf(Value(s_.txtAdjust(6)))}};
-  p.setPen(QPen(t_[Token::Accent], 1.4, Qt::DashLine));
-  p.setBrush(Qt::NoBrush);
-  p.drawPolyline(at, 4);
-  const auto held = [this](QPointF point) {
-    return QPointF(std::clamp(point.x(), postLeft_, postRight_), std::clamp(point.y(), 64.0, axisY_ + 40));
-  };
-  PaintRing(p, held(at[0]), 1);
-  PaintRing(p, held(at[0] + QPointF(0, 19)), 0);
-  PaintRing(p, held(at[1]), 2);
-  PaintRing(p, held((at[1] + at[2]) / 2), 3);
-  PaintRing(p, held(at[2]), 4);
-  PaintRing(p, held(at[3]), 5);
-  PaintRing(p, held(at[3] + QPointF(0, 19)), 6);
-}
-
-void FourAxisPainter::PaintRing(QPainter& p, const QPointF& centre, int number) const {
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(QPen(t_[Token::Accent], 1.4));
-  p.setBrush(t_[Token::Drawing]);
-  p.drawEllipse(centre, 7.5, 7.5);
-  p.setFont(t_.Font(11, Weight::Medium));
+  p.setPen(QPen(t[Token::Accent], 1.4));
+  p.setBrush(t[Token::Drawing]);
+  p.drawEllipse(centre, kRing, kRing);
+  p.setFont(t.Font(11, Weight::Medium));
   p.drawText(QRectF(centre.x() - 8, centre.y() - 8, 16, 16), Qt::AlignCenter, QString::number(number));
 }
 
-void FourAxisPainter::PaintRuler(QPainter& p) const {
-  const double span = (postRight_ - postLeft_) / scale_;
-  double step = std::pow(10, std::floor(std::log10(span / 4)));
-  for (const double nice : {1.0, 2.0, 4.0, 5.0})
-    if (span / (step * nice) <= 9) {
-      step *= nice;
+FourAxisPainter::FourAxisPainter(const Theme& theme, const FourAxisScene& scene, const QRectF& area,
+                                 Arrangement arrangement)
+    : t_(theme),
+      scene_(scene),
+      arrangement_(arrangement),
+      f_(FourAxisFrame(arrangement, area)),
+      sketch_(theme, f_, arrangement, scene.homeRight, scene.zGrowsLeft()) {
+  double far = kExampleFar, home = kExampleHome;
+  double leftDiameter = kExampleDiameter, rightDiameter = kExampleDiameter;
+  if (scene.complete()) {
+    far = std::max(*scene.z[0], *scene.z[3]);
+    home = std::min(*scene.z[0], *scene.z[3]);
+    leftDiameter = *scene.diameter[0];
+    rightDiameter = *scene.diameter[1];
+  }
+  const double reach = std::max({far, scene.offset[1].value_or(0), scene.offset[5].value_or(0)});
+  sketch_.Scale(reach, std::max(leftDiameter, rightDiameter));
+  left_ = std::min(XOf(far), XOf(home));
+  right_ = std::max(XOf(far), XOf(home));
+  leftRadius_ = leftDiameter * sketch_.scale() / 2;
+  rightRadius_ = rightDiameter * sketch_.scale() / 2;
+  if (scene.ends != PartEnds::Hemispherical) return;
+  // From the outer place to the inner one; without an inner one as long as its radius.
+  const auto cap = [&](std::size_t outer, std::size_t inner, double radius) {
+    const bool told = scene.complete() && scene.z[inner];
+    const double length = told ? std::abs(XOf(*scene.z[outer]) - XOf(*scene.z[inner])) : radius;
+    return std::min(length, (right_ - left_) / 2);
+  };
+  leftCap_ = cap(0, 1, leftRadius_);
+  rightCap_ = cap(3, 2, rightRadius_);
+}
+
+double FourAxisPainter::RadiusAt(double x) const {
+  const double from = left_ + leftCap_, to = right_ - rightCap_;
+  const double share = std::clamp((x - from) / std::max(to - from, 1.0), 0.0, 1.0);
+  return leftRadius_ + (rightRadius_ - leftRadius_) * share;
+}
+
+QPainterPath FourAxisPainter::Outline() const {
+  const double axis = f_.axisY;
+  QPainterPath outline(QPointF(left_ + leftCap_, axis - leftRadius_));
+  outline.lineTo(right_ - rightCap_, axis - rightRadius_);
+  if (rightCap_ > 0)
+    outline.arcTo(QRectF(right_ - 2 * rightCap_, axis - rightRadius_, 2 * rightCap_, 2 * rightRadius_), 90,
+                  -180);
+  else
+    outline.lineTo(right_, axis + rightRadius_);
+  outline.lineTo(left_ + leftCap_, axis + leftRadius_);
+  if (leftCap_ > 0)
+    outline.arcTo(QRectF(left_, axis - leftRadius_, 2 * leftCap_, 2 * leftRadius_), 270, -180);
+  outline.closeSubpath();
+  return outline;
+}
+
+void FourAxisPainter::Paint(QPainter& p) const {
+  sketch_.PaintGround(p);
+  sketch_.PaintPosts(p, left_, right_);
+  sketch_.PaintMandrel(p, Outline(), Radius(), scene_.complete());
+  if (scene_.complete()) {
+    PaintBand(p);
+    if (arrangement_ == Arrangement::Open) sketch_.PaintAxis(p, left_, right_);
+    PaintOpenings(p);
+  }
+  sketch_.PaintRuler(p);
+  PaintPlaces(p);
+  if (scene_.complete() && arrangement_ != Arrangement::Large) PaintHeadPath(p);
+  switch (arrangement_) {
+    case Arrangement::Open: {
+      const double y = f_.axisY - 61;
+      sketch_.PaintChips(p, {f_.area.left() + 68, y}, {f_.area.right() - 70, y});
+      PaintLegend(p);
+      if (!scene_.length.isEmpty() && scene_.complete())
+        sketch_.PaintDimension(p, std::min(f_.rulerY - 10, f_.axisY + Radius() + 12), left_, right_,
+                               scene_.length, Token::Figures);
       break;
     }
-  p.setPen(QPen(t_[Token::Dimension], 1));
-  p.drawLine(QPointF(postLeft_, rulerY_), QPointF(postRight_, rulerY_));
-  p.setFont(t_.Font(11));
-  for (int i = 0; i * step / 4 <= span - 10 / scale_; ++i) {
-    const double x = XOf(i * step / 4);
-    p.setPen(QPen(t_[Token::Dimension], 1));
-    p.drawLine(QPointF(x, rulerY_), QPointF(x, rulerY_ + (i % 4 == 0 ? 6 : 4)));
-    p.setPen(t_[Token::Second]);
-    if (i % 4 == 0)
-      p.drawText(QRectF(x - 30, rulerY_ + 7, 60, 14), Qt::AlignCenter, QString::number(i * step / 4));
+    case Arrangement::Folded:
+      sketch_.PaintChips(p, {f_.area.left() + 8, f_.area.bottom() - 22},
+                         {f_.area.right() - 12, f_.area.bottom() - 22});
+      break;
+    case Arrangement::Large:
+      sketch_.PaintLargeEnds(p, scene_.leftText, scene_.rightText);
+      break;
   }
-  for (int i = 0; i <= 3; ++i) {
-    const auto z = ZOf(i);
-    if (!z) continue;
-    const double x = XOf(*z);
-    if (x < postLeft_ || x > postRight_) continue;
-    const bool inner = i == 1 || i == 2;
-    p.setPen(QPen(t_[Token::Accent], inner ? 1 : 2, inner ? Qt::DashLine : Qt::SolidLine));
-    p.drawLine(QPointF(x, axisY_ - std::max(leftRadius_, rightRadius_) - 4), QPointF(x, rulerY_));
-    p.setPen(Qt::NoPen);
-    p.setBrush(t_[Token::Accent]);
-    p.drawPolygon(QPolygonF({{x, rulerY_}, {x - 5, rulerY_ + 8}, {x + 5, rulerY_ + 8}}));
+}
+
+void FourAxisPainter::PaintBand(QPainter& p) const {
+  if (!scene_.angle) return;
+  const auto radiusAt = [this](double x) { return RadiusAt(x); };
+  const double width = scene_.band.value_or(0) * sketch_.scale();
+  const double from = left_ + leftCap_, to = right_ - rightCap_;
+  p.save();
+  p.setClipPath(Outline());
+  if (*scene_.angle >= 89.5) {
+    sketch_.PaintHoops(p, from, to, width, radiusAt);
+    p.restore();
+    return;
   }
-  // The length between the ends, which follows from them.
-  p.setPen(t_[s_.lblLengthTotal.empty() ? Token::Off : Token::Figures]);
-  p.setFont(t_.Font(14, Weight::Medium));
-  const QString length = s_.lblLengthTotal.empty() ? QString(QChar(0x2013)) : Shown(s_.lblLengthTotal.text());
-  const QRectF box(area_.center().x() - 60, 222, 120, 30);
-  p.fillRect(box, t_[Token::ReadOut]);
-  p.drawText(box, Qt::AlignCenter, length + QStringLiteral(" ") + Shown(s_.gUnits.text()));
-  p.setPen(t_[Token::Second]);
+  const double angle = *scene_.angle * std::numbers::pi / 180;
+  const bool homeRight = sketch_.zGrowsLeft();
+  const double home = homeRight ? to : from, far = homeRight ? from : to;
+  const bool hemispherical = scene_.ends == PartEnds::Hemispherical;
+  double turn = std::numbers::pi / 5;
+  // Home to far, round the far end, and back with the same sense of turning; then round the home end.
+  std::vector<BandPoint> out, back;
+  const auto end = [&](std::vector<BandPoint>& points, bool atLeft) {
+    const double cap = atLeft ? -leftCap_ : rightCap_;
+    if (hemispherical)
+      LayDome(points, atLeft ? from : to, cap, atLeft ? leftRadius_ : rightRadius_, angle, f_.axisY, turn);
+    else if (scene_.ends == PartEnds::Flat)
+      turn += scene_.endWrap * std::numbers::pi / 180;
+  };
+  LayHelix(out, home, far, angle, f_.axisY, radiusAt, turn);
+  end(out, homeRight);
+  LayHelix(back, far, home, angle, f_.axisY, radiusAt, turn);
+  end(back, !homeRight);
+  for (const bool front : {false, true}) {
+    sketch_.PaintBand(p, out, width, Token::BandOut, front);
+    sketch_.PaintBand(p, back, width, Token::BandBack, front);
+  }
+  p.restore();
+}
+
+void FourAxisPainter::PaintOpenings(QPainter& p) const {
+  p.setPen(QPen(t_[Token::Dimension], 3, Qt::SolidLine, Qt::FlatCap));
+  for (const std::size_t end : {0U, 1U}) {
+    if (!scene_.opening[end]) continue;
+    const double opening = std::min(*scene_.opening[end] * sketch_.scale() / 2, Radius());
+    const double x = end == 0 ? left_ : right_;
+    p.drawLine(QPointF(x, f_.axisY - opening), QPointF(x, f_.axisY + opening));
+  }
+}
+
+void FourAxisPainter::PaintPlaces(QPainter& p) const {
+  const double top = f_.axisY - Radius() - 4;
+  for (const std::size_t i : {0U, 1U, 2U, 3U})
+    if (scene_.z[i]) sketch_.PaintFoot(p, *scene_.z[i], top, Token::Accent, i == 1 || i == 2);
+}
+
+void FourAxisPainter::PaintHeadPath(QPainter& p) const {
+  const auto& at = scene_.offset;
+  const double ceiling = f_.area.top() + (arrangement_ == Arrangement::Open ? 74 : 6);
+  const double floor = f_.rulerY - 28;
+  const double run = std::max(YOf(Radius() / sketch_.scale() + at[3].value_or(0)), ceiling);
+  const auto xOf = [&](std::size_t offset, double otherwise) {
+    return at[offset] ? std::clamp(XOf(*at[offset]), f_.postLeft, f_.postRight) : otherwise;
+  };
+  const bool wraps = scene_.ends != PartEnds::NoWrap;
+  const QPointF left(wraps ? xOf(2, left_) : left_, run), right(wraps ? xOf(4, right_) : right_, run);
+  const auto wrap = [&](std::size_t z, std::size_t y, double end) {
+    return QPointF(xOf(z, end), std::clamp(YOf(at[y].value_or(0)), run, floor));
+  };
+  const QPointF leftWrap = wrap(1, 0, left_), rightWrap = wrap(5, 6, right_);
+  QPainterPath path;
+  if (wraps) {
+    // From the traverse's end the head goes down to the wrap on a quarter of an ellipse.
+    path.moveTo(leftWrap);
+    path.quadTo(QPointF(leftWrap.x(), left.y()), left);
+  } else {
+    path.moveTo(left);
+  }
+  path.lineTo(right);
+  if (wraps) path.quadTo(QPointF(rightWrap.x(), right.y()), rightWrap);
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(t_[Token::Accent], 1.4, Qt::DashLine));
+  p.drawPath(path);
+  if (arrangement_ != Arrangement::Open) return;
+  const QPointF below(0, 2 * kRing + 4);
+  if (wraps) {
+    PaintRing(p, t_, leftWrap, 1);
+    PaintRing(p, t_, leftWrap + below, 0);
+    PaintRing(p, t_, left, 2);
+    PaintRing(p, t_, right, 4);
+    PaintRing(p, t_, rightWrap, 5);
+    PaintRing(p, t_, rightWrap + below, 6);
+  }
+  const QPointF middle = (left + right) / 2;
+  p.setPen(QPen(t_[Token::Accent], 1.4));
+  p.drawLine(middle, QPointF(middle.x(), f_.axisY - RadiusAt(middle.x())));
+  PaintRing(p, t_, middle, 3);
+}
+
+void FourAxisPainter::PaintLegend(QPainter& p) const {
+  if (!scene_.angle || !scene_.complete()) return;
+  const double x = f_.area.center().x() - 118, y = f_.area.bottom() - 36;
   p.setFont(t_.Font(12));
-  p.drawText(QRectF(box.left(), 203, 120, 18), Qt::AlignCenter, QStringLiteral("Length"));
+  const auto key = [&](Token token, const QString& word, double top) {
+    p.setPen(QPen(t_[token], 4, Qt::SolidLine, Qt::FlatCap));
+    p.drawLine(QPointF(x, top + 8), QPointF(x + 20, top + 8));
+    p.setPen(t_[Token::Second]);
+    p.drawText(QPointF(x + 26, top + 12), word);
+  };
+  if (*scene_.angle >= 89.5) {
+    key(Token::BandOut, QStringLiteral("hoop"), y + 7);
+  } else {
+    key(Token::BandOut, QStringLiteral("out"), y - 1);
+    key(Token::BandBack, QStringLiteral("back"), y + 16);
+  }
+  p.drawText(QRectF(x + 190, y - 2, 80, 18), Qt::AlignLeft | Qt::AlignVCenter, scene_.legend);
+  p.drawText(QRectF(x + 190, y + 14, 80, 18), Qt::AlignLeft | Qt::AlignVCenter,
+             QStringLiteral("band to scale"));
 }
 
 }  // namespace torvane

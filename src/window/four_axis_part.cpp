@@ -2,7 +2,9 @@
 
 #include <QBoxLayout>
 
+#include "look/paint.h"
 #include "look/text.h"
+#include "window/button.h"
 #include "window/four_axis_painter.h"
 #include "window/stepper.h"
 
@@ -10,8 +12,11 @@ namespace torvane {
 
 namespace {
 
-constexpr int kTypes = 106;
-constexpr int kField = 68;
+constexpr int kTypes = 106, kNarrowTypes = 46;
+constexpr int kField = 68, kFieldWithUnit = 92;
+constexpr int kStepper = 96;
+constexpr int kStrip = 84;   // height of the drawing in a small window
+constexpr int kPages = 106;  // width of the switch between its pages
 
 // A part type as a picture with its name.
 class TypeButton : public QAbstractButton {
@@ -20,7 +25,9 @@ class TypeButton : public QAbstractButton {
     DesignState& s = desk.station.s;
     setObjectName(QStringLiteral("optType(%1)").arg(type));
     setText(Shown(s.optType(type).caption()));
-    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(text());
+    setToolTip(text());
+    setFocusPolicy(Qt::TabFocus);
     connect(this, &QAbstractButton::clicked, this, [this, &s] {
       for (int other = 0; other <= 2; ++other)
         if (other != type_) s.optType(other) = "False";
@@ -39,7 +46,16 @@ class TypeButton : public QAbstractButton {
     if (chosen) p.fillRect(0, 0, 4, height(), t[Token::Accent]);
     p.setPen(t[Token::Hairline]);
     p.drawLine(0, height() - 1, width(), height() - 1);
-    const QRectF part(width() / 2.0 - 22, height() / 2.0 - 22, 44, 18);
+    if (hasFocus()) {
+      p.setPen(QPen(t[Token::Focus], 2));
+      p.drawRect(Inset(rect(), 2));
+    }
+    // Without room for its name the picture stands alone, and its tool tip names it.
+    const bool named = height() > 50;
+    const double size = named ? 1 : 0.6;
+    p.translate(width() / 2.0, height() / 2.0 - (named ? 13 : 0));
+    p.scale(size, size);
+    const QRectF part(-22, -9, 44, 18);
     p.setPen(QPen(t[chosen ? Token::Accent : Token::DrawnEdge], 1.6));
     p.drawLine(QPointF(part.left() - 10, part.center().y()), QPointF(part.left(), part.center().y()));
     p.drawLine(QPointF(part.right(), part.center().y()), QPointF(part.right() + 10, part.center().y()));
@@ -54,6 +70,8 @@ class TypeButton : public QAbstractButton {
         p.drawLine(QPointF(part.left() + 4 + i * 13, part.bottom() - 2),
                    QPointF(part.left() + 16 + i * 13, part.top() + 2));
     }
+    if (!named) return;
+    p.resetTransform();
     p.setFont(t.Font(12, chosen ? Weight::Medium : Weight::Regular));
     p.setPen(t[chosen ? Token::Text : Token::Second]);
     p.drawText(QRectF(4, height() / 2.0 + 6, width() - 6, 20), Qt::AlignCenter, text());
@@ -83,20 +101,32 @@ constexpr Offset kOffsets[] = {{"Wrap Y", "btnLeftCloser", Event::Release, false
 
 FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   setObjectName(QStringLiteral("drawing4Axis"));
+  setAccessibleName(QStringLiteral("Drawing of the part"));
   DesignState& s = desk.station.s;
   AddTypes();
-  AddField(QStringLiteral("Left diameter"), s.txtDia(0), 0, kTypes + 14, 100);
-  AddField(QStringLiteral("Polar opening"), s.txtPODia(0), 0, kTypes + 14, 150);
-  AddField(QStringLiteral("Skirt"), s.txtSkirtLeft, 0, kTypes + 14, 222);
-  AddField(QStringLiteral("Left Z"), s.txtZ4(0), 0, kTypes + 114, 222);
-  AddField(QStringLiteral("Inner left Z"), s.txtZ4(1), 0, kTypes + 214, 222);
-  AddField(QStringLiteral("Right diameter"), s.txtDia(1), 1, -104, 100);
-  AddField(QStringLiteral("Polar opening"), s.txtPODia(1), 1, -104, 150);
-  AddField(QStringLiteral("Inner right Z"), s.txtZ4(2), 1, -304, 222);
-  AddField(QStringLiteral("Right Z"), s.txtZ4(3), 1, -204, 222);
-  AddField(QStringLiteral("Skirt"), s.txtSkirtRight, 1, -104, 222);
+  places_ = new QWidget(this);
+  head_ = new QWidget(this);
+  left_ = AddEnd(true);
+  right_ = AddEnd(false);
+  const struct {
+    const char *caption, *name;
+    Field& field;
+  } places[] = {{"Skirt", "Left skirt", s.txtSkirtLeft},         {"Left Z", "Left Z", s.txtZ4(0)},
+                {"Inner left Z", "Inner left Z", s.txtZ4(1)},    {"Inner right Z", "Inner right Z", s.txtZ4(2)},
+                {"Right Z", "Right Z", s.txtZ4(3)}, {"Skirt", "Right skirt", s.txtSkirtRight}};
+  for (const auto& place : places)
+    z_.push_back(AddField(QString::fromLatin1(place.caption), QString::fromLatin1(place.name), place.field,
+                          places_));
+  stops_ = {left_.diameter.field,  left_.opening.field,  z_[0].field, z_[1].field, z_[2].field,
+            right_.diameter.field, right_.opening.field, z_[3].field, z_[4].field, z_[5].field};
   for (int i = 0; i <= 6; ++i) AddOffset(i);
-  desk.binder.BindAll(this, [this] { update(); });
+  AddPages();
+  desk.binder.BindAll(this, [this] {
+    FourAxisScene scene = SceneOfFourAxes(desk_.station);
+    if (scene == scene_) return;
+    scene_ = std::move(scene);
+    update();
+  });
 }
 
 void FourAxisPart::AddTypes() {
@@ -111,6 +141,17 @@ void FourAxisPart::AddTypes() {
   }
 }
 
+FourAxisPart::End FourAxisPart::AddEnd(bool left) {
+  DesignState& s = desk_.station.s;
+  auto* owner = new QWidget(this);
+  const QString side = left ? QStringLiteral("Left ") : QStringLiteral("Right ");
+  const Placed diameter =
+      AddField(side + QStringLiteral("diameter"), side + QStringLiteral("diameter"), s.txtDia(left ? 0 : 1), owner);
+  const Placed opening = AddField(QStringLiteral("Polar opening"), side + QStringLiteral("polar opening"),
+                                  s.txtPODia(left ? 0 : 1), owner);
+  return {owner, diameter, opening};
+}
+
 void FourAxisPart::AddOffset(int i) {
   const Offset& offset = kOffsets[i];
   Binder& binder = desk_.binder;
@@ -120,56 +161,198 @@ void FourAxisPart::AddOffset(int i) {
     const bool plus = offset.alongPart ? (more == 1) == s.gIsLHDrive : more == 1;
     binder.Run(offset.control, offset.event, plus == offset.plusAtZero ? 0 : 1);
   };
-  auto* stepper = new Stepper(desk_, s.txtAdjust(i), 96, offset.alongPart ? Icon::Left : Icon::Down,
+  auto* stepper = new Stepper(desk_, s.txtAdjust(i), kStepper, offset.alongPart ? Icon::Left : Icon::Down,
                               offset.alongPart ? Icon::Right : Icon::Up, step);
-  stepper->setParent(this);
+  stepper->setParent(head_);
   stepper->edit()->setTextMargins(0, 0, 0, 0);
   stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) +
                                      QString::fromLatin1(offset.name));
+  auto* caption = new Word(desk_, QString::fromLatin1(offset.name), 12, Token::Second, Weight::Regular, head_);
+  // What a part type does not use is absent with its words.
+  const Field& field = s.txtAdjust(i);
+  for (QWidget* shown : {static_cast<QWidget*>(stepper), static_cast<QWidget*>(caption)})
+    binder.Bind(field, shown, [shown, &field] { ShowAs(*shown, field.shown()); });
   offsets_.push_back(stepper);
-  auto* caption = new Word(desk_, QString::fromLatin1(offset.name), 12, Token::Second, Weight::Regular, this);
   offsetCaptions_.push_back(caption);
+  headStops_.push_back(stepper->edit());
 }
 
-void FourAxisPart::AddField(const QString& caption, Field& field, double share, int x, int y) {
-  auto* word = new Word(desk_, caption, 12, Token::Second, Weight::Regular, this);
-  auto* edit = new FieldEdit(desk_, field, Place::Panel, this);
-  edit->setAccessibleName(caption);
-  auto* unit = new Word(desk_, {}, 12, Token::Second, Weight::Regular, this);
+void FourAxisPart::AddPages() {
+  pages_ = new QWidget(this);
+  auto* row = new QHBoxLayout(pages_);
+  row->setContentsMargins(8, 0, 6, 6);
+  row->setSpacing(4);
+  for (const bool head : {false, true}) {
+    auto* button = new Button(desk_, ButtonLook::Outline, Icon::None,
+                              head ? QStringLiteral("Head") : QStringLiteral("Ends"), pages_);
+    button->setObjectName(head ? QStringLiteral("pageHead") : QStringLiteral("pageEnds"));
+    button->setAccessibleName(button->text());
+    button->setToolTip(head ? QStringLiteral("Shows the offsets of the delivery head.")
+                            : QStringLiteral("Shows the places in Z at the ends of the part."));
+    button->setFixedHeight(30);
+    button->setMinimumWidth(44);
+    connect(button, &QAbstractButton::clicked, this, [this, head] { ShowPage(head); });
+    row->addWidget(button, 1, Qt::AlignBottom);
+    pageButtons_[head ? 1 : 0] = button;
+  }
+}
+
+FourAxisPart::Placed FourAxisPart::AddField(const QString& caption, const QString& name, Field& field,
+                                            QWidget* owner) {
+  auto* word = new Word(desk_, caption, 12, Token::Second, Weight::Regular, owner);
+  auto* edit = new FieldEdit(desk_, field, Place::Panel, owner);
+  edit->setAccessibleName(name);
+  auto* unit = new Word(desk_, {}, 12, Token::Second, Weight::Regular, owner);
   const Field& units = desk_.station.s.gUnits;
   desk_.binder.Bind(units, unit, [unit, &units] { unit->SetText(Shown(units.text())); });
   // What a part type does not use is absent with its words.
   for (QWidget* beside : {word, unit})
     desk_.binder.Bind(field, beside, [beside, &field] { ShowAs(*beside, field.shown()); });
-  placed_.push_back({word, edit, unit, share, x, y});
-  stops_.push_back(edit);
+  return {word, edit, unit};
 }
 
-void FourAxisPart::resizeEvent(QResizeEvent*) {
-  types_->setGeometry(0, 0, kTypes, height());
-  for (const Placed& placed : placed_) {
-    const int x = static_cast<int>(placed.share * width()) + placed.x;
-    placed.caption->setGeometry(x, placed.y - 18, 92, 16);
-    placed.field->setGeometry(x, placed.y, kField, 30);
-    placed.unit->setGeometry(x + kField + 5, placed.y + 7, 24, 16);
+QRect FourAxisPart::DrawingArea() const {
+  switch (arrangement_) {
+    case Arrangement::Open:
+      return {kTypes, 0, width() - kTypes, height()};
+    case Arrangement::Folded:
+      return {kNarrowTypes, 0, width() - kNarrowTypes, kStrip};
+    case Arrangement::Large:
+      break;
   }
-  const double pitch = (width() - kTypes - 12.0) / 7;
+  return rect();
+}
+
+namespace {
+
+void PlaceField(QWidget* caption, QWidget* field, QWidget* unit, int x, int y) {
+  caption->setGeometry(x, y - 18, kFieldWithUnit, 16);
+  field->setGeometry(x, y, kField, 30);
+  unit->setGeometry(x + kField + 5, y + 7, 24, 16);
+}
+
+}  // namespace
+
+void FourAxisPart::PlaceOpen() {
+  const QRect area = DrawingArea();
+  const int axis = static_cast<int>(FourAxisFrame(arrangement_, area).axisY);
+  types_->setGeometry(0, 0, kTypes, height());
+  for (const bool left : {true, false}) {
+    const End& end = left ? left_ : right_;
+    end.owner->setGeometry(left ? area.left() + 12 : area.right() - 103, axis - 40, 102, 100);
+    PlaceField(end.diameter.caption, end.diameter.field, end.diameter.unit, 2, 19);
+    PlaceField(end.opening.caption, end.opening.field, end.opening.unit, 2, 69);
+  }
+  places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
+  const int pitch = std::clamp((area.width() - 160) / 6, 96, 104);
+  for (int i = 0; i < 6; ++i) {
+    const int x = i < 3 ? 2 + i * pitch : places_->width() - 102 - (5 - i) * pitch;
+    PlaceField(z_[static_cast<std::size_t>(i)].caption, z_[static_cast<std::size_t>(i)].field,
+               z_[static_cast<std::size_t>(i)].unit, x, 19);
+  }
+  head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
+  const double share = head_->width() / 7.0;
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
-    const int x = kTypes + 8 + static_cast<int>(pitch * static_cast<double>(i) + (pitch - 96) / 2);
+    const int x = static_cast<int>(share * static_cast<double>(i) + (share - kStepper) / 2);
     offsets_[i]->move(x, 20);
     offsetCaptions_[i]->setGeometry(x + 20, 2, 76, 16);
   }
 }
 
+void FourAxisPart::PlaceFolded() {
+  types_->setGeometry(0, 0, kNarrowTypes, kStrip);
+  for (const bool left : {true, false}) {
+    const End& end = left ? left_ : right_;
+    end.owner->setGeometry(left ? kNarrowTypes + 8 : width() - 200, 0, 196, kStrip - 24);
+    // Side by side, the diameter outside.
+    PlaceField(end.diameter.caption, end.diameter.field, end.diameter.unit, left ? 0 : 98, 22);
+    PlaceField(end.opening.caption, end.opening.field, end.opening.unit, left ? 98 : 0, 22);
+  }
+  const int below = height() - kStrip;
+  pages_->setGeometry(0, kStrip, kPages, below);
+  const QRect page(kPages, kStrip, width() - kPages, below);
+  places_->setGeometry(page);
+  head_->setGeometry(page);
+  const int pitch = std::min(page.width() / 6, 150);
+  for (std::size_t i = 0; i < z_.size(); ++i)
+    PlaceField(z_[i].caption, z_[i].field, z_[i].unit, 4 + static_cast<int>(i) * pitch, below - 36);
+  const int step = std::min(page.width() / 7, 130);
+  for (std::size_t i = 0; i < offsets_.size(); ++i) {
+    const int x = static_cast<int>(i) * step;
+    offsets_[i]->move(x, below - 36);
+    offsetCaptions_[i]->setGeometry(x + 20, below - 54, kStepper - 20, 16);
+  }
+}
+
+void FourAxisPart::Place() {
+  const bool folded = arrangement_ == Arrangement::Folded, large = arrangement_ == Arrangement::Large;
+  for (QWidget* owner : {types_, left_.owner, right_.owner}) owner->setVisible(!large);
+  places_->setVisible(!large && !(folded && headPage_));
+  head_->setVisible(!large && (!folded || headPage_));
+  pages_->setVisible(folded);
+  if (folded)
+    PlaceFolded();
+  else if (!large)
+    PlaceOpen();
+  update();
+}
+
+void FourAxisPart::ShowPage(bool head) {
+  headPage_ = head;
+  for (const bool page : {false, true}) pageButtons_[page ? 1 : 0]->SetFilled(page == head);
+  Place();
+}
+
+void FourAxisPart::Reveal(const QWidget& field) {
+  if (arrangement_ != Arrangement::Folded) return;
+  if (head_->isAncestorOf(&field)) ShowPage(true);
+  if (places_->isAncestorOf(&field)) ShowPage(false);
+}
+
+void FourAxisPart::Arrange(Arrangement arrangement) {
+  arrangement_ = arrangement;
+  ShowPage(headPage_);
+}
+
+void FourAxisPart::resizeEvent(QResizeEvent*) { Place(); }
+
 void FourAxisPart::paintEvent(QPaintEvent*) {
+  const Theme& t = desk_.theme;
+  const QRect area = DrawingArea();
   QPainter painter(this);
-  const QRect area(kTypes, 0, width() - kTypes, height());
-  const FourAxisPainter drawing(desk_.theme, desk_.station.s, area);
-  drawing.Paint(painter);
-  for (std::size_t i = 0; i < offsets_.size(); ++i)
-    drawing.PaintRing(painter, QPointF(offsets_[i]->x() + 8, 10), static_cast<int>(i));
-  painter.setPen(desk_.theme[Token::Hairline]);
-  painter.drawLine(kTypes, 0, kTypes, height());
+  FourAxisPainter(t, scene_, area, arrangement_).Paint(painter);
+  if (head_->isVisible())
+    for (std::size_t i = 0; i < offsets_.size(); ++i)
+      if (!offsets_[i]->isHidden())
+        PaintRing(painter, t,
+                  head_->pos() + QPointF(offsets_[i]->x() + 8, offsetCaptions_[i]->geometry().center().y()),
+                  static_cast<int>(i));
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(t[Token::Hairline]);
+  if (arrangement_ != Arrangement::Large) painter.drawLine(area.left(), 0, area.left(), area.bottom());
+  if (arrangement_ == Arrangement::Folded) painter.drawLine(0, kStrip, width(), kStrip);
+  if (arrangement_ != Arrangement::Open) return;
+  // The ends' titles, and the length between the ends, which follows from them.
+  const double titles = FourAxisFrame(arrangement_, area).axisY - 63;
+  painter.setPen(t[Token::Text]);
+  painter.setFont(t.Font(13, Weight::Medium));
+  painter.drawText(QRectF(area.left() + 14, titles, 60, 20), Qt::AlignVCenter | Qt::AlignLeft,
+                   QStringLiteral("Left end"));
+  painter.drawText(QRectF(area.right() - 72, titles, 60, 20), Qt::AlignVCenter | Qt::AlignRight,
+                   QStringLiteral("Right end"));
+  const DesignState& s = desk_.station.s;
+  const QRect box(area.center().x() - 44, height() - 35, 72, 30);
+  painter.fillRect(box, t[Token::ReadOut]);
+  painter.setPen(t[s.lblLengthTotal.empty() ? Token::Off : Token::Figures]);
+  painter.setFont(t.Font(14, Weight::Medium));
+  painter.drawText(box.adjusted(0, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter,
+                   s.lblLengthTotal.empty() ? QString(QChar(0x2013)) : Shown(s.lblLengthTotal.text()));
+  painter.setPen(t[Token::Second]);
+  painter.setFont(t.Font(12));
+  painter.drawText(QRectF(box.left(), box.top() - 18, 72, 16), Qt::AlignLeft | Qt::AlignVCenter,
+                   QStringLiteral("Length"));
+  painter.drawText(QRectF(box.right() + 6, box.top(), 30, 30), Qt::AlignLeft | Qt::AlignVCenter,
+                   Shown(s.gUnits.text()));
 }
 
 }  // namespace torvane

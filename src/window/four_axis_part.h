@@ -3,36 +3,64 @@
 
 #include <QWidget>
 
+#include "window/arrangement.h"
 #include "window/binder.h"
+#include "window/four_axis_scene.h"
 
 namespace torvane {
+
+class Button;
+class Word;
 
 class FourAxisPart : public QWidget {
  public:
   explicit FourAxisPart(Desk desk, QWidget* parent = nullptr);
 
+  // The part's fields in the order of the focus, and those of the delivery head, which come behind the grid.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  const std::vector<QWidget*>& headStops() const { return headStops_; }
+  void Arrange(Arrangement arrangement);
+  // In a small window places in Z and offsets stand on two pages: turns to the page of a field.
+  void Reveal(const QWidget& field);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // A field with its caption and unit at a place that follows the width: a share of it, and so many pixels.
   struct Placed {
     QWidget *caption, *field, *unit;
-    double share;
-    int x, y;
+  };
+  // Two fields at each end, and six places in Z below, left to right.
+  struct End {
+    QWidget* owner;
+    Placed diameter, opening;
   };
 
   void AddTypes();
   void AddOffset(int i);
-  void AddField(const QString& caption, Field& field, double share, int x, int y);
+  void AddPages();
+  Placed AddField(const QString& caption, const QString& name, Field& field, QWidget* owner);
+  End AddEnd(bool left);
+  void PlaceOpen();
+  void PlaceFolded();
+  void Place();
+  void ShowPage(bool head);
+  QRect DrawingArea() const;
 
   Desk desk_;
-  std::vector<Placed> placed_;
-  std::vector<QWidget*> stops_, offsets_, offsetCaptions_;
+  Arrangement arrangement_ = Arrangement::Open;
+  FourAxisScene scene_;
   QWidget* types_ = nullptr;
+  End left_{}, right_{};
+  QWidget* places_ = nullptr;
+  std::vector<Placed> z_;
+  QWidget* head_ = nullptr;
+  std::vector<QWidget*> offsets_, offsetCaptions_;
+  QWidget* pages_ = nullptr;
+  Button* pageButtons_[2] = {};
+  bool headPage_ = false;
+  std::vector<QWidget*> stops_, headStops_;
 };
 
 }  // namespace torvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 
 #include "design/field.h"
 
@@ -13,5 +14,11 @@ struct Help {
 };
 
 Help HelpOf(const Field& field);
+
+// A double click in such a field drives the machine.
+bool MovesMachine(const Field& field);
+
+// Gives a field's widget its accessible name, and its what's-this with all that is known of the field.
+void Explain(QWidget& widget, const Field& field);
 
 }  // namespace torvane

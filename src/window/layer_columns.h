@@ -17,6 +17,9 @@ struct LayerColumn {
   FieldArray Fields::*cells;       // null for the row's button
   CellKind kind;
   int width;
+  // With large figures; 0: the column is left out. Where there is little room the higher ranks go first.
+  int largeWidth;
+  int largeRank;
 };
 
 // Set by the operator, then calculated; the bar stands before the first calculated one.

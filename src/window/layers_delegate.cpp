@@ -45,15 +45,15 @@ void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) co
   const bool pressed = s.gCurrentRow == layer;
   p.fillRect(box, pressed ? t[Token::Accent] : t[Token::Panel]);
   p.setPen(pressed ? t[Token::OnAccent] : t[Token::Text]);
-  p.setFont(t.Font(14, Weight::Medium));
+  p.setFont(t.FigureFont(14, Weight::Medium));
   const bool pattern = s.gShow4Axis && s.btn4XRow(layer).shown() && s.cmb3D(layer).text() == "REG";
   if (!pattern) {
     p.drawText(box, Qt::AlignCenter, QString::number(layer));
     return;
   }
-  p.drawText(box.adjusted(0, 0, -t.Px(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
-  const double size = t.Px(15);
-  PaintIcon(p, Icon::Pattern, {box.right() - t.Px(20) + 0.5, box.center().y() - size / 2, size, size},
+  p.drawText(box.adjusted(0, 0, -t.Figure(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
+  const double size = t.Figure(15);
+  PaintIcon(p, Icon::Pattern, {box.right() - t.Figure(20) + 0.5, box.center().y() - size / 2, size, size},
             p.pen().color());
 }
 
@@ -70,24 +70,24 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
     p.setPen(InputTextColour(t, look));
   }
   if (column.kind == CellKind::Check) {
-    const double size = t.Px(20);
+    const double size = t.Figure(20);
     PaintCheckBox(p, t, {box.center().x() - size / 2, box.center().y() - size / 2, size, size},
                   field.checked(), field.enabled(), false);
     return;
   }
-  p.setFont(t.Font(14, Weight::Medium));
+  p.setFont(t.FigureFont(14, Weight::Medium));
   const bool list = column.kind == CellKind::List && !field.entries().empty();
   const bool leftSide = column.kind == CellKind::List;
-  const int glyph = look.mark == Mark::Plain ? 0 : t.Px(18);
+  const int glyph = look.mark == Mark::Plain ? 0 : t.Figure(18);
   const QRect text =
-      box.adjusted(t.Px(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0, list ? -t.Px(20) : -t.Px(10), -1);
+      box.adjusted(t.Figure(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0, list ? -t.Figure(20) : -t.Figure(10), -1);
   const QString shown =
       IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
   p.drawText(text, (leftSide ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
              p.fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
   if (list) {
-    const double size = t.Px(16);
-    PaintIcon(p, Icon::Chevron, {box.right() - size - t.Px(5), box.center().y() - size / 2, size, size},
+    const double size = t.Figure(16);
+    PaintIcon(p, Icon::Chevron, {box.right() - size - t.Figure(5), box.center().y() - size / 2, size, size},
               p.pen().color());
   }
   if (column.kind == CellKind::Angle && look.mark == Mark::Plain) PaintAngle(p, box, field);
@@ -99,12 +99,13 @@ void LayersDelegate::PaintAngle(QPainter& p, const QRect& box, const Field& fiel
   if (!holds(angle > 0) || !holds(angle <= 90)) return;
   const Theme& t = desk_.theme;
   p.setRenderHint(QPainter::Antialiasing);
-  const QPointF centre(box.left() + t.Px(18), box.center().y());
+  const QPointF centre(box.left() + t.Figure(18), box.center().y());
+  const double reach = t.Figure(8);
   p.setPen(QPen(t[Token::Hairline], 1));
-  p.drawLine(centre - QPointF(8, 0), centre + QPointF(8, 0));
+  p.drawLine(centre - QPointF(reach, 0), centre + QPointF(reach, 0));
   const double radians = angle.value() * std::numbers::pi / 180;
-  const QPointF along(std::cos(radians) * 8, -std::sin(radians) * 8);
-  p.setPen(t.Pen(Token::BandOut, 2));
+  const QPointF along(std::cos(radians) * reach, -std::sin(radians) * reach);
+  p.setPen(t.Pen(Token::BandOut, t.Figure(2)));
   p.drawLine(centre - along, centre + along);
 }
 
@@ -128,7 +129,7 @@ QWidget* LayersDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   Field* field = model_.FieldAt(index);
   if (field == nullptr) return nullptr;
   arrival_ = Shown(field->text());
-  auto* editor = new FieldEdit(desk_, *field, Place::Cell, parent);
+  auto* editor = new FieldEdit(desk_, *field, Place::Grid, parent);
   if (model_.Column(index.column()).kind == CellKind::List)
     editor->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   return editor;

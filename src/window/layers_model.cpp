@@ -53,6 +53,8 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
     return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
   if (role == Qt::AccessibleTextRole && field != nullptr)
     return QString(HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()));
+  if (role == Qt::WhatsThisRole && field != nullptr)
+    return QString(HelpOf(*field).name + QStringLiteral("\n") + HelpOf(*field).sentence);
   if (role == Qt::ToolTipRole && field != nullptr) {
     if (field->mark() != Mark::Plain) return QString::fromLatin1(WordsOf(field->mark()));
     return field->tip().empty() ? HelpOf(*field).sentence : Shown(field->tip());

@@ -6,6 +6,8 @@
 
 #include "look/text.h"
 #include "window/button.h"
+#include "window/field_widgets.h"
+#include "window/help.h"
 #include "window/start_card.h"
 #include "workbench/layer_count.h"
 
@@ -14,7 +16,7 @@ namespace torvane {
 namespace {
 
 constexpr int kFooter = 37;
-constexpr int kHead = 40;
+constexpr int kAllRowsHeight = 38;
 constexpr int kAllRows = IndexSet::kAllRows;
 
 }  // namespace
@@ -32,39 +34,105 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
   recalculate->Runs(fourAxis ? "lblRefresh" : "btnReCalc");
   recalculate->setFixedHeight(28);
   recalculate_ = recalculate;
-  auto* add = new Button(desk, ButtonLook::Flat, Icon::Plus, {}, this);
-  add->setObjectName(QStringLiteral("addLayer"));
-  add->setFixedHeight(28);
-  add_ = add;
-  connect(add, &QAbstractButton::clicked, this, [this] {
+  add_ = new Button(desk, ButtonLook::Flat, Icon::Plus, {}, this);
+  add_->setObjectName(QStringLiteral("addLayer"));
+  add_->setFixedHeight(28);
+  connect(add_, &QAbstractButton::clicked, this, [this] {
     DesignState& state = desk_.station.s;
     desk_.binder.Type(state.txtNumberOfLayers(state.Panel()), QString::number(LayerRows(state) + 1));
   });
-  view_->arranged = [this] { Arrange(); };
-  desk.binder.BindAll(this, [this, add] {
-    const int rows = LayerRows(desk_.station.s);
-    card_->setVisible(rows == 0);
-    recalculate_->setVisible(rows > 0);
-    add->setVisible(rows > 0 && rows < kMostLayers);
-    add->setText(QStringLiteral("Add layer %1").arg(rows + 1));
-    Arrange();
-    update();
-  });
+  allRows_ = new QWidget(this);
+  MakeAllRows();
+  view_->arranged = [this] { Place(); };
+  desk.binder.BindAll(this, [this] { FollowState(); });
 }
 
-void LayersPanel::Arrange() {
+void LayersPanel::MakeAllRows() {
+  if (fourAxis_) return;
+  auto* title = new Word(desk_, QStringLiteral("All rows"), 13, Token::Text, Weight::Medium, allRows_);
+  title->setToolTip(QStringLiteral("What is entered here goes to every row."));
+  allRowsCells_.emplace_back(0, title);
+  for (int column = 1; column < view_->layers().columnCount(); ++column) {
+    const LayerColumn& at = view_->layers().Column(column);
+    Field& field = (desk_.station.s.*at.cells)(kAllRows);
+    if (!IsInput(at.kind) || !field.exists()) continue;
+    QWidget* cell = nullptr;
+    if (at.kind == CellKind::List)
+      cell = new FieldList(desk_, field, allRows_);
+    else
+      cell = new FieldEdit(desk_, field, Place::Panel, allRows_);
+    cell->setAccessibleName(HelpOf(field).name + QStringLiteral(", all rows"));
+    allRowsCells_.emplace_back(column, cell);
+  }
+}
+
+void LayersPanel::ShowAllRows(bool shown) {
+  allRowsWanted_ = shown;
+  for (const auto& [column, cell] : allRowsCells_)
+    if (column > 0) (desk_.station.s.*view_->layers().Column(column).cells)(kAllRows).Show(shown);
+  desk_.binder.Flush();
+}
+
+bool LayersPanel::AllRowsInView() const {
+  return allRowsWanted_ && arrangement_ != Arrangement::Large && LayerRows(desk_.station.s) > 0;
+}
+
+void LayersPanel::FollowState() {
+  const int rows = LayerRows(desk_.station.s);
+  const bool open = arrangement_ == Arrangement::Open;
+  card_->setVisible(rows == 0);
+  recalculate_->setVisible(rows > 0 && open);
+  add_->setVisible(rows > 0 && rows < kMostLayers && arrangement_ != Arrangement::Large);
+  add_->setText(QStringLiteral("Add layer %1").arg(rows + 1));
+  // A new design hides them by its own rule; the operator's switch stands.
+  if (allRowsWanted_)
+    for (const auto& [column, cell] : allRowsCells_)
+      if (column > 0) (desk_.station.s.*view_->layers().Column(column).cells)(kAllRows).Show(true);
+  if (allRows_->isHidden() == AllRowsInView()) {
+    allRows_->setVisible(AllRowsInView());
+    view_->setGeometry(1, 1, width() - 2, AllRowsTop() - 1);
+  }
+  Place();
+  update();
+}
+
+int LayersPanel::FooterHeight() const { return arrangement_ == Arrangement::Open ? kFooter : 1; }
+
+int LayersPanel::AllRowsTop() const {
+  return height() - FooterHeight() - (AllRowsInView() ? kAllRowsHeight : 1);
+}
+
+void LayersPanel::Arrange(Arrangement arrangement) {
+  arrangement_ = arrangement;
+  view_->SetArrangement(arrangement);
+  FollowState();
+  view_->setGeometry(1, 1, width() - 2, AllRowsTop() - 1);
+}
+
+// What stands beside the grid follows its rows and columns.
+void LayersPanel::Place() {
   const int rows = view_->layers().rowCount();
-  const int under = kHead + rows * view_->verticalHeader()->defaultSectionSize() + 1;
-  add_->setGeometry(6, std::min(under + 4, height() - kFooter - 30), add_->sizeHint().width(), 28);
+  const int under = view_->headHeight() + rows * view_->rowHeight() + 1;
+  const int bottom = AllRowsTop() - 30;
+  add_->setGeometry(6, std::min(under + 4, bottom), add_->sizeHint().width(), 28);
+  // In a small window the rows have the room first.
+  if (arrangement_ == Arrangement::Folded && under > bottom) add_->hide();
+  card_->setGeometry(1, view_->headHeight() + 1, width() - 2, height() - view_->headHeight() - 3);
+  allRows_->setGeometry(1, AllRowsTop() + 1, width() - 2, kAllRowsHeight - 2);
+  for (const auto& [column, cell] : allRowsCells_) {
+    const int x = view_->columnViewportPosition(column);
+    const int taken = view_->columnWidth(column) + (column == 0 ? view_->columnWidth(1) : 0);
+    cell->setGeometry(x + (column == 0 ? 12 : 3), column == 0 ? 9 : 3, taken - (column == 0 ? 14 : 6),
+                      column == 0 ? 18 : 30);
+  }
 }
 
 void LayersPanel::resizeEvent(QResizeEvent*) {
-  view_->setGeometry(1, 1, width() - 2, height() - kFooter - 2);
-  card_->setGeometry(1, kHead + 1, width() - 2, height() - kHead - 3);
+  view_->setGeometry(1, 1, width() - 2, AllRowsTop() - 1);
   recalculate_->move(8, height() - kFooter + 4);
   recalculate_->resize(recalculate_->sizeHint().width(), 28);
   card_->raise();
-  Arrange();
+  Place();
 }
 
 void LayersPanel::paintEvent(QPaintEvent*) {
@@ -73,8 +141,14 @@ void LayersPanel::paintEvent(QPaintEvent*) {
   PaintPanel(p, t, rect());
   if (LayerRows(desk_.station.s) == 0) return;
   p.setRenderHint(QPainter::Antialiasing, false);
-  p.fillRect(1, height() - kFooter, width() - 2, kFooter - 1, t[Token::TableHead]);
+  const bool open = arrangement_ == Arrangement::Open;
+  if (!open && !AllRowsInView()) return;
+  const int top = AllRowsTop();
+  p.fillRect(1, top + 1, width() - 2, height() - top - 3, t[Token::TableHead]);
   p.setPen(t[Token::FieldEdge]);
+  p.drawLine(1, top, width() - 2, top);
+  if (!open) return;
+  p.setPen(t[AllRowsInView() ? Token::Hairline : Token::FieldEdge]);
   p.drawLine(1, height() - kFooter - 1, width() - 2, height() - kFooter - 1);
   PaintFooter(p);
 }

@@ -7,27 +7,41 @@
 
 namespace torvane {
 
+class Button;
+
 class LayersPanel : public QWidget {
  public:
   LayersPanel(Desk desk, bool fourAxis, QWidget* parent = nullptr);
 
   LayersView* view() const { return view_; }
+  void Arrange(Arrangement arrangement);
+  // The row whose entries go to every row, apart from them. Two axes alone have rules for it.
+  void ShowAllRows(bool shown);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void Arrange();
+  void Place();
+  void MakeAllRows();
+  void FollowState();
+  bool AllRowsInView() const;
+  int FooterHeight() const;
+  int AllRowsTop() const;
   void PaintFooter(QPainter& p) const;
   void PaintTotal(QPainter& p, int section, const Field& total) const;
 
   Desk desk_;
   bool fourAxis_;
+  Arrangement arrangement_ = Arrangement::Open;
+  bool allRowsWanted_ = false;
   LayersView* view_;
   QWidget* card_;
   QWidget* recalculate_;
-  QWidget* add_;
+  Button* add_;
+  QWidget* allRows_;
+  std::vector<std::pair<int, QWidget*>> allRowsCells_;  // by column
 };
 
 }  // namespace torvane

@@ -15,15 +15,18 @@ namespace torvane {
 namespace {
 
 constexpr int kHead = 40;
+constexpr int kTallHead = 54;
+// Below this width a head of two words takes two lines beside its unit.
+constexpr int kTallBelow = 880;
 constexpr int kLeastRow = 22, kMostRow = 36;
+constexpr int kLargeRow = 53, kLeastLargeRow = 46;
 constexpr double kMostStretch = 1.4;
 
-// Two lines: caption and unit.
+// Two lines: caption and unit; three where the caption has to be broken.
 class Head : public QHeaderView {
  public:
   Head(Desk desk, LayersModel& model, QWidget* parent)
       : QHeaderView(Qt::Horizontal, parent), desk_(desk), model_(model) {
-    setFixedHeight(kHead);
     setSectionResizeMode(QHeaderView::Fixed);
     setMinimumSectionSize(20);
   }
@@ -39,17 +42,26 @@ class Head : public QHeaderView {
     if (kind == CellKind::Row || kind == CellKind::Check) side = Qt::AlignHCenter;
     const QRect text = box.adjusted(4, 4, side == Qt::AlignRight ? -9 : -4, -4)
                            .adjusted(side == Qt::AlignLeft ? 6 : 0, 0, 0, 0);
-    painter->setFont(t.Font(13, Weight::Medium));
+    const bool empty = model_.rowCount() == 0;
+    const QString unit = model_.UnitOf(section);
+    const int unitHeight = unit.isEmpty() ? 0 : 15;
     QString caption = model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-    if (painter->fontMetrics().horizontalAdvance(caption) > text.width()) {
+    painter->setFont(t.Font(13, Weight::Medium));
+    bool wide = painter->fontMetrics().horizontalAdvance(caption) > text.width();
+    if (wide) {
       painter->setFont(t.Font(12, Weight::Medium));
-      caption = painter->fontMetrics().elidedText(caption, Qt::ElideRight, text.width());
+      wide = painter->fontMetrics().horizontalAdvance(caption) > text.width();
     }
-    painter->setPen(model_.rowCount() == 0 ? t[Token::Off] : t[Token::Text]);
-    painter->drawText(text, side | Qt::AlignTop, caption);
+    const bool broken = wide && height() > kHead && caption.contains(u' ');
+    if (wide && !broken) caption = painter->fontMetrics().elidedText(caption, Qt::ElideRight, text.width());
+    painter->setPen(empty ? t[Token::Off] : t[Token::Text]);
+    const QRect words = text.adjusted(0, 0, 0, -unitHeight);
+    // One line of words stands above its unit, wherever the head is higher than both.
+    const int below = unit.isEmpty() && height() == kHead ? Qt::AlignTop : Qt::AlignBottom;
+    painter->drawText(words, side | below | (broken ? Qt::TextWordWrap : Qt::TextSingleLine), caption);
     painter->setFont(t.Font(12));
-    painter->setPen(model_.rowCount() == 0 ? t[Token::Off] : t[Token::Second]);
-    painter->drawText(text, side | Qt::AlignBottom, model_.UnitOf(section));
+    painter->setPen(empty ? t[Token::Off] : t[Token::Second]);
+    painter->drawText(text, side | Qt::AlignBottom, unit);
     painter->setPen(t[Token::FieldEdge]);
     painter->drawLine(box.bottomLeft(), box.bottomRight());
     painter->restore();
@@ -87,24 +99,59 @@ LayersView::LayersView(Desk desk, bool fourAxis, QWidget* parent)
   desk.binder.BindAll(this, [this] { viewport()->update(); });
 }
 
-void LayersView::Arrange() {
-  const int rows = model_->rowCount();
-  const int room = height() - kHead - (rows < 15 ? kLeastRow + 8 : 2);
-  verticalHeader()->setDefaultSectionSize(std::clamp(room / std::max(rows, 1), kLeastRow, kMostRow));
+int LayersView::headHeight() const { return horizontalHeader()->height(); }
+
+int LayersView::rowHeight() const { return verticalHeader()->defaultSectionSize(); }
+
+void LayersView::SetArrangement(Arrangement arrangement) {
+  arrangement_ = arrangement;
+  Arrange();
+  viewport()->update();
+}
+
+int LayersView::ChooseColumns() {
   const auto columns = LayerColumns(fourAxis_);
-  int wanted = 0;
-  for (const LayerColumn& column : columns) wanted += column.width;
-  const int bar = rows * verticalHeader()->defaultSectionSize() > height() - kHead ? 12 : 0;
+  const bool large = arrangement_ == Arrangement::Large;
+  const auto wantedOf = [&](int most) {
+    int wanted = 0;
+    for (const LayerColumn& column : columns)
+      if (!large || column.largeRank <= most) wanted += large ? column.largeWidth : column.width;
+    return wanted;
+  };
+  int most = 4;
+  while (large && most > 1 && wantedOf(most) > width()) --most;
+  for (int i = 0; i < model_->columnCount(); ++i) {
+    const LayerColumn& column = columns[static_cast<std::size_t>(i)];
+    setColumnHidden(i, large && (column.largeWidth == 0 || column.largeRank > most));
+  }
+  return std::max(1, wantedOf(most));
+}
+
+void LayersView::Arrange() {
+  const bool large = arrangement_ == Arrangement::Large;
+  const int rows = model_->rowCount();
+  const int head = !large && width() < kTallBelow ? kTallHead : kHead;
+  horizontalHeader()->setFixedHeight(head);
+  const int adding = arrangement_ == Arrangement::Open && rows < 15 ? kLeastRow + 8 : 2;
+  const int room = height() - head - adding;
+  const int least = large ? kLeastLargeRow : kLeastRow, highest = large ? kLargeRow : kMostRow;
+  verticalHeader()->setMinimumSectionSize(kLeastRow);
+  verticalHeader()->setDefaultSectionSize(std::clamp(room / std::max(rows, 1), least, highest));
+  const int wanted = ChooseColumns();
+  const auto columns = LayerColumns(fourAxis_);
+  const int bar = rows * rowHeight() > height() - head ? 12 : 0;
   const int present = width() - bar;
   const double share = std::min(kMostStretch, static_cast<double>(present) / wanted);
-  int used = 0;
+  int used = 0, last = 0;
   for (int i = 0; i < model_->columnCount(); ++i) {
-    const bool last = i == model_->columnCount() - 1;
-    const int width =
-        last ? present - used : static_cast<int>(columns[static_cast<std::size_t>(i)].width * share);
-    setColumnWidth(i, width);
-    used += width;
+    if (isColumnHidden(i)) continue;
+    const LayerColumn& column = columns[static_cast<std::size_t>(i)];
+    const int taken = static_cast<int>((large ? column.largeWidth : column.width) * share);
+    setColumnWidth(i, taken);
+    used += taken;
+    last = i;
   }
+  setColumnWidth(last, columnWidth(last) + present - used);
   if (arranged) arranged();
 }
 
@@ -116,6 +163,12 @@ void LayersView::resizeEvent(QResizeEvent* event) {
 void LayersView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
   if (!currentIndex().isValid() && model_->rowCount() > 0) setCurrentIndex(model_->index(0, 1));
+}
+
+void LayersView::currentChanged(const QModelIndex& now, const QModelIndex& before) {
+  QTableView::currentChanged(now, before);
+  const Field* field = now.isValid() ? model_->FieldAt(now) : nullptr;
+  if (field != nullptr && arrivedAt) arrivedAt(*field);
 }
 
 // To the next row, or over the inputs and on to the next row.
@@ -140,7 +193,7 @@ void LayersView::Move(int down, int right) {
       return;
     }
     const Field* field = model_->FieldAt(model_->index(row, column));
-    if (field != nullptr && IsInput(model_->Column(column).kind) && field->enabled() && field->shown()) break;
+    if (field != nullptr && !isColumnHidden(column) && IsInput(model_->Column(column).kind) && field->enabled() && field->shown()) break;
   }
   setCurrentIndex(model_->index(row, column));
 }

@@ -3,6 +3,7 @@
 
 #include <QTableView>
 
+#include "window/arrangement.h"
 #include "window/layers_delegate.h"
 #include "window/layers_model.h"
 
@@ -19,7 +20,12 @@ class LayersView : public QTableView {
   std::function<void()> arranged;
   // Told when the row menu is to open.
   std::function<void(const QPoint&)> menuWanted;
+  // Told when the keys have arrived at a field's cell.
+  std::function<void(const Field&)> arrivedAt;
   void Arrange();
+  void SetArrangement(Arrangement arrangement);
+  int headHeight() const;
+  int rowHeight() const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -28,16 +34,20 @@ class LayersView : public QTableView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
 
  private:
   void Move(int down, int right);
   void Edit(const QModelIndex& index, const QString& replacement = {});
   void Activate(const QModelIndex& index);
+  // The width that the columns in view want; hides those that a view of large figures has no room for.
+  int ChooseColumns();
   bool RowCommand(const QKeyEvent& event, const QModelIndex& at);
   const char* RowButton() const { return fourAxis_ ? "btn4XRow" : "btn2XRow"; }
 
   Desk desk_;
   bool fourAxis_;
+  Arrangement arrangement_ = Arrangement::Open;
   LayersModel* model_;
   LayersDelegate* delegate_;
 };

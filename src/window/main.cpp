@@ -12,6 +12,7 @@
 #include "host/station_folder.h"
 #include "look/paint.h"
 #include "look/style.h"
+#include "window/appearance.h"
 #include "window/application.h"
 
 namespace torvane {
@@ -51,7 +52,10 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("torvane-designer"));
   QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
-  Theme theme(QApplication::palette().color(QPalette::Window).lightness() < 128);
+  const std::string storePath = qEnvironmentVariable("TORVANE_STORE").toStdString();
+  std::unique_ptr<SettingsStore> store =
+      storePath.empty() ? DefaultStore() : std::make_unique<IniStore>(storePath);
+  Theme theme(IsDark(StoredAppearance(*store)));
   QApplication::setStyle(new Style(theme));
   QApplication::setPalette(theme.Palette());
   QApplication::setFont(theme.Font(13));
@@ -62,9 +66,7 @@ int main(int argc, char** argv) {
                              BoxIcon::Stop);
     return 1;
   }
-  const std::string store = qEnvironmentVariable("TORVANE_STORE").toStdString();
-  WindowComputer computer(files.value(), store.empty() ? DefaultStore() : std::make_unique<IniStore>(store),
-                          theme);
+  WindowComputer computer(files.value(), std::move(store), theme);
   WindowProgram program(computer.AsPlatform(), theme);
   return QApplication::exec();
 }

@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QUrl>
@@ -16,8 +17,10 @@
 #include "host/paths.h"
 #include "look/text.h"
 #include "window/build_button.h"
+#include "window/button.h"
 #include "window/checklist_panel.h"
 #include "window/field_widgets.h"
+#include "window/folded_bar.h"
 #include "window/help.h"
 #include "window/layers_panel.h"
 #include "window/marks_panel.h"
@@ -26,7 +29,9 @@
 #include "window/polar_panel.h"
 #include "window/status_line.h"
 #include "window/tool_bar.h"
+#include "window/totals.h"
 #include "window/totals_panel.h"
+#include "window/view_menu.h"
 #include "workbench/design_commands.h"
 #include "workbench/number_hint.h"
 
@@ -35,7 +40,12 @@ namespace torvane {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
-constexpr int kRail = 326, kNarrowRail = 324, kWideRail = 380;
+// Width of the rail at 1280, as far as it gives way, and from 1600 on.
+constexpr int kRail = 326, kNarrowRail = 316, kWideRail = 380;
+constexpr int kLargeRail = 370, kNarrowLargeRail = 250;
+constexpr int kGap = 8;
+// Pages of the totals.
+constexpr int kEndView = 2, kLargeTotals = 3;
 
 int Pixels(const Field& twips) {
   const Number value = number(twips);
@@ -45,29 +55,46 @@ int Pixels(const Field& twips) {
 
 }  // namespace
 
-MainWindow::MainWindow(Desk desk) : desk_(desk) {
+MainWindow::MainWindow(Desk desk)
+    : desk_(desk), appearance_(StoredAppearance(desk.station.platform.store)) {
   setObjectName(QStringLiteral("frmMain"));
-  setMinimumSize(1124, 730);
+  setMinimumSize(kLeastWindow);
   setAcceptDrops(true);
-  AddMenus(*this, desk, [this](bool dark) { UseDark(dark); });
+  AddMenus(*this, desk, [this](QMenu& view) {
+    FillViewMenu(view, desk_,
+                 {[this](bool large) { UseLargeFigures(large); },
+                  [this](bool shown) { layers_[0]->ShowAllRows(shown); },
+                  [this](Appearance appearance) { Use(appearance); }});
+  });
+  // The keys of the menu bar work where large figures leave it out.
+  for (QAction* action : menuBar()->findChildren<QAction*>())
+    if (!action->shortcut().isEmpty()) addAction(action);
   auto* centre = new QWidget(this);
   auto* rows = new QVBoxLayout(centre);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(new ToolBar(desk, centre));
+  tools_ = new ToolBar(desk, centre);
+  tools_->smallFigures = [this] { UseLargeFigures(false); };
+  rows->addWidget(tools_);
   auto* body = new QHBoxLayout;
-  body->setContentsMargins(8, 8, 8, 8);
-  body->setSpacing(8);
+  body->setContentsMargins(kGap, kGap, kGap, kGap);
+  body->setSpacing(kGap);
   body->addWidget(MakeDesign(), 1);
   body->addWidget(MakeRail());
   rows->addLayout(body, 1);
+  auto* folded = new QHBoxLayout;
+  folded->setContentsMargins(kGap, 0, kGap, kGap);
+  bar_ = new FoldedBar(desk, centre);
+  bar_->goTo = [this](const Field& field) { GoTo(field); };
+  connect(bar_->checklist(), &QAbstractButton::clicked, this, [this] { OpenChecklist(!checklistOpen_); });
+  folded->addWidget(bar_);
+  rows->addLayout(folded);
   status_ = new StatusLine(desk, centre);
   rows->addWidget(status_);
   setCentralWidget(centre);
-  OrderTabs();
   UseDark(desk.theme.dark());
   const DesignState& s = desk.station.s;
-  resize(std::max(1124, Pixels(s.meWidth)), std::max(730, Pixels(s.meHeight)));
+  resize(QSize(Pixels(s.meWidth), Pixels(s.meHeight)).expandedTo(kLeastWindow));
   const QPoint place(Pixels(s.meLeft), Pixels(s.meTop));
   if (QGuiApplication::screenAt(place + QPoint(40, 10)) != nullptr) move(place);
   placed_ = true;
@@ -77,6 +104,8 @@ MainWindow::MainWindow(Desk desk) : desk_(desk) {
   connect(blink, &QTimer::timeout, this, [this] { Blink(); });
   blink->start(500);
   desk.binder.BindAll(this, [this] { FollowState(); });
+  MoveRail(arrangement_);
+  Arrange();
 }
 
 QWidget* MainWindow::MakeDesign() {
@@ -86,12 +115,15 @@ QWidget* MainWindow::MakeDesign() {
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
-    auto* part = new PartPanel(desk_, panel, page);
-    column->addWidget(part, 0);
+    parts_[panel] = new PartPanel(desk_, panel, page);
+    column->addWidget(parts_[panel], 0);
     layers_[panel] = new LayersPanel(desk_, panel == 1, page);
     layers_[panel]->view()->menuWanted = [this](const QPoint& at) { ShowRowMenu(at); };
+    layers_[panel]->view()->arrivedAt = [this](const Field& field) {
+      described_ = &field;
+      Describe(field);
+    };
     column->addWidget(layers_[panel], 1);
-    parts_.push_back(part->stops());
     families_->addWidget(page);
   }
   return families_;
@@ -99,41 +131,134 @@ QWidget* MainWindow::MakeDesign() {
 
 QWidget* MainWindow::MakeRail() {
   rail_ = new QWidget(this);
-  rail_->setFixedWidth(kRail);
-  auto* column = new QVBoxLayout(rail_);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
+  railColumn_ = new QVBoxLayout(rail_);
+  railColumn_->setContentsMargins(0, 0, 0, 0);
+  railColumn_->setSpacing(kGap);
   totals_ = new QStackedWidget(rail_);
-  totals_->setMaximumHeight(316);
-  totals_->addWidget(new TotalsPanel(desk_, 0));
+  totals_->addWidget(new TotalsPanel(desk_, false));
+  totals_->addWidget(new TotalsPanel(desk_, true));
   totals_->addWidget(new PolarPanel(desk_));
-  column->addWidget(totals_, 6);
+  totals_->addWidget(new LargeTotals(desk_));
   checklist_ = new ChecklistPanel(desk_);
+  checklist_->setObjectName(QStringLiteral("checklist"));
   checklist_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  column->addWidget(checklist_);
+  auto* close = new QShortcut(QKeySequence(Qt::Key_Escape), checklist_);
+  close->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(close, &QShortcut::activated, this, [this] {
+    if (!checklistOpen_) return;
+    OpenChecklist(false);
+    bar_->checklist()->setFocus();
+  });
   marks_ = new MarksPanel(desk_);
   marks_->goTo = [this](const Field& field) { GoTo(field); };
-  column->addWidget(marks_, 1);
   build_ = new BuildButton(desk_);
-  column->addWidget(build_);
   return rail_;
 }
 
 void MainWindow::OrderTabs() {
   for (int panel = 0; panel <= 1; ++panel) {
-    std::vector<QWidget*> order = parts_[static_cast<std::size_t>(panel)];
+    std::vector<QWidget*> order = parts_[panel]->stops();
     order.push_back(layers_[panel]->view());
+    const auto& head = parts_[panel]->headStops();
+    order.insert(order.end(), head.begin(), head.end());
+    if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
     order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
     order.push_back(build_);
     for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
   }
 }
 
+void MainWindow::MoveRail(Arrangement arrangement) {
+  const bool folded = arrangement == Arrangement::Folded, large = arrangement == Arrangement::Large;
+  OpenChecklist(false);
+  // What is hidden hands the keys on to whatever comes next, and that could be a tool that moves the machine.
+  const QWidget* focus = focusWidget();
+  if (focus != nullptr && focus->isVisible() && (large || checklist_->isAncestorOf(focus)))
+    layers_[desk_.station.s.Panel()]->view()->setFocus();
+  railColumn_->addWidget(totals_, large ? 10 : 6);
+  if (folded) {
+    railColumn_->removeWidget(checklist_);
+    checklist_->setParent(centralWidget());
+    checklist_->hide();
+    bar_->Take(build_);
+  } else {
+    railColumn_->addWidget(checklist_);
+    railColumn_->addWidget(marks_, 1);
+    railColumn_->addWidget(build_);
+    build_->setMinimumWidth(0);
+    build_->setMaximumWidth(QWIDGETSIZE_MAX);
+    build_->setFixedHeight(large ? 138 : 62);
+    checklist_->show();
+  }
+  build_->show();
+  checklist_->Arrange(arrangement);
+  marks_->setVisible(!large);
+  rail_->setVisible(!folded);
+  bar_->setVisible(folded);
+  status_->setVisible(!large);
+  menuBar()->setVisible(!large);
+  tools_->Arrange(arrangement);
+  for (LayersPanel* layers : layers_) layers->Arrange(arrangement);
+  OrderTabs();
+}
+
+void MainWindow::Arrange() {
+  const Arrangement arrangement = ArrangementOf(size(), desk_.theme.large());
+  if (arrangement != arrangement_) {
+    arrangement_ = arrangement;
+    MoveRail(arrangement);
+    FollowState();
+  }
+  const bool large = arrangement == Arrangement::Large;
+  // Columns and rail give way evenly to a narrow window.
+  const int narrow = kNarrowRail + (kRail - kNarrowRail) * (width() - 1100) / (1280 - 1100);
+  int rail = width() >= 1600 ? kWideRail : std::clamp(narrow, kNarrowRail, kRail);
+  if (large) rail = std::clamp(width() * 29 / 100, kNarrowLargeRail, kLargeRail);
+  rail_->setFixedWidth(rail);
+  // In a low window of large figures time and Build are left.
+  if (large) checklist_->setVisible(height() >= 700);
+  const int bars = tools_->height() + (large ? 0 : menuBar()->sizeHint().height() + status_->height());
+  const QSize column(width() - 2 * kGap - (arrangement == Arrangement::Folded ? 0 : rail + kGap),
+                     height() - bars - 2 * kGap - (bar_->isHidden() ? 0 : bar_->height() + kGap));
+  for (PartPanel* part : parts_) part->Arrange(arrangement, column);
+  centralWidget()->layout()->activate();
+  if (checklistOpen_) PlaceChecklist();
+}
+
+void MainWindow::PlaceChecklist() {
+  const QSize wanted = checklist_->sizeHint().expandedTo({kRail, 0});
+  checklist_->setGeometry(centralWidget()->width() - kGap - wanted.width(),
+                          std::max(0, bar_->y() - kGap - wanted.height()), wanted.width(), wanted.height());
+  checklist_->raise();
+}
+
+void MainWindow::OpenChecklist(bool open) {
+  if (open == checklistOpen_) return;
+  checklistOpen_ = open;
+  checklist_->setVisible(open || arrangement_ != Arrangement::Folded);
+  if (!open) return;
+  PlaceChecklist();
+  checklist_->stops().front()->setFocus(Qt::TabFocusReason);
+}
+
+void MainWindow::UseLargeFigures(bool large) {
+  if (large == desk_.theme.large()) return;
+  if (large) focusOfSmall_ = focusWidget();
+  desk_.theme.SetLarge(large);
+  Arrange();
+  UseDark(desk_.theme.dark());
+  if (!large && focusOfSmall_ != nullptr) focusOfSmall_->setFocus();
+}
+
 void MainWindow::FollowState() {
   const DesignState& s = desk_.station.s;
   families_->setCurrentIndex(s.Panel());
-  totals_->setCurrentIndex(s.Panel());
-  totals_->setMaximumHeight(s.Panel() == 0 ? 206 : 316);
+  int page = s.Panel();
+  if (ShowsEndView(s)) page = kEndView;
+  if (desk_.theme.large()) page = kLargeTotals;
+  totals_->setCurrentIndex(page);
+  const int highest[] = {206, 160, 316, QWIDGETSIZE_MAX};
+  totals_->setMaximumHeight(highest[page]);
   setWindowTitle(Shown(s.frmMain.caption()).trimmed() + QStringLiteral("[*]"));
   setWindowModified(s.gDirty);
   setVisible(s.frmMain.shown() && !desk_.station.ended);
@@ -142,6 +267,10 @@ void MainWindow::FollowState() {
 
 void MainWindow::FollowFocus(QWidget* now) {
   const Field* field = nullptr;
+  // The checklist of a small window closes when the keys go elsewhere.
+  if (checklistOpen_ && now != nullptr && isAncestorOf(now) && !checklist_->isAncestorOf(now) &&
+      now != bar_->checklist())
+    OpenChecklist(false);
   if (now != nullptr && isAncestorOf(now))
     field = FindField(desk_.station.s, now->objectName().toStdString());
   if (field == nullptr) return;
@@ -161,11 +290,26 @@ void MainWindow::GoTo(const Field& field) {
   if (IsScheduleRow(field.row()) && grid->GoTo(field)) return;
   const QString name = QString::fromStdString(NameOf(field));
   for (QWidget* widget : findChildren<QWidget*>(name)) {
+    parts_[desk_.station.s.Panel()]->Reveal(*widget);
+    if (arrangement_ == Arrangement::Folded && checklist_->isAncestorOf(widget)) OpenChecklist(true);
     if (!widget->isVisibleTo(this)) continue;
     widget->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
     return;
   }
+}
+
+void MainWindow::Use(Appearance appearance) {
+  appearance_ = appearance;
+  StoreAppearance(desk_.station.platform.store, appearance);
+  UseDark(IsDark(appearance));
+}
+
+bool MainWindow::event(QEvent* event) {
+  // The desktop has another palette.
+  if (event->type() == QEvent::ThemeChange && appearance_ == Appearance::System)
+    UseDark(IsDark(Appearance::System));
+  return QMainWindow::event(event);
 }
 
 void MainWindow::UseDark(bool dark) {
@@ -210,9 +354,7 @@ void MainWindow::StorePlace() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  // Columns and rail give way evenly to a narrow window.
-  const int narrow = kNarrowRail + (kRail - kNarrowRail) * (width() - 1133) / (1280 - 1133);
-  rail_->setFixedWidth(width() >= 1600 ? kWideRail : std::clamp(narrow, kNarrowRail, kRail));
+  if (placed_) Arrange();
   StorePlace();
   desk_.binder.Run("Form", Event::Resize);
 }

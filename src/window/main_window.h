@@ -2,17 +2,24 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
+#include "window/appearance.h"
+#include "window/arrangement.h"
 #include "window/binder.h"
 
 class QStackedWidget;
+class QVBoxLayout;
 
 namespace torvane {
 
 class ChecklistPanel;
+class FoldedBar;
 class LayersPanel;
 class MarksPanel;
+class PartPanel;
 class StatusLine;
+class ToolBar;
 
 class MainWindow : public QMainWindow {
  public:
@@ -20,10 +27,13 @@ class MainWindow : public QMainWindow {
 
   // Puts the keyboard to a field, wherever it stands.
   void GoTo(const Field& field);
-  // Takes another palette at once.
-  void UseDark(bool dark);
+  // Takes another palette at once, and keeps the choice.
+  void Use(Appearance appearance);
+  // Figures that can be read from the machine, or the whole window.
+  void UseLargeFigures(bool large);
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
@@ -35,7 +45,14 @@ class MainWindow : public QMainWindow {
   QWidget* MakeDesign();
   QWidget* MakeRail();
   void FollowState();
+  void UseDark(bool dark);
+  // Lays the window out for its size.
+  void Arrange();
+  void MoveRail(Arrangement arrangement);
+  void PlaceChecklist();
+  void OpenChecklist(bool open);
   void FollowFocus(QWidget* now);
+  // Says in the status line what a field is.
   void Describe(const Field& field);
   void OrderTabs();
   void StorePlace();
@@ -43,14 +60,21 @@ class MainWindow : public QMainWindow {
   void ShowRowMenu(const QPoint& at);
 
   Desk desk_;
+  Arrangement arrangement_ = Arrangement::Open;
+  Appearance appearance_;
+  ToolBar* tools_ = nullptr;
   QStackedWidget* families_ = nullptr;
-  std::vector<std::vector<QWidget*>> parts_;
+  PartPanel* parts_[2] = {};
   LayersPanel* layers_[2] = {};
-  QStackedWidget* totals_ = nullptr;
   QWidget* rail_ = nullptr;
+  QVBoxLayout* railColumn_ = nullptr;
+  QStackedWidget* totals_ = nullptr;
   ChecklistPanel* checklist_ = nullptr;
+  bool checklistOpen_ = false;  // above the folded rail
   MarksPanel* marks_ = nullptr;
   QWidget* build_ = nullptr;
+  QPointer<QWidget> focusOfSmall_;  // where the keys were before the large figures
+  FoldedBar* bar_ = nullptr;
   StatusLine* status_ = nullptr;
   const Field* described_ = nullptr;  // in the status line
   bool placed_ = false;

@@ -1,6 +1,5 @@
 #include "window/menus.h"
 
-#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -143,18 +142,10 @@ void AddEditMenu(QMainWindow& window, Desk desk) {
 
 }  // namespace
 
-void AddMenus(QMainWindow& window, Desk desk, const std::function<void(bool)>& useDark) {
+void AddMenus(QMainWindow& window, Desk desk, const std::function<void(QMenu& view)>& fillView) {
   AddRecentFiles(*AddMenu(window, desk, "&File", kFile), desk);
   AddEditMenu(window, desk);
-  QMenu* view = window.menuBar()->addMenu(QStringLiteral("&View"));
-  auto* group = new QActionGroup(view);
-  for (const bool dark : {false, true}) {
-    QAction* action = view->addAction(dark ? QStringLiteral("&Dark") : QStringLiteral("&Light"));
-    action->setCheckable(true);
-    group->addAction(action);
-    QObject::connect(action, &QAction::triggered, view, [useDark, dark] { useDark(dark); });
-    desk.binder.BindAll(action, [action, desk, dark] { action->setChecked(desk.theme.dark() == dark); });
-  }
+  fillView(*window.menuBar()->addMenu(QStringLiteral("&View")));
   AddMenu(window, desk, "&Machine", kMachine);
   QMenu* build = AddMenu(window, desk, "&Build", kBuild);
   QAction* recalculate = build->addAction(QStringLiteral("&ReCalc All Rows"));

@@ -8,8 +8,8 @@ class QMenu;
 
 namespace torvane {
 
-// `useDark` switches the palette.
-void AddMenus(QMainWindow& window, Desk desk, const std::function<void(bool dark)>& useDark);
+// `fillView` fills the View menu.
+void AddMenus(QMainWindow& window, Desk desk, const std::function<void(QMenu& view)>& fillView);
 
 // The menu of a row, opened at a place on the screen.
 void OpenRowMenu(QWidget& parent, Desk desk, const QPoint& at);

@@ -3,10 +3,13 @@
 
 #include <QWidget>
 
+#include "window/arrangement.h"
 #include "window/binder.h"
 #include "window/part_scene.h"
 
 namespace torvane {
+
+class Word;
 
 class PartDrawing : public QWidget {
  public:
@@ -14,20 +17,24 @@ class PartDrawing : public QWidget {
 
   // The ends' fields in the order of the focus: left diameter, left stop, right diameter, right stop.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  void Arrange(Arrangement arrangement);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // An end's fields stand on a child of the drawing, so that they go and come together.
   struct End {
-    QWidget *title, *diameterCaption, *diameter, *diameterUnit, *stopCaption, *stop, *stopUnit;
+    QWidget *owner, *title, *diameterCaption, *diameter, *diameterUnit, *stopCaption, *stop, *stopUnit;
   };
 
-  End MakeEnd(const char* title, const char* side, Field& diameter, Field& stop);
-  void PlaceEnd(const End& end, int x);
+  End MakeEnd(bool left);
+  void PlaceEnd(const End& end, bool left);
+  void PlaceEnds();
 
   Desk desk_;
+  Arrangement arrangement_ = Arrangement::Open;
   PartScene scene_;
   End left_{}, right_{};
   std::vector<QWidget*> stops_;

@@ -2,6 +2,7 @@
 #include "look/paint.h"
 
 #include <QBoxLayout>
+#include <algorithm>
 
 #include "look/text.h"
 #include "window/four_axis_part.h"
@@ -10,34 +11,84 @@
 
 namespace torvane {
 
-PartPanel::PartPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), desk_(desk) {
-  setFixedHeight(desk.theme.Px(panel == 0 ? 242 : 316));
+namespace {
+
+constexpr int kRow = 58;
+constexpr int kOpen[] = {242, 316};  // by family
+constexpr int kEdges = 2;
+constexpr int kFolded[] = {kRow + 84 + kEdges, kRow + 84 + 54 + kEdges};
+constexpr int kLarge = 176;
+// Below this width the row's fields stand closer together.
+constexpr int kCompact = 900;
+// What a window of 800 has for part and schedule; of more height the drawing takes its share.
+constexpr int kUsualColumn = 684;
+constexpr double kDrawingShare = 0.6;
+
+}  // namespace
+
+PartPanel::PartPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), desk_(desk), panel_(panel) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, 1, 1, 1);
   column->setSpacing(0);
-  column->addWidget(MakeRow(panel));
+  row_ = MakeRow(panel);
+  column->addWidget(row_);
   const auto add = [&](auto* drawing) {
     column->addWidget(drawing, 1);
     // The count of layers comes behind the ends, in front of the grid.
     stops_.insert(stops_.end() - 1, drawing->stops().begin(), drawing->stops().end());
+    return drawing;
   };
   if (panel == 0)
-    add(new PartDrawing(desk, this));
+    twoAxes_ = add(new PartDrawing(desk, this));
   else
-    add(new FourAxisPart(desk, this));
+    fourAxes_ = add(new FourAxisPart(desk, this));
+}
+
+const std::vector<QWidget*>& PartPanel::headStops() const {
+  static const std::vector<QWidget*> none;
+  return fourAxes_ == nullptr ? none : fourAxes_->headStops();
+}
+
+void PartPanel::Reveal(const QWidget& field) {
+  if (fourAxes_ != nullptr) fourAxes_->Reveal(field);
+}
+
+void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
+  int height = kOpen[panel_];
+  // A drawing as high as it is wide shows nothing more.
+  if (arrangement == Arrangement::Open)
+    height += std::clamp(static_cast<int>((column.height() - kUsualColumn) * kDrawingShare), 0,
+                         column.width() * 3 / 10);
+  if (arrangement == Arrangement::Folded) height = kFolded[panel_];
+  if (arrangement == Arrangement::Large) height = kLarge;
+  setFixedHeight(height);
+  // In a low window of large figures the schedule takes it all.
+  setVisible(arrangement != Arrangement::Large || column.height() >= 600);
+  row_->setVisible(arrangement != Arrangement::Large);
+  const bool compact = column.width() < kCompact;
+  for (const Sized& sized : sized_) sized.widget->setFixedWidth(compact ? sized.compact : sized.width);
+  for (QSpacerItem* gap : gaps_) gap->changeSize(compact ? 0 : panel_ == 0 ? 8 : 2, 0);
+  row_->layout()->setContentsMargins(12, 4, compact ? 8 : 12, 4);
+  row_->layout()->invalidate();
+  if (twoAxes_ != nullptr) twoAxes_->Arrange(arrangement);
+  if (fourAxes_ != nullptr) fourAxes_->Arrange(arrangement);
 }
 
 QWidget* PartPanel::MakeRow(int panel) {
   DesignState& s = desk_.station.s;
   Binder& binder = desk_.binder;
   auto* row = new QWidget(this);
-  row->setFixedHeight(desk_.theme.Px(58));
+  row->setFixedHeight(desk_.theme.Px(kRow));
   auto* boxes = new QHBoxLayout(row);
   boxes->setContentsMargins(12, 4, 12, 4);
   boxes->setSpacing(6);
   // Four axes have one more group in the row.
-  const int gap = panel == 0 ? 8 : 2;
-  const int figure = panel == 0 ? 64 : 58;
+  const int figure = panel == 0 ? 64 : 60;
+  const int compactFigure = 60;
+  const auto gap = [&] {
+    gaps_.push_back(new QSpacerItem(panel == 0 ? 8 : 2, 0));
+    boxes->addSpacerItem(gaps_.back());
+  };
   const auto group = [&](const QString& caption) {
     auto* box = new QVBoxLayout;
     box->setSpacing(2);
@@ -50,7 +101,7 @@ QWidget* PartPanel::MakeRow(int panel) {
   };
   const auto edit = [&](QHBoxLayout* line, Field& field, int width, const QString& unit) {
     auto* made = new FieldEdit(desk_, field);
-    made->setFixedWidth(width);
+    sized_.push_back({made, width, compactFigure + width - figure});
     stops_.push_back(made);
     line->addWidget(made);
     if (!unit.isEmpty()) line->addWidget(new Word(desk_, unit, 12, Token::Second));
@@ -63,19 +114,19 @@ QWidget* PartPanel::MakeRow(int panel) {
   QHBoxLayout* line = group(QStringLiteral("Total length"));
   edit(line, s.txtLengthTotal(panel), figure + 8, {});
   designUnit(line);
-  boxes->addSpacing(gap);
+  gap();
   line = group(QStringLiteral("Band width"));
   edit(line, s.txtBandWidth(panel), figure, QStringLiteral("in"));
   edit(line, s.txtBandWidthMM(panel), figure, QStringLiteral("mm"));
-  boxes->addSpacing(gap);
+  gap();
   line = group(QStringLiteral("Band thickness"));
   edit(line, s.txtBandThickness(panel), figure, QStringLiteral("in"));
   edit(line, s.txtBandThicknessMM(panel), figure, QStringLiteral("mm"));
   if (panel == 1) {
-    boxes->addSpacing(gap);
+    gap();
     line = group(QStringLiteral("Winding Rate"));
     auto* rate = new FieldList(desk_, s.cmbRate);
-    rate->setFixedWidth(76);
+    sized_.push_back({rate, 76, 76});
     stops_.push_back(rate);
     line->addWidget(rate);
   }
@@ -89,9 +140,10 @@ QWidget* PartPanel::MakeRow(int panel) {
                               const bool plus = (right == 1) == s.gIsLHDrive;
                               binder.Run(shift, Event::Click, plus == (panel == 0) ? 1 : 0);
                             });
+  sized_.push_back({steps, panel == 0 ? 122 : 102, panel == 0 ? 102 : 100});
   line->addWidget(steps);
   designUnit(line);
-  boxes->addSpacing(gap);
+  gap();
   line = group(Shown(s.lblNumberOfLayers(panel).caption()));
   Field& layers = s.txtNumberOfLayers(panel);
   auto* count = new Stepper(desk_, layers, panel == 0 ? 120 : 98, Icon::Minus, Icon::Plus,
@@ -99,6 +151,7 @@ QWidget* PartPanel::MakeRow(int panel) {
                               const int rows = RowsOf(layers) + (direction == 1 ? 1 : -1);
                               if (rows >= 0 && rows <= 15) binder.Type(layers, QString::number(rows));
                             });
+  sized_.push_back({count, panel == 0 ? 120 : 98, 98});
   line->addWidget(count);
   stops_.push_back(count->edit());
   return row;
@@ -107,7 +160,7 @@ QWidget* PartPanel::MakeRow(int panel) {
 void PartPanel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   PaintPanel(painter, desk_.theme, rect());
-  painter.drawLine(QPointF(1, 58.5), QPointF(width() - 1, 58.5));
+  if (!row_->isHidden()) painter.drawLine(QPointF(1, kRow + 0.5), QPointF(width() - 1, kRow + 0.5));
 }
 
 }  // namespace torvane

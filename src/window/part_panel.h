@@ -3,9 +3,15 @@
 
 #include <QWidget>
 
+#include "window/arrangement.h"
 #include "window/binder.h"
 
+class QSpacerItem;
+
 namespace torvane {
+
+class FourAxisPart;
+class PartDrawing;
 
 class PartPanel : public QWidget {
  public:
@@ -14,14 +20,31 @@ class PartPanel : public QWidget {
 
   // The inputs in the order of the focus.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  // Those of the delivery head, which come behind the grid.
+  const std::vector<QWidget*>& headStops() const;
+  // Takes its height in a column of that size, shared with the schedule.
+  void Arrange(Arrangement arrangement, const QSize& column);
+  // Brings a field into view that a small window keeps on another page.
+  void Reveal(const QWidget& field);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  struct Sized {
+    QWidget* widget;
+    int width, compact;
+  };
+
   QWidget* MakeRow(int panel);
 
   Desk desk_;
+  int panel_;
+  QWidget* row_ = nullptr;
+  PartDrawing* twoAxes_ = nullptr;
+  FourAxisPart* fourAxes_ = nullptr;
+  std::vector<Sized> sized_;
+  std::vector<QSpacerItem*> gaps_;
   std::vector<QWidget*> stops_;
 };
 

@@ -30,6 +30,9 @@ PartScene SceneOfTwoAxes(const Station& station) {
   if (!s.lblZ2(4).empty()) scene.total = QStringLiteral("Total length ") + Shown(s.lblZ2(4).text()) + unit;
   scene.winding = QStringLiteral("Winding length");
   if (!s.txtZ2(2).empty()) scene.winding += QStringLiteral(" ") + Shown(s.txtZ2(2).text()) + unit;
+  scene.leftStopText = Shown(s.txtZ2(0).text());
+  scene.rightStopText = Shown(s.txtZ2(1).text());
+  scene.offsetText = Shown(s.gCarriageOffsetFromRMPFace.text());
   const QString diameter = QString(QChar(0x2300)) + QStringLiteral(" ");
   if (!s.txtDia(3).empty()) scene.leftDiameterText = diameter + Shown(s.txtDia(3).text());
   if (!s.txtDia(2).empty()) scene.rightDiameterText = diameter + Shown(s.txtDia(2).text());

@@ -15,9 +15,12 @@ struct PartScene {
   bool stopTooLow = false;
   QString total, winding;  // dimension texts with their unit
   QString leftDiameterText, rightDiameterText;
+  QString leftStopText, rightStopText, offsetText;
   QString legend;  // of the pressed row
   QString bandText;
   std::optional<double> angle;  // of the pressed row, degrees
+
+  bool operator==(const PartScene&) const = default;
 
   // Enough is known to draw the mandrel.
   bool complete() const { return leftStop && rightStop && length && leftDiameter && rightDiameter; }

@@ -6,6 +6,7 @@
 #include "look/text.h"
 #include "window/button.h"
 #include "window/polar_picture.h"
+#include "window/totals.h"
 #include "workbench/preview.h"
 
 namespace torvane {
@@ -13,7 +14,6 @@ namespace torvane {
 namespace {
 
 constexpr int kTotals = 58;
-constexpr int kAllRows = IndexSet::kAllRows;
 
 }  // namespace
 
@@ -59,22 +59,16 @@ void PolarPanel::paintEvent(QPaintEvent*) {
   const int top = height() - kTotals;
   p.setPen(t[Token::Hairline]);
   p.drawLine(1, top, width() - 2, top);
-  const struct {
-    QString caption;
-    const Field& total;
-    QString unit;
-  } totals[] = {{QStringLiteral("Minutes"), s.lblMinutes(kAllRows), QStringLiteral("min")},
-                {QStringLiteral("Length"), s.lblLength(kAllRows),
-                 s.InInches() ? QStringLiteral("ft") : QStringLiteral("m")},
-                {QStringLiteral("Final Thickness :"), s.lblFinalThickness(1), QStringLiteral("in")}};
+  const std::vector<Total> totals = TotalsOf(s, true);
   const int shares[] = {14, 14 + (width() - 28) * 3 / 10, 14 + (width() - 28) * 63 / 100};
-  for (int i = 0; i < 3; ++i) {
+  for (std::size_t i = 0; i < 3; ++i) {
+    const Field& figureOf = *totals[i].figure;
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
     p.drawText(QRect(shares[i], top + 6, 120, 16), Qt::AlignLeft | Qt::AlignVCenter, totals[i].caption);
     p.setFont(t.Font(20, Weight::Medium));
-    p.setPen(t[totals[i].total.empty() ? Token::Off : Token::Figures]);
-    const QString figure = totals[i].total.empty() ? QString(QChar(0x2013)) : Shown(totals[i].total.text());
+    p.setPen(t[figureOf.empty() ? Token::Off : Token::Figures]);
+    const QString figure = figureOf.empty() ? QString(QChar(0x2013)) : Shown(figureOf.text());
     p.drawText(QRect(shares[i], top + 22, 120, 28), Qt::AlignLeft | Qt::AlignVCenter, figure);
     const int after = shares[i] + p.fontMetrics().horizontalAdvance(figure) + 5;
     p.setFont(t.Font(12));

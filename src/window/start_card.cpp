@@ -14,12 +14,17 @@ namespace torvane {
 
 namespace {
 
-QVBoxLayout* Column(QWidget* owner, Desk desk, const QString& title, const QString& second) {
+// Heights where there is plenty of room and where there is little.
+constexpr int kLow = 300, kLowest = 200;
+
+QVBoxLayout* Column(QWidget* owner, Desk desk, const QString& title, const QString& second,
+                    std::vector<QWidget*>& seconds) {
   auto* column = new QVBoxLayout(owner);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
   column->addWidget(new Word(desk, title, 15, Token::Text, Weight::Medium));
-  column->addWidget(new Word(desk, second, 12, Token::Second));
+  seconds.push_back(new Word(desk, second, 12, Token::Second));
+  column->addWidget(seconds.back());
   column->addSpacing(8);
   return column;
 }
@@ -49,25 +54,36 @@ StartCard::StartCard(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) 
   setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(28, 20, 28, 16);
-  auto* columns = new QHBoxLayout;
-  columns->setSpacing(36);
-  columns->addWidget(MakeCounts(), 0, Qt::AlignTop);
-  columns->addWidget(MakeOpen(), 0, Qt::AlignTop);
-  columns->addWidget(MakeLinks(), 1, Qt::AlignTop);
-  rows->addLayout(columns);
+  columns_ = new QHBoxLayout;
+  columns_->addWidget(MakeCounts(), 0, Qt::AlignTop);
+  columns_->addWidget(MakeOpen(), 0, Qt::AlignTop);
+  columns_->addWidget(MakeLinks(), 1, Qt::AlignTop);
+  rows->addLayout(columns_);
   rows->addStretch(1);
   rows->addWidget(MakeOffset());
+}
+
+void StartCard::resizeEvent(QResizeEvent*) {
+  const bool low = height() < kLow;
+  layout()->setContentsMargins(28, low ? 10 : 20, 28, low ? 8 : 16);
+  columns_->setSpacing(width() < 800 ? 20 : 36);
+  for (QWidget* count : counts_) count->setFixedSize(46, low ? 28 : 38);
+  for (QWidget* link : links_) link->setFixedHeight(low ? 26 : 34);
+  for (QWidget* second : seconds_) second->setVisible(!low);
+  strip_->setFixedHeight(low ? 48 : 62);
+  strip_->setVisible(!offsetMeasured_ && height() >= kLowest);
 }
 
 QWidget* StartCard::MakeCounts() {
   auto* owner = new QWidget(this);
   auto* column = Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
-                        QStringLiteral("One row a layer, up to 15. It can change later."));
+                        QStringLiteral("One row a layer, up to 15. It can change later."), seconds_);
   auto* grid = new QGridLayout;
   grid->setSpacing(8);
   for (int count = 1; count <= kMostLayers; ++count) {
     auto* button = new Button(desk_, ButtonLook::Outline, Icon::None, QString::number(count), owner);
-    button->setFixedSize(46, 38);
+    button->setAccessibleName(QStringLiteral("%1 layers").arg(count));
+    counts_.push_back(button);
     button->SetTextSize(14);
     connect(button, &QAbstractButton::clicked, this, [this, count] {
       DesignState& s = desk_.station.s;
@@ -83,7 +99,7 @@ QWidget* StartCard::MakeCounts() {
 QWidget* StartCard::MakeOpen() {
   auto* owner = new QWidget(this);
   auto* column = Column(owner, desk_, QStringLiteral("Or open a design"),
-                        QStringLiteral("From the folder TV_Design_Files."));
+                        QStringLiteral("From the folder TV_Design_Files."), seconds_);
   auto* open = new Button(desk_, ButtonLook::Outline, Icon::Open, QStringLiteral("Open a design"), owner);
   open->Runs("btnOPen");
   open->setObjectName(QStringLiteral("startOpen"));
@@ -97,34 +113,37 @@ QWidget* StartCard::MakeLinks() {
   auto* owner = new QWidget(this);
   owner->setObjectName(QStringLiteral("picVidLinks"));
   auto* column =
-      Column(owner, desk_, QStringLiteral("Watch how it is done"), QStringLiteral("Opens the web browser."));
+      Column(owner, desk_, QStringLiteral("Watch how it is done"), QStringLiteral("Opens the web browser."), seconds_);
   const auto link = [&](const Field& field, Icon icon, const char* control, int index, const QString& text) {
     auto* button = new Button(desk_, ButtonLook::Flat, icon, text, owner);
     button->Runs(control, index);
     button->setToolTip(Shown(field.caption()));
+    links_.push_back(button);
     column->addWidget(button, 0, Qt::AlignLeft);
   };
   link(s.lblVidLink(0), Icon::Video, "lblVidLink", 0, Shown(s.lblVidLink(0).caption()));
   link(s.lblVidLink(1), Icon::Video, "lblVidLink", 1, Shown(s.lblVidLink(1).caption()));
   link(s.lblCommunity, Icon::Picture, "lblCommunity", -1, QStringLiteral("Torvane Community"));
-  column->addWidget(new FieldCheck(desk_, s.chkDontShowVideoLinks, Shown(s.chkDontShowVideoLinks.caption())));
+  links_.push_back(new FieldCheck(desk_, s.chkDontShowVideoLinks, Shown(s.chkDontShowVideoLinks.caption())));
+  column->addWidget(links_.back());
   desk_.binder.Bind(s.picVidLinks, owner, [owner, &s] { ShowAs(*owner, s.picVidLinks.shown()); });
   return owner;
 }
 
 QWidget* StartCard::MakeOffset() {
   auto* strip = new Strip(desk_, this);
-  strip->setFixedHeight(62);
+  strip_ = strip;
   auto* row = new QHBoxLayout(strip);
-  row->setContentsMargins(54, 8, 14, 8);
+  row->setContentsMargins(54, 4, 14, 4);
   auto* words = new QVBoxLayout;
   words->setSpacing(1);
   words->addStretch(1);
   words->addWidget(new Word(
       desk_, QStringLiteral("Before your first winding, you need to measure the carriage Z-offset distance."),
       13, Token::Text, Weight::Medium));
-  words->addWidget(new Word(
+  seconds_.push_back(new Word(
       desk_, QStringLiteral("Designs can be written without it. The build asks for it."), 12, Token::Second));
+  words->addWidget(seconds_.back());
   words->addStretch(1);
   row->addLayout(words, 1);
   auto* measure = new Button(desk_, ButtonLook::Outline, Icon::None, QStringLiteral("Measure now"), strip);
@@ -135,7 +154,8 @@ QWidget* StartCard::MakeOffset() {
   desk_.binder.BindAll(strip, [this, strip] {
     const std::string confirmed =
         GetSetting(desk_.station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0");
-    ShowAs(*strip, confirmed == "0");
+    offsetMeasured_ = confirmed != "0";
+    ShowAs(*strip, !offsetMeasured_ && height() >= kLowest);
   });
   return strip;
 }

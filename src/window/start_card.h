@@ -5,11 +5,16 @@
 
 #include "window/binder.h"
 
+class QHBoxLayout;
+
 namespace torvane {
 
 class StartCard : public QWidget {
  public:
   explicit StartCard(Desk desk, QWidget* parent = nullptr);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* MakeCounts();
@@ -18,6 +23,10 @@ class StartCard : public QWidget {
   QWidget* MakeOffset();
 
   Desk desk_;
+  QHBoxLayout* columns_ = nullptr;
+  QWidget* strip_ = nullptr;
+  std::vector<QWidget*> counts_, links_, seconds_;
+  bool offsetMeasured_ = false;
 };
 
 }  // namespace torvane

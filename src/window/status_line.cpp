@@ -28,9 +28,11 @@ void StatusLine::paintEvent(QPaintEvent*) {
   p.drawLine(0, 0, width(), 0);
   const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
   const auto limit = [&s](double value) { return Shown(FormatNumberText(s.signs, value, "##0.0"_mask)); };
-  const QString right = QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
+  // A narrow window has room for the sentence alone.
+  const QString limits = QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
                         QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") +
-                        dot + Shown(s.lblVersion.text());
+                         dot;
+  const QString right = (width() < 1000 ? QString() : limits) + Shown(s.lblVersion.text());
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   const int rightWidth = p.fontMetrics().horizontalAdvance(right);

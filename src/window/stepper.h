@@ -7,6 +7,7 @@
 #include "look/paint.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
+#include "window/help.h"
 
 namespace torvane {
 
@@ -20,18 +21,34 @@ class Stepper : public QWidget {
     row->setSpacing(0);
     edit_->setAlignment(Qt::AlignCenter);
     edit_->setFixedHeight(28);
-    const int side = Side();
     const auto button = [&](Icon icon, int direction, const QString& name) {
       auto* made = new Button(desk, ButtonLook::Flat, icon, {}, this);
-      made->setFixedSize(side, 28);
+      made->setFixedSize(Side(), 28);
       made->setFocusPolicy(Qt::NoFocus);
-      made->setAccessibleName(name);
+      made->setAccessibleName(HelpOf(field).name + QStringLiteral(", ") + name);
+      made->setToolTip(HelpOf(field).name + QStringLiteral(", ") + name +
+                       (direction == 1 ? QStringLiteral(" (Ctrl+Up)") : QStringLiteral(" (Ctrl+Down)")));
       connect(made, &QAbstractButton::clicked, this, [step, direction] { step(direction); });
       return made;
     };
-    row->addWidget(button(less, 0, QStringLiteral("less")));
+    const auto word = [](Icon icon) {
+      switch (icon) {
+        case Icon::Left:
+          return QStringLiteral("to the left");
+        case Icon::Right:
+          return QStringLiteral("to the right");
+        case Icon::Down:
+        case Icon::Minus:
+          return QStringLiteral("less");
+        default:
+          return QStringLiteral("more");
+      }
+    };
+    less_ = button(less, 0, word(less));
+    more_ = button(more, 1, word(more));
+    row->addWidget(less_);
     row->addWidget(edit_, 1);
-    row->addWidget(button(more, 1, QStringLiteral("more")));
+    row->addWidget(more_);
     for (const auto& [key, direction] : {std::pair{Qt::Key_Up, 1}, std::pair{Qt::Key_Down, 0}}) {
       auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), edit_);
       shortcut->setContext(Qt::WidgetShortcut);
@@ -41,6 +58,9 @@ class Stepper : public QWidget {
   FieldEdit* edit() const { return edit_; }
 
  protected:
+  void resizeEvent(QResizeEvent*) override {
+    for (QWidget* button : {less_, more_}) button->setFixedWidth(Side());
+  }
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -56,6 +76,8 @@ class Stepper : public QWidget {
 
   Desk desk_;
   FieldEdit* edit_;
+  QWidget* less_ = nullptr;
+  QWidget* more_ = nullptr;
 };
 
 }  // namespace torvane

@@ -10,8 +10,8 @@ namespace torvane {
 
 namespace {
 
-constexpr int kHeight = 50;
-constexpr int kWordsFrom = 1180;
+constexpr int kHeight = 50, kLargeHeight = 60, kLargeTool = 46;
+constexpr int kDocument = 170;  // what the design's name keeps while tools give up their words
 
 // Two choices of which one is filled.
 class Segments : public QWidget {
@@ -50,7 +50,7 @@ class Document : public QWidget {
     setObjectName(QStringLiteral("lblStatusBar2"));
     setMinimumWidth(60);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(40);
+    setFixedHeight(44);
     desk.binder.BindAll(this, [this] {
       setToolTip(Shown(desk_.station.s.gFilePath.text()));
       setAccessibleName(Shown(desk_.station.s.lblStatusBar2.text()));
@@ -65,25 +65,28 @@ class Document : public QWidget {
     const DesignState& s = desk_.station.s;
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setFont(t.Font(15, Weight::Medium));
+    p.setFont(t.FigureFont(15, Weight::Medium));
     p.setPen(t[Token::Text]);
     const bool named = !s.lblStatusBar2.empty() || !s.gFileName.empty();
     QString name = Shown(s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text());
     if (!named) name = QStringLiteral("New design");
     name = p.fontMetrics().elidedText(name, Qt::ElideMiddle, width() - 22);
-    p.drawText(QRect(0, 2, width(), 20), Qt::AlignVCenter | Qt::AlignLeft, name);
+    const QRect line = t.large() ? rect() : QRect(0, 4, width(), 20);
+    p.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, name);
     if (s.gDirty) {
       p.setBrush(t[Token::BandOut]);
       p.setPen(Qt::NoPen);
-      p.drawEllipse(QPointF(p.fontMetrics().horizontalAdvance(name) + 12, 13), 4, 4);
+      p.drawEllipse(QPointF(p.fontMetrics().horizontalAdvance(name) + 12, line.center().y() + 1), t.Figure(4),
+                    t.Figure(4));
     }
+    if (t.large()) return;
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
     QString state = s.gShow4Axis ? QStringLiteral("4-axis design, ") : QStringLiteral("2-axis design, ");
     state += s.gDirty ? QStringLiteral("not saved")
              : named  ? QStringLiteral("saved")
                       : QStringLiteral("nothing to save");
-    p.drawText(QRect(0, 21, width(), 17), Qt::AlignVCenter | Qt::AlignLeft,
+    p.drawText(QRect(0, 23, width(), 17), Qt::AlignVCenter | Qt::AlignLeft,
                p.fontMetrics().elidedText(state, Qt::ElideRight, width()));
   }
 
@@ -109,47 +112,108 @@ class Divider : public QWidget {
 }  // namespace
 
 ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
-  setFixedHeight(kHeight);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(10, 0, 8, 0);
   row->setSpacing(6);
-  row->addWidget(
-      Tool(Icon::New, QStringLiteral("New"), "mnuNewFile", QStringLiteral("Begins a new design (Ctrl+N)")));
-  row->addWidget(
-      Tool(Icon::Open, QStringLiteral("Open"), "btnOPen", QStringLiteral("Opens a design (Ctrl+O)")));
-  row->addWidget(
-      Tool(Icon::Save, QStringLiteral("Save"), "btnSaveAS", QStringLiteral("Saves the design (Ctrl+S)")));
-  row->addWidget(new Divider(desk));
-  row->addWidget(Family());
-  row->addSpacing(4);
-  row->addWidget(Unit());
-  row->addWidget(new Divider(desk));
+  const auto add = [&](QWidget* widget) {
+    row->addWidget(widget);
+    small_.push_back(widget);
+  };
+  const auto divide = [&] {
+    dividers_.push_back(new Divider(desk));
+    row->addWidget(dividers_.back());
+  };
+  // What a file is done with everybody knows by its icon; the machine's tools keep their words longest.
+  add(Tool(Icon::New, QStringLiteral("New"), "mnuNewFile", QStringLiteral("Begins a new design (Ctrl+N)"), 3));
+  add(Tool(Icon::Open, QStringLiteral("Open"), "btnOPen", QStringLiteral("Opens a design (Ctrl+O)"), 3));
+  add(Tool(Icon::Save, QStringLiteral("Save"), "btnSaveAS", QStringLiteral("Saves the design (Ctrl+S)"), 3));
+  divide();
+  Button* undo = Tool(Icon::Undo, {}, "mnuUndo", QStringLiteral("Undo (Ctrl+Z)"), 0);
+  Button* redo = Tool(Icon::Redo, {}, "mnuRedo", QStringLiteral("Redo (Ctrl+Shift+Z)"), 0);
+  // The entries of the Edit menu have these operations' names already.
+  undo->setObjectName(QStringLiteral("toolUndo"));
+  redo->setObjectName(QStringLiteral("toolRedo"));
+  desk.binder.BindAll(undo, [undo, redo, desk] {
+    undo->setEnabled(desk.station.CanUndo());
+    redo->setEnabled(desk.station.CanRedo());
+  });
+  add(undo);
+  add(redo);
+  divide();
+  add(Family());
+  add(Unit());
+  divide();
   document_ = new Document(desk);
   row->addWidget(document_, 1);
   row->addWidget(Tool(Icon::Trace, QStringLiteral("Trace"), "lblGoTrace",
-                      QStringLiteral("The machine visits the design's points. It moves.")));
+                      QStringLiteral("The machine visits the design's points. It moves."), 2));
   row->addWidget(Tool(Icon::Home, QStringLiteral("Go Home"), "lblHome",
-                      QStringLiteral("The machine drives to its limit switches. It moves.")));
+                      QStringLiteral("The machine drives to its limit switches. It moves."), 2));
   row->addWidget(Tool(Icon::Wheel, QStringLiteral("Manual"), "lblManualOperation",
-                      QStringLiteral("Starts the executor for work by hand.")));
-  auto* settings = Tool(Icon::Gear, {}, "Command3", QStringLiteral("Settings"));
-  settings->setAccessibleName(QStringLiteral("Settings"));
-  row->addWidget(settings);
-  row->addWidget(new Divider(desk));
+                      QStringLiteral("Starts the executor for work by hand."), 2));
+  add(Tool(Icon::Gear, {}, "Command3", QStringLiteral("Settings"), 0));
+  divide();
   auto* view =
       new Button(desk, ButtonLook::Outline, Icon::Document, Shown(desk.station.s.Command2.caption()), this);
   view->Runs("Command2");
   view->setToolTip(QStringLiteral("Writes the program and shows it."));
-  row->addWidget(view);
+  view->setAccessibleName(view->text());
+  worded_.push_back({view, view->text(), 1});
+  add(view);
+  leave_ = new Button(desk, ButtonLook::Outline, Icon::Enlarge, QStringLiteral("Small Figures"), this);
+  leave_->setObjectName(QStringLiteral("smallFigures"));
+  leave_->setAccessibleName(leave_->text());
+  leave_->setToolTip(QStringLiteral("Shows the whole window again (Ctrl+L)"));
+  connect(leave_, &QAbstractButton::clicked, this, [this] {
+    if (smallFigures) smallFigures();
+  });
+  worded_.push_back({leave_, leave_->text(), 1});
+  row->addWidget(leave_);
+  Arrange(Arrangement::Open);
 }
 
-Button* ToolBar::Tool(Icon icon, const QString& word, const char* control, const QString& tip) {
+Button* ToolBar::Tool(Icon icon, const QString& word, const char* control, const QString& tip, int rank) {
   auto* button = new Button(desk_, ButtonLook::Flat, icon, word, this);
   button->Runs(control);
   button->setToolTip(tip);
-  button->setAccessibleName(word);
-  if (!word.isEmpty()) worded_.emplace_back(button, word);
+  button->setAccessibleName(word.isEmpty() ? tip : word);
+  if (!word.isEmpty()) worded_.push_back({button, word, rank});
   return button;
+}
+
+void ToolBar::Arrange(Arrangement arrangement) {
+  arrangement_ = arrangement;
+  const bool large = arrangement == Arrangement::Large;
+  setFixedHeight(large ? kLargeHeight : kHeight);
+  for (QWidget* widget : small_) widget->setVisible(!large);
+  leave_->setVisible(large);
+  // A small window keeps the room between its groups for the design's name.
+  layout()->setSpacing(arrangement == Arrangement::Folded ? 2 : 6);
+  for (QWidget* divider : dividers_) divider->setVisible(arrangement == Arrangement::Open);
+  for (const Worded& worded : worded_) {
+    worded.button->setFixedHeight(large ? kLargeTool : 34);
+    worded.button->SetTextSize(large ? 16 : 13);
+    worded.button->SetLook(large || worded.rank == 1 ? ButtonLook::Outline : ButtonLook::Flat);
+  }
+  ShowWords();
+}
+
+void ToolBar::ShowWords() {
+  // The tools give up their words one rank after the other, until the design's name has its room.
+  for (int most = 3; most >= 0; --most) {
+    for (const Worded& worded : worded_)
+      worded.button->setText(worded.rank <= most ? worded.word : QString());
+    int wanted = layout()->contentsMargins().left() + layout()->contentsMargins().right() + kDocument;
+    for (int i = 0; i < layout()->count(); ++i) {
+      const QLayoutItem* item = layout()->itemAt(i);
+      if (item->isEmpty()) continue;
+      if (item->widget() != document_) wanted += item->widget()->sizeHint().expandedTo(
+                                           item->widget()->minimumSize()).width();
+      wanted += layout()->spacing();
+    }
+    if (wanted <= width()) break;
+  }
+  for (const Worded& worded : worded_) worded.button->updateGeometry();
 }
 
 QWidget* ToolBar::Family() {
@@ -183,10 +247,7 @@ QWidget* ToolBar::Unit() {
   return segments;
 }
 
-void ToolBar::resizeEvent(QResizeEvent*) {
-  const bool words = width() >= kWordsFrom;
-  for (const auto& [button, word] : worded_) button->setText(words ? word : QString());
-}
+void ToolBar::resizeEvent(QResizeEvent*) { ShowWords(); }
 
 void ToolBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -1,6 +1,9 @@
-// Renders the windows into PNG files of a folder, for looking at them: empty and with a sample, light and
-// dark.
+// Renders the windows into PNG files of a folder, for looking at them: both families, empty and with a sample,
+// light and dark, at every size that lays the window out anew. QT_SCALE_FACTOR scales them.
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTemporaryDir>
@@ -18,6 +21,12 @@
 namespace torvane {
 
 namespace {
+
+void Choose4Axes(WindowProgram& program) {
+  DesignState& s = program.station().s;
+  s.optX(0) = "False";
+  program.binder().Choose(s.optX(1), "True");
+}
 
 // The start guard holds calculations back for five seconds; a picture does not wait for it.
 class LaterClock : public Clock {
@@ -37,6 +46,7 @@ class Pictures {
 
   void Take(const QString& name, const QString& sample, QSize size, int pressedRow,
             const std::function<void(WindowProgram&)>& more = {}) {
+    theme_.SetLarge(false);
     QTemporaryDir home;
     const auto files = HostFiles::At(home.path().toStdString());
     WindowComputer computer(files.value(), std::make_unique<IniStore>(home.filePath("t.ini").toStdString()),
@@ -65,10 +75,12 @@ class Pictures {
     if (more) more(program);
     program.binder().Flush();
     QApplication::processEvents();
-    window.grab().save(folder_ + "/" + name + ".png");
+    const qreal scale = window.devicePixelRatioF();
+    const QString end = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
+    window.grab().save(folder_ + "/" + name + end + ".png");
     for (const auto& open : program.station().windows)
       if (QWidget* dialog = program.dialogs().DialogOf(*open))
-        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(open->name().data()) + ".png");
+        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(open->name().data()) + end + ".png");
     std::printf("%s.png\n", qPrintable(name));
   }
 
@@ -84,6 +96,49 @@ class Pictures {
   Theme theme_;
 };
 
+// The main window at every size, of both families.
+void TakeSizes(Pictures& pictures, const QString& end) {
+  constexpr struct {
+    const char* name;
+    int width, height;
+  } kSizes[] = {{"smallest", 800, 600},  {"lowest-open", 1100, 720}, {"first-start", 1133, 833},
+                {"usual", 1280, 800},    {"full-hd", 1920, 1080},    {"4k", 3840, 2160}};
+  constexpr struct {
+    const char *name, *sample;
+    int row;
+  } kDesigns[] = {{"2axis", "Tube-4x24.t2d", 3},
+                  {"taper", "Taper-Mast.t2d", 2},
+                  {"hemi", "Hemi-Vessel-150mm.t4d", 1},
+                  {"flat", "Flat-Tube-4x24.t4d", 1},
+                  {"nowrap", "No-Wrap-Mast.t4d", 2}};
+  // Scaled pictures of large windows show nothing that the smaller ones do not.
+  const bool scaled = qApp->devicePixelRatio() > 1;
+  for (const auto& size : kSizes) {
+    if (scaled && size.width > 1280) continue;
+    const QSize window(size.width, size.height);
+    const auto name = [&](const char* design) {
+      return QStringLiteral("%1-%2").arg(QString::fromLatin1(design), QString::fromLatin1(size.name)) + end;
+    };
+    pictures.Take(name("empty"), {}, window, 0);
+    pictures.Take(name("empty4"), {}, window, 0, [](WindowProgram& p) { Choose4Axes(p); });
+    for (const auto& design : kDesigns)
+      pictures.Take(name(design.name), QString::fromLatin1(design.sample), window, design.row);
+    for (const auto& design : {kDesigns[0], kDesigns[2]})
+      pictures.Take(name(design.name) + QStringLiteral("-large"), QString::fromLatin1(design.sample), window,
+                    design.row, [](WindowProgram& p) { p.mainWindow().UseLargeFigures(true); });
+  }
+  pictures.Take(QStringLiteral("2axis-checklist") + end, "Tube-4x24.t2d", {800, 600}, 3, [](WindowProgram& p) {
+    p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("foldedChecklist"))->click();
+  });
+  pictures.Take(QStringLiteral("hemi-head-page") + end, "Hemi-Vessel-150mm.t4d", {800, 600}, 1,
+                [](WindowProgram& p) {
+                  p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("pageHead"))->click();
+                });
+  pictures.Take(QStringLiteral("2axis-all-rows") + end, "Tube-4x24.t2d", {1280, 800}, 3, [](WindowProgram& p) {
+    p.mainWindow().findChild<QAction*>(QStringLiteral("viewAllRows"))->trigger();
+  });
+}
+
 }  // namespace
 
 }  // namespace torvane
@@ -95,24 +150,21 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: window_pictures FOLDER SAMPLES\n");
     return 2;
   }
-  const QString folder = application.arguments().at(1), samples = application.arguments().at(2);
-  const QSize wide(1280, 800), first(1133, 833);
+  const QString folder = application.arguments().at(1);
+  const QString samples = QFileInfo(application.arguments().at(2)).absoluteFilePath();
+  const QSize wide(1280, 800);
   for (const bool dark : {false, true}) {
     const QString end = dark ? QStringLiteral("-dark") : QString();
     Pictures pictures(folder, samples, dark);
-    pictures.Take("empty" + end, {}, wide, 0);
-    pictures.Take("2axis" + end, "Tube-4x24.t2d", wide, 5);
-    pictures.Take("2axis-first-start" + end, "Tube-4x24.t2d", first, 2);
+    TakeSizes(pictures, end);
     pictures.Take("2axis-marks" + end, "Tube-4x24.t2d", wide, 4, [](WindowProgram& program) {
       Station& station = program.station();
       program.binder().Type(station.s.txtZ2(1), "1.50");
       program.binder().Type(station.s.txtBandThickness(0), "");
     });
-    pictures.Take("4axis" + end, "Hemi-Vessel-150mm.t4d", wide, 1);
     pictures.Take("taper-mm" + end, "Tube-100x600-mm.t2d", {1600, 900}, 1);
     pictures.Take("2axis-15-rows" + end, "Tube-4x24.t2d", wide, 3,
                   [](WindowProgram& p) { p.binder().Type(p.station().s.txtNumberOfLayers(0), "15"); });
-    pictures.Take("smallest" + end, "Taper-Mast.t2d", {1124, 730}, 2);
     const char* const openers[] = {"mnuProperties", "Label10", "Label9", "mnuSpeeds"};
     for (int tab = 0; tab <= 3; ++tab)
       pictures.Take(QStringLiteral("settings-%1").arg(tab) + end, "Tube-4x24.t2d", wide, 1,
@@ -127,7 +179,6 @@ int main(int argc, char** argv) {
       p.binder().Run("tmrStartDraw", Event::Tick);
       for (int step = 0; step < 50; ++step) p.station().Run("tmrDraw", Event::Tick);
     });
-    pictures.Take("4axis-flat" + end, "Flat-Tube-4x24.t4d", first, 1);
     pictures.TakeMessage(
         "message-question" + end,
         {"\r\n\r\nThis Torvane Design File has changed.\r\n Do you want to save the changes first ?",

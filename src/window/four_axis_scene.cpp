@@ -1,0 +1,58 @@
+#include "window/four_axis_scene.h"
+
+#include "calc/patterns.h"
+#include "design/text.h"
+#include "look/text.h"
+#include "window/layer_columns.h"
+
+namespace torvane {
+
+namespace {
+
+FourAxisScene::Value Positive(const Field& field) {
+  const Number value = number(field);
+  if (!field.shown() || !holds(value > 0)) return std::nullopt;
+  return value.value();
+}
+
+// A row's angle stands alone in its cell, or in front of its pattern.
+void TakeRow(FourAxisScene& scene, const DesignState& s, int row) {
+  if (row < 1 || row > LayerRows(s)) return;
+  const std::string& pattern = s.cmbPattern(row).text();
+  const std::string_view first = std::string_view(pattern).substr(0, pattern.find('|'));
+  const Number angle = s.Read(Trim(first));
+  if (s.cmb3D(row).text() == "HOOP")
+    scene.angle = 90;
+  else if (holds(angle > 0) && holds(angle <= 90))
+    scene.angle = angle.value();
+  else
+    return;
+  const Number wrap = Degrees(s, s.cmbPhiW(row));
+  if (holds(wrap > 0)) scene.endWrap = wrap.value();
+  scene.legend = QStringLiteral("Layer %1").arg(row);
+}
+
+}  // namespace
+
+FourAxisScene SceneOfFourAxes(const Station& station) {
+  const DesignState& s = station.s;
+  FourAxisScene scene;
+  if (s.optType(1).checked()) scene.ends = PartEnds::Hemispherical;
+  if (s.optType(2).checked()) scene.ends = PartEnds::NoWrap;
+  scene.homeRight = !s.gIsLHDrive;
+  for (int i = 0; i < 4; ++i) scene.z[static_cast<std::size_t>(i)] = Positive(s.txtZ4(i));
+  for (int i = 0; i < 2; ++i) {
+    scene.diameter[static_cast<std::size_t>(i)] = Positive(s.txtDia(i));
+    scene.opening[static_cast<std::size_t>(i)] = Positive(s.txtPODia(i));
+  }
+  for (int i = 0; i < 7; ++i) scene.offset[static_cast<std::size_t>(i)] = Positive(s.txtAdjust(i));
+  scene.band = Positive(s.InInches() ? s.txtBandWidth(1) : s.txtBandWidthMM(1));
+  if (!s.lblLengthTotal.empty())
+    scene.length = Shown(s.lblLengthTotal.text()) + QStringLiteral(" ") + Shown(s.gUnits.text());
+  scene.leftText = Shown(s.txtZ4(0).text());
+  scene.rightText = Shown(s.txtZ4(3).text());
+  TakeRow(scene, s, s.gCurrentRow);
+  return scene;
+}
+
+}  // namespace torvane

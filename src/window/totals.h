@@ -1,0 +1,25 @@
+// The totals of a design, one table for every place that shows them.
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "design/state.h"
+
+namespace torvane {
+
+struct Total {
+  QString caption;
+  const Field* figure;
+  QString unit;
+};
+
+// The most wanted first.
+std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis);
+// Those that are to be read from the machine.
+std::vector<Total> LargeTotalsOf(const DesignState& s);
+
+// Four axes with patterns show the end view instead of a list of totals.
+inline bool ShowsEndView(const DesignState& s) { return s.gShow4Axis && !s.optType(2).checked(); }
+
+}  // namespace torvane
