@@ -123,7 +123,7 @@ void FourAxisPainter::Paint(QPainter& p) const {
   switch (arrangement_) {
     case Arrangement::Open: {
       const double y = f_.axisY - 61;
-      sketch_.PaintChips(p, {f_.area.left() + 68, y}, {f_.area.right() - 70, y});
+      sketch_.PaintChips(p, {f_.area.left() + 68, y}, {f_.area.right() - 76, y});
       PaintLegend(p);
       if (!scene_.length.isEmpty() && scene_.complete())
         sketch_.PaintDimension(p, std::min(f_.rulerY - 10, f_.axisY + Radius() + 12), left_, right_,

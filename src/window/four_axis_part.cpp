@@ -252,10 +252,12 @@ void FourAxisPart::PlaceOpen() {
   }
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
+  const int stepper = std::min(kStepper, static_cast<int>(share) - 2);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
-    const int x = static_cast<int>(share * static_cast<double>(i) + (share - kStepper) / 2);
+    const int x = static_cast<int>(share * static_cast<double>(i) + (share - stepper) / 2);
+    offsets_[i]->setFixedWidth(stepper);
     offsets_[i]->move(x, 20);
-    offsetCaptions_[i]->setGeometry(x + 20, 2, 76, 16);
+    offsetCaptions_[i]->setGeometry(x + 20, 2, stepper - 20, 16);
   }
 }
 
@@ -279,6 +281,7 @@ void FourAxisPart::PlaceFolded() {
   const int step = std::min(page.width() / 7, 130);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(i) * step;
+    offsets_[i]->setFixedWidth(std::min(kStepper, step - 2));
     offsets_[i]->move(x, below - 36);
     offsetCaptions_[i]->setGeometry(x + 20, below - 54, kStepper - 20, 16);
   }

@@ -120,8 +120,10 @@ void LayersDelegate::PaintShare(QPainter& p, const QRect& box, const Field& fiel
   if (!holds(minutes > 0)) return;
   QColor colour = desk_.theme[Token::Accent];
   colour.setAlphaF(0.35F);
-  const int width = static_cast<int>((box.width() - 12) * minutes.value() / most);
-  p.fillRect(QRect(box.left() + 4, box.bottom() - 3, width, 2), colour);
+  // Below the figure at the right, however wide the column is.
+  const int whole = std::min(box.width() - 12, desk_.theme.Figure(80));
+  const int width = static_cast<int>(whole * minutes.value() / most);
+  p.fillRect(QRect(box.right() - 6 - whole, box.bottom() - 3, width, 2), colour);
 }
 
 QWidget* LayersDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,

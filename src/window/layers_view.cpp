@@ -86,7 +86,7 @@ LayersView::LayersView(Desk desk, bool fourAxis, QWidget* parent)
   verticalHeader()->hide();
   verticalHeader()->setMinimumSectionSize(kLeastRow);
   setShowGrid(false);
-  viewport()->setBackgroundRole(QPalette::Window);
+  viewport()->setAutoFillBackground(false);
   setFrameShape(QFrame::NoFrame);
   setSelectionMode(QAbstractItemView::NoSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -153,6 +153,11 @@ void LayersView::Arrange() {
   }
   setColumnWidth(last, columnWidth(last) + present - used);
   if (arranged) arranged();
+}
+
+void LayersView::paintEvent(QPaintEvent* event) {
+  QPainter(viewport()).fillRect(event->rect(), desk_.theme[Token::Panel]);
+  QTableView::paintEvent(event);
 }
 
 void LayersView::resizeEvent(QResizeEvent* event) {

@@ -152,6 +152,8 @@ QWidget* MainWindow::MakeRail() {
   marks_ = new MarksPanel(desk_);
   marks_->goTo = [this](const Field& field) { GoTo(field); };
   build_ = new BuildButton(desk_);
+  blank_ = new QSpacerItem(0, 0);
+  railColumn_->addItem(blank_);
   return rail_;
 }
 
@@ -184,6 +186,10 @@ void MainWindow::MoveRail(Arrangement arrangement) {
   } else {
     railColumn_->addWidget(checklist_);
     railColumn_->addWidget(marks_, 1);
+    // Where the marks are left out, blank ground takes what nothing else needs.
+    blank_->changeSize(0, 0, QSizePolicy::Minimum, large ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    railColumn_->removeItem(blank_);
+    railColumn_->addItem(blank_);
     railColumn_->addWidget(build_);
     build_->setMinimumWidth(0);
     build_->setMaximumWidth(QWIDGETSIZE_MAX);
@@ -257,7 +263,7 @@ void MainWindow::FollowState() {
   if (ShowsEndView(s)) page = kEndView;
   if (desk_.theme.large()) page = kLargeTotals;
   totals_->setCurrentIndex(page);
-  const int highest[] = {206, 160, 316, QWIDGETSIZE_MAX};
+  const int highest[] = {206, 160, 316, 330};
   totals_->setMaximumHeight(highest[page]);
   setWindowTitle(Shown(s.frmMain.caption()).trimmed() + QStringLiteral("[*]"));
   setWindowModified(s.gDirty);

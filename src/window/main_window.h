@@ -8,6 +8,7 @@
 #include "window/arrangement.h"
 #include "window/binder.h"
 
+class QSpacerItem;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -68,6 +69,7 @@ class MainWindow : public QMainWindow {
   LayersPanel* layers_[2] = {};
   QWidget* rail_ = nullptr;
   QVBoxLayout* railColumn_ = nullptr;
+  QSpacerItem* blank_ = nullptr;
   QStackedWidget* totals_ = nullptr;
   ChecklistPanel* checklist_ = nullptr;
   bool checklistOpen_ = false;  // above the folded rail

@@ -21,7 +21,7 @@ constexpr int kLarge = 176;
 // Below this width the row's fields stand closer together.
 constexpr int kCompact = 900;
 // What a window of 800 has for part and schedule; of more height the drawing takes its share.
-constexpr int kUsualColumn = 684;
+constexpr int kUsualColumn = 684, kUsualLargeColumn = 724;
 constexpr double kDrawingShare = 0.6;
 
 }  // namespace
@@ -54,13 +54,12 @@ void PartPanel::Reveal(const QWidget& field) {
 }
 
 void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
-  int height = kOpen[panel_];
-  // A drawing as high as it is wide shows nothing more.
-  if (arrangement == Arrangement::Open)
-    height += std::clamp(static_cast<int>((column.height() - kUsualColumn) * kDrawingShare), 0,
-                         column.width() * 3 / 10);
+  int height = arrangement == Arrangement::Large ? kLarge : kOpen[panel_];
+  // A mandrel that is as long as the drawing is wide needs no more height.
+  const int usual = arrangement == Arrangement::Large ? kUsualLargeColumn : kUsualColumn;
+  height += std::clamp(static_cast<int>((column.height() - usual) * kDrawingShare), 0,
+                       column.width() * 3 / 10);
   if (arrangement == Arrangement::Folded) height = kFolded[panel_];
-  if (arrangement == Arrangement::Large) height = kLarge;
   setFixedHeight(height);
   // In a low window of large figures the schedule takes it all.
   setVisible(arrangement != Arrangement::Large || column.height() >= 600);

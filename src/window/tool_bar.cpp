@@ -76,7 +76,7 @@ class Document : public QWidget {
     if (s.gDirty) {
       p.setBrush(t[Token::BandOut]);
       p.setPen(Qt::NoPen);
-      p.drawEllipse(QPointF(p.fontMetrics().horizontalAdvance(name) + 12, line.center().y() + 1), t.Figure(4),
+      p.drawEllipse(QPointF(p.fontMetrics().horizontalAdvance(name) + t.Figure(12), line.center().y() + 1), t.Figure(4),
                     t.Figure(4));
     }
     if (t.large()) return;

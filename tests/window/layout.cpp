@@ -301,6 +301,7 @@ void Layout::LargeFiguresChangeNoState() {
   QCoreApplication::processEvents();
   QVERIFY(shown.s().TakeSnapshot().SameTexts(snapshot));
   QVERIFY(!shown.s().gDirty);
+  if (qEnvironmentVariableIsSet("LAYOUT_DUMP")) before.save("/tmp/a.png"), shown.window().grab().save("/tmp/b.png");
   QCOMPARE(shown.window().grab().toImage(), before);
 }
 
