@@ -1,5 +1,5 @@
-// Which palette the windows take: the desktop's, or one that the operator chose. Kept in the store in a section
-// of this front end's own.
+// Which palette the windows take: the desktop's, or one that the operator chose. Kept in the store in a
+// section of this front end's own.
 #pragma once
 
 #include "platform/settings_store.h"

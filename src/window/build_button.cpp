@@ -79,7 +79,8 @@ void BuildButton::paintEvent(QPaintEvent*) {
     const double x = (width() - icon - gap - words) / 2;
     const double second = far && SecondLine() != WhatItDoes() ? 14 : 0;
     PaintIcon(p, Icon::Play, {x, (height() - icon) / 2 - second, icon, icon}, ink);
-    p.drawText(QRectF(x + icon + gap, -second, words + 4, height()), Qt::AlignVCenter | Qt::AlignLeft, text());
+    p.drawText(QRectF(x + icon + gap, -second, words + 4, height()), Qt::AlignVCenter | Qt::AlignLeft,
+               text());
     if (second > 0) {
       p.setFont(t.Font(17));
       p.drawText(QRectF(12, height() - 44, width() - 24, 24), Qt::AlignCenter,

@@ -18,7 +18,8 @@ FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
   setAttribute(Qt::WA_Hover, moves_);
   setFrame(false);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  setFont(place == Place::Grid ? desk.theme.FigureFont(14, Weight::Medium) : desk.theme.Font(14, Weight::Medium));
+  setFont(place == Place::Grid ? desk.theme.FigureFont(14, Weight::Medium)
+                               : desk.theme.Font(14, Weight::Medium));
   setContextMenuPolicy(Qt::NoContextMenu);
   const int side = desk.theme.Px(place == Place::Panel ? 6 : 8);
   setTextMargins(side, 0, side, 0);

@@ -109,7 +109,8 @@ void FieldCheck::paintEvent(QPaintEvent*) {
   painter.setFont(t.FigureFont(13, titled || t.large() ? Weight::Medium : Weight::Regular));
   const QRect area = rect().adjusted(t.Figure(30), 0, 0, 0);
   if (!titled) {
-    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft, text());
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft,
+                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
     return;
   }
   painter.drawText(area.adjusted(0, 1, 0, -area.height() / 2 + 2), Qt::AlignBottom | Qt::AlignLeft, text());

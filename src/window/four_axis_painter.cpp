@@ -238,7 +238,9 @@ void FourAxisPainter::PaintHeadPath(QPainter& p) const {
 
 void FourAxisPainter::PaintLegend(QPainter& p) const {
   if (!scene_.angle || !scene_.complete()) return;
-  const double x = f_.area.center().x() - 118, y = f_.area.bottom() - 36;
+  // Beside the length, where the places in Z leave room.
+  if (f_.area.width() < 800) return;
+  const double x = f_.area.center().x() - 106, y = f_.area.bottom() - 36;
   p.setFont(t_.Font(12));
   const auto key = [&](Token token, const QString& word, double top) {
     p.setPen(QPen(t_[token], 4, Qt::SolidLine, Qt::FlatCap));
@@ -252,9 +254,8 @@ void FourAxisPainter::PaintLegend(QPainter& p) const {
     key(Token::BandOut, QStringLiteral("out"), y - 1);
     key(Token::BandBack, QStringLiteral("back"), y + 16);
   }
-  p.drawText(QRectF(x + 190, y - 2, 80, 18), Qt::AlignLeft | Qt::AlignVCenter, scene_.legend);
-  p.drawText(QRectF(x + 190, y + 14, 80, 18), Qt::AlignLeft | Qt::AlignVCenter,
-             QStringLiteral("band to scale"));
+  p.drawText(QRectF(x + 170, y - 3, 60, 18), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("band"));
+  p.drawText(QRectF(x + 170, y + 13, 60, 18), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("to scale"));
 }
 
 }  // namespace torvane

@@ -111,12 +111,12 @@ FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(
   const struct {
     const char *caption, *name;
     Field& field;
-  } places[] = {{"Skirt", "Left skirt", s.txtSkirtLeft},         {"Left Z", "Left Z", s.txtZ4(0)},
-                {"Inner left Z", "Inner left Z", s.txtZ4(1)},    {"Inner right Z", "Inner right Z", s.txtZ4(2)},
-                {"Right Z", "Right Z", s.txtZ4(3)}, {"Skirt", "Right skirt", s.txtSkirtRight}};
+  } places[] = {{"Skirt", "Left skirt", s.txtSkirtLeft},      {"Left Z", "Left Z", s.txtZ4(0)},
+                {"Inner left Z", "Inner left Z", s.txtZ4(1)}, {"Inner right Z", "Inner right Z", s.txtZ4(2)},
+                {"Right Z", "Right Z", s.txtZ4(3)},           {"Skirt", "Right skirt", s.txtSkirtRight}};
   for (const auto& place : places)
-    z_.push_back(AddField(QString::fromLatin1(place.caption), QString::fromLatin1(place.name), place.field,
-                          places_));
+    z_.push_back(
+        AddField(QString::fromLatin1(place.caption), QString::fromLatin1(place.name), place.field, places_));
   stops_ = {left_.diameter.field,  left_.opening.field,  z_[0].field, z_[1].field, z_[2].field,
             right_.diameter.field, right_.opening.field, z_[3].field, z_[4].field, z_[5].field};
   for (int i = 0; i <= 6; ++i) AddOffset(i);
@@ -145,8 +145,8 @@ FourAxisPart::End FourAxisPart::AddEnd(bool left) {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
   const QString side = left ? QStringLiteral("Left ") : QStringLiteral("Right ");
-  const Placed diameter =
-      AddField(side + QStringLiteral("diameter"), side + QStringLiteral("diameter"), s.txtDia(left ? 0 : 1), owner);
+  const Placed diameter = AddField(side + QStringLiteral("diameter"), side + QStringLiteral("diameter"),
+                                   s.txtDia(left ? 0 : 1), owner);
   const Placed opening = AddField(QStringLiteral("Polar opening"), side + QStringLiteral("polar opening"),
                                   s.txtPODia(left ? 0 : 1), owner);
   return {owner, diameter, opening};
@@ -167,7 +167,8 @@ void FourAxisPart::AddOffset(int i) {
   stepper->edit()->setTextMargins(0, 0, 0, 0);
   stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) +
                                      QString::fromLatin1(offset.name));
-  auto* caption = new Word(desk_, QString::fromLatin1(offset.name), 12, Token::Second, Weight::Regular, head_);
+  auto* caption =
+      new Word(desk_, QString::fromLatin1(offset.name), 12, Token::Second, Weight::Regular, head_);
   // What a part type does not use is absent with its words.
   const Field& field = s.txtAdjust(i);
   for (QWidget* shown : {static_cast<QWidget*>(stepper), static_cast<QWidget*>(caption)})
@@ -244,7 +245,7 @@ void FourAxisPart::PlaceOpen() {
     PlaceField(end.opening.caption, end.opening.field, end.opening.unit, 2, 69);
   }
   places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
-  const int pitch = std::clamp((area.width() - 160) / 6, 96, 104);
+  const int pitch = std::clamp((area.width() - 230) / 6, 93, 104);
   for (int i = 0; i < 6; ++i) {
     const int x = i < 3 ? 2 + i * pitch : places_->width() - 102 - (5 - i) * pitch;
     PlaceField(z_[static_cast<std::size_t>(i)].caption, z_[static_cast<std::size_t>(i)].field,
@@ -252,7 +253,7 @@ void FourAxisPart::PlaceOpen() {
   }
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
-  const int stepper = std::min(kStepper, static_cast<int>(share) - 2);
+  const int stepper = std::clamp(static_cast<int>(share) - 2, 60, kStepper);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(share * static_cast<double>(i) + (share - stepper) / 2);
     offsets_[i]->setFixedWidth(stepper);
@@ -281,7 +282,7 @@ void FourAxisPart::PlaceFolded() {
   const int step = std::min(page.width() / 7, 130);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(i) * step;
-    offsets_[i]->setFixedWidth(std::min(kStepper, step - 2));
+    offsets_[i]->setFixedWidth(std::clamp(step - 2, 60, kStepper));
     offsets_[i]->move(x, below - 36);
     offsetCaptions_[i]->setGeometry(x + 20, below - 54, kStepper - 20, 16);
   }
@@ -344,7 +345,7 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
   painter.drawText(QRectF(area.right() - 72, titles, 60, 20), Qt::AlignVCenter | Qt::AlignRight,
                    QStringLiteral("Right end"));
   const DesignState& s = desk_.station.s;
-  const QRect box(area.center().x() - 44, height() - 35, 72, 30);
+  const QRect box(area.center().x() - 46, height() - 35, 62, 30);
   painter.fillRect(box, t[Token::ReadOut]);
   painter.setPen(t[s.lblLengthTotal.empty() ? Token::Off : Token::Figures]);
   painter.setFont(t.Font(14, Weight::Medium));
@@ -352,9 +353,9 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
                    s.lblLengthTotal.empty() ? QString(QChar(0x2013)) : Shown(s.lblLengthTotal.text()));
   painter.setPen(t[Token::Second]);
   painter.setFont(t.Font(12));
-  painter.drawText(QRectF(box.left(), box.top() - 18, 72, 16), Qt::AlignLeft | Qt::AlignVCenter,
+  painter.drawText(QRectF(box.left(), box.top() - 18, 62, 16), Qt::AlignLeft | Qt::AlignVCenter,
                    QStringLiteral("Length"));
-  painter.drawText(QRectF(box.right() + 6, box.top(), 30, 30), Qt::AlignLeft | Qt::AlignVCenter,
+  painter.drawText(QRectF(box.right() + 5, box.top(), 30, 30), Qt::AlignLeft | Qt::AlignVCenter,
                    Shown(s.gUnits.text()));
 }
 

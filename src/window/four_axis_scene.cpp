@@ -29,7 +29,6 @@ void TakeRow(FourAxisScene& scene, const DesignState& s, int row) {
     return;
   const Number wrap = Degrees(s, s.cmbPhiW(row));
   if (holds(wrap > 0)) scene.endWrap = wrap.value();
-  scene.legend = QStringLiteral("Layer %1").arg(row);
 }
 
 }  // namespace

@@ -20,9 +20,9 @@ struct FourAxisScene {
   std::array<Value, 2> diameter, opening;
   std::array<Value, 7> offset;  // of the delivery head
   Value band;
-  Value angle;    // of the pressed row, degrees; 90 is a hoop
+  Value angle;           // of the pressed row, degrees; 90 is a hoop
   double endWrap = 180;  // turn of the mandrel at each end, degrees
-  QString length, leftText, rightText, legend;
+  QString length, leftText, rightText;
 
   bool operator==(const FourAxisScene&) const = default;
   bool complete() const { return z[0] && z[3] && *z[0] != *z[3] && diameter[0] && diameter[1]; }

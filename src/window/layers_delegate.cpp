@@ -79,8 +79,8 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
   const bool list = column.kind == CellKind::List && !field.entries().empty();
   const bool leftSide = column.kind == CellKind::List;
   const int glyph = look.mark == Mark::Plain ? 0 : t.Figure(18);
-  const QRect text =
-      box.adjusted(t.Figure(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0, list ? -t.Figure(20) : -t.Figure(10), -1);
+  const QRect text = box.adjusted(t.Figure(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0,
+                                  list ? -t.Figure(20) : -t.Figure(10), -1);
   const QString shown =
       IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
   p.drawText(text, (leftSide ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,

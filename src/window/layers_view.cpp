@@ -198,7 +198,9 @@ void LayersView::Move(int down, int right) {
       return;
     }
     const Field* field = model_->FieldAt(model_->index(row, column));
-    if (field != nullptr && !isColumnHidden(column) && IsInput(model_->Column(column).kind) && field->enabled() && field->shown()) break;
+    if (field != nullptr && !isColumnHidden(column) && IsInput(model_->Column(column).kind) &&
+        field->enabled() && field->shown())
+      break;
   }
   setCurrentIndex(model_->index(row, column));
 }

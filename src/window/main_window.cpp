@@ -41,7 +41,7 @@ namespace {
 
 constexpr int kTwipsPerPixel = 15;
 // Width of the rail at 1280, as far as it gives way, and from 1600 on.
-constexpr int kRail = 326, kNarrowRail = 316, kWideRail = 380;
+constexpr int kRail = 326, kNarrowRail = 324, kWideRail = 380;
 constexpr int kLargeRail = 370, kNarrowLargeRail = 250;
 constexpr int kGap = 8;
 // Pages of the totals.
@@ -55,8 +55,7 @@ int Pixels(const Field& twips) {
 
 }  // namespace
 
-MainWindow::MainWindow(Desk desk)
-    : desk_(desk), appearance_(StoredAppearance(desk.station.platform.store)) {
+MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(desk.station.platform.store)) {
   setObjectName(QStringLiteral("frmMain"));
   setMinimumSize(kLeastWindow);
   setAcceptDrops(true);
@@ -82,13 +81,12 @@ MainWindow::MainWindow(Desk desk)
   body->addWidget(MakeDesign(), 1);
   body->addWidget(MakeRail());
   rows->addLayout(body, 1);
-  auto* folded = new QHBoxLayout;
-  folded->setContentsMargins(kGap, 0, kGap, kGap);
+  barRow_ = new QHBoxLayout;
   bar_ = new FoldedBar(desk, centre);
   bar_->goTo = [this](const Field& field) { GoTo(field); };
   connect(bar_->checklist(), &QAbstractButton::clicked, this, [this] { OpenChecklist(!checklistOpen_); });
-  folded->addWidget(bar_);
-  rows->addLayout(folded);
+  barRow_->addWidget(bar_);
+  rows->addLayout(barRow_);
   status_ = new StatusLine(desk, centre);
   rows->addWidget(status_);
   setCentralWidget(centre);
@@ -201,6 +199,7 @@ void MainWindow::MoveRail(Arrangement arrangement) {
   marks_->setVisible(!large);
   rail_->setVisible(!folded);
   bar_->setVisible(folded);
+  barRow_->setContentsMargins(kGap, 0, kGap, folded ? kGap : 0);
   status_->setVisible(!large);
   menuBar()->setVisible(!large);
   tools_->Arrange(arrangement);

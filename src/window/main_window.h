@@ -8,6 +8,7 @@
 #include "window/arrangement.h"
 #include "window/binder.h"
 
+class QHBoxLayout;
 class QSpacerItem;
 class QStackedWidget;
 class QVBoxLayout;
@@ -76,6 +77,7 @@ class MainWindow : public QMainWindow {
   MarksPanel* marks_ = nullptr;
   QWidget* build_ = nullptr;
   QPointer<QWidget> focusOfSmall_;  // where the keys were before the large figures
+  QHBoxLayout* barRow_ = nullptr;
   FoldedBar* bar_ = nullptr;
   StatusLine* status_ = nullptr;
   const Field* described_ = nullptr;  // in the status line

@@ -45,8 +45,7 @@ PartDrawing::End PartDrawing::MakeEnd(bool left) {
   end.owner = owner;
   end.title = word(name + QStringLiteral(" end"), 13, Token::Text, Weight::Medium);
   end.diameterCaption = word(name + QStringLiteral(" diameter"), 12, Token::Second, Weight::Regular);
-  end.diameter =
-      new FieldEdit(desk_, left ? s.txtDiameterLeft : s.txtDiameterRight, Place::Panel, owner);
+  end.diameter = new FieldEdit(desk_, left ? s.txtDiameterLeft : s.txtDiameterRight, Place::Panel, owner);
   end.diameterUnit = unit();
   end.stopCaption = word(name + QStringLiteral(" stop (Z)"), 12, Token::Second, Weight::Regular);
   end.stop = new FieldEdit(desk_, s.txtZ2(left ? 0 : 1), Place::Panel, owner);

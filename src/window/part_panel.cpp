@@ -57,8 +57,8 @@ void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
   int height = arrangement == Arrangement::Large ? kLarge : kOpen[panel_];
   // A mandrel that is as long as the drawing is wide needs no more height.
   const int usual = arrangement == Arrangement::Large ? kUsualLargeColumn : kUsualColumn;
-  height += std::clamp(static_cast<int>((column.height() - usual) * kDrawingShare), 0,
-                       column.width() * 3 / 10);
+  height +=
+      std::clamp(static_cast<int>((column.height() - usual) * kDrawingShare), 0, column.width() * 3 / 10);
   if (arrangement == Arrangement::Folded) height = kFolded[panel_];
   setFixedHeight(height);
   // In a low window of large figures the schedule takes it all.

@@ -10,7 +10,7 @@ namespace torvane {
 
 namespace {
 
-constexpr double kReachInView = 1.1;  // the ruler goes on behind the far end
+constexpr double kReachInView = 1.125;  // the ruler goes on behind the far end
 constexpr double kGrid = 20;
 
 double Span(double pixels, double units) { return pixels / std::max(units, 1e-9); }

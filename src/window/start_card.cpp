@@ -112,8 +112,8 @@ QWidget* StartCard::MakeLinks() {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
   owner->setObjectName(QStringLiteral("picVidLinks"));
-  auto* column =
-      Column(owner, desk_, QStringLiteral("Watch how it is done"), QStringLiteral("Opens the web browser."), seconds_);
+  auto* column = Column(owner, desk_, QStringLiteral("Watch how it is done"),
+                        QStringLiteral("Opens the web browser."), seconds_);
   const auto link = [&](const Field& field, Icon icon, const char* control, int index, const QString& text) {
     auto* button = new Button(desk_, ButtonLook::Flat, icon, text, owner);
     button->Runs(control, index);

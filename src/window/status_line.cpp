@@ -30,7 +30,7 @@ void StatusLine::paintEvent(QPaintEvent*) {
   const auto limit = [&s](double value) { return Shown(FormatNumberText(s.signs, value, "##0.0"_mask)); };
   // A narrow window has room for the sentence alone.
   const QString limits = QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
-                        QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") +
+                         QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") +
                          dot;
   const QString right = (width() < 1000 ? QString() : limits) + Shown(s.lblVersion.text());
   p.setFont(t.Font(12));

@@ -11,6 +11,7 @@ namespace torvane {
 namespace {
 
 constexpr int kHeight = 50, kLargeHeight = 60, kLargeTool = 46;
+constexpr int kBesideSegments = 6;
 constexpr int kDocument = 170;  // what the design's name keeps while tools give up their words
 
 // Two choices of which one is filled.
@@ -70,14 +71,15 @@ class Document : public QWidget {
     const bool named = !s.lblStatusBar2.empty() || !s.gFileName.empty();
     QString name = Shown(s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text());
     if (!named) name = QStringLiteral("New design");
-    name = p.fontMetrics().elidedText(name, Qt::ElideMiddle, width() - 22);
-    const QRect line = t.large() ? rect() : QRect(0, 4, width(), 20);
+    name = p.fontMetrics().elidedText(name, Qt::ElideMiddle, width() - 22 - kBesideSegments);
+    const QRect line = t.large() ? rect() : QRect(kBesideSegments, 4, width() - kBesideSegments, 20);
     p.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, name);
     if (s.gDirty) {
       p.setBrush(t[Token::BandOut]);
       p.setPen(Qt::NoPen);
-      p.drawEllipse(QPointF(p.fontMetrics().horizontalAdvance(name) + t.Figure(12), line.center().y() + 1), t.Figure(4),
-                    t.Figure(4));
+      p.drawEllipse(QPointF(line.left() + p.fontMetrics().horizontalAdvance(name) + t.Figure(12),
+                            line.center().y() + 1),
+                    t.Figure(4), t.Figure(4));
     }
     if (t.large()) return;
     p.setFont(t.Font(12));
@@ -86,7 +88,7 @@ class Document : public QWidget {
     state += s.gDirty ? QStringLiteral("not saved")
              : named  ? QStringLiteral("saved")
                       : QStringLiteral("nothing to save");
-    p.drawText(QRect(0, 23, width(), 17), Qt::AlignVCenter | Qt::AlignLeft,
+    p.drawText(QRect(kBesideSegments, 23, width() - kBesideSegments, 17), Qt::AlignVCenter | Qt::AlignLeft,
                p.fontMetrics().elidedText(state, Qt::ElideRight, width()));
   }
 
@@ -124,7 +126,8 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
     row->addWidget(dividers_.back());
   };
   // What a file is done with everybody knows by its icon; the machine's tools keep their words longest.
-  add(Tool(Icon::New, QStringLiteral("New"), "mnuNewFile", QStringLiteral("Begins a new design (Ctrl+N)"), 3));
+  add(Tool(Icon::New, QStringLiteral("New"), "mnuNewFile", QStringLiteral("Begins a new design (Ctrl+N)"),
+           3));
   add(Tool(Icon::Open, QStringLiteral("Open"), "btnOPen", QStringLiteral("Opens a design (Ctrl+O)"), 3));
   add(Tool(Icon::Save, QStringLiteral("Save"), "btnSaveAS", QStringLiteral("Saves the design (Ctrl+S)"), 3));
   divide();
@@ -207,8 +210,8 @@ void ToolBar::ShowWords() {
     for (int i = 0; i < layout()->count(); ++i) {
       const QLayoutItem* item = layout()->itemAt(i);
       if (item->isEmpty()) continue;
-      if (item->widget() != document_) wanted += item->widget()->sizeHint().expandedTo(
-                                           item->widget()->minimumSize()).width();
+      if (item->widget() != document_)
+        wanted += item->widget()->sizeHint().expandedTo(item->widget()->minimumSize()).width();
       wanted += layout()->spacing();
     }
     if (wanted <= width()) break;

@@ -67,7 +67,8 @@ struct Shown {
 };
 
 bool IsInputWidget(const QWidget* widget) {
-  return dynamic_cast<const FieldEdit*>(widget) != nullptr || dynamic_cast<const FieldList*>(widget) != nullptr ||
+  return dynamic_cast<const FieldEdit*>(widget) != nullptr ||
+         dynamic_cast<const FieldList*>(widget) != nullptr ||
          dynamic_cast<const FieldCheck*>(widget) != nullptr || dynamic_cast<const Button*>(widget) != nullptr;
 }
 
@@ -101,9 +102,9 @@ void Layout::NothingIsCutOffOrCovered_data() {
   QTest::addColumn<QSize>("size");
   QTest::addColumn<bool>("large");
   for (const char* sample : {"Tube-4x24.t2d", "Hemi-Vessel-150mm.t4d", "No-Wrap-Mast.t4d"})
-    for (const QSize size : {QSize(800, 600), QSize(900, 720), QSize(1099, 800), QSize(1100, 720),
-                             QSize(1133, 833), QSize(1280, 719), QSize(1280, 800), QSize(1600, 900),
-                             QSize(1920, 1080), QSize(3840, 2160)})
+    for (const QSize size :
+         {QSize(800, 600), QSize(900, 720), QSize(1099, 800), QSize(1100, 720), QSize(1133, 833),
+          QSize(1280, 719), QSize(1280, 800), QSize(1600, 900), QSize(1920, 1080), QSize(3840, 2160)})
       for (const bool large : {false, true})
         QTest::addRow("%s %dx%d%s", sample, size.width(), size.height(), large ? " large" : "")
             << QString::fromLatin1(sample) << size << large;
@@ -126,8 +127,9 @@ void Layout::NothingIsCutOffOrCovered() {
     while (inner != &shown.window()) {
       box.translate(inner->pos());
       inner = inner->parentWidget();
-      QVERIFY2(inner->rect().contains(box), qPrintable(Named(widget) + QStringLiteral(" leaves ") +
-                                                       QString::fromLatin1(inner->metaObject()->className())));
+      QVERIFY2(inner->rect().contains(box),
+               qPrintable(Named(widget) + QStringLiteral(" leaves ") +
+                          QString::fromLatin1(inner->metaObject()->className())));
     }
     // Its text has room.
     if (const auto* edit = dynamic_cast<const FieldEdit*>(widget)) {
@@ -292,6 +294,7 @@ void Layout::LargeFiguresAreLarge() {
 
 void Layout::LargeFiguresChangeNoState() {
   const Shown shown("Tube-4x24.t2d", {1133, 833});
+  shown.Grid()->setFocus();
   const auto before = shown.window().grab().toImage();
   const auto snapshot = shown.s().TakeSnapshot();
   shown.window().UseLargeFigures(true);
@@ -301,7 +304,6 @@ void Layout::LargeFiguresChangeNoState() {
   QCoreApplication::processEvents();
   QVERIFY(shown.s().TakeSnapshot().SameTexts(snapshot));
   QVERIFY(!shown.s().gDirty);
-  if (qEnvironmentVariableIsSet("LAYOUT_DUMP")) before.save("/tmp/a.png"), shown.window().grab().save("/tmp/b.png");
   QCOMPARE(shown.window().grab().toImage(), before);
 }
 
@@ -317,7 +319,6 @@ void Layout::AppearanceReachesEveryWidget() {
   };
   QVERIFY(light() > 80);
   shown.Action("appearanceDark")->trigger();
-  if (qEnvironmentVariableIsSet("LAYOUT_DUMP")) shown.window().grab().save("/tmp/dark.png");
   QVERIFY2(light() < 4, qPrintable(QString::number(light())));
   shown.Action("appearanceLight")->trigger();
   QVERIFY(light() > 80);
@@ -339,8 +340,8 @@ void Layout::AllRowsRowStandsUnderItsColumns() {
   const struct {
     const char* name;
     int column;
-  } cells[] = {{"txtWA(26)", 2}, {"cmbSpeed(26)", 3}, {"cmbMethod(26)", 4}, {"txtAddRevs(26)", 5},
-               {"txtMRPM(26)", 6}};
+  } cells[] = {
+      {"txtWA(26)", 2}, {"cmbSpeed(26)", 3}, {"cmbMethod(26)", 4}, {"txtAddRevs(26)", 5}, {"txtMRPM(26)", 6}};
   for (const auto& cell : cells) {
     const QWidget* widget = shown.Find(cell.name);
     QVERIFY2(widget != nullptr, cell.name);

@@ -1,5 +1,5 @@
-// Renders the windows into PNG files of a folder, for looking at them: both families, empty and with a sample,
-// light and dark, at every size that lays the window out anew. QT_SCALE_FACTOR scales them.
+// Renders the windows into PNG files of a folder, for looking at them: both families, empty and with a
+// sample, light and dark, at every size that lays the window out anew. QT_SCALE_FACTOR scales them.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -80,7 +80,8 @@ class Pictures {
     window.grab().save(folder_ + "/" + name + end + ".png");
     for (const auto& open : program.station().windows)
       if (QWidget* dialog = program.dialogs().DialogOf(*open))
-        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(open->name().data()) + end + ".png");
+        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(open->name().data()) + end +
+                            ".png");
     std::printf("%s.png\n", qPrintable(name));
   }
 
@@ -101,8 +102,8 @@ void TakeSizes(Pictures& pictures, const QString& end) {
   constexpr struct {
     const char* name;
     int width, height;
-  } kSizes[] = {{"smallest", 800, 600},  {"lowest-open", 1100, 720}, {"first-start", 1133, 833},
-                {"usual", 1280, 800},    {"full-hd", 1920, 1080},    {"4k", 3840, 2160}};
+  } kSizes[] = {{"smallest", 800, 600}, {"lowest-open", 1100, 720}, {"first-start", 1133, 833},
+                {"usual", 1280, 800},   {"full-hd", 1920, 1080},    {"4k", 3840, 2160}};
   constexpr struct {
     const char *name, *sample;
     int row;
@@ -127,16 +128,17 @@ void TakeSizes(Pictures& pictures, const QString& end) {
       pictures.Take(name(design.name) + QStringLiteral("-large"), QString::fromLatin1(design.sample), window,
                     design.row, [](WindowProgram& p) { p.mainWindow().UseLargeFigures(true); });
   }
-  pictures.Take(QStringLiteral("2axis-checklist") + end, "Tube-4x24.t2d", {800, 600}, 3, [](WindowProgram& p) {
-    p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("foldedChecklist"))->click();
-  });
+  pictures.Take(QStringLiteral("2axis-checklist") + end, "Tube-4x24.t2d", {800, 600}, 3,
+                [](WindowProgram& p) {
+                  p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("foldedChecklist"))->click();
+                });
   pictures.Take(QStringLiteral("hemi-head-page") + end, "Hemi-Vessel-150mm.t4d", {800, 600}, 1,
                 [](WindowProgram& p) {
                   p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("pageHead"))->click();
                 });
-  pictures.Take(QStringLiteral("2axis-all-rows") + end, "Tube-4x24.t2d", {1280, 800}, 3, [](WindowProgram& p) {
-    p.mainWindow().findChild<QAction*>(QStringLiteral("viewAllRows"))->trigger();
-  });
+  pictures.Take(
+      QStringLiteral("2axis-all-rows") + end, "Tube-4x24.t2d", {1280, 800}, 3,
+      [](WindowProgram& p) { p.mainWindow().findChild<QAction*>(QStringLiteral("viewAllRows"))->trigger(); });
 }
 
 }  // namespace
