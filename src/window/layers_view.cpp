@@ -166,8 +166,9 @@ void LayersView::resizeEvent(QResizeEvent* event) {
 }
 
 void LayersView::focusInEvent(QFocusEvent* event) {
-  QTableView::focusInEvent(event);
+  // Before the toolkit takes the row's number for the first cell.
   if (!currentIndex().isValid() && model_->rowCount() > 0) setCurrentIndex(model_->index(0, 1));
+  QTableView::focusInEvent(event);
 }
 
 void LayersView::currentChanged(const QModelIndex& now, const QModelIndex& before) {
@@ -176,9 +177,9 @@ void LayersView::currentChanged(const QModelIndex& now, const QModelIndex& befor
   if (field != nullptr && arrivedAt) arrivedAt(*field);
 }
 
-// To the next row, or over the inputs and on to the next row.
+// To the next row, or over the inputs and on to the next row, or out of the grid.
 void LayersView::Move(int down, int right) {
-  QModelIndex at = currentIndex();
+  const QModelIndex at = currentIndex();
   setFocus();
   if (!at.isValid() || (down == 0 && right == 0)) return;
   if (down != 0) {
@@ -186,23 +187,28 @@ void LayersView::Move(int down, int right) {
     if (next.isValid()) setCurrentIndex(next);
     return;
   }
-  int row = at.row(), column = at.column();
-  while (true) {
+  focusNextPrevChild(right > 0);
+}
+
+// Tab and Shift+Tab go cell by cell before they leave the grid.
+bool LayersView::focusNextPrevChild(bool next) {
+  const int right = next ? 1 : -1;
+  int row = currentIndex().row(), column = currentIndex().column();
+  while (currentIndex().isValid()) {
     column += right;
     if (column < 0 || column >= model_->columnCount()) {
       row += right;
-      column = right > 0 ? 0 : model_->columnCount() - 1;
+      column = next ? 0 : model_->columnCount() - 1;
     }
-    if (row < 0 || row >= model_->rowCount()) {
-      focusNextPrevChild(right > 0);
-      return;
-    }
+    if (row < 0 || row >= model_->rowCount()) break;
     const Field* field = model_->FieldAt(model_->index(row, column));
-    if (field != nullptr && !isColumnHidden(column) && IsInput(model_->Column(column).kind) &&
-        field->enabled() && field->shown())
-      break;
+    if (field == nullptr || isColumnHidden(column) || !IsInput(model_->Column(column).kind) ||
+        !field->enabled() || !field->shown())
+      continue;
+    setCurrentIndex(model_->index(row, column));
+    return true;
   }
-  setCurrentIndex(model_->index(row, column));
+  return QTableView::focusNextPrevChild(next);
 }
 
 void LayersView::Edit(const QModelIndex& index, const QString& replacement) {
@@ -267,10 +273,6 @@ void LayersView::keyPressEvent(QKeyEvent* event) {
   const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
   if (RowCommand(*event, at)) return;
   switch (event->key()) {
-    case Qt::Key_Tab:
-      return Move(0, 1);
-    case Qt::Key_Backtab:
-      return Move(0, -1);
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return Move(1, 0);

@@ -36,6 +36,7 @@ class LayersView : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void Move(int down, int right);

@@ -155,17 +155,21 @@ QWidget* MainWindow::MakeRail() {
   return rail_;
 }
 
+// One chain for both families: what the other family's page hides is passed by.
 void MainWindow::OrderTabs() {
+  std::vector<QWidget*> order;
   for (int panel = 0; panel <= 1; ++panel) {
-    std::vector<QWidget*> order = parts_[panel]->stops();
+    const auto add = [&](const std::vector<QWidget*>& stops) {
+      order.insert(order.end(), stops.begin(), stops.end());
+    };
+    add(parts_[panel]->stops());
     order.push_back(layers_[panel]->view());
-    const auto& head = parts_[panel]->headStops();
-    order.insert(order.end(), head.begin(), head.end());
-    if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
-    order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
-    order.push_back(build_);
-    for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+    add(parts_[panel]->headStops());
   }
+  if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
+  order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
+  order.push_back(build_);
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void MainWindow::MoveRail(Arrangement arrangement) {

@@ -1,0 +1,308 @@
+// Every field of the station is bound once, every control has its name, and the keyboard reaches the fields
+// in their order.
+#include <QAbstractButton>
+#include <QMenu>
+#include <QRegularExpression>
+#include <set>
+
+#include "design/catalogue.h"
+#include "on_stage.h"
+#include "window/field_widgets.h"
+#include "window/segments.h"
+#include "workbench/design_commands.h"
+#include "workbench/links.h"
+#include "workbench/preview.h"
+
+namespace torvane {
+
+namespace {
+
+// A row of the table of names.
+struct Named {
+  QString name, window, where, kind;
+};
+
+std::vector<Named> TableOfNames() {
+  QFile file(QStringLiteral(SOURCE_FOLDER "/docs/window-names.md"));
+  if (!file.open(QIODevice::ReadOnly)) qFatal("no table");
+  static const QRegularExpression row(
+      QStringLiteral("^\\| `([^`]+)` \\| ([^|]*) \\| `([^`]+)` \\| (.*) \\| ([a-z -]+) \\|$"));
+  std::vector<Named> names;
+  for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+    const auto match = row.match(line);
+    if (!match.hasMatch()) continue;
+    const QString index = match.captured(2).trimmed();
+    Named named{match.captured(1), match.captured(3), match.captured(4), match.captured(5)};
+    if (index.isEmpty()) {
+      names.push_back(named);
+      continue;
+    }
+    const QStringList ends = index.split(QStringLiteral(" to "));
+    for (int i = ends.first().toInt(); i <= ends.last().toInt(); ++i) {
+      names.push_back(named);
+      names.back().name += QStringLiteral("(%1)").arg(i);
+    }
+  }
+  return names;
+}
+
+// How often a field is bound: widgets of its name in the main window, and cells of both grids.
+int Bound(const WindowOnStage& station, const Field& field) {
+  const QString name = QString::fromStdString(NameOf(field));
+  int count = 0;
+  for (const QWidget* widget : station.program->mainWindow().findChildren<QWidget*>(name)) {
+    const bool shows = dynamic_cast<const FieldEdit*>(widget) || dynamic_cast<const FieldList*>(widget) ||
+                       dynamic_cast<const FieldCheck*>(widget) || dynamic_cast<const ReadOut*>(widget) ||
+                       dynamic_cast<const ChoiceSegments*>(widget) || field.row().kind == Kind::Option;
+    count += shows ? 1 : 0;
+  }
+  for (auto* grid : station.program->mainWindow().findChildren<QTableView*>()) {
+    const auto* model = dynamic_cast<LayersModel*>(grid->model());
+    for (int column = 0; model != nullptr && column < model->columnCount(); ++column) {
+      const auto cells = model->Column(column).cells;
+      if (cells == nullptr) continue;
+      for (int layer = 1; layer <= 15; ++layer)
+        if (&(station.program->station().s.*cells)(layer) == &field) ++count;
+    }
+  }
+  return count;
+}
+
+bool IsKind(const QWidget& widget, const QString& kind) {
+  if (kind == QStringLiteral("input")) return dynamic_cast<const FieldEdit*>(&widget) != nullptr;
+  if (kind == QStringLiteral("list")) return dynamic_cast<const FieldList*>(&widget) != nullptr;
+  if (kind == QStringLiteral("switch")) return dynamic_cast<const ChoiceSegments*>(&widget) != nullptr;
+  if (kind == QStringLiteral("read-out")) return dynamic_cast<const ReadOut*>(&widget) != nullptr;
+  if (kind == QStringLiteral("grid")) return qobject_cast<const QTableView*>(&widget) != nullptr;
+  if (kind == QStringLiteral("check box")) {
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    return button != nullptr && button->isCheckable();
+  }
+  if (kind == QStringLiteral("button")) return qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+  if (kind == QStringLiteral("window")) return widget.isWindow();
+  return true;
+}
+
+}  // namespace
+
+class NamesInWindow : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void EveryFieldIsBoundOnce();
+  void EveryControlStandsWhereTheTableSays();
+  void TheTableKnowsEveryFieldOfTheStation();
+  void TabGoesInTheOrderOfTheWork_data();
+  void TabGoesInTheOrderOfTheWork();
+  void TabGoesCellByCell();
+  void EveryStopHasAName();
+};
+
+void NamesInWindow::EveryFieldIsBoundOnce() {
+  WindowOnStage station;
+  // Fields that no widget of their own shows: the table says why, and what shows them instead.
+  std::set<std::string> elsewhere;
+  for (const Named& named : TableOfNames())
+    if (named.kind == QStringLiteral("painted") || named.kind == QStringLiteral("no place"))
+      elsewhere.insert(named.name.toStdString());
+  QStringList wrong;
+  ForEachField(station.s(), [&](const Field& field) {
+    const FieldRow& row = field.row();
+    const std::string name = NameOf(field);
+    const bool shown = row.kind == Kind::Text || row.kind == Kind::List || row.kind == Kind::Check ||
+                       row.kind == Kind::ReadOut || row.kind == Kind::Option;
+    // A schedule has 15 rows; those behind them and the all-rows fields have no cells.
+    if (!shown || (IsScheduleRow(row) && field.index() > 15)) return;
+    const int bound = Bound(station, field);
+    // The start card stands in both families' grids.
+    const int wanted = elsewhere.contains(name) ? 0 : name == "chkDontShowVideoLinks" ? 2 : 1;
+    if (bound != wanted) wrong << QStringLiteral("%1: %2").arg(QString::fromStdString(name)).arg(bound);
+  });
+  QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QStringLiteral(", "))));
+}
+
+void NamesInWindow::EveryControlStandsWhereTheTableSays() {
+  WindowOnStage station(StoreEntries{{"mnu2Axis", "0"}});
+  station.stage.files.Put(std::string(kDesigns) + "Vessel.t4d", [] {
+    QFile sample(QStringLiteral(SOURCE_FOLDER "/samples/Hemi-Vessel-150mm.t4d"));
+    return sample.open(QIODevice::ReadOnly) ? sample.readAll().toStdString() : std::string();
+  }());
+  station.program->binder().Do([&] {
+    OpenDesign(station.station(), std::string(kDesigns) + "Vessel.t4d");
+    ShowPreviewOfRow(station.station(), 1);
+    OpenPicture(station.station());
+  });
+  for (const char* control : {"mnuAbout", "mnuProperties", "mnuMachine"})
+    station.program->binder().Run(control);
+  MessageWindow message(station.theme, ViewOf({"Question", 1, false, false, true, {}}), {}, nullptr);
+  const auto windowOf = [&](const QString& name) -> QWidget* {
+    if (name == QStringLiteral("frmMain")) return &station.window();
+    if (name == QStringLiteral("message")) return &message;
+    for (QWidget* top : QApplication::topLevelWidgets())
+      if (top->objectName() == name) return top;
+    return nullptr;
+  };
+  const auto find = [&](QWidget& window, const QString& name) -> QWidget* {
+    return window.objectName() == name ? &window : window.findChild<QWidget*>(name);
+  };
+  static const QRegularExpression host(QStringLiteral("`([^`]+)`"));
+  QStringList wrong;
+  for (const Named& named : TableOfNames()) {
+    QWidget* window = windowOf(named.window);
+    bool good = window != nullptr;
+    if (good && named.kind == QStringLiteral("menu")) {
+      good = window->findChild<QAction*>(named.name) != nullptr;
+    } else if (good && named.kind == QStringLiteral("painted")) {
+      const QString shownBy = host.match(named.where).captured(1);
+      good = find(*window, shownBy) != nullptr || window->findChild<QAction*>(shownBy) != nullptr;
+    } else if (good && named.kind == QStringLiteral("cell")) {
+      const Field* field = FindField(station.s(), named.name.toStdString());
+      good = field != nullptr && Bound(station, *field) == 1;
+    } else if (good && named.kind != QStringLiteral("no place") && named.kind != QStringLiteral("row menu") &&
+               named.kind != QStringLiteral("caption")) {
+      QWidget* widget = find(*window, named.name);
+      good = widget != nullptr && IsKind(*widget, named.kind);
+    }
+    if (!good)
+      wrong << named.window + QLatin1Char('.') + named.name + QStringLiteral(" (") + named.kind +
+                   QLatin1Char(')');
+  }
+  QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QStringLiteral(", "))));
+}
+
+void NamesInWindow::TheTableKnowsEveryFieldOfTheStation() {
+  std::set<QString> known;
+  for (const Named& named : TableOfNames()) known.insert(named.name);
+  WindowOnStage station;
+  QStringList missing;
+  ForEachField(station.s(), [&](const Field& field) {
+    if (field.row().kind == Kind::Value || (IsScheduleRow(field.row()) && field.index() > 15)) return;
+    const QString name = QString::fromStdString(NameOf(field));
+    if (!known.contains(name)) missing << name;
+  });
+  QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QStringLiteral(", "))));
+}
+
+void NamesInWindow::TabGoesInTheOrderOfTheWork_data() {
+  QTest::addColumn<QString>("family");
+  QTest::addColumn<QStringList>("order");
+  const QStringList checklist = {"chkPreWrap1",
+                                 "cmbPreWrapRPM(1)",
+                                 "txtPreWrapAdvance(1)",
+                                 "txtPreWrapAdvanceMM(1)",
+                                 "chkPreWrap2",
+                                 "cmbPreWrapRPM(2)",
+                                 "txtPreWrapAdvance(2)",
+                                 "txtPreWrapAdvanceMM(2)",
+                                 "chkWindingSchedule",
+                                 "chkPromptForHST",
+                                 "cmbHSTRPM",
+                                 "txtHSTWidth",
+                                 "txtHSTWidthMM",
+                                 "chkHeatGunApp",
+                                 "cmbHGRPM",
+                                 "txtHGSpeed",
+                                 "txtHGSpeedMM",
+                                 "chkNotify1",
+                                 "chkNotify2",
+                                 "imgBUILD"};
+  QTest::newRow("two axes") << "1"
+                            << QStringList{"txtLengthTotal(0)",
+                                           "txtBandWidth(0)",
+                                           "txtBandWidthMM(0)",
+                                           "txtBandThickness(0)",
+                                           "txtBandThicknessMM(0)",
+                                           "txtDiameterLeft",
+                                           "txtZ2(0)",
+                                           "txtDiameterRight",
+                                           "txtZ2(1)",
+                                           "txtNumberOfLayers(0)",
+                                           "pic2DGrid"} +
+                                   checklist;
+  QTest::newRow("four axes")
+      << "0"
+      << QStringList{"txtLengthTotal(1)",     "txtBandWidth(1)", "txtBandWidthMM(1)", "txtBandThickness(1)",
+                     "txtBandThicknessMM(1)", "cmbRate",         "txtDia(0)",         "txtPODia(0)",
+                     "txtSkirtLeft",          "txtZ4(0)",        "txtZ4(1)",          "txtDia(1)",
+                     "txtPODia(1)",           "txtZ4(2)",        "txtZ4(3)",          "txtSkirtRight",
+                     "txtNumberOfLayers(1)",  "pic3DGrid"} +
+             checklist;
+}
+
+void NamesInWindow::TabGoesInTheOrderOfTheWork() {
+  QFETCH(QString, family);
+  QFETCH(QStringList, order);
+  const QByteArray stored = family.toLatin1();
+  WindowOnStage station(StoreEntries{{"mnu2Axis", stored.constData()}});
+  if (family == QStringLiteral("0")) station.Click(QStringLiteral("optType(1)"));
+  station.program->binder().Choose(station.s().chkPreWrap1, "1");
+  station.Find(order.first())->setFocus();
+  const auto here = [] {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus == nullptr ? QString() : focus->objectName();
+  };
+  // The grid has no rows yet, so it is one stop.
+  QStringList walked = {here()};
+  while (walked.last() != order.last() && walked.size() < 60) {
+    station.Key(Qt::Key_Tab);
+    // The offsets stand between the grid and the checklist, where they are stops.
+    if (here().startsWith(QStringLiteral("txtAdjust")))
+      QVERIFY(walked.last() == QStringLiteral("pic3DGrid"));
+    else
+      walked << here();
+  }
+  QCOMPARE(walked, order);
+  for (qsizetype i = order.size() - 2; i >= 0; --i) {
+    do station.Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    while (here().startsWith(QStringLiteral("txtAdjust")));
+    QCOMPARE(here(), order[i]);
+  }
+}
+
+void NamesInWindow::TabGoesCellByCell() {
+  WindowOnStage station;
+  DesignState& s = station.s();
+  station.Type("txtNumberOfLayers(0)", "2");
+  station.Key(Qt::Key_Tab);
+  QTableView* grid = station.Grid();
+  QVERIFY(grid->hasFocus());
+  const auto* model = static_cast<LayersModel*>(grid->model());
+  const Field* const cells[] = {&s.cmb2AxisLayerType(1), &s.txtWA(1),      &s.cmbSpeed(1),
+                                &s.cmbMethod(1),         &s.txtAddRevs(1), &s.txtMRPM(1),
+                                &s.cmb2AxisLayerType(2), &s.txtWA(2)};
+  for (const Field* cell : cells) {
+    QCOMPARE(model->FieldAt(grid->currentIndex()), cell);
+    station.Key(Qt::Key_Tab);
+  }
+  // A cell that is typed in is left in the same way.
+  station.GoToCell(s.txtWA(1));
+  station.Keys("4");
+  station.Key(Qt::Key_Tab);
+  QCOMPARE(model->FieldAt(grid->currentIndex()), &s.cmbSpeed(1));
+  station.Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  QCOMPARE(model->FieldAt(grid->currentIndex()), &s.txtWA(1));
+  station.GoToCell(s.txtMRPM(2));
+  station.Key(Qt::Key_Tab);
+  QVERIFY(!grid->hasFocus());
+}
+
+void NamesInWindow::EveryStopHasAName() {
+  WindowOnStage station;
+  for (const char* control : {"mnuAbout", "mnuProperties", "mnuMachine"})
+    station.program->binder().Run(control);
+  QStringList nameless;
+  for (const QWidget* top : QApplication::topLevelWidgets())
+    for (const QWidget* widget : top->findChildren<QWidget*>()) {
+      if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->inherits("QScrollArea")) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      if (!widget->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty())) continue;
+      nameless << QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') +
+                      widget->objectName();
+    }
+  QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(QStringLiteral(", "))));
+}
+
+}  // namespace torvane
+
+QTEST_MAIN(torvane::NamesInWindow)
+#include "names_in_window.moc"
