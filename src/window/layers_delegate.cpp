@@ -83,7 +83,8 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
                                   list ? -t.Figure(20) : -t.Figure(10), -1);
   const QString shown =
       IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
-  p.drawText(text, (leftSide ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
+  const int side = leftSide ? Qt::AlignLeft : Qt::AlignRight;
+  p.drawText(text, side | static_cast<int>(Qt::AlignVCenter),
              p.fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
   if (list) {
     const double size = t.Figure(16);

@@ -1,0 +1,165 @@
+// Warnings, recent designs, the machine page, four-axis rows and a program's progress, in the real window.
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "on_stage.h"
+#include "window/marks_panel.h"
+#include "window/program_dialog.h"
+
+namespace torvane {
+
+class OperationsOnScreen : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void WarningsAreListedAndStopNothing();
+  void RecentDesignsOpenFromTheMenu();
+  void MachinePageTakesWhatIsTyped();
+  void FourAxisRowsHaveEntriesOfTheirOwn();
+  void ALongProgramShowsItselfAndIsCancelled();
+  void ANumberSaysWhatItReadsAs();
+};
+
+namespace {
+
+struct Desktop : WindowOnStage {
+  Desktop() : WindowOnStage({{"MSG12", "True"}, {"gHasUserCheckedCarriageZOffset", "1"}}) {}
+
+  Binder& binder() { return program->binder(); }
+  // A tube whose second layer has no angle.
+  void TypeTube() {
+    for (const auto& [field, text] :
+         {std::pair("txtLengthTotal(0)", "24"), std::pair("txtBandWidth(0)", "0.25"),
+          std::pair("txtBandThickness(0)", "0.01"), std::pair("txtDiameterLeft", "4"),
+          std::pair("txtDiameterRight", "4"), std::pair("txtZ2(0)", "28"), std::pair("txtZ2(1)", "4"),
+          std::pair("txtNumberOfLayers(0)", "2"), std::pair("txtWA(1)", "45")})
+      binder().Type(*station().FindField(field), QString::fromLatin1(text));
+  }
+  void Save(const std::string& name) {
+    stage.fileDialog.answers.emplace_back(kDesigns + name);
+    binder().Run("btnSaveAS");
+  }
+};
+
+// A menu of the bar as it opens.
+QMenu* Filled(Desktop& desktop, const char* title) {
+  for (QAction* action : desktop.program->mainWindow().menuBar()->actions())
+    if (action->text().remove(QLatin1Char('&')) == QLatin1String(title)) {
+      QMetaObject::invokeMethod(action->menu(), "aboutToShow");
+      return action->menu();
+    }
+  return nullptr;
+}
+
+}  // namespace
+
+void OperationsOnScreen::WarningsAreListedAndStopNothing() {
+  Desktop desktop;
+  desktop.TypeTube();
+  desktop.Save("tube.t2d");
+  QStringList titles;
+  for (const Note& note : NotesOf(desktop.station())) titles << note.title;
+  QCOMPARE(titles, (QStringList{QStringLiteral("Layer 2 has no winding angle"),
+                                QStringLiteral("Layer 1 would show no line on the machine")}));
+  QWidget* build = desktop.Find(QStringLiteral("imgBUILD"));
+  QVERIFY(build->isEnabled());
+  QVERIFY(build->accessibleDescription().contains(QStringLiteral("2 warnings")));
+  // With an angle in each row the program is written, whatever else is warned of.
+  desktop.binder().Type(*desktop.station().FindField("txtWA(2)"), QStringLiteral("45"));
+  QVERIFY(!NotesOf(desktop.station()).empty());
+  QTest::mouseClick(build, Qt::LeftButton);
+  QCOMPARE(desktop.stage.launcher.starts.size(), 1U);
+}
+
+void OperationsOnScreen::RecentDesignsOpenFromTheMenu() {
+  Desktop desktop;
+  QVERIFY(!Filled(desktop, "File")->findChild<QMenu*>(QStringLiteral("mnuRecent"))->isEnabled());
+  desktop.TypeTube();
+  desktop.Save("one.t2d");
+  desktop.Save("two & a half.t2d");
+  auto* recent = Filled(desktop, "File")->findChild<QMenu*>(QStringLiteral("mnuRecent"));
+  QCOMPARE(recent->actions().size(), 2);
+  QCOMPARE(recent->actions()[0]->text(), QStringLiteral("&1  two && a half.t2d"));
+  recent->actions()[1]->trigger();
+  QCOMPARE(desktop.s().gFileName.text(), std::string("one.t2d"));
+}
+
+void OperationsOnScreen::MachinePageTakesWhatIsTyped() {
+  Desktop desktop;
+  desktop.binder().Run("mnuMachine");
+  QWidget* page = desktop.DialogOf("frmMachine");
+  QVERIFY(page != nullptr);
+  const auto find = [page](const char* name) { return page->findChild<QWidget*>(QString::fromLatin1(name)); };
+  auto* speed = qobject_cast<QLineEdit*>(find("txtmMaxRPM"));
+  QCOMPARE(speed->text(), QStringLiteral("90.20"));
+  speed->selectAll();
+  QTest::keyClicks(speed, QStringLiteral("47.5"));
+  QTest::mouseClick(find("chkLHDrive"), Qt::LeftButton);
+  QVERIFY(find("btnShowMessages")->isEnabled());
+  QTest::mouseClick(find("btnShowMessages"), Qt::LeftButton);
+  QVERIFY2(!find("btnShowMessages")->isEnabled(), "the page follows its fields");
+  QTest::mouseClick(find("btnOK"), Qt::LeftButton);
+  QVERIFY(desktop.DialogOf("frmMachine") == nullptr);
+  QCOMPARE(desktop.s().mMaxRPM, 47.5);
+  QVERIFY(desktop.s().gIsLHDrive);
+  QCOMPARE(desktop.stage.store.Read("Settings", "MSG12").value_or(""), std::string("False"));
+}
+
+void OperationsOnScreen::FourAxisRowsHaveEntriesOfTheirOwn() {
+  Desktop desktop;
+  const auto entry = [&desktop]() -> QAction* {
+    for (QAction* action : Filled(desktop, "Edit")->actions())
+      if (action->objectName() == QStringLiteral("mnuDelete4Ax")) return action;
+    return nullptr;
+  };
+  QVERIFY(entry() == nullptr);
+  desktop.binder().Choose(desktop.s().optX(1), "True");
+  desktop.binder().Type(desktop.s().txtNumberOfLayers(1), QStringLiteral("3"));
+  QVERIFY(entry() != nullptr);
+  QVERIFY(!entry()->isEnabled());
+  desktop.binder().Run("btn4XRow", Event::Press, 2);
+  QVERIFY(entry()->isEnabled());
+  QVERIFY2(entry()->shortcut().isEmpty(), "no keys where the told ones work on two-axis rows");
+  entry()->trigger();
+  QCOMPARE(desktop.s().txtNumberOfLayers(1).text(), std::string("2"));
+}
+
+void OperationsOnScreen::ALongProgramShowsItselfAndIsCancelled() {
+  const Theme theme(false);
+  ProgramDialog follower(theme);
+  follower.Begin();
+  QVERIFY(follower.busy());
+  QVERIFY(follower.GoOn(0.1));
+  QVERIFY2(QApplication::activeModalWidget() == nullptr, "a short program shows nothing");
+  QTest::qSleep(600);
+  QVERIFY(follower.GoOn(0.4));
+  QWidget* dialog = QApplication::activeModalWidget();
+  QVERIFY(dialog != nullptr);
+  QCOMPARE(dialog->findChild<QProgressBar*>()->value(), 400);
+  dialog->findChild<QPushButton*>(QStringLiteral("btnCancel"))->click();
+  QVERIFY(!follower.GoOn(0.5));
+  follower.End();
+  QVERIFY(!follower.busy());
+  QVERIFY(QApplication::activeModalWidget() == nullptr);
+  follower.Begin();
+  QVERIFY2(follower.GoOn(0.1), "the next program is not cancelled with it");
+  follower.End();
+}
+
+void OperationsOnScreen::ANumberSaysWhatItReadsAs() {
+  Desktop desktop;
+  desktop.binder().Type(desktop.s().txtDiameterLeft, QStringLiteral("12,5"));
+  const QString hint = QStringLiteral("\"12,5\" reads as 125: the decimal sign here is a point.");
+  QCOMPARE(desktop.Find(QStringLiteral("txtDiameterLeft"))->toolTip(), hint);
+  bool listed = false;
+  for (const Note& note : NotesOf(desktop.station())) listed = listed || note.second == hint;
+  QVERIFY(listed);
+}
+
+}  // namespace torvane
+
+QTEST_MAIN(torvane::OperationsOnScreen)
+#include "operations_on_screen.moc"
