@@ -132,7 +132,7 @@ void FindingsList::paintEvent(QPaintEvent*) {
   const int first = RowAt(0);
   const bool narrow = box.width() < 560;
   for (int i = 0; i * kRow - offset < box.height(); ++i) {
-    const auto index = static_cast<std::size_t>(first + i);
+    const auto index = static_cast<std::size_t>(first) + static_cast<std::size_t>(i);
     if (index >= remarks.size()) break;
     const Remark& remark = remarks[index];
     const QRect row(0, i * kRow - offset, box.width(), kRow);
@@ -142,7 +142,7 @@ void FindingsList::paintEvent(QPaintEvent*) {
     const QColor ink = t[InkOf(remark.level)];
     PaintIcon(p, GlyphOf(remark.level), QRectF(12, row.center().y() - 7.5, 16, 16), ink);
     const auto draw = [&](int x, int wide, Qt::Alignment side, const QString& text) {
-      p.drawText(QRect(x, row.top(), wide, kRow), side | Qt::AlignVCenter,
+      p.drawText(QRect(x, row.top(), wide, kRow), static_cast<int>(side | Qt::AlignVCenter),
                  p.fontMetrics().elidedText(text, Qt::ElideRight, wide));
     };
     p.setFont(t.Font(13, Weight::Medium));

@@ -152,14 +152,15 @@ void MandrelView::RenderUnrolled(const Columns& columns) {
   if (columns.Empty()) return;
   const int times = surface.height() / unrolled_.height();
   const int first = columns.first, count = std::min(columns.end, unrolled_.width()) - first;
+  const qsizetype skipped = qsizetype{4} * first;
   std::vector<std::uint32_t> sums(static_cast<std::size_t>(std::max(0, count)) * 4);
   for (int y = 0; y < unrolled_.height(); ++y) {
     std::fill(sums.begin(), sums.end(), 0U);
     for (int i = 0; i < times; ++i) {
-      const uchar* from = surface.constScanLine(y * times + i) + first * 4;
+      const uchar* from = surface.constScanLine(y * times + i) + skipped;
       for (std::size_t k = 0; k < sums.size(); ++k) sums[k] += from[k];
     }
-    uchar* to = unrolled_.scanLine(y) + first * 4;
+    uchar* to = unrolled_.scanLine(y) + skipped;
     const auto factor = static_cast<std::uint32_t>(65536 / times);
     for (std::size_t k = 0; k < sums.size(); ++k)
       to[k] = static_cast<uchar>((sums[k] * factor + 32768) >> 16);
@@ -192,7 +193,7 @@ void MandrelView::RenderSide(const Columns& columns) {
   std::vector<float> shadesPerPixel;
   for (int x = first; x < end; ++x) {
     const double radius = RadiusAt(scale.ZAt(x + 0.5)) / widest * middle;
-    shadesPerPixel.push_back(static_cast<float>(radius > 0 ? kShades / 2 / radius : 1e9));
+    shadesPerPixel.push_back(static_cast<float>(radius > 0 ? kShades / 2.0 / radius : 1e9));
   }
   for (int y = 0; y < side_.height(); ++y) {
     auto* const to = reinterpret_cast<QRgb*>(side_.scanLine(y));

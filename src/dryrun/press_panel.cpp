@@ -34,7 +34,7 @@ QString PressPanel::Detail() const {
   const executor::ButtonWait* wait = player.NextWait();
   if (player.program() == nullptr) return {};
   if (wait == nullptr) return tr("No more waits in this program.");
-  const QString why = Words(wait->why);
+  QString why = Words(wait->why);
   if (player.State() == RunState::Waiting) return why;
   return tr("Next at line %1").arg(wait->line) + (why.isEmpty() ? QString() : QStringLiteral(": ") + why);
 }

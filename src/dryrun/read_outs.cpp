@@ -112,10 +112,10 @@ void ProgressStrip::paintEvent(QPaintEvent*) {
     const QRect room = rect().adjusted(9, 0, -9, 0);
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
-    p.drawText(QRect(room.left(), 3, room.width(), 18), side | Qt::AlignVCenter, caption);
+    p.drawText(QRect(room.left(), 3, room.width(), 18), static_cast<int>(side | Qt::AlignVCenter), caption);
     p.setFont(t.Font(20, Weight::Medium));
     p.setPen(t[known ? Token::Figures : Token::Off]);
-    p.drawText(QRect(room.left(), 20, room.width(), 26), side | Qt::AlignVCenter, figure);
+    p.drawText(QRect(room.left(), 20, room.width(), 26), static_cast<int>(side | Qt::AlignVCenter), figure);
   };
   time(Qt::AlignLeft, tr("Elapsed"), known ? ClockText(player.Elapsed()) : kDash);
   const bool endless = player.EndlessNow() && player.State() != RunState::Finished;

@@ -201,6 +201,7 @@ void FindAside(const std::vector<double>& angles, const std::vector<const Stroke
 // ones end beside it, the way that is left to go.
 double MissOf(double next, const std::vector<double>& angles, double same) {
   std::vector<double> places;
+  places.reserve(angles.size());
   for (const double angle : angles) places.push_back(Wrapped(angle - next));
   std::sort(places.begin(), places.end());
   std::vector<double> steps;

@@ -177,11 +177,9 @@ void Player::Advance(double seconds) {
     if (lines++ == kLinesAtOnce) break;
     if (state_ == RunState::Manual) {
       NextJog();
-    } else if (endless_ && rush) {
-      state_ = RunState::Finished;
-    } else if (endless_) {
+    } else if (endless_ && !rush) {
       Swing();
-    } else if (!NextLine()) {
+    } else if (endless_ || !NextLine()) {
       state_ = RunState::Finished;
     }
   }

@@ -176,4 +176,10 @@ int Main(int argc, char** argv) {
 
 }  // namespace torvane::executor
 
-int main(int argc, char** argv) { return torvane::executor::Main(argc, argv); }
+int main(int argc, char** argv) {
+  try {
+    return torvane::executor::Main(argc, argv);
+  } catch (...) {
+    return 2;
+  }
+}
