@@ -7,7 +7,11 @@ check_windows() {
   install_packages
   configure windows
   cmake --build build/windows --target torvane torvane_executor_program >&2 || fail "the windows build failed"
-  compare_programs
+  if on_windows cmd /c exit >/dev/null 2>&1; then
+    compare_programs
+  else
+    say "wine starts nothing here: the Windows programs are built and not compared"
+  fi
 }
 
 # A Windows of its own, without the parts that show web pages and run other machines' code.
