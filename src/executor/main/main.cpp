@@ -128,7 +128,7 @@ bool HasOptions(int argc, char** argv) {
   return std::any_of(argv + 1, argv + argc, [&](const char* word) { return options.count(word) > 0; });
 }
 
-int Window(int& argc, char** argv, const Arguments& arguments) {
+int Window(int& argc, char** argv, [[maybe_unused]] const Arguments& arguments) {
 #ifdef TORVANE_DRYRUN_WINDOW
   if (dryrun::HasScreen()) {
     const auto variable = [](const char* name) {
