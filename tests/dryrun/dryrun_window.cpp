@@ -85,6 +85,12 @@ void DryRun::ObeysTheFourCommandLines() {
     begin(stage, words);
     QCOMPARE(stage.session.name(), QStringLiteral("my part - 2.T2G"));
     QCOMPARE(stage.player().State(), RunState::Running);
+    // As the launcher hands it over where slashes are the computer's: its first word alone is turned.
+    QDir(folder_.path()).mkpath(QStringLiteral("my folder/sub"));
+    Write("my folder/sub/part.T2G", kShort);
+    Staged turned;
+    begin(turned, {home + "/my", "folder\\sub\\part.T2G"});
+    QCOMPARE(turned.session.name(), QStringLiteral("part.T2G"));
     // The station's own form of the path has backslashes.
     words[0] = path.replace(QLatin1Char('/'), QLatin1Char('\\')).toStdString();
     Staged again;
