@@ -37,25 +37,35 @@ void Binder::Forget(QObject* owner) {
 bool Binder::Type(Field& field, const QString& text) {
   const auto taken = Taken(text);
   if (!taken) return false;
-  station_.Type(field, *taken);
-  Flush();
+  Do([&] { station_.Type(field, *taken); });
   return true;
 }
 
 void Binder::Choose(Field& field, std::string_view text) {
-  station_.Choose(field, text);
-  Flush();
+  Do([&] { station_.Choose(field, text); });
 }
 
 bool Binder::Run(std::string_view control, Event event, int index) {
-  const bool answered = station_.Run(control, event, index);
-  Flush();
+  bool answered = false;
+  Do([&] { answered = station_.Run(control, event, index); });
   return answered;
 }
 
 void Binder::Do(const std::function<void()>& doing) {
+  ++doings_;
   doing();
+  --doings_;
   Flush();
+  if (doings_ > 0) return;
+  for (const auto& widget : std::exchange(discarded_, {}))
+    if (widget != nullptr) widget->deleteLater();
+}
+
+void Binder::Discard(QObject* widget) {
+  if (doings_ > 0)
+    discarded_.emplace_back(widget);
+  else
+    widget->deleteLater();
 }
 
 void Binder::Repaint(const Field& field) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <string_view>
 #include <unordered_map>
@@ -33,6 +34,9 @@ class Binder : public QObject, private FieldWatcher {
   bool Run(std::string_view control, Event event = Event::Click, int index = 0);
   // Any other doing.
   void Do(const std::function<void()>& doing);
+  // Deletes a widget once no doing is on its way: a message waits for its answer in the middle of the key
+  // that brought it up, and what the key was pressed in is still needed afterwards.
+  void Discard(QObject* widget);
   // Shows what has changed so far.
   void Flush();
   // Shows a field again though it has not changed, or everything.
@@ -58,6 +62,8 @@ class Binder : public QObject, private FieldWatcher {
   std::vector<Bound> all_;
   std::unordered_set<const Field*> changed_;
   std::unordered_set<QObject*> owners_;
+  std::vector<QPointer<QObject>> discarded_;
+  int doings_ = 0;  // one within another
   bool flushing_ = false;
   bool due_ = false;
 };

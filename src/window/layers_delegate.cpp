@@ -138,6 +138,10 @@ QWidget* LayersDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   return editor;
 }
 
+void LayersDelegate::destroyEditor(QWidget* editor, const QModelIndex&) const {
+  desk_.binder.Discard(editor);
+}
+
 void LayersDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                           const QModelIndex&) const {
   editor->setGeometry(option.rect.adjusted(0, 0, -1, -1));

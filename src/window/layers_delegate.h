@@ -14,6 +14,7 @@ class LayersDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const override;
+  void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
   void setEditorData(QWidget*, const QModelIndex&) const override {}
   void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -216,7 +216,6 @@ void LayersView::Edit(const QModelIndex& index, const QString& replacement) {
   if (field == nullptr || !IsInput(model_->Column(index.column()).kind) || !field->enabled()) return;
   edit(index);
   auto* editor = qobject_cast<QLineEdit*>(indexWidget(index));
-  if (editor == nullptr) editor = viewport()->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
   if (editor == nullptr) return;
   editor->setFocus();
   if (replacement.isEmpty()) {

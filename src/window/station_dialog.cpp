@@ -26,7 +26,7 @@ void DialogHost::Follow() {
   std::erase_if(dialogs_, [&](const auto& entry) {
     if (isOpen(entry.first)) return false;
     entry.second->hide();
-    entry.second->deleteLater();
+    desk_.binder.Discard(entry.second);
     return true;
   });
   for (std::size_t i = 0; i < desk_.station.windows.size(); ++i) {

@@ -222,6 +222,7 @@ class MessagesOnScreen : public QObject {
   void InchesAreAskedForToo();
   void KeysAnswer();
   void TickSilences();
+  void CellOutlivesTheMessageOfItsOwnKey();
   void SystemBoxesSayWhatFailed();
 };
 
@@ -304,6 +305,35 @@ void MessagesOnScreen::TickSilences() {
   Run(station, "lblGoTrace");
   QCOMPARE(seen.times, 1);
   QCOMPARE(station.stage.store.Read("Settings", "MSG33").value_or(""), std::string("True"));
+}
+
+void MessagesOnScreen::CellOutlivesTheMessageOfItsOwnKey() {
+  Theme theme{false};
+  QtMessageDialog dialog(theme);
+  WindowOnStage station({}, &dialog);
+  DesignState& s = station.s();
+  station.Type("txtNumberOfLayers(0)", "2");
+  station.TypeInCell(s.txtWA(1), "9");
+  const QPointer<QLineEdit> cell = station.Grid()->viewport()->findChild<QLineEdit*>();
+  QVERIFY(cell != nullptr);
+  bool asked = false, lived = false;
+  // The dialog's own turns go round a few times before it is answered.
+  QTimer::singleShot(200, &station.window(), [&] {
+    QWidget* message = QApplication::activeModalWidget();
+    asked = message != nullptr;
+    lived = cell != nullptr;
+    if (asked) QTest::keyClick(message->windowHandle(), Qt::Key_Return);
+  });
+  station.Keys("0");
+  QVERIFY(asked);
+  QVERIFY(lived);
+  QTRY_VERIFY(cell == nullptr);
+  // The keyboard is where it was.
+  QVERIFY(station.Activate(station.window()));
+  station.Key(Qt::Key_Return);
+  station.Keys("45");
+  QCOMPARE(s.txtWA(1).text(), std::string("90"));
+  QCOMPARE(s.txtWA(2).text(), std::string("45"));
 }
 
 void MessagesOnScreen::SystemBoxesSayWhatFailed() {
