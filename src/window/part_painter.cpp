@@ -22,19 +22,20 @@ SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
   frame.postWidth = arrangement == Arrangement::Open ? 20 : 14;
   frame.postLeft = sides + frame.postWidth;
   frame.postRight = size.width() - sides - frame.postWidth - 2;
+  const int middle = size.height() / 2;
   switch (arrangement) {
     case Arrangement::Open:
-      frame.axisY = size.height() / 2 - 6;
+      frame.axisY = middle - 6;
       frame.rulerY = size.height() - 29;
       frame.mostDiameter = std::min(frame.axisY - 42, frame.rulerY - frame.axisY - 27) * 2;
       break;
     case Arrangement::Folded:
-      frame.axisY = size.height() / 2 - 6;
+      frame.axisY = middle - 6;
       frame.rulerY = size.height() - 12;
       frame.mostDiameter = (frame.axisY - 14) * 2;
       break;
     case Arrangement::Large:
-      frame.axisY = size.height() / 2 - 14;
+      frame.axisY = middle - 14;
       frame.rulerY = size.height() - 28;
       frame.mostDiameter = (frame.axisY - 26) * 2;
       break;
