@@ -2,6 +2,7 @@
 
 #include "gcode/session.h"
 #include "handoff/executor.h"
+#include "handoff/jog.h"
 #include "persist/settings.h"
 #include "workbench/checklist.h"
 #include "workbench/design_commands.h"
@@ -140,6 +141,7 @@ std::span<const Operation> LaunchOperations() { return kOperations; }
 WholeStation::WholeStation(const Platform& computer) : Station(computer) {
   Add(LaunchOperations());
   Add(TraceOperations());
+  Add(JogOperations());
 }
 
 bool StartExecutor(Station& station, const std::string& argument) {

@@ -1,4 +1,4 @@
-// Sending the machine to points of the design, and correcting the design by one step.
+// Sending the machine to points of the design.
 #include "design/units.h"
 #include "gcode/dialect.h"
 #include "handoff/executor.h"
@@ -157,36 +157,6 @@ void txtAdjust_DoubleClick(Station& station, int i) {
   }
 }
 
-// Moves fields by one step of a family; index 0 of a button in the direction told, any other the opposite.
-void Jog(Station& station, const Field& stepField, std::initializer_list<Field*> fields, bool plus,
-         Mask inches, Mask millimetres) {
-  DesignState& s = station.s;
-  s.gDirty = true;
-  const Number step = number(stepField);
-  for (Field* field : fields)
-    *field = (number(*field) + (plus ? step : -step)).as(s.InInches() ? inches : millimetres);
-}
-
-void btn2AxLeftRight_Click(Station& station, int index) {
-  DesignState& s = station.s;
-  Jog(station, s.txtStepSize2Ax, {&s.txtZ2(0), &s.txtZ2(1)}, index != 0, kPoint, kPoint);
-}
-
-void btnLR_Click(Station& station, int index) {
-  DesignState& s = station.s;
-  Jog(station, s.txtStepSize4Ax,
-      {&s.txtZ4(0), &s.txtZ4(1), &s.txtZ4(2), &s.txtZ4(3), &s.txtAdjust(1), &s.txtAdjust(2), &s.txtAdjust(4),
-       &s.txtAdjust(5)},
-      index == 0, kPoint, kPoint);
-}
-
-template <int offset, bool plusAtZero, bool fine = false>
-void JogOffset(Station& station, int index) {
-  DesignState& s = station.s;
-  Jog(station, s.txtStepSize4Ax, {&s.txtAdjust(offset)}, (index == 0) == plusAtZero,
-      fine ? kFinePoint : kPoint, "###0.0"_mask);
-}
-
 constexpr Operation kOperations[] = {
     {"lblGoTrace", Event::Click, lblGoTrace_Click},
     {"lblHome", Event::Click, GoHome},
@@ -195,15 +165,6 @@ constexpr Operation kOperations[] = {
     {"txtZ2", Event::DoubleClick, txtZ2_DoubleClick},
     {"txtZ4", Event::DoubleClick, txtZ4_DoubleClick},
     {"txtAdjust", Event::DoubleClick, txtAdjust_DoubleClick},
-    {"btn2AxLeftRight", Event::Click, btn2AxLeftRight_Click},
-    {"btnLR", Event::Click, btnLR_Click},
-    {"btnCloser", Event::Release, JogOffset<3, false>},
-    {"btnLeftCloser", Event::Release, JogOffset<0, false>},
-    {"btnRightCloser", Event::Release, JogOffset<6, false>},
-    {"btnLDHZ", Event::Click, JogOffset<1, true, true>},
-    {"btnRDHZ", Event::Click, JogOffset<5, true, true>},
-    {"btnLeft", Event::Release, JogOffset<2, false>},
-    {"btnRight", Event::Release, JogOffset<4, false>},
 };
 
 }  // namespace

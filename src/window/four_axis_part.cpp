@@ -82,20 +82,8 @@ class TypeButton : public QAbstractButton {
   int type_;
 };
 
-struct Offset {
-  const char* name;
-  const char* control;
-  Event event;
-  bool alongPart;   // moves in Z, else to and from the mandrel
-  bool plusAtZero;  // index 0 of the control adds the step
-};
-constexpr Offset kOffsets[] = {{"Wrap Y", "btnLeftCloser", Event::Release, false, false},
-                               {"Wrap Z", "btnLDHZ", Event::Click, true, true},
-                               {"Left", "btnLeft", Event::Release, true, false},
-                               {"Head gap", "btnCloser", Event::Release, false, false},
-                               {"Right", "btnRight", Event::Release, true, false},
-                               {"Wrap Z", "btnRDHZ", Event::Click, true, true},
-                               {"Wrap Y", "btnRightCloser", Event::Release, false, false}};
+// What the delivery head offsets are called above their fields.
+constexpr const char* kOffsets[] = {"Wrap Y", "Wrap Z", "Left", "Head gap", "Right", "Wrap Z", "Wrap Y"};
 
 }  // namespace
 
@@ -153,26 +141,16 @@ FourAxisPart::End FourAxisPart::AddEnd(bool left) {
 }
 
 void FourAxisPart::AddOffset(int i) {
-  const Offset& offset = kOffsets[i];
-  Binder& binder = desk_.binder;
-  DesignState& s = desk_.station.s;
-  const auto step = [&binder, &s, &offset](int more) {
-    // Along the part an arrow says where the head goes; Z grows away from home.
-    const bool plus = offset.alongPart ? (more == 1) == s.gIsLHDrive : more == 1;
-    binder.Run(offset.control, offset.event, plus == offset.plusAtZero ? 0 : 1);
-  };
-  auto* stepper = new Stepper(desk_, s.txtAdjust(i), kStepper, offset.alongPart ? Icon::Left : Icon::Down,
-                              offset.alongPart ? Icon::Right : Icon::Up, step);
+  Field& field = desk_.station.s.txtAdjust(i);
+  auto* stepper = new Stepper(desk_, field, kStepper, OffsetJog(i));
   stepper->setParent(head_);
   stepper->edit()->setTextMargins(0, 0, 0, 0);
-  stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) +
-                                     QString::fromLatin1(offset.name));
-  auto* caption =
-      new Word(desk_, QString::fromLatin1(offset.name), 12, Token::Second, Weight::Regular, head_);
+  const QString name = QString::fromLatin1(kOffsets[i]);
+  stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) + name);
+  auto* caption = new Word(desk_, name, 12, Token::Second, Weight::Regular, head_);
   // What a part type does not use is absent with its words.
-  const Field& field = s.txtAdjust(i);
   for (QWidget* shown : {static_cast<QWidget*>(stepper), static_cast<QWidget*>(caption)})
-    binder.Bind(field, shown, [shown, &field] { ShowAs(*shown, field.shown()); });
+    desk_.binder.Bind(field, shown, [shown, &field] { ShowAs(*shown, field.shown()); });
   offsets_.push_back(stepper);
   offsetCaptions_.push_back(caption);
   headStops_.push_back(stepper->edit());

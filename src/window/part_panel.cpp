@@ -8,6 +8,7 @@
 #include "window/four_axis_part.h"
 #include "window/part_drawing.h"
 #include "window/stepper.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 
@@ -132,13 +133,8 @@ QWidget* PartPanel::MakeRow(int panel) {
   boxes->addStretch(1);
 
   line = group(QStringLiteral("Shift part"));
-  const char* const shift = panel == 0 ? "btn2AxLeftRight" : "btnLR";
   auto* steps = new Stepper(desk_, panel == 0 ? s.txtStepSize2Ax : s.txtStepSize4Ax, panel == 0 ? 122 : 102,
-                            Icon::Left, Icon::Right, [&binder, &s, shift, panel](int right) {
-                              // The arrow says where the part goes; Z grows away from home.
-                              const bool plus = (right == 1) == s.gIsLHDrive;
-                              binder.Run(shift, Event::Click, plus == (panel == 0) ? 1 : 0);
-                            });
+                            PartJog(panel));
   sized_.push_back({steps, panel == 0 ? 122 : 102, panel == 0 ? 102 : 100});
   line->addWidget(steps);
   designUnit(line);
@@ -146,9 +142,10 @@ QWidget* PartPanel::MakeRow(int panel) {
   line = group(Shown(s.lblNumberOfLayers(panel).caption()));
   Field& layers = s.txtNumberOfLayers(panel);
   auto* count = new Stepper(desk_, layers, panel == 0 ? 120 : 98, Icon::Minus, Icon::Plus,
-                            [&binder, &layers](int direction) {
-                              const int rows = RowsOf(layers) + (direction == 1 ? 1 : -1);
-                              if (rows >= 0 && rows <= 15) binder.Type(layers, QString::number(rows));
+                            [&binder, &layers](bool more) {
+                              const int rows = RowsOf(layers) + (more ? 1 : -1);
+                              if (rows >= 0 && rows <= kMostLayers)
+                                binder.Type(layers, QString::number(rows));
                             });
   sized_.push_back({count, panel == 0 ? 120 : 98, 98});
   line->addWidget(count);

@@ -192,6 +192,22 @@ void DesignsByKeys::JogButtonsAndPartTypes() {
   const TorvaneProgram torvane(ready);
   const auto compare = [&] { Compare(StateOf(station.station()), torvane.StateAfter(station.script)); };
   compare();
+  // The buttons themselves. The arrow says where the part goes, so its member changes with the drive.
+  const auto press = [&](const char* button) {
+    station.Click(QString::fromLatin1(button));
+    station.Note(std::string("click ") + button);
+  };
+  const auto standsLeft = [&](const char* button, const char* of) {
+    return station.Find(QString::fromLatin1(button))->x() < station.Find(QString::fromLatin1(of))->x();
+  };
+  QVERIFY(standsLeft("btnLR(0)", "btnLR(1)") && standsLeft("btnLDHZ(0)", "btnLDHZ(1)"));
+  QVERIFY(standsLeft("btnCloser(0)", "btnCloser(1)"));
+  for (const char* button : {"btnLR(0)", "btnLDHZ(1)", "btnRDHZ(0)"}) press(button);
+  compare();
+  station.program->binder().Do([&] { station.s().gIsLHDrive = true; });
+  QVERIFY(standsLeft("btnLR(1)", "btnLR(0)") && standsLeft("btnLDHZ(1)", "btnLDHZ(0)"));
+  QVERIFY(standsLeft("btnCloser(0)", "btnCloser(1)"));
+  station.program->binder().Do([&] { station.s().gIsLHDrive = false; });
   for (const int type : {0, 2, 1}) {
     station.Click(QStringLiteral("optType(%1)").arg(type));
     station.Note("check optType(" + std::to_string(type) + ") on");
