@@ -223,9 +223,7 @@ void Script::Choose(const std::string& rest) {
 void Script::Check(const std::string& rest) {
   const auto [name, state] = FirstWord(rest);
   if (state != "on" && state != "off") throw ScriptError{"a check box is set on or off"};
-  Field& field = FieldOf(name);
-  const bool option = field.row().kind == Kind::Option;
-  Running().Choose(field, state == "on" ? (option ? "True" : "1") : (option ? "False" : "0"));
+  Running().Check(FieldOf(name), state == "on");
 }
 
 void Script::SetOff(const std::string& name, Event event) {

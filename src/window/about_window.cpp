@@ -4,6 +4,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
+#include "window/field_widgets.h"
 #include "window/link.h"
 #include "window/station_dialog.h"
 
@@ -16,6 +17,9 @@ class AboutWindow : public StationDialog {
   AboutWindow(Desk desk, Window& window, QWidget* parent)
       : StationDialog(desk, window, QStringLiteral("About Torvane Designer"), parent) {
     setFixedSize(580, 208);
+    auto* version = new Word(desk_, Shown(Of("lblVersion").text()), 13, Token::Text, Weight::Medium, this);
+    version->setObjectName(QStringLiteral("lblVersion"));
+    version->setGeometry(278, 56, 200, 26);
     int y = 82;
     for (const char* control : {"lblHelpURL", "lblCheckNewSoftware"}) {
       (new Link(desk_, Icon::None, Shown(Of(control).caption()), control, this))->move(274, y);
@@ -42,8 +46,6 @@ class AboutWindow : public StationDialog {
     p.setPen(t[Token::Text]);
     p.setFont(t.Font(20, Weight::Medium));
     p.drawText(QRect(108, 18, 400, 32), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Torvane Designer"));
-    p.setFont(t.Font(13, Weight::Medium));
-    p.drawText(QRect(278, 56, 200, 26), Qt::AlignLeft | Qt::AlignVCenter, Shown(Of("lblVersion").text()));
     p.setFont(t.Font(13));
     p.setPen(t[Token::Second]);
     int y = 56;

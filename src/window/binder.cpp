@@ -45,6 +45,11 @@ void Binder::Choose(Field& field, std::string_view text) {
   Do([&] { station_.Choose(field, text); });
 }
 
+void Binder::Check(Field& field, bool on) {
+  station_.Check(field, on);
+  Flush();
+}
+
 bool Binder::Run(std::string_view control, Event event, int index) {
   bool answered = false;
   Do([&] { answered = station_.Run(control, event, index); });

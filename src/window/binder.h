@@ -31,6 +31,7 @@ class Binder : public QObject, private FieldWatcher {
   // outside the station's code page.
   bool Type(Field& field, const QString& text);
   void Choose(Field& field, std::string_view text);
+  void Check(Field& field, bool on);
   bool Run(std::string_view control, Event event = Event::Click, int index = 0);
   // Any other doing.
   void Do(const std::function<void()>& doing);

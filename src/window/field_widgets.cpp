@@ -89,9 +89,7 @@ QSize FieldCheck::sizeHint() const {
 }
 
 void FieldCheck::nextCheckState() {
-  const bool option = field_.row().kind == Kind::Option;
-  const bool on = !field_.checked();
-  desk_.binder.Choose(field_, on ? (option ? "True" : "1") : (option ? "False" : "0"));
+  desk_.binder.Check(field_, !field_.checked());
   setChecked(field_.checked());
 }
 
@@ -142,10 +140,11 @@ QSize ReadOut::sizeHint() const {
 void ReadOut::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter painter(this);
+  if (filled_) painter.fillRect(rect(), t[Token::ReadOut]);
   painter.setFont(t.Font(size_, Weight::Medium));
   const bool empty = field_.empty();
   painter.setPen(empty ? t[Token::Off] : t[Token::Figures]);
-  painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter,
+  painter.drawText(rect().adjusted(0, 0, filled_ ? -8 : 0, 0), Qt::AlignRight | Qt::AlignVCenter,
                    empty ? QString(QChar(0x2013)) : Shown(field_.text()));
 }
 

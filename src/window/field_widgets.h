@@ -89,6 +89,8 @@ class ReadOut : public QWidget {
  public:
   ReadOut(Desk desk, const Field& field, int size, QWidget* parent = nullptr);
 
+  // Gives it a ground, as among inputs.
+  void SetFilled() { filled_ = true; }
   QSize sizeHint() const override;
 
  protected:
@@ -98,6 +100,7 @@ class ReadOut : public QWidget {
   Desk desk_;
   const Field& field_;
   int size_;
+  bool filled_ = false;
 };
 
 // A plain word beside a field. It shortens with an ellipsis where there is too little room.

@@ -28,11 +28,8 @@ class TypeButton : public QAbstractButton {
     setAccessibleName(text());
     setToolTip(text());
     setFocusPolicy(Qt::TabFocus);
-    connect(this, &QAbstractButton::clicked, this, [this, &s] {
-      for (int other = 0; other <= 2; ++other)
-        if (other != type_) s.optType(other) = "False";
-      desk_.binder.Choose(s.optType(type_), "True");
-    });
+    connect(this, &QAbstractButton::clicked, this,
+            [this, &s] { desk_.binder.Check(s.optType(type_), true); });
     desk.binder.Bind(s.optType(type), this, [this] { update(); });
   }
 
@@ -107,6 +104,7 @@ FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(
         AddField(QString::fromLatin1(place.caption), QString::fromLatin1(place.name), place.field, places_));
   stops_ = {left_.diameter.field,  left_.opening.field,  z_[0].field, z_[1].field, z_[2].field,
             right_.diameter.field, right_.opening.field, z_[3].field, z_[4].field, z_[5].field};
+  AddLength();
   for (int i = 0; i <= 6; ++i) AddOffset(i);
   AddPages();
   desk.binder.BindAll(this, [this] {
@@ -178,16 +176,29 @@ void FourAxisPart::AddPages() {
 
 FourAxisPart::Placed FourAxisPart::AddField(const QString& caption, const QString& name, Field& field,
                                             QWidget* owner) {
-  auto* word = new Word(desk_, caption, 12, Token::Second, Weight::Regular, owner);
   auto* edit = new FieldEdit(desk_, field, Place::Panel, owner);
   edit->setAccessibleName(name);
+  return Surround(edit, field, caption, owner);
+}
+
+void FourAxisPart::AddLength() {
+  lengthOwner_ = new QWidget(places_);
+  const Field& field = desk_.station.s.lblLengthTotal;
+  auto* length = new ReadOut(desk_, field, 14, lengthOwner_);
+  length->SetFilled();
+  length_ = Surround(length, field, QStringLiteral("Length"), lengthOwner_);
+}
+
+FourAxisPart::Placed FourAxisPart::Surround(QWidget* shown, const Field& field, const QString& caption,
+                                            QWidget* owner) {
+  auto* word = new Word(desk_, caption, 12, Token::Second, Weight::Regular, owner);
   auto* unit = new Word(desk_, {}, 12, Token::Second, Weight::Regular, owner);
   const Field& units = desk_.station.s.gUnits;
   desk_.binder.Bind(units, unit, [unit, &units] { unit->SetText(Shown(units.text())); });
   // What a part type does not use is absent with its words.
   for (QWidget* beside : {word, unit})
     desk_.binder.Bind(field, beside, [beside, &field] { ShowAs(*beside, field.shown()); });
-  return {word, edit, unit};
+  return {word, shown, unit};
 }
 
 QRect FourAxisPart::DrawingArea() const {
@@ -202,15 +213,11 @@ QRect FourAxisPart::DrawingArea() const {
   return rect();
 }
 
-namespace {
-
-void PlaceField(QWidget* caption, QWidget* field, QWidget* unit, int x, int y) {
-  caption->setGeometry(x, y - 18, kFieldWithUnit, 16);
-  field->setGeometry(x, y, kField, 30);
-  unit->setGeometry(x + kField + 5, y + 7, 24, 16);
+void FourAxisPart::PlaceField(const Placed& placed, int x, int y, int width) {
+  placed.caption->setGeometry(x, y - 18, kFieldWithUnit, 16);
+  placed.field->setGeometry(x, y, width, 30);
+  placed.unit->setGeometry(x + width + 4, y + 7, 24, 16);
 }
-
-}  // namespace
 
 void FourAxisPart::PlaceOpen() {
   const QRect area = DrawingArea();
@@ -219,16 +226,17 @@ void FourAxisPart::PlaceOpen() {
   for (const bool left : {true, false}) {
     const End& end = left ? left_ : right_;
     end.owner->setGeometry(left ? area.left() + 12 : area.right() - 103, axis - 40, 102, 100);
-    PlaceField(end.diameter.caption, end.diameter.field, end.diameter.unit, 2, 19);
-    PlaceField(end.opening.caption, end.opening.field, end.opening.unit, 2, 69);
+    PlaceField(end.diameter, 2, 19, kField);
+    PlaceField(end.opening, 2, 69, kField);
   }
   places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
-  const int pitch = std::clamp((area.width() - 230) / 6, 93, 104);
-  for (int i = 0; i < 6; ++i) {
-    const int x = i < 3 ? 2 + i * pitch : places_->width() - 102 - (5 - i) * pitch;
-    PlaceField(z_[static_cast<std::size_t>(i)].caption, z_[static_cast<std::size_t>(i)].field,
-               z_[static_cast<std::size_t>(i)].unit, x, 19);
-  }
+  // The length stands in the middle between three places at either side.
+  const int pitch = std::clamp(places_->width() / 7, 88, 104);
+  for (int i = 0; i < 6; ++i)
+    PlaceField(z_[static_cast<std::size_t>(i)], i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch,
+               19, std::min(kField, pitch - 26));
+  lengthOwner_->setGeometry(area.center().x() - 46 - places_->x(), 0, kFieldWithUnit + 6, 54);
+  PlaceField(length_, 0, 19, std::min(kField, pitch - 26));
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
   const int stepper = std::clamp(static_cast<int>(share) - 2, 60, kStepper);
@@ -246,8 +254,8 @@ void FourAxisPart::PlaceFolded() {
     const End& end = left ? left_ : right_;
     end.owner->setGeometry(left ? kNarrowTypes + 8 : width() - 200, 0, 196, kStrip - 24);
     // Side by side, the diameter outside.
-    PlaceField(end.diameter.caption, end.diameter.field, end.diameter.unit, left ? 0 : 98, 22);
-    PlaceField(end.opening.caption, end.opening.field, end.opening.unit, left ? 98 : 0, 22);
+    PlaceField(end.diameter, left ? 0 : 98, 22, kField);
+    PlaceField(end.opening, left ? 98 : 0, 22, kField);
   }
   const int below = height() - kStrip;
   pages_->setGeometry(0, kStrip, kPages, below);
@@ -256,7 +264,7 @@ void FourAxisPart::PlaceFolded() {
   head_->setGeometry(page);
   const int pitch = std::min(page.width() / 6, 150);
   for (std::size_t i = 0; i < z_.size(); ++i)
-    PlaceField(z_[i].caption, z_[i].field, z_[i].unit, 4 + static_cast<int>(i) * pitch, below - 36);
+    PlaceField(z_[i], 4 + static_cast<int>(i) * pitch, below - 36, kField);
   const int step = std::min(page.width() / 7, 130);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(i) * step;
@@ -272,6 +280,7 @@ void FourAxisPart::Place() {
   places_->setVisible(!large && !(folded && headPage_));
   head_->setVisible(!large && (!folded || headPage_));
   pages_->setVisible(folded);
+  lengthOwner_->setVisible(arrangement_ == Arrangement::Open);
   if (folded)
     PlaceFolded();
   else if (!large)
@@ -314,7 +323,7 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
   if (arrangement_ != Arrangement::Large) painter.drawLine(area.left(), 0, area.left(), area.bottom());
   if (arrangement_ == Arrangement::Folded) painter.drawLine(0, kStrip, width(), kStrip);
   if (arrangement_ != Arrangement::Open) return;
-  // The ends' titles, and the length between the ends, which follows from them.
+  // The ends' titles.
   const double titles = FourAxisFrame(arrangement_, area).axisY - 63;
   painter.setPen(t[Token::Text]);
   painter.setFont(t.Font(13, Weight::Medium));
@@ -322,19 +331,6 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
                    QStringLiteral("Left end"));
   painter.drawText(QRectF(area.right() - 72, titles, 60, 20), Qt::AlignVCenter | Qt::AlignRight,
                    QStringLiteral("Right end"));
-  const DesignState& s = desk_.station.s;
-  const QRect box(area.center().x() - 46, height() - 35, 62, 30);
-  painter.fillRect(box, t[Token::ReadOut]);
-  painter.setPen(t[s.lblLengthTotal.empty() ? Token::Off : Token::Figures]);
-  painter.setFont(t.Font(14, Weight::Medium));
-  painter.drawText(box.adjusted(0, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter,
-                   s.lblLengthTotal.empty() ? QString(QChar(0x2013)) : Shown(s.lblLengthTotal.text()));
-  painter.setPen(t[Token::Second]);
-  painter.setFont(t.Font(12));
-  painter.drawText(QRectF(box.left(), box.top() - 18, 62, 16), Qt::AlignLeft | Qt::AlignVCenter,
-                   QStringLiteral("Length"));
-  painter.drawText(QRectF(box.right() + 5, box.top(), 30, 30), Qt::AlignLeft | Qt::AlignVCenter,
-                   Shown(s.gUnits.text()));
 }
 
 }  // namespace torvane

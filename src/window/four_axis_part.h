@@ -41,7 +41,11 @@ class FourAxisPart : public QWidget {
   void AddOffset(int i);
   void AddPages();
   Placed AddField(const QString& caption, const QString& name, Field& field, QWidget* owner);
+  // What stands beside a field, and comes and goes with it.
+  Placed Surround(QWidget* shown, const Field& field, const QString& caption, QWidget* owner);
+  void AddLength();
   End AddEnd(bool left);
+  static void PlaceField(const Placed& placed, int x, int y, int width);
   void PlaceOpen();
   void PlaceFolded();
   void Place();
@@ -55,6 +59,8 @@ class FourAxisPart : public QWidget {
   End left_{}, right_{};
   QWidget* places_ = nullptr;
   std::vector<Placed> z_;
+  QWidget* lengthOwner_ = nullptr;
+  Placed length_{};  // between the ends, which it follows from
   QWidget* head_ = nullptr;
   std::vector<QWidget*> offsets_, offsetCaptions_;
   QWidget* pages_ = nullptr;

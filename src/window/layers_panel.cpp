@@ -26,7 +26,7 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
       desk_(desk),
       fourAxis_(fourAxis),
       view_(new LayersView(desk, fourAxis, this)),
-      card_(new StartCard(desk, this)) {
+      card_(new StartCard(desk, fourAxis, this)) {
   DesignState& s = desk.station.s;
   auto* recalculate =
       new Button(desk, ButtonLook::Outline, Icon::Refresh,

@@ -232,7 +232,7 @@ void LayersView::Activate(const QModelIndex& index) {
   if (field == nullptr || !field->enabled()) return;
   const CellKind kind = model_->Column(index.column()).kind;
   if (kind == CellKind::Check) {
-    desk_.binder.Choose(*field, field->checked() ? "0" : "1");
+    desk_.binder.Check(*field, !field->checked());
   } else if (kind == CellKind::List && !field->entries().empty()) {
     const QRect box = visualRect(index);
     OpenChoices(desk_, *field, this, {viewport()->mapToGlobal(box.topLeft()), box.size()});

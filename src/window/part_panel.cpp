@@ -89,10 +89,12 @@ QWidget* PartPanel::MakeRow(int panel) {
     gaps_.push_back(new QSpacerItem(panel == 0 ? 8 : 2, 0));
     boxes->addSpacerItem(gaps_.back());
   };
-  const auto group = [&](const QString& caption) {
+  const auto group = [&](const QString& caption, const QString& name = {}) {
     auto* box = new QVBoxLayout;
     box->setSpacing(2);
-    box->addWidget(new Word(desk_, caption, 12, Token::Second));
+    auto* word = new Word(desk_, caption, 12, Token::Second);
+    word->setObjectName(name);
+    box->addWidget(word);
     auto* line = new QHBoxLayout;
     line->setSpacing(5);
     box->addLayout(line);
@@ -139,7 +141,8 @@ QWidget* PartPanel::MakeRow(int panel) {
   line->addWidget(steps);
   designUnit(line);
   gap();
-  line = group(Shown(s.lblNumberOfLayers(panel).caption()));
+  line =
+      group(Shown(s.lblNumberOfLayers(panel).caption()), QStringLiteral("lblNumberOfLayers(%1)").arg(panel));
   Field& layers = s.txtNumberOfLayers(panel);
   auto* count = new Stepper(desk_, layers, panel == 0 ? 120 : 98, Icon::Minus, Icon::Plus,
                             [&binder, &layers](bool more) {

@@ -5,6 +5,7 @@
 
 #include "look/text.h"
 #include "window/button.h"
+#include "window/field_widgets.h"
 #include "window/polar_picture.h"
 #include "window/totals.h"
 #include "workbench/preview.h"
@@ -26,6 +27,13 @@ PolarPanel::PolarPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk
   enlarge->Runs("Label18");
   enlarge->resize(enlarge->sizeHint());
   enlarge_ = enlarge;
+  auto* layer = new Word(desk, {}, 13, Token::Text, Weight::Medium, this);
+  layer->setObjectName(QStringLiteral("lblLayer"));
+  layer->setGeometry(14, 8, 58, 18);
+  const Field& number = desk.station.s.lblLayer;
+  desk.binder.Bind(number, layer, [layer, &number] {
+    layer->SetText(number.empty() ? QString() : QStringLiteral("Layer ") + Shown(number.text()));
+  });
   desk.binder.BindAll(this, [this] {
     enlarge_->setEnabled(!desk_.station.polarTag.empty());
     update();
@@ -44,14 +52,10 @@ void PolarPanel::paintEvent(QPaintEvent*) {
   QPainter p(this);
   PaintPanel(p, t, rect());
   p.setRenderHint(QPainter::Antialiasing, false);
-  const QString row = s.lblLayer.empty() ? QString() : QStringLiteral("Layer ") + Shown(s.lblLayer.text());
-  p.setFont(t.Font(13, Weight::Medium));
-  p.setPen(t[Token::Text]);
-  p.drawText(QRect(14, 8, 80, 18), Qt::AlignVCenter | Qt::AlignLeft, row);
   const QString tag = Shown(desk_.station.polarTag);
   p.setPen(t[tag.isEmpty() ? Token::Second : Token::Figures]);
-  if (tag.isEmpty()) p.setFont(t.Font(12));
-  p.drawText(QRect(row.isEmpty() ? 14 : 74, 8, width() - 90, 18), Qt::AlignVCenter | Qt::AlignLeft,
+  p.setFont(tag.isEmpty() ? t.Font(12) : t.Font(13, Weight::Medium));
+  p.drawText(QRect(s.lblLayer.empty() ? 14 : 74, 8, width() - 90, 18), Qt::AlignVCenter | Qt::AlignLeft,
              tag.isEmpty() ? QStringLiteral("Press a row's number to see its pattern.") : tag);
   const int side = std::min(width() - 130, height() - kTotals - 40);
   PaintPolar(p, t, LastDrawing(desk_.station), QRectF(16, 32, side, side));

@@ -50,7 +50,7 @@ class Strip : public QWidget {
 
 }  // namespace
 
-StartCard::StartCard(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
+StartCard::StartCard(Desk desk, bool fourAxis, QWidget* parent) : QWidget(parent), desk_(desk) {
   setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(28, 20, 28, 16);
@@ -60,7 +60,7 @@ StartCard::StartCard(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) 
   columns_->addWidget(MakeLinks(), 1, Qt::AlignTop);
   rows->addLayout(columns_);
   rows->addStretch(1);
-  rows->addWidget(MakeOffset());
+  rows->addWidget(MakeOffset(fourAxis));
 }
 
 void StartCard::resizeEvent(QResizeEvent*) {
@@ -130,7 +130,7 @@ QWidget* StartCard::MakeLinks() {
   return owner;
 }
 
-QWidget* StartCard::MakeOffset() {
+QWidget* StartCard::MakeOffset(bool fourAxis) {
   auto* strip = new Strip(desk_, this);
   strip_ = strip;
   auto* row = new QHBoxLayout(strip);
@@ -148,8 +148,7 @@ QWidget* StartCard::MakeOffset() {
   row->addLayout(words, 1);
   auto* measure = new Button(desk_, ButtonLook::Outline, Icon::None, QStringLiteral("Measure now"), strip);
   measure->setFixedSize(112, 40);
-  connect(measure, &QAbstractButton::clicked, this,
-          [this] { desk_.binder.Run(desk_.station.s.mnu2Axis ? "Label10" : "Label9"); });
+  measure->Runs(fourAxis ? "Label9" : "Label10");
   row->addWidget(measure);
   desk_.binder.BindAll(strip, [this, strip] {
     const std::string confirmed =

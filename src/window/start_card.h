@@ -11,7 +11,7 @@ namespace torvane {
 
 class StartCard : public QWidget {
  public:
-  explicit StartCard(Desk desk, QWidget* parent = nullptr);
+  StartCard(Desk desk, bool fourAxis, QWidget* parent = nullptr);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -20,7 +20,7 @@ class StartCard : public QWidget {
   QWidget* MakeCounts();
   QWidget* MakeOpen();
   QWidget* MakeLinks();
-  QWidget* MakeOffset();
+  QWidget* MakeOffset(bool fourAxis);
 
   Desk desk_;
   QHBoxLayout* columns_ = nullptr;

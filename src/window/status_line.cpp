@@ -1,51 +1,68 @@
 #include "window/status_line.h"
 
+#include <QBoxLayout>
 #include <QPainter>
 
 #include "design/number_text.h"
 #include "look/text.h"
+#include "window/field_widgets.h"
 
 namespace torvane {
 
-StatusLine::StatusLine(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
+namespace {
+
+constexpr int kRoomForLimits = 1000;  // a narrower window has room for the sentence alone
+
+}  // namespace
+
+StatusLine::StatusLine(Desk desk, QWidget* parent)
+    : QWidget(parent),
+      desk_(desk),
+      name_(new Word(desk, {}, 12, Token::Text, Weight::Medium)),
+      sentence_(new Word(desk, {}, 12, Token::Second)),
+      limits_(new Word(desk, {}, 12, Token::Second)),
+      version_(new Word(desk, {}, 12, Token::Second)) {
   setObjectName(QStringLiteral("statusLine"));
   setFixedHeight(24);
-  desk.binder.BindAll(this, [this] { update(); });
+  version_->setObjectName(QStringLiteral("lblVersion"));
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(12, 1, 12, 0);
+  row->setSpacing(0);
+  row->addWidget(name_);
+  row->addSpacing(8);
+  row->addWidget(sentence_, 1);
+  row->addSpacing(24);
+  row->addWidget(limits_);
+  row->addWidget(version_);
+  for (QWidget* whole : {name_, limits_, version_})
+    whole->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  desk.binder.BindAll(this, [this] { limits_->SetText(Limits()); });
+  const Field& version = desk.station.s.lblVersion;
+  desk.binder.Bind(version, this, [this, &version] { version_->SetText(Shown(version.text())); });
 }
 
 void StatusLine::Describe(const QString& name, const QString& sentence) {
-  name_ = name;
-  sentence_ = sentence;
-  update();
+  name_->SetText(name);
+  sentence_->SetText(sentence);
+  layout()->activate();
 }
+
+QString StatusLine::Limits() const {
+  const DesignState& s = desk_.station.s;
+  const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
+  const auto limit = [&s](double value) { return Shown(FormatNumberText(s.signs, value, "##0.0"_mask)); };
+  return QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
+         QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") + dot;
+}
+
+void StatusLine::resizeEvent(QResizeEvent*) { limits_->setVisible(width() >= kRoomForLimits); }
 
 void StatusLine::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
-  const DesignState& s = desk_.station.s;
   QPainter p(this);
   p.fillRect(rect(), t[Token::Bars]);
   p.setPen(t[Token::Hairline]);
   p.drawLine(0, 0, width(), 0);
-  const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
-  const auto limit = [&s](double value) { return Shown(FormatNumberText(s.signs, value, "##0.0"_mask)); };
-  // A narrow window has room for the sentence alone.
-  const QString limits = QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
-                         QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") +
-                         dot;
-  const QString right = (width() < 1000 ? QString() : limits) + Shown(s.lblVersion.text());
-  p.setFont(t.Font(12));
-  p.setPen(t[Token::Second]);
-  const int rightWidth = p.fontMetrics().horizontalAdvance(right);
-  p.drawText(rect().adjusted(0, 1, -12, 0), Qt::AlignRight | Qt::AlignVCenter, right);
-  p.setFont(t.Font(12, Weight::Medium));
-  p.setPen(t[Token::Text]);
-  p.drawText(rect().adjusted(12, 1, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, name_);
-  const int after = 12 + p.fontMetrics().horizontalAdvance(name_) + 8;
-  p.setFont(t.Font(12));
-  p.setPen(t[Token::Second]);
-  const QRect room(after, 1, width() - after - rightWidth - 36, height() - 1);
-  p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-             p.fontMetrics().elidedText(sentence_, Qt::ElideRight, room.width()));
 }
 
 }  // namespace torvane

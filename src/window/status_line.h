@@ -7,6 +7,8 @@
 
 namespace torvane {
 
+class Word;
+
 class StatusLine : public QWidget {
  public:
   explicit StatusLine(Desk desk, QWidget* parent = nullptr);
@@ -15,10 +17,13 @@ class StatusLine : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  QString Limits() const;
+
   Desk desk_;
-  QString name_, sentence_;
+  Word *name_, *sentence_, *limits_, *version_;
 };
 
 }  // namespace torvane

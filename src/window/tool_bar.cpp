@@ -227,12 +227,7 @@ QWidget* ToolBar::Family() {
     button->setObjectName(QStringLiteral("optX(%1)").arg(i));
     button->setToolTip(i == 0 ? QStringLiteral("Carriage and mandrel")
                               : QStringLiteral("Carriage, mandrel and delivery head"));
-    connect(button, &QAbstractButton::clicked, this, [this, i] {
-      DesignState& state = desk_.station.s;
-      // One of two options: the other one falls with it, before the choice takes effect.
-      state.optX(1 - i) = "False";
-      desk_.binder.Choose(state.optX(i), "True");
-    });
+    connect(button, &QAbstractButton::clicked, this, [this, &s, i] { desk_.binder.Check(s.optX(i), true); });
     desk_.binder.Bind(s.optX(i), button, [button, &s, i] { button->SetFilled(s.optX(i).checked()); });
   }
   return segments;

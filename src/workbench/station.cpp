@@ -133,6 +133,13 @@ void Station::Choose(Field& field, std::string_view text) {
   });
 }
 
+void Station::Check(Field& field, bool on) {
+  if (field.row().kind == Kind::Option)
+    Choose(field, on ? "True" : "False");
+  else
+    Choose(field, on ? "1" : "0");
+}
+
 void Station::RunFor(const Field& field, Event event) {
   for (const auto& window : windows)
     if (window->Owns(field)) {

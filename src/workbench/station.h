@@ -55,8 +55,10 @@ class Station : private ChangeOperations {
 
   // The operator replaces the whole text of a field and releases a key in it.
   void Type(Field& field, std::string_view text);
-  // The operator picks an entry of a list, or sets a check box or option.
+  // The operator picks an entry of a list.
   void Choose(Field& field, std::string_view text);
+  // The operator sets a check box or option.
+  void Check(Field& field, bool on);
   // Runs the operation of a control; false if there is none.
   bool Run(std::string_view control, Event event, int index = 0);
 

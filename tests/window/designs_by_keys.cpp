@@ -213,6 +213,9 @@ void DesignsByKeys::JogButtonsAndPartTypes() {
     station.Note("check optType(" + std::to_string(type) + ") on");
     compare();
   }
+  // The type is taken back as a whole.
+  QVERIFY(station.station().Undo());
+  QVERIFY(station.s().optType(2).checked() && !station.s().optType(1).checked());
 }
 
 }  // namespace torvane

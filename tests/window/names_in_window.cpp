@@ -158,8 +158,7 @@ void NamesInWindow::EveryControlStandsWhereTheTableSays() {
     } else if (good && named.kind == QStringLiteral("cell")) {
       const Field* field = FindField(station.s(), named.name.toStdString());
       good = field != nullptr && Bound(station, *field) == 1;
-    } else if (good && named.kind != QStringLiteral("no place") && named.kind != QStringLiteral("row menu") &&
-               named.kind != QStringLiteral("caption")) {
+    } else if (good && named.kind != QStringLiteral("no place") && named.kind != QStringLiteral("row menu")) {
       QWidget* widget = find(*window, named.name);
       good = widget != nullptr && IsKind(*widget, named.kind);
     }
