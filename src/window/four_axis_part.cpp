@@ -235,7 +235,8 @@ void FourAxisPart::PlaceOpen() {
   for (int i = 0; i < 6; ++i)
     PlaceField(z_[static_cast<std::size_t>(i)], i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch,
                19, std::min(kField, pitch - 26));
-  lengthOwner_->setGeometry(area.center().x() - 46 - places_->x(), 0, kFieldWithUnit + 6, 54);
+  lengthOwner_->setGeometry(std::max(2 + 3 * pitch, area.center().x() - 46 - places_->x()), 0,
+                            kFieldWithUnit + 6, 54);
   PlaceField(length_, 0, 19, std::min(kField, pitch - 26));
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
