@@ -1,14 +1,11 @@
 #include "dryrun/findings_list.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 #include <algorithm>
 
 #include "dryrun/words.h"
-#include "look/paint.h"
 
 namespace torvane::dryrun {
 
@@ -17,22 +14,15 @@ using executor::Remark;
 
 namespace {
 
-constexpr int kHead = 36, kRow = 27;
+constexpr int kRow = 27;
 
 }  // namespace
 
-FindingsList::FindingsList(Stand stand, QWidget* parent) : QAbstractScrollArea(parent), stand_(stand) {
+FindingsList::FindingsList(Stand stand, QWidget* parent) : RowPanel(stand, tr("Findings"), kRow, parent) {
   setObjectName(QStringLiteral("findings"));
-  setAccessibleName(tr("Findings"));
-  setFrameShape(QFrame::NoFrame);
-  setViewportMargins(1, kHead, 1, 1);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  addScrollBarWidget(HeadRoom(kHead), Qt::AlignTop);
-  setFocusPolicy(Qt::StrongFocus);
-  viewport()->setAutoFillBackground(false);
   const auto anew = [this] {
     chosen_ = -1;
-    Fit();
+    FitRows();
     verticalScrollBar()->setValue(0);
     update();
     viewport()->update();
@@ -41,16 +31,9 @@ FindingsList::FindingsList(Stand stand, QWidget* parent) : QAbstractScrollArea(p
   connect(&stand.session, &Session::Proven, this, anew);
 }
 
-void FindingsList::Fit() {
-  const int rows = static_cast<int>(stand_.session.remarks().size());
-  verticalScrollBar()->setSingleStep(kRow);
-  verticalScrollBar()->setPageStep(viewport()->height());
-  verticalScrollBar()->setRange(0, std::max(0, rows * kRow - viewport()->height()));
-}
+void FindingsList::FitRows() { Fit(static_cast<int>(stand_.session.remarks().size())); }
 
-void FindingsList::resizeEvent(QResizeEvent*) { Fit(); }
-
-int FindingsList::RowAt(int y) const { return (verticalScrollBar()->value() + y) / kRow; }
+void FindingsList::resizeEvent(QResizeEvent*) { FitRows(); }
 
 int FindingsList::Count(Level level) const {
   const auto& remarks = stand_.session.remarks();
@@ -79,25 +62,18 @@ void FindingsList::keyPressEvent(QKeyEvent* event) {
   else if (event->key() == Qt::Key_Up)
     Choose(std::max(0, chosen_ - 1));
   else
-    QAbstractScrollArea::keyPressEvent(event);
+    RowPanel::keyPressEvent(event);
 }
 
-bool FindingsList::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  const auto row = static_cast<std::size_t>(RowAt(help->pos().y()));
+QString FindingsList::TipOf(int row) const {
   const auto& remarks = stand_.session.remarks();
-  QToolTip::showText(help->globalPos(), row < remarks.size() ? Words(remarks[row].text) : QString(),
-                     viewport());
-  return true;
+  const auto index = static_cast<std::size_t>(row);
+  return index < remarks.size() ? Words(remarks[index].text) : QString();
 }
 
-bool FindingsList::event(QEvent* event) {
-  if (event->type() != QEvent::Paint) return QAbstractScrollArea::event(event);
+void FindingsList::PaintHead(QPainter& p) {
   const Theme& t = stand_.theme;
-  QPainter p(this);
-  PaintPanelHead(p, t, rect(), kHead, tr("Findings"));
-  if (stand_.session.proof() == nullptr) return true;
+  if (stand_.session.proof() == nullptr) return;
   int right = width() - 14;
   for (const Level level : {Level::Fault, Level::Note, Level::Ok}) {
     const int count = Count(level);
@@ -113,7 +89,6 @@ bool FindingsList::event(QEvent* event) {
     PaintIcon(p, GlyphOf(level), QRectF(right - wide - 23, kHead / 2.0 - 8, 16, 16), ink);
     right -= wide + 46;
   }
-  return true;
 }
 
 void FindingsList::paintEvent(QPaintEvent*) {
@@ -128,17 +103,13 @@ void FindingsList::paintEvent(QPaintEvent*) {
     return;
   }
   const auto& remarks = stand_.session.remarks();
-  const int offset = verticalScrollBar()->value() % kRow;
-  const int first = RowAt(0);
   const bool narrow = box.width() < 560;
-  for (int i = 0; i * kRow - offset < box.height(); ++i) {
-    const auto index = static_cast<std::size_t>(first) + static_cast<std::size_t>(i);
-    if (index >= remarks.size()) break;
-    const Remark& remark = remarks[index];
-    const QRect row(0, i * kRow - offset, box.width(), kRow);
-    if (first + i == chosen_) p.fillRect(row, t[Token::Selected]);
+  for (int i = RowAt(0); i < static_cast<int>(remarks.size()) && BoxOf(i).top() < box.height(); ++i) {
+    const Remark& remark = remarks[static_cast<std::size_t>(i)];
+    const QRect row = BoxOf(i);
+    if (i == chosen_) p.fillRect(row, t[Token::Selected]);
     p.setPen(t[Token::Hairline]);
-    if (i > 0) p.drawLine(row.topLeft(), row.topRight());
+    if (i > RowAt(0)) p.drawLine(row.topLeft(), row.topRight());
     const QColor ink = t[InkOf(remark.level)];
     PaintIcon(p, GlyphOf(remark.level), QRectF(12, row.center().y() - 7.5, 16, 16), ink);
     const auto draw = [&](int x, int wide, Qt::Alignment side, const QString& text) {

@@ -1,13 +1,11 @@
 // What the proof says of the program, worst first; a click goes to the line.
 #pragma once
 
-#include <QAbstractScrollArea>
-
-#include "dryrun/session.h"
+#include "dryrun/row_panel.h"
 
 namespace torvane::dryrun {
 
-class FindingsList : public QAbstractScrollArea {
+class FindingsList : public RowPanel {
   Q_OBJECT
 
  public:
@@ -17,20 +15,18 @@ class FindingsList : public QAbstractScrollArea {
   void LineChosen(int line);
 
  protected:
-  bool event(QEvent* event) override;
-  bool viewportEvent(QEvent* event) override;
+  void PaintHead(QPainter& painter) override;
+  QString TipOf(int row) const override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void Fit();
+  void FitRows();
   void Choose(int row);
-  int RowAt(int y) const;
   int Count(executor::Level level) const;
 
-  Stand stand_;
   int chosen_ = -1;
 };
 

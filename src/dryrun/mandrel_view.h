@@ -15,13 +15,6 @@ class MandrelView : public QWidget {
  public:
   explicit MandrelView(Stand stand, QWidget* parent = nullptr);
 
-  // One height of the side view: what it shows of the surface, and how it is lit.
-  struct Shade {
-    unsigned light;             // of 256
-    unsigned red, green, blue;  // the bare mandrel
-    double degrees;             // from the middle of the picture upwards
-  };
-
   // Paints what is missing at once, for pictures and measurements.
   void Finish();
 
@@ -31,12 +24,20 @@ class MandrelView : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  // One height of the side view: what it shows of the surface, and how it is lit.
+  struct Shade {
+    unsigned light;             // of 256
+    unsigned red, green, blue;  // the bare mandrel
+    double degrees;             // from the middle of the picture upwards
+  };
   struct Room {
     QRectF unrolled, side;  // of the pictures, in logical pixels
     double rail = 0;        // the Y of the carriage's rail
     ZScale scale;
   };
 
+  // From the mandrel's lower rim to the upper one.
+  static std::vector<Shade> Shades(const Theme& theme);
   void Fit();
   void Follow(int milliseconds);
   void RenderUnrolled(const Columns& columns);

@@ -58,11 +58,7 @@ void PressPanel::paintEvent(QPaintEvent*) {
   p.setPen(waiting ? QPen(Qt::NoPen) : QPen(t[Token::FieldEdge]));
   p.setBrush(waiting ? filled : t[Token::Panel]);
   p.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
-  if (hasFocus()) {
-    p.setPen(QPen(waiting ? dark : t[Token::Focus], 2));
-    p.setBrush(Qt::NoBrush);
-    p.drawRoundedRect(Inset(rect(), 4), 4, 4);
-  }
+  if (hasFocus()) PaintFocus(p, waiting ? dark : t[Token::Focus], Inset(rect(), 4));
   const QColor ink = waiting ? dark : t[Token::Second];
   const double glyph = width() < 340 ? 32 : 44;
   const double left = width() < 340 ? 16 : 25;

@@ -1,9 +1,7 @@
 #include "dryrun/program_list.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 #include <algorithm>
 
 #include "dryrun/words.h"
@@ -16,24 +14,16 @@ using executor::RunState;
 
 namespace {
 
-constexpr int kRow = 22, kHead = 36, kGutter = 67;
+constexpr int kRow = 22, kGutter = 67;
 
 }  // namespace
 
 ProgramList::ProgramList(Stand stand, QWidget* parent)
-    : QAbstractScrollArea(parent),
-      stand_(stand),
+    : RowPanel(stand, tr("Program"), kRow, parent),
       mono_(MonoFont(12)),
       follow_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, tr("Follow the run"), this)),
       open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, tr("Open a program"), this)) {
   setObjectName(QStringLiteral("programList"));
-  setAccessibleName(tr("Program"));
-  setFrameShape(QFrame::NoFrame);
-  setViewportMargins(1, kHead, 1, 1);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  addScrollBarWidget(HeadRoom(kHead), Qt::AlignTop);
-  setFocusPolicy(Qt::StrongFocus);
-  viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
   follow_->setObjectName(QStringLiteral("followButton"));
   follow_->setFixedHeight(28);
@@ -44,7 +34,7 @@ ProgramList::ProgramList(Stand stand, QWidget* parent)
   connect(&stand.session, &Session::Opened, this, [this] {
     marks_.clear();
     shown_ = 0;
-    Fit();
+    FitLines();
     SetFollows(true);
   });
   connect(&stand.session, &Session::Played, this, [this] {
@@ -61,13 +51,11 @@ ProgramList::ProgramList(Stand stand, QWidget* parent)
       }
     viewport()->update();
   });
-  Fit();
+  FitLines();
   SetFollows(true);
 }
 
-int ProgramList::LineAt(int y) const { return (verticalScrollBar()->value() + y) / kRow + 1; }
-
-int ProgramList::FirstLineShown() const { return LineAt(0); }
+int ProgramList::FirstLineShown() const { return RowAt(0) + 1; }
 
 void ProgramList::ShowLine(int line) {
   shown_ = line;
@@ -103,18 +91,15 @@ void ProgramList::scrollContentsBy(int, int) {
   viewport()->update();
 }
 
-void ProgramList::Fit() {
+void ProgramList::FitLines() {
   const auto* program = stand_.player().program();
-  const int lines = program == nullptr ? 0 : program->Lines();
   scrolling_ = true;
-  verticalScrollBar()->setSingleStep(kRow);
-  verticalScrollBar()->setPageStep(viewport()->height());
-  verticalScrollBar()->setRange(0, std::max(0, lines * kRow - viewport()->height()));
+  Fit(program == nullptr ? 0 : program->Lines());
   scrolling_ = false;
 }
 
 void ProgramList::resizeEvent(QResizeEvent*) {
-  Fit();
+  FitLines();
   FollowRun();
   const QSize follow = follow_->sizeHint();
   follow_->setGeometry(84, 4, follow.width(), 28);
@@ -122,19 +107,13 @@ void ProgramList::resizeEvent(QResizeEvent*) {
   open_->setGeometry((width() - open.width() - 16) / 2, height() / 2 + 10, open.width() + 16, 42);
 }
 
-bool ProgramList::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const auto* program = stand_.player().program();
-    const int line = LineAt(help->pos().y());
-    QString tip = program == nullptr ? QString() : Words(program->Line(line));
-    for (const executor::Remark& remark : stand_.session.remarks())
-      if (remark.line == line && remark.level != Level::Ok) tip += QStringLiteral("\n") + Words(remark.text);
-    QToolTip::showText(help->globalPos(), tip, viewport());
-    return true;
-  }
-  // The head is the frame's own; the lines are the viewport's.
-  return QAbstractScrollArea::viewportEvent(event);
+QString ProgramList::TipOf(int row) const {
+  const auto* program = stand_.player().program();
+  const int line = row + 1;
+  QString tip = program == nullptr ? QString() : Words(program->Line(line));
+  for (const executor::Remark& remark : stand_.session.remarks())
+    if (remark.line == line && remark.level != Level::Ok) tip += QStringLiteral("\n") + Words(remark.text);
+  return tip;
 }
 
 void ProgramList::PaintLine(QPainter& p, const QRect& row, int number) const {
@@ -188,28 +167,22 @@ void ProgramList::paintEvent(QPaintEvent*) {
                tr("The station opens one here at every build."));
     return;
   }
-  const int offset = verticalScrollBar()->value() % kRow;
-  const int first = LineAt(0), lines = player.program()->Lines();
-  for (int i = 0; i * kRow - offset < viewport()->height() && first + i <= lines; ++i)
-    PaintLine(p, QRect(0, i * kRow - offset, viewport()->width(), kRow), first + i);
+  for (int row = RowAt(0); row < player.program()->Lines() && BoxOf(row).top() < viewport()->height(); ++row)
+    PaintLine(p, BoxOf(row), row + 1);
   p.setPen(t[Token::Hairline]);
   p.drawLine(kGutter, 0, kGutter, viewport()->height());
 }
 
-bool ProgramList::event(QEvent* event) {
-  if (event->type() != QEvent::Paint) return QAbstractScrollArea::event(event);
+void ProgramList::PaintHead(QPainter& p) {
   const Theme& t = stand_.theme;
   const executor::Player& player = stand_.player();
-  QPainter p(this);
-  PaintPanelHead(p, t, rect(), kHead, tr("Program"));
-  if (player.program() == nullptr) return true;
+  if (player.program() == nullptr) return;
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   const int lines = player.program()->Lines();
   p.drawText(QRect(0, 0, width() - 14, kHead), Qt::AlignRight | Qt::AlignVCenter,
              player.LineNow() > 0 ? tr("line %1 of %2").arg(player.LineNow()).arg(lines)
                                   : tr("%1 lines").arg(lines));
-  return true;
 }
 
 }  // namespace torvane::dryrun

@@ -1,15 +1,14 @@
 // The program's lines with the running one marked.
 #pragma once
 
-#include <QAbstractScrollArea>
 #include <map>
 
-#include "dryrun/session.h"
+#include "dryrun/row_panel.h"
 #include "look/button.h"
 
 namespace torvane::dryrun {
 
-class ProgramList : public QAbstractScrollArea {
+class ProgramList : public RowPanel {
   Q_OBJECT
 
  public:
@@ -27,17 +26,15 @@ class ProgramList : public QAbstractScrollArea {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
-  bool viewportEvent(QEvent* event) override;
-  bool event(QEvent* event) override;
+  void PaintHead(QPainter& painter) override;
+  QString TipOf(int row) const override;
 
  private:
-  void Fit();
+  void FitLines();
   void FollowRun();
   void SetFollows(bool follows);
   void PaintLine(QPainter& painter, const QRect& row, int number) const;
-  int LineAt(int y) const;
 
-  Stand stand_;
   QFont mono_;
   PlainButton* follow_;
   PlainButton* open_;

@@ -3,12 +3,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
-#include <QIcon>
 
 #include "host/default_store.h"
 #include "host/host_locale.h"
 #include "host/ini_store.h"
-#include "look/paint.h"
 #include "look/style.h"
 
 namespace torvane::dryrun {
@@ -19,14 +17,6 @@ namespace {
 
 // The speeds at which programs and traces begin: at a trace the operator looks where the carriage goes.
 constexpr double kProgramSpeed = 50, kTraceSpeed = 1;
-
-QIcon ProgramIcon() {
-  QPixmap mark(256, 256);
-  mark.fill(Qt::transparent);
-  QPainter painter(&mark);
-  PaintProgramMark(painter, mark.rect());
-  return mark;
-}
 
 std::string AskForFile(QWidget* parent, const QString& folder) {
   return QFileDialog::getOpenFileName(
@@ -71,11 +61,8 @@ void Begin(const Start& start, const SettingsStore& store, Session& session, Dry
 int ShowWindow(int& argc, char** argv, const Start& start) {
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QObject::tr("Torvane dry run"));
-  QApplication::setWindowIcon(ProgramIcon());
-  Theme theme(QApplication::palette().color(QPalette::Window).lightness() < 128);
-  QApplication::setStyle(new Style(theme));
-  QApplication::setPalette(theme.Palette());
-  QApplication::setFont(theme.Font(13));
+  Theme theme(DesktopIsDark());
+  Dress(theme);
 
   const std::unique_ptr<SettingsStore> store =
       start.store.empty() ? DefaultStore() : std::make_unique<IniStore>(start.store);

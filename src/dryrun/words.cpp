@@ -41,13 +41,6 @@ Token InkOf(executor::Level level) {
                                           : Token::Fault;
 }
 
-QWidget* HeadRoom(int height) {
-  auto* room = new QWidget;
-  room->setFixedHeight(height);
-  room->setAttribute(Qt::WA_TransparentForMouseEvents);
-  return room;
-}
-
 void PaintPanelHead(QPainter& painter, const Theme& theme, const QRect& box, int head, const QString& title) {
   PaintPanel(painter, theme, box);
   QPainterPath ground;

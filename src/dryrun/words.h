@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QPainter>
 #include <QString>
-#include <QWidget>
 #include <string_view>
 
 #include "executor/finding.h"
@@ -21,9 +20,6 @@ QFont MonoFont(int size);
 
 Icon GlyphOf(executor::Level level);
 Token InkOf(executor::Level level);
-
-// What keeps a scroll bar below the head of its panel.
-QWidget* HeadRoom(int height);
 
 // A panel with a head of that height and its title.
 void PaintPanelHead(QPainter& painter, const Theme& theme, const QRect& box, int head, const QString& title);

@@ -10,6 +10,9 @@ namespace torvane {
 
 std::span<const Operation> TraceOperations();
 
+// A double click in such a field drives the machine to the place that it holds.
+bool DrivesMachine(const Field& field);
+
 // Starts the executor with an argument in the station's folder; an empty one starts it without a program.
 bool StartExecutor(Station& station, const std::string& argument);
 

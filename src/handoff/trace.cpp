@@ -1,4 +1,6 @@
 // Sending the machine to points of the design.
+#include <algorithm>
+
 #include "design/units.h"
 #include "gcode/dialect.h"
 #include "handoff/executor.h"
@@ -170,5 +172,11 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> TraceOperations() { return kOperations; }
+
+bool DrivesMachine(const Field& field) {
+  return std::any_of(std::begin(kOperations), std::end(kOperations), [&](const Operation& operation) {
+    return operation.event == Event::DoubleClick && operation.control == field.row().name;
+  });
+}
 
 }  // namespace torvane

@@ -11,7 +11,7 @@ PlainButton::PlainButton(const Theme& theme, ButtonLook look, Icon icon, const Q
     : QAbstractButton(parent), theme_(theme), look_(look), icon_(icon), filled_(look == ButtonLook::Filled) {
   setText(caption);
   setFocusPolicy(Qt::TabFocus);
-  setFixedHeight(theme.Px(34));
+  setFixedHeight(34);
   setAttribute(Qt::WA_Hover);
 }
 
@@ -39,10 +39,9 @@ void PlainButton::SetTextSize(int size) {
 
 QSize PlainButton::sizeHint() const {
   const QFontMetrics metrics(theme_.Font(textSize_, Weight::Medium));
-  int width = icon_ == Icon::None ? 0 : theme_.Px(20);
-  if (!text().isEmpty())
-    width += metrics.size(Qt::TextShowMnemonic, text()).width() + (width > 0 ? theme_.Px(8) : 0);
-  return {width + theme_.Px(look_ == ButtonLook::Flat ? 16 : 24), theme_.Px(34)};
+  int width = icon_ == Icon::None ? 0 : 20;
+  if (!text().isEmpty()) width += metrics.size(Qt::TextShowMnemonic, text()).width() + (width > 0 ? 8 : 0);
+  return {width + (look_ == ButtonLook::Flat ? 16 : 24), 34};
 }
 
 void PlainButton::paintEvent(QPaintEvent*) {
@@ -65,19 +64,16 @@ void PlainButton::paintEvent(QPaintEvent*) {
     if (edged || hover || isDown())
       painter.setBrush(isDown() || hover ? t[Token::Selected]
                                          : (t.dark() ? t[Token::TableHead] : t[Token::Panel]));
-    painter.drawRoundedRect(edged ? box : Inset(rect(), 1), t.Px(4), t.Px(4));
+    painter.drawRoundedRect(edged ? box : Inset(rect(), 1), 4, 4);
     if (segment && isEnabled()) ink = t[Token::Second];
   }
-  if (hasFocus()) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(t[filled_ ? Token::OnAccent : Token::Focus], 2));
-    painter.drawRoundedRect(Inset(rect(), filled_ ? 3 : 1), t.Px(4), t.Px(4));
-  }
+  if (hasFocus())
+    PaintFocus(painter, t[filled_ ? Token::OnAccent : Token::Focus], Inset(rect(), filled_ ? 3 : 1));
   painter.setFont(t.Font(textSize_, Weight::Medium));
-  const double icon = icon_ == Icon::None ? 0 : t.Px(20);
+  const double icon = icon_ == Icon::None ? 0 : 20;
   const double words =
       text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-  const double gap = icon > 0 && words > 0 ? t.Px(8) : 0;
+  const double gap = icon > 0 && words > 0 ? 8 : 0;
   double x = (width() - icon - gap - words) / 2;
   PaintIcon(painter, icon_, {x, (height() - icon) / 2, icon, icon}, ink);
   x += icon + gap;

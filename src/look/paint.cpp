@@ -11,6 +11,13 @@ void PaintPanel(QPainter& painter, const Theme& theme, const QRectF& box) {
   painter.drawRoundedRect(Inset(box, 0.5), 6, 6);
 }
 
+void PaintFocus(QPainter& painter, const QColor& ink, const QRectF& ring, double radius) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(ink, 2));
+  painter.drawRoundedRect(ring, radius, radius);
+}
+
 void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, bool checked, bool enabled,
                    bool focused) {
   painter.save();
@@ -18,13 +25,9 @@ void PaintCheckBox(QPainter& painter, const Theme& theme, const QRectF& box, boo
   if (!enabled) painter.setOpacity(0.5);
   painter.setPen(QPen(checked ? theme[Token::Accent] : theme[Token::FieldEdge], 1));
   painter.setBrush(checked ? theme[Token::Accent] : theme[Token::Input]);
-  painter.drawRoundedRect(Inset(box, 0.5), theme.Px(4), theme.Px(4));
+  painter.drawRoundedRect(Inset(box, 0.5), 4, 4);
   if (checked) PaintIcon(painter, Icon::Check, Inset(box, 2), theme[Token::OnAccent]);
-  if (focused) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(theme[Token::Focus], 2));
-    painter.drawRoundedRect(Inset(box, -2), theme.Px(5), theme.Px(5));
-  }
+  if (focused) PaintFocus(painter, theme[Token::Focus], Inset(box, -2), 5);
   painter.restore();
 }
 

@@ -1,5 +1,6 @@
 #include "look/style.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
@@ -7,6 +8,25 @@
 #include "look/paint.h"
 
 namespace torvane {
+
+namespace {
+
+QIcon ProgramIcon() {
+  QPixmap mark(256, 256);
+  mark.fill(Qt::transparent);
+  QPainter painter(&mark);
+  PaintProgramMark(painter, mark.rect());
+  return mark;
+}
+
+}  // namespace
+
+void Dress(const Theme& theme) {
+  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setStyle(new Style(theme));
+  QApplication::setPalette(theme.Palette());
+  QApplication::setFont(theme.Font(13));
+}
 
 Style::Style(const Theme& theme) : QProxyStyle(QStringLiteral("Fusion")), theme_(theme) {}
 

@@ -7,6 +7,9 @@
 
 namespace torvane {
 
+// Gives the whole program its style, palette, font and icon.
+void Dress(const Theme& theme);
+
 class Style : public QProxyStyle {
  public:
   explicit Style(const Theme& theme);

@@ -1,6 +1,6 @@
 #include "look/theme.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QStringList>
 
 namespace torvane {
@@ -52,6 +52,11 @@ constexpr Colours kColours[] = {
 
 }  // namespace
 
+bool DesktopIsDark() {
+  QApplication::setPalette(QPalette());
+  return QApplication::palette().color(QPalette::Window).lightness() < 128;
+}
+
 QColor Theme::operator[](Token token) const {
   const Colours& colours = kColours[static_cast<std::size_t>(token)];
   return QColor::fromRgb(dark_ ? colours.dark : colours.light);
@@ -63,7 +68,7 @@ const QFont& Theme::Font(int size, Weight weight) const {
   if (!isNew) return font;
   font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"),
                     QStringLiteral("DejaVu Sans")});
-  font.setPixelSize(Px(size));
+  font.setPixelSize(size);
   font.setWeight(weight == Weight::Medium ? QFont::Medium : QFont::Normal);
   return font;
 }

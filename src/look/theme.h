@@ -1,4 +1,5 @@
-// Colours by name, fonts and sizes: the one place that knows what the window looks like.
+// Colours by name, fonts and sizes: the one place that knows what the window looks like. Sizes are logical
+// pixels, which the toolkit scales as the desktop says.
 #pragma once
 
 #include <QColor>
@@ -51,6 +52,9 @@ enum class Token : std::uint8_t {
 
 enum class Weight : std::uint8_t { Regular, Medium };
 
+// Whether the desktop's own palette is dark. Drops the one that the program has set: set it again behind it.
+bool DesktopIsDark();
+
 class Theme {
  public:
   explicit Theme(bool dark) : dark_(dark) {}
@@ -62,14 +66,12 @@ class Theme {
   void TurnBlink() { blinkWhite_ = !blinkWhite_; }
 
   QColor operator[](Token token) const;
-  // A size of the drawings, in logical pixels.
-  static constexpr int Px(int size) { return size; }
   const QFont& Font(int size, Weight weight = Weight::Regular) const;
   // The schedule, the totals and the checklist can be read from the machine, two metres away.
   bool large() const { return large_; }
   void SetLarge(bool large) { large_ = large; }
   // A size of what grows with the large figures: cells of 14 become 24.
-  int Figure(int size) const { return large_ ? (size * 12 + 3) / 7 : Px(size); }
+  int Figure(int size) const { return large_ ? (size * 12 + 3) / 7 : size; }
   const QFont& FigureFont(int size, Weight weight = Weight::Regular) const {
     return Font(Figure(size), weight);
   }

@@ -1,7 +1,6 @@
 #include "window/appearance.h"
 
-#include <QApplication>
-#include <QPalette>
+#include "look/theme.h"
 
 namespace torvane {
 
@@ -24,9 +23,7 @@ void StoreAppearance(SettingsStore& store, Appearance appearance) {
 }
 
 bool IsDark(Appearance appearance) {
-  if (appearance != Appearance::System) return appearance == Appearance::Dark;
-  QApplication::setPalette(QPalette());
-  return QApplication::palette().color(QPalette::Window).lightness() < 128;
+  return appearance == Appearance::System ? DesktopIsDark() : appearance == Appearance::Dark;
 }
 
 }  // namespace torvane

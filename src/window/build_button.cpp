@@ -1,8 +1,8 @@
 #include "window/build_button.h"
-#include "look/paint.h"
 
 #include "design/text.h"
 #include "look/icons.h"
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/layer_columns.h"
 #include "window/marks_panel.h"
@@ -64,11 +64,7 @@ void BuildButton::paintEvent(QPaintEvent*) {
     p.setBrush(t[Token::Panel]);
     p.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
   }
-  if (hasFocus()) {
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(ready ? t[Token::OnAccent] : t[Token::Focus], 2));
-    p.drawRoundedRect(Inset(rect(), 3), 4, 4);
-  }
+  if (hasFocus()) PaintFocus(p, t[ready ? Token::OnAccent : Token::Focus], Inset(rect(), 3));
   p.setPen(ink);
   if (height() < 50 || height() > 100) {
     // In the bar of a small window, or to be seen from the machine: icon and word in the middle.

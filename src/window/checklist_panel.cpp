@@ -1,9 +1,9 @@
 #include "window/checklist_panel.h"
-#include "look/paint.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/layer_columns.h"

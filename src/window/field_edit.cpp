@@ -3,6 +3,7 @@
 #include <QToolTip>
 
 #include "design/catalogue.h"
+#include "handoff/executor.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/help.h"
@@ -14,16 +15,16 @@ FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
     : QLineEdit(parent), desk_(desk), field_(field), place_(place) {
   setObjectName(QString::fromStdString(NameOf(field)));
   Explain(*this, field);
-  moves_ = MovesMachine(field);
+  moves_ = DrivesMachine(field);
   setAttribute(Qt::WA_Hover, moves_);
   setFrame(false);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setFont(place == Place::Grid ? desk.theme.FigureFont(14, Weight::Medium)
                                : desk.theme.Font(14, Weight::Medium));
   setContextMenuPolicy(Qt::NoContextMenu);
-  const int side = desk.theme.Px(place == Place::Panel ? 6 : 8);
+  const int side = (place == Place::Panel ? 6 : 8);
   setTextMargins(side, 0, side, 0);
-  if (place == Place::Panel) setFixedHeight(desk.theme.Px(30));
+  if (place == Place::Panel) setFixedHeight(30);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (desk_.binder.Type(field_, text)) return;
     QToolTip::showText(mapToGlobal(rect().bottomLeft()),
@@ -62,7 +63,7 @@ void FieldEdit::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintInput(painter, desk_.theme, rect(), Look());
     if (moves_ && underMouse() && field_.mark() == Mark::Plain) {
-      const double size = desk_.theme.Px(12);
+      const double size = 12;
       PaintIcon(painter, Icon::Home, {3, (height() - size) / 2, size, size}, desk_.theme[Token::Accent]);
     }
   }

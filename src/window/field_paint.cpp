@@ -1,6 +1,7 @@
 #include "window/field_paint.h"
 
 #include "look/paint.h"
+#include "look/text.h"
 
 namespace torvane {
 
@@ -33,7 +34,7 @@ QColor InputTextColour(const Theme& theme, const InputLook& look) { return Colou
 void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look) {
   const Colours colours = ColoursOf(theme, look);
   const bool marked = look.mark != Mark::Plain;
-  const double radius = look.cell ? 0 : theme.Px(4);
+  const double radius = look.cell ? 0 : 4;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   if (!look.cell || marked || look.focused) {
@@ -48,15 +49,17 @@ void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const 
     }
   }
   if (marked) {
-    const bool narrow = box.width() < theme.Px(60) && box.width() > theme.Px(30);
-    const double size = theme.Px(narrow ? 12 : 16);
+    const bool narrow = box.width() < 60 && box.width() > 30;
+    const double size = (narrow ? 12 : 16);
     const QColor ink =
         look.mark == Mark::TooHigh && theme.blinkWhite() ? theme[Token::TooHigh] : colours.text;
     PaintIcon(painter, GlyphOf(look.mark),
-              {box.left() + theme.Px(narrow ? 3 : 5), box.center().y() - size / 2, size, size}, ink);
+              {box.left() + (narrow ? 3 : 5), box.center().y() - size / 2, size, size}, ink);
   }
   painter.restore();
 }
+
+QString FigureOf(const Field& field) { return field.empty() ? QString(QChar(0x2013)) : Shown(field.text()); }
 
 Icon GlyphOf(Mark mark) {
   switch (mark) {

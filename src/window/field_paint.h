@@ -20,6 +20,9 @@ struct InputLook {
 QColor InputTextColour(const Theme& theme, const InputLook& look);
 void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look);
 
+// The text of a calculated figure; a dash where there is none.
+QString FigureOf(const Field& field);
+
 // What a marked field shows inside at its left.
 Icon GlyphOf(Mark mark);
 

@@ -1,10 +1,10 @@
 #include "window/field_widgets.h"
-#include "look/paint.h"
 
 #include <QKeyEvent>
 
 #include "design/catalogue.h"
 #include "look/icons.h"
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/choice_popup.h"
 #include "window/help.h"
@@ -17,7 +17,7 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
   Explain(*this, field);
   setToolTip(HelpOf(field).sentence);
   setFocusPolicy(Qt::StrongFocus);
-  setFixedHeight(desk.theme.Px(30));
+  setFixedHeight(30);
   connect(this, &QAbstractButton::pressed, this, [this] { Open(); });
   desk.binder.Bind(field, this, [this] {
     setEnabled(field_.enabled());
@@ -27,7 +27,7 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
   });
 }
 
-QSize FieldList::sizeHint() const { return {desk_.theme.Px(54), desk_.theme.Px(30)}; }
+QSize FieldList::sizeHint() const { return {54, 30}; }
 
 void FieldList::Open() {
   setDown(false);
@@ -40,14 +40,14 @@ void FieldList::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   PaintInput(painter, t, rect(), look);
   const QColor ink = InputTextColour(t, look);
-  const int left = look.mark == Mark::Plain ? t.Px(8) : t.Px(26);
-  const QRect text = rect().adjusted(left, 0, -t.Px(20), 0);
+  const int left = look.mark == Mark::Plain ? 8 : 26;
+  const QRect text = rect().adjusted(left, 0, -20, 0);
   painter.setFont(t.Font(14, Weight::Medium));
   painter.setPen(ink);
   painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                    painter.fontMetrics().elidedText(Shown(field_.text()), Qt::ElideRight, text.width()));
-  const double size = t.Px(16);
-  PaintIcon(painter, Icon::Chevron, {width() - size - t.Px(4), (height() - size) / 2, size, size}, ink);
+  const double size = 16;
+  PaintIcon(painter, Icon::Chevron, {width() - size - 4, (height() - size) / 2, size, size}, ink);
 }
 
 void FieldList::keyPressEvent(QKeyEvent* event) {
@@ -133,8 +133,7 @@ ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
 
 QSize ReadOut::sizeHint() const {
   const QFontMetrics metrics(desk_.theme.Font(size_, Weight::Medium));
-  return {std::max(desk_.theme.Px(30), metrics.horizontalAdvance(Shown(field_.text())) + 2),
-          metrics.height()};
+  return {std::max(30, metrics.horizontalAdvance(Shown(field_.text())) + 2), metrics.height()};
 }
 
 void ReadOut::paintEvent(QPaintEvent*) {
@@ -145,7 +144,7 @@ void ReadOut::paintEvent(QPaintEvent*) {
   const bool empty = field_.empty();
   painter.setPen(empty ? t[Token::Off] : t[Token::Figures]);
   painter.drawText(rect().adjusted(0, 0, filled_ ? -8 : 0, 0), Qt::AlignRight | Qt::AlignVCenter,
-                   empty ? QString(QChar(0x2013)) : Shown(field_.text()));
+                   FigureOf(field_));
 }
 
 Word::Word(Desk desk, QString text, int size, Token token, Weight weight, QWidget* parent)

@@ -50,7 +50,7 @@ void FoldedBar::paintEvent(QPaintEvent*) {
   const int end = checklist_->x() - 12;
   int x = 14;
   for (const Total& total : TotalsOf(s, s.gShow4Axis)) {
-    const QString figure = total.figure->empty() ? QString(QChar(0x2013)) : Shown(total.figure->text());
+    const QString figure = FigureOf(*total.figure);
     const QFontMetrics caption(t.Font(12)), figures(t.Font(20, Weight::Medium));
     const int tall = figures.horizontalAdvance(figure);
     const int wide =

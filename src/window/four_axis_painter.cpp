@@ -9,8 +9,6 @@ namespace torvane {
 
 namespace {
 
-// Without figures an example is drawn, so that the place of everything is plain.
-constexpr double kExampleFar = 28, kExampleHome = 4, kExampleDiameter = 4;
 constexpr double kRing = 7.5;
 
 }  // namespace
@@ -147,7 +145,7 @@ void FourAxisPainter::PaintBand(QPainter& p) const {
   const double from = left_ + leftCap_, to = right_ - rightCap_;
   p.save();
   p.setClipPath(Outline());
-  if (*scene_.angle >= 89.5) {
+  if (*scene_.angle >= kDrawnAsHoop) {
     sketch_.PaintHoops(p, from, to, width, radiusAt);
     p.restore();
     return;
@@ -241,18 +239,11 @@ void FourAxisPainter::PaintLegend(QPainter& p) const {
   // Beside the length, where the places in Z leave room.
   if (f_.area.width() < 800) return;
   const double x = f_.area.center().x() - 106, y = f_.area.bottom() - 36;
-  p.setFont(t_.Font(12));
-  const auto key = [&](Token token, const QString& word, double top) {
-    p.setPen(QPen(t_[token], 4, Qt::SolidLine, Qt::FlatCap));
-    p.drawLine(QPointF(x, top + 8), QPointF(x + 20, top + 8));
-    p.setPen(t_[Token::Second]);
-    p.drawText(QPointF(x + 26, top + 12), word);
-  };
-  if (*scene_.angle >= 89.5) {
-    key(Token::BandOut, QStringLiteral("hoop"), y + 7);
+  if (*scene_.angle >= kDrawnAsHoop) {
+    sketch_.PaintKey(p, {x, y + 19}, Token::BandOut, QStringLiteral("hoop"));
   } else {
-    key(Token::BandOut, QStringLiteral("out"), y - 1);
-    key(Token::BandBack, QStringLiteral("back"), y + 16);
+    sketch_.PaintKey(p, {x, y + 11}, Token::BandOut, QStringLiteral("out"));
+    sketch_.PaintKey(p, {x, y + 28}, Token::BandBack, QStringLiteral("back"));
   }
   p.drawText(QRectF(x + 170, y - 3, 60, 18), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("band"));
   p.drawText(QRectF(x + 170, y + 13, 60, 18), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("to scale"));

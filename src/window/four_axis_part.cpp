@@ -100,8 +100,8 @@ FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(
                 {"Inner left Z", "Inner left Z", s.txtZ4(1)}, {"Inner right Z", "Inner right Z", s.txtZ4(2)},
                 {"Right Z", "Right Z", s.txtZ4(3)},           {"Skirt", "Right skirt", s.txtSkirtRight}};
   for (const auto& place : places)
-    z_.push_back(
-        AddField(QString::fromLatin1(place.caption), QString::fromLatin1(place.name), place.field, places_));
+    z_.push_back(MakePlacedInput(desk_, place.field, QString::fromLatin1(place.caption),
+                                 QString::fromLatin1(place.name), places_));
   stops_ = {left_.diameter.field,  left_.opening.field,  z_[0].field, z_[1].field, z_[2].field,
             right_.diameter.field, right_.opening.field, z_[3].field, z_[4].field, z_[5].field};
   AddLength();
@@ -131,10 +131,12 @@ FourAxisPart::End FourAxisPart::AddEnd(bool left) {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
   const QString side = left ? QStringLiteral("Left ") : QStringLiteral("Right ");
-  const Placed diameter = AddField(side + QStringLiteral("diameter"), side + QStringLiteral("diameter"),
-                                   s.txtDia(left ? 0 : 1), owner);
-  const Placed opening = AddField(QStringLiteral("Polar opening"), side + QStringLiteral("polar opening"),
-                                  s.txtPODia(left ? 0 : 1), owner);
+  const QString diameterName = side + QStringLiteral("diameter");
+  const PlacedField diameter =
+      MakePlacedInput(desk_, s.txtDia(left ? 0 : 1), diameterName, diameterName, owner);
+  const PlacedField opening =
+      MakePlacedInput(desk_, s.txtPODia(left ? 0 : 1), QStringLiteral("Polar opening"),
+                      side + QStringLiteral("polar opening"), owner);
   return {owner, diameter, opening};
 }
 
@@ -146,9 +148,8 @@ void FourAxisPart::AddOffset(int i) {
   const QString name = QString::fromLatin1(kOffsets[i]);
   stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) + name);
   auto* caption = new Word(desk_, name, 12, Token::Second, Weight::Regular, head_);
-  // What a part type does not use is absent with its words.
-  for (QWidget* shown : {static_cast<QWidget*>(stepper), static_cast<QWidget*>(caption)})
-    desk_.binder.Bind(field, shown, [shown, &field] { ShowAs(*shown, field.shown()); });
+  FollowShown(desk_, field, stepper);
+  FollowShown(desk_, field, caption);
   offsets_.push_back(stepper);
   offsetCaptions_.push_back(caption);
   headStops_.push_back(stepper->edit());
@@ -174,31 +175,12 @@ void FourAxisPart::AddPages() {
   }
 }
 
-FourAxisPart::Placed FourAxisPart::AddField(const QString& caption, const QString& name, Field& field,
-                                            QWidget* owner) {
-  auto* edit = new FieldEdit(desk_, field, Place::Panel, owner);
-  edit->setAccessibleName(name);
-  return Surround(edit, field, caption, owner);
-}
-
 void FourAxisPart::AddLength() {
   lengthOwner_ = new QWidget(places_);
   const Field& field = desk_.station.s.lblLengthTotal;
   auto* length = new ReadOut(desk_, field, 14, lengthOwner_);
   length->SetFilled();
-  length_ = Surround(length, field, QStringLiteral("Length"), lengthOwner_);
-}
-
-FourAxisPart::Placed FourAxisPart::Surround(QWidget* shown, const Field& field, const QString& caption,
-                                            QWidget* owner) {
-  auto* word = new Word(desk_, caption, 12, Token::Second, Weight::Regular, owner);
-  auto* unit = new Word(desk_, {}, 12, Token::Second, Weight::Regular, owner);
-  const Field& units = desk_.station.s.gUnits;
-  desk_.binder.Bind(units, unit, [unit, &units] { unit->SetText(Shown(units.text())); });
-  // What a part type does not use is absent with its words.
-  for (QWidget* beside : {word, unit})
-    desk_.binder.Bind(field, beside, [beside, &field] { ShowAs(*beside, field.shown()); });
-  return {word, shown, unit};
+  length_ = Surround(desk_, length, field, QStringLiteral("Length"), lengthOwner_);
 }
 
 QRect FourAxisPart::DrawingArea() const {
@@ -213,12 +195,6 @@ QRect FourAxisPart::DrawingArea() const {
   return rect();
 }
 
-void FourAxisPart::PlaceField(const Placed& placed, int x, int y, int width) {
-  placed.caption->setGeometry(x, y - 18, kFieldWithUnit, 16);
-  placed.field->setGeometry(x, y, width, 30);
-  placed.unit->setGeometry(x + width + 4, y + 7, 24, 16);
-}
-
 void FourAxisPart::PlaceOpen() {
   const QRect area = DrawingArea();
   const int axis = static_cast<int>(FourAxisFrame(arrangement_, area).axisY);
@@ -226,18 +202,18 @@ void FourAxisPart::PlaceOpen() {
   for (const bool left : {true, false}) {
     const End& end = left ? left_ : right_;
     end.owner->setGeometry(left ? area.left() + 12 : area.right() - 103, axis - 40, 102, 100);
-    PlaceField(end.diameter, 2, 19, kField);
-    PlaceField(end.opening, 2, 69, kField);
+    end.diameter.MoveTo(2, 19, kField);
+    end.opening.MoveTo(2, 69, kField);
   }
   places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
   // The length stands in the middle between three places at either side.
   const int pitch = std::clamp(places_->width() / 7, 88, 104);
   for (int i = 0; i < 6; ++i)
-    PlaceField(z_[static_cast<std::size_t>(i)], i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch,
-               19, std::min(kField, pitch - 26));
+    z_[static_cast<std::size_t>(i)].MoveTo(i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch, 19,
+                                           std::min(kField, pitch - 26));
   lengthOwner_->setGeometry(std::max(2 + 3 * pitch, area.center().x() - 46 - places_->x()), 0,
                             kFieldWithUnit + 6, 54);
-  PlaceField(length_, 0, 19, std::min(kField, pitch - 26));
+  length_.MoveTo(0, 19, std::min(kField, pitch - 26));
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
   const int stepper = std::clamp(static_cast<int>(share) - 2, 60, kStepper);
@@ -255,8 +231,8 @@ void FourAxisPart::PlaceFolded() {
     const End& end = left ? left_ : right_;
     end.owner->setGeometry(left ? kNarrowTypes + 8 : width() - 200, 0, 196, kStrip - 24);
     // Side by side, the diameter outside.
-    PlaceField(end.diameter, left ? 0 : 98, 22, kField);
-    PlaceField(end.opening, left ? 98 : 0, 22, kField);
+    end.diameter.MoveTo(left ? 0 : 98, 22, kField);
+    end.opening.MoveTo(left ? 98 : 0, 22, kField);
   }
   const int below = height() - kStrip;
   pages_->setGeometry(0, kStrip, kPages, below);
@@ -265,7 +241,7 @@ void FourAxisPart::PlaceFolded() {
   head_->setGeometry(page);
   const int pitch = std::min(page.width() / 6, 150);
   for (std::size_t i = 0; i < z_.size(); ++i)
-    PlaceField(z_[i], 4 + static_cast<int>(i) * pitch, below - 36, kField);
+    z_[i].MoveTo(4 + static_cast<int>(i) * pitch, below - 36, kField);
   const int step = std::min(page.width() / 7, 130);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(i) * step;

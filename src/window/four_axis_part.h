@@ -6,11 +6,11 @@
 #include "window/arrangement.h"
 #include "window/binder.h"
 #include "window/four_axis_scene.h"
+#include "window/placed_field.h"
 
 namespace torvane {
 
 class Button;
-class Word;
 
 class FourAxisPart : public QWidget {
  public:
@@ -28,24 +28,17 @@ class FourAxisPart : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  struct Placed {
-    QWidget *caption, *field, *unit;
-  };
   // Two fields at each end, and six places in Z below, left to right.
   struct End {
     QWidget* owner;
-    Placed diameter, opening;
+    PlacedField diameter, opening;
   };
 
   void AddTypes();
   void AddOffset(int i);
   void AddPages();
-  Placed AddField(const QString& caption, const QString& name, Field& field, QWidget* owner);
-  // What stands beside a field, and comes and goes with it.
-  Placed Surround(QWidget* shown, const Field& field, const QString& caption, QWidget* owner);
   void AddLength();
   End AddEnd(bool left);
-  static void PlaceField(const Placed& placed, int x, int y, int width);
   void PlaceOpen();
   void PlaceFolded();
   void Place();
@@ -58,9 +51,9 @@ class FourAxisPart : public QWidget {
   QWidget* types_ = nullptr;
   End left_{}, right_{};
   QWidget* places_ = nullptr;
-  std::vector<Placed> z_;
+  std::vector<PlacedField> z_;
   QWidget* lengthOwner_ = nullptr;
-  Placed length_{};  // between the ends, which it follows from
+  PlacedField length_{};  // between the ends, which it follows from
   QWidget* head_ = nullptr;
   std::vector<QWidget*> offsets_, offsetCaptions_;
   QWidget* pages_ = nullptr;

@@ -4,16 +4,11 @@
 #include "design/text.h"
 #include "look/text.h"
 #include "window/layer_columns.h"
+#include "window/part_sketch.h"
 
 namespace torvane {
 
 namespace {
-
-FourAxisScene::Value Positive(const Field& field) {
-  const Number value = number(field);
-  if (!field.shown() || !holds(value > 0)) return std::nullopt;
-  return value.value();
-}
 
 // A row's angle stands alone in its cell, or in front of its pattern.
 void TakeRow(FourAxisScene& scene, const DesignState& s, int row) {
@@ -39,13 +34,13 @@ FourAxisScene SceneOfFourAxes(const Station& station) {
   if (s.optType(1).checked()) scene.ends = PartEnds::Hemispherical;
   if (s.optType(2).checked()) scene.ends = PartEnds::NoWrap;
   scene.homeRight = !s.gIsLHDrive;
-  for (int i = 0; i < 4; ++i) scene.z[static_cast<std::size_t>(i)] = Positive(s.txtZ4(i));
+  for (int i = 0; i < 4; ++i) scene.z[static_cast<std::size_t>(i)] = DrawnValue(s.txtZ4(i));
   for (int i = 0; i < 2; ++i) {
-    scene.diameter[static_cast<std::size_t>(i)] = Positive(s.txtDia(i));
-    scene.opening[static_cast<std::size_t>(i)] = Positive(s.txtPODia(i));
+    scene.diameter[static_cast<std::size_t>(i)] = DrawnValue(s.txtDia(i));
+    scene.opening[static_cast<std::size_t>(i)] = DrawnValue(s.txtPODia(i));
   }
-  for (int i = 0; i < 7; ++i) scene.offset[static_cast<std::size_t>(i)] = Positive(s.txtAdjust(i));
-  scene.band = Positive(s.InInches() ? s.txtBandWidth(1) : s.txtBandWidthMM(1));
+  for (int i = 0; i < 7; ++i) scene.offset[static_cast<std::size_t>(i)] = DrawnValue(s.txtAdjust(i));
+  scene.band = DrawnValue(s.InInches() ? s.txtBandWidth(1) : s.txtBandWidthMM(1));
   if (!s.lblLengthTotal.empty())
     scene.length = Shown(s.lblLengthTotal.text()) + QStringLiteral(" ") + Shown(s.gUnits.text());
   scene.leftText = Shown(s.txtZ4(0).text());

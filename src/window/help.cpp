@@ -97,11 +97,6 @@ Help HelpOf(const Field& field) {
   return {QString::fromStdString(NameOf(field)), {}};
 }
 
-bool MovesMachine(const Field& field) {
-  const std::string_view name = field.row().name;
-  return name == "txtZ2" || name == "txtZ4" || name == "txtAdjust";
-}
-
 void Explain(QWidget& widget, const Field& field) {
   const Help help = HelpOf(field);
   widget.setAccessibleName(help.name);

@@ -15,9 +15,6 @@ struct Help {
 
 Help HelpOf(const Field& field);
 
-// A double click in such a field drives the machine.
-bool MovesMachine(const Field& field);
-
 // Gives a field's widget its accessible name, and its what's-this with all that is known of the field.
 void Explain(QWidget& widget, const Field& field);
 

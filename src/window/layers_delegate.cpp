@@ -1,5 +1,4 @@
 #include "window/layers_delegate.h"
-#include "look/paint.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -8,6 +7,7 @@
 #include <numbers>
 
 #include "look/icons.h"
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
 
@@ -81,8 +81,7 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
   const int glyph = look.mark == Mark::Plain ? 0 : t.Figure(18);
   const QRect text = box.adjusted(t.Figure(leftSide ? 9 : 4) + (leftSide ? glyph : 0), 0,
                                   list ? -t.Figure(20) : -t.Figure(10), -1);
-  const QString shown =
-      IsCalculated(column.kind) && field.empty() ? QString(QChar(0x2013)) : Shown(field.text());
+  const QString shown = IsCalculated(column.kind) ? FigureOf(field) : Shown(field.text());
   const int side = leftSide ? Qt::AlignLeft : Qt::AlignRight;
   p.drawText(text, side | static_cast<int>(Qt::AlignVCenter),
              p.fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));

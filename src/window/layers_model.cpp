@@ -3,6 +3,7 @@
 #include "look/text.h"
 #include "window/field_paint.h"
 #include "window/help.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 
@@ -12,7 +13,7 @@ LayersModel::LayersModel(Desk desk, bool fourAxis, QObject* parent)
   for (int column = 0; column < columnCount(); ++column) {
     const auto cells = Column(column).cells;
     if (cells == nullptr) continue;
-    for (int layer = 1; layer <= 15; ++layer)
+    for (int layer = 1; layer <= kMostLayers; ++layer)
       desk.binder.Bind((s.*cells)(layer), this, [this, column, layer] {
         const QModelIndex cell = index(layer - 1, column);
         if (cell.isValid()) emit dataChanged(cell, cell);

@@ -1,9 +1,9 @@
 #include "window/layers_panel.h"
-#include "look/paint.h"
 
 #include <QHeaderView>
 #include <QPainter>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
@@ -159,8 +159,7 @@ void LayersPanel::PaintTotal(QPainter& p, int section, const Field& total) const
   const QRect box(left + 1, height() - kFooter, view_->columnWidth(section) - 10, kFooter - 1);
   p.setFont(t.Font(15, Weight::Medium));
   p.setPen(total.empty() ? t[Token::Off] : t[Token::Figures]);
-  p.drawText(box, Qt::AlignRight | Qt::AlignVCenter,
-             total.empty() ? QString(QChar(0x2013)) : Shown(total.text()));
+  p.drawText(box, Qt::AlignRight | Qt::AlignVCenter, FigureOf(total));
 }
 
 void LayersPanel::PaintFooter(QPainter& p) const {

@@ -9,6 +9,7 @@
 #include "look/text.h"
 #include "window/choice_popup.h"
 #include "window/field_widgets.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 
@@ -132,7 +133,7 @@ void LayersView::Arrange() {
   const int rows = model_->rowCount();
   const int head = !large && width() < kTallBelow ? kTallHead : kHead;
   horizontalHeader()->setFixedHeight(head);
-  const int adding = arrangement_ == Arrangement::Open && rows < 15 ? kLeastRow + 8 : 2;
+  const int adding = arrangement_ == Arrangement::Open && rows < kMostLayers ? kLeastRow + 8 : 2;
   const int room = height() - head - adding;
   const int least = large ? kLeastLargeRow : kLeastRow, highest = large ? kLargeRow : kMostRow;
   verticalHeader()->setMinimumSectionSize(kLeastRow);

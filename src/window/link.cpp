@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "look/paint.h"
+
 namespace torvane {
 
 Link::Link(Desk desk, Icon icon, const QString& words, const char* control, QWidget* parent)
@@ -28,10 +30,7 @@ void Link::paintEvent(QPaintEvent*) {
   p.setPen(t[Token::Accent]);
   p.drawText(rect().adjusted(WordsFrom(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
   if (icon_ != Icon::None) PaintIcon(p, icon_, {4, (height() - 16) / 2.0, 16, 16}, t[Token::Accent]);
-  if (!hasFocus()) return;
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(QPen(t[Token::Focus], 2));
-  p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+  if (hasFocus()) PaintFocus(p, t[Token::Focus], Inset(rect(), 1));
 }
 
 }  // namespace torvane

@@ -15,8 +15,6 @@ namespace torvane {
 
 namespace {
 
-constexpr int kFoot = 65;
-
 class MachineWindow : public StationDialog {
  public:
   MachineWindow(Desk desk, Window& window, QWidget* parent)
@@ -30,7 +28,9 @@ class MachineWindow : public StationDialog {
     scroll->setWidgetResizable(true);
     scroll->setWidget(MakePage());
     rows->addWidget(scroll, 1);
-    rows->addWidget(MakeFoot());
+    auto* foot = new QWidget(this);
+    FillFoot(foot);
+    rows->addWidget(foot);
   }
 
  protected:
@@ -77,7 +77,7 @@ class MachineWindow : public StationDialog {
     desk_.binder.Bind(Of("lblSilenced"), silenced,
                       [this, silenced] { silenced->SetText(Shown(Of("lblSilenced").text())); });
     grid.addWidget(silenced, row, 0);
-    auto* show = MakeButton(ButtonLook::Outline, "btnShowMessages", 220, this);
+    auto* show = MakeButton(ButtonLook::Outline, Icon::None, "btnShowMessages", 220, this);
     desk_.binder.Bind(Of("btnShowMessages"), show,
                       [this, show] { show->setEnabled(Of("btnShowMessages").enabled()); });
     grid.addWidget(show, row, 1, Qt::AlignRight);
@@ -100,26 +100,6 @@ class MachineWindow : public StationDialog {
     edit->setFixedWidth(line.calibration ? 120 : 260);
     if (!line.calibration) edit->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     grid.addWidget(edit, row, 1, Qt::AlignRight);
-  }
-
-  Button* MakeButton(ButtonLook look, const char* control, int width, QWidget* parent) {
-    auto* button = new Button(desk_, look, Icon::None, Shown(Of(control).caption()), parent);
-    button->Runs(control);
-    button->setFixedSize(width, 40);
-    button->SetTextSize(14);
-    return button;
-  }
-
-  QWidget* MakeFoot() {
-    auto* bar = new QWidget(this);
-    bar->setFixedHeight(kFoot);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(16, 12, 16, 12);
-    row->setSpacing(10);
-    row->addStretch(1);
-    row->addWidget(MakeButton(ButtonLook::Outline, "btnCancel", 112, bar));
-    row->addWidget(MakeButton(ButtonLook::Filled, "btnOK", 112, bar));
-    return bar;
   }
 };
 

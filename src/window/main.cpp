@@ -1,16 +1,12 @@
 // Torvane Designer, the design station's window. It takes no arguments. TORVANE_HOME names another station
 // folder than the usual one, and TORVANE_STORE a settings file in the place of the user's store.
 #include <QApplication>
-#include <QIcon>
-#include <QPainter>
-#include <QPixmap>
 #include <cstdio>
 
 #include "host/default_store.h"
 #include "host/ini_store.h"
 #include "host/paths.h"
 #include "host/station_folder.h"
-#include "look/paint.h"
 #include "look/style.h"
 #include "window/appearance.h"
 #include "window/application.h"
@@ -30,14 +26,6 @@ Result<HostFiles> ReadyStationFolder() {
   return HostFiles::At(folder.value());
 }
 
-QIcon ProgramIcon() {
-  QPixmap mark(256, 256);
-  mark.fill(Qt::transparent);
-  QPainter painter(&mark);
-  PaintProgramMark(painter, mark.rect());
-  return mark;
-}
-
 }  // namespace
 
 }  // namespace torvane
@@ -50,15 +38,12 @@ int main(int argc, char** argv) {
   }
   QApplication application(argc, argv);
   QApplication::setDesktopFileName(QStringLiteral("torvane-designer"));
-  QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string storePath = qEnvironmentVariable("TORVANE_STORE").toStdString();
   std::unique_ptr<SettingsStore> store =
       storePath.empty() ? DefaultStore() : std::make_unique<IniStore>(storePath);
   Theme theme(IsDark(StoredAppearance(*store)));
-  QApplication::setStyle(new Style(theme));
-  QApplication::setPalette(theme.Palette());
-  QApplication::setFont(theme.Font(13));
+  Dress(theme);
 
   const Result<HostFiles> files = ReadyStationFolder();
   if (!files) {

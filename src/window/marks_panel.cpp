@@ -1,5 +1,4 @@
 #include "window/marks_panel.h"
-#include "look/paint.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -8,6 +7,7 @@
 
 #include "design/catalogue.h"
 #include "look/icons.h"
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/field_paint.h"
 #include "window/help.h"

@@ -1,7 +1,5 @@
 #include "window/part_drawing.h"
 
-#include "look/text.h"
-#include "window/field_widgets.h"
 #include "window/part_painter.h"
 
 namespace torvane {
@@ -19,7 +17,7 @@ PartDrawing::PartDrawing(Desk desk, QWidget* parent) : QWidget(parent), desk_(de
   setAccessibleName(QStringLiteral("Drawing of the part"));
   left_ = MakeEnd(true);
   right_ = MakeEnd(false);
-  stops_ = {left_.diameter, left_.stop, right_.diameter, right_.stop};
+  stops_ = {left_.diameter.field, left_.stop.field, right_.diameter.field, right_.stop.field};
   desk.binder.BindAll(this, [this] {
     PartScene scene = SceneOfTwoAxes(desk_.station);
     if (scene == scene_) return;
@@ -31,48 +29,31 @@ PartDrawing::PartDrawing(Desk desk, QWidget* parent) : QWidget(parent), desk_(de
 PartDrawing::End PartDrawing::MakeEnd(bool left) {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
-  const auto word = [&](const QString& text, int size, Token token, Weight weight) {
-    return new Word(desk_, text, size, token, weight, owner);
-  };
-  const auto unit = [&] {
-    Word* shown = word({}, 12, Token::Second, Weight::Regular);
-    const Field& units = s.gUnits;
-    desk_.binder.Bind(units, shown, [shown, &units] { shown->SetText(Shown(units.text())); });
-    return shown;
-  };
   const QString name = left ? QStringLiteral("Left") : QStringLiteral("Right");
-  End end{};
-  end.owner = owner;
-  end.title = word(name + QStringLiteral(" end"), 13, Token::Text, Weight::Medium);
-  end.diameterCaption = word(name + QStringLiteral(" diameter"), 12, Token::Second, Weight::Regular);
-  end.diameter = new FieldEdit(desk_, left ? s.txtDiameterLeft : s.txtDiameterRight, Place::Panel, owner);
-  end.diameterUnit = unit();
-  end.stopCaption = word(name + QStringLiteral(" stop (Z)"), 12, Token::Second, Weight::Regular);
-  end.stop = new FieldEdit(desk_, s.txtZ2(left ? 0 : 1), Place::Panel, owner);
-  end.stopUnit = unit();
-  return end;
+  auto* title = new Word(desk_, name + QStringLiteral(" end"), 13, Token::Text, Weight::Medium, owner);
+  const auto input = [&](Field& field, const QString& caption) {
+    return MakePlacedInput(desk_, field, caption, caption, owner);
+  };
+  const PlacedField diameter =
+      input(left ? s.txtDiameterLeft : s.txtDiameterRight, name + QStringLiteral(" diameter"));
+  return {owner, title, diameter, input(s.txtZ2(left ? 0 : 1), name + QStringLiteral(" stop (Z)"))};
 }
 
 void PartDrawing::PlaceEnd(const End& end, bool left) {
   const bool folded = arrangement_ == Arrangement::Folded;
   end.owner->setVisible(arrangement_ != Arrangement::Large);
   end.title->setVisible(!folded);
-  const auto place = [](QWidget* caption, QWidget* field, QWidget* unit, int x, int y) {
-    caption->setGeometry(x, y - 19, 90, 16);
-    field->setGeometry(x, y, kFieldWidth, 30);
-    unit->setGeometry(x + kFieldWidth + 5, y + 7, 22, 16);
-  };
   if (folded) {
     // Side by side, the diameter outside.
     end.owner->setGeometry(left ? kInset : width() - kInset - kPair - 4, 0, kPair + 4, height() - 24);
-    place(end.diameterCaption, end.diameter, end.diameterUnit, left ? 0 : kPair - 96, 23);
-    place(end.stopCaption, end.stop, end.stopUnit, left ? kPair - 96 : 0, 23);
+    end.diameter.MoveTo(left ? 0 : kPair - 96, 23, kFieldWidth);
+    end.stop.MoveTo(left ? kPair - 96 : 0, 23, kFieldWidth);
     return;
   }
   const int axis = static_cast<int>(TwoAxisFrame(arrangement_, size()).axisY);
   end.owner->setGeometry(left ? kInset : width() - kInset - kRightEnd, 0, kRightEnd + 10, height());
-  place(end.diameterCaption, end.diameter, end.diameterUnit, 0, axis - 15);
-  place(end.stopCaption, end.stop, end.stopUnit, 0, height() - 44);
+  end.diameter.MoveTo(0, axis - 15, kFieldWidth);
+  end.stop.MoveTo(0, height() - 44, kFieldWidth);
   end.title->setGeometry(left ? 0 : kRightEnd - 58, 4, 60, 18);
 }
 

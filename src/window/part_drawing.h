@@ -6,10 +6,9 @@
 #include "window/arrangement.h"
 #include "window/binder.h"
 #include "window/part_scene.h"
+#include "window/placed_field.h"
 
 namespace torvane {
-
-class Word;
 
 class PartDrawing : public QWidget {
  public:
@@ -26,7 +25,8 @@ class PartDrawing : public QWidget {
  private:
   // An end's fields stand on a child of the drawing, so that they go and come together.
   struct End {
-    QWidget *owner, *title, *diameterCaption, *diameter, *diameterUnit, *stopCaption, *stop, *stopUnit;
+    QWidget *owner, *title;
+    PlacedField diameter, stop;
   };
 
   End MakeEnd(bool left);

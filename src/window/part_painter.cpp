@@ -7,13 +7,6 @@
 
 namespace torvane {
 
-namespace {
-
-// Without figures an example is drawn, so that the place of everything is plain.
-constexpr double kExampleFar = 28, kExampleHome = 4, kExampleDiameter = 4;
-
-}  // namespace
-
 SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
   // Kept free at both sides for the ends' fields.
   const double sides = arrangement == Arrangement::Open ? 124 : arrangement == Arrangement::Folded ? 210 : 90;
@@ -114,26 +107,19 @@ void PartPainter::PaintLegend(QPainter& p) const {
   const QFontMetrics plain(t_.Font(12));
   const double title = bold.horizontalAdvance(scene_.legend);
   const QString out = QStringLiteral("out"), back = QStringLiteral("back");
-  const double outWidth = plain.horizontalAdvance(out), backWidth = plain.horizontalAdvance(back);
   const bool lines = scene_.angle && *scene_.angle < 90;
-  const double keys = lines ? 20 + 28 + outWidth + 10 + 28 + backWidth : 0;
+  const double keys =
+      lines ? 20 + 26 + plain.horizontalAdvance(out) + 10 + 26 + plain.horizontalAdvance(back) : 0;
   const double tail = plain.horizontalAdvance(scene_.bandText);
   double x = std::max(124.0, (size_.width() - title - keys - 14 - tail) / 2);
   p.setPen(t_[Token::Text]);
   p.drawText(QPointF(x, 15), scene_.legend);
   x += title + 20;
-  p.setFont(t_.Font(12));
-  const auto key = [&](Token token, const QString& word, double wordWidth) {
-    p.setPen(QPen(t_[token], 4, Qt::SolidLine, Qt::FlatCap));
-    p.drawLine(QPointF(x, 11), QPointF(x + 22, 11));
-    p.setPen(t_[Token::Second]);
-    p.drawText(QPointF(x + 28, 15), word);
-    x += 28 + wordWidth + 10;
-  };
   if (lines) {
-    key(Token::BandOut, out, outWidth);
-    key(Token::BandBack, back, backWidth);
+    x = sketch_.PaintKey(p, {x, 15}, Token::BandOut, out);
+    x = sketch_.PaintKey(p, {x, 15}, Token::BandBack, back);
   }
+  p.setFont(t_.Font(12));
   p.setPen(t_[Token::Second]);
   p.drawText(QPointF(x + 4, 15), scene_.bandText);
 }
@@ -151,7 +137,7 @@ void PartPainter::PaintBand(QPainter& p) const {
   clip.lineTo(from, f_.axisY + RadiusAt(from));
   clip.closeSubpath();
   p.setClipPath(clip);
-  if (*scene_.angle >= 89.5) {
+  if (*scene_.angle >= kDrawnAsHoop) {
     sketch_.PaintHoops(p, mandrelLeft_, mandrelRight_, width, radiusAt);
   } else {
     // From home to the far end, and back with the same sense of turning.

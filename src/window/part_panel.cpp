@@ -1,12 +1,13 @@
 #include "window/part_panel.h"
-#include "look/paint.h"
 
 #include <QBoxLayout>
 #include <algorithm>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/four_axis_part.h"
 #include "window/part_drawing.h"
+#include "window/placed_field.h"
 #include "window/stepper.h"
 #include "workbench/layer_count.h"
 
@@ -31,7 +32,7 @@ PartPanel::PartPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), d
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, 1, 1, 1);
   column->setSpacing(0);
-  row_ = MakeRow(panel);
+  row_ = MakeRow();
   column->addWidget(row_);
   const auto add = [&](auto* drawing) {
     column->addWidget(drawing, 1);
@@ -66,7 +67,8 @@ void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
   setVisible(arrangement != Arrangement::Large || column.height() >= 600);
   row_->setVisible(arrangement != Arrangement::Large);
   const bool compact = column.width() < kCompact;
-  for (const Sized& sized : sized_) sized.widget->setFixedWidth(compact ? sized.compact : sized.width);
+  for (const Sized& sized : sized_)
+    sized.widget->setFixedWidth(compact ? sized.widths.compact : sized.widths.open);
   for (QSpacerItem* gap : gaps_) gap->changeSize(compact ? 0 : panel_ == 0 ? 8 : 2, 0);
   row_->layout()->setContentsMargins(12, 4, compact ? 8 : 12, 4);
   row_->layout()->invalidate();
@@ -74,86 +76,85 @@ void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
   if (fourAxes_ != nullptr) fourAxes_->Arrange(arrangement);
 }
 
-QWidget* PartPanel::MakeRow(int panel) {
+QWidget* PartPanel::MakeRow() {
   DesignState& s = desk_.station.s;
-  Binder& binder = desk_.binder;
   auto* row = new QWidget(this);
-  row->setFixedHeight(desk_.theme.Px(kRow));
+  row->setFixedHeight(kRow);
   auto* boxes = new QHBoxLayout(row);
   boxes->setContentsMargins(12, 4, 12, 4);
   boxes->setSpacing(6);
   // Four axes have one more group in the row.
-  const int figure = panel == 0 ? 64 : 60;
-  const int compactFigure = 60;
+  const int figure = panel_ == 0 ? 64 : 60;
   const auto gap = [&] {
-    gaps_.push_back(new QSpacerItem(panel == 0 ? 8 : 2, 0));
+    gaps_.push_back(new QSpacerItem(panel_ == 0 ? 8 : 2, 0));
     boxes->addSpacerItem(gaps_.back());
   };
-  const auto group = [&](const QString& caption, const QString& name = {}) {
-    auto* box = new QVBoxLayout;
-    box->setSpacing(2);
-    auto* word = new Word(desk_, caption, 12, Token::Second);
-    word->setObjectName(name);
-    box->addWidget(word);
-    auto* line = new QHBoxLayout;
-    line->setSpacing(5);
-    box->addLayout(line);
-    boxes->addLayout(box);
-    return line;
-  };
-  const auto edit = [&](QHBoxLayout* line, Field& field, int width, const QString& unit) {
-    auto* made = new FieldEdit(desk_, field);
-    sized_.push_back({made, width, compactFigure + width - figure});
-    stops_.push_back(made);
-    line->addWidget(made);
-    if (!unit.isEmpty()) line->addWidget(new Word(desk_, unit, 12, Token::Second));
-  };
-  const auto designUnit = [&](QHBoxLayout* line) {
-    auto* unit = new Word(desk_, {}, 12, Token::Second);
-    line->addWidget(unit);
-    binder.Bind(s.gUnits, unit, [unit, &s] { unit->SetText(Shown(s.gUnits.text())); });
-  };
-  QHBoxLayout* line = group(QStringLiteral("Total length"));
-  edit(line, s.txtLengthTotal(panel), figure + 8, {});
-  designUnit(line);
+  QHBoxLayout* line = AddGroup(*boxes, QStringLiteral("Total length"));
+  AddInput(*line, s.txtLengthTotal(panel_), {figure + 8, 68}, {});
+  line->addWidget(MakeDesignUnit(desk_, row));
   gap();
-  line = group(QStringLiteral("Band width"));
-  edit(line, s.txtBandWidth(panel), figure, QStringLiteral("in"));
-  edit(line, s.txtBandWidthMM(panel), figure, QStringLiteral("mm"));
+  line = AddGroup(*boxes, QStringLiteral("Band width"));
+  AddInput(*line, s.txtBandWidth(panel_), {figure, 60}, QStringLiteral("in"));
+  AddInput(*line, s.txtBandWidthMM(panel_), {figure, 60}, QStringLiteral("mm"));
   gap();
-  line = group(QStringLiteral("Band thickness"));
-  edit(line, s.txtBandThickness(panel), figure, QStringLiteral("in"));
-  edit(line, s.txtBandThicknessMM(panel), figure, QStringLiteral("mm"));
-  if (panel == 1) {
+  line = AddGroup(*boxes, QStringLiteral("Band thickness"));
+  AddInput(*line, s.txtBandThickness(panel_), {figure, 60}, QStringLiteral("in"));
+  AddInput(*line, s.txtBandThicknessMM(panel_), {figure, 60}, QStringLiteral("mm"));
+  if (panel_ == 1) {
     gap();
-    line = group(QStringLiteral("Winding Rate"));
-    auto* rate = new FieldList(desk_, s.cmbRate);
-    sized_.push_back({rate, 76, 76});
-    stops_.push_back(rate);
-    line->addWidget(rate);
+    line = AddGroup(*boxes, QStringLiteral("Winding Rate"));
+    AddSized(*line, new FieldList(desk_, s.cmbRate), {76, 76});
+    stops_.push_back(sized_.back().widget);
   }
   boxes->addStretch(1);
-
-  line = group(QStringLiteral("Shift part"));
-  auto* steps = new Stepper(desk_, panel == 0 ? s.txtStepSize2Ax : s.txtStepSize4Ax, panel == 0 ? 122 : 102,
-                            PartJog(panel));
-  sized_.push_back({steps, panel == 0 ? 122 : 102, panel == 0 ? 102 : 100});
-  line->addWidget(steps);
-  designUnit(line);
+  line = AddGroup(*boxes, QStringLiteral("Shift part"));
+  const Widths shift = panel_ == 0 ? Widths{122, 102} : Widths{102, 100};
+  AddSized(*line,
+           new Stepper(desk_, panel_ == 0 ? s.txtStepSize2Ax : s.txtStepSize4Ax, shift.open, PartJog(panel_)),
+           shift);
+  line->addWidget(MakeDesignUnit(desk_, row));
   gap();
-  line =
-      group(Shown(s.lblNumberOfLayers(panel).caption()), QStringLiteral("lblNumberOfLayers(%1)").arg(panel));
-  Field& layers = s.txtNumberOfLayers(panel);
-  auto* count = new Stepper(desk_, layers, panel == 0 ? 120 : 98, Icon::Minus, Icon::Plus,
-                            [&binder, &layers](bool more) {
-                              const int rows = RowsOf(layers) + (more ? 1 : -1);
-                              if (rows >= 0 && rows <= kMostLayers)
-                                binder.Type(layers, QString::number(rows));
-                            });
-  sized_.push_back({count, panel == 0 ? 120 : 98, 98});
-  line->addWidget(count);
-  stops_.push_back(count->edit());
+  line = AddGroup(*boxes, Shown(s.lblNumberOfLayers(panel_).caption()),
+                  QStringLiteral("lblNumberOfLayers(%1)").arg(panel_));
+  AddCount(*line);
   return row;
+}
+
+QHBoxLayout* PartPanel::AddGroup(QHBoxLayout& boxes, const QString& caption, const QString& name) {
+  auto* box = new QVBoxLayout;
+  box->setSpacing(2);
+  auto* word = new Word(desk_, caption, 12, Token::Second);
+  word->setObjectName(name);
+  box->addWidget(word);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(5);
+  box->addLayout(line);
+  boxes.addLayout(box);
+  return line;
+}
+
+void PartPanel::AddSized(QHBoxLayout& line, QWidget* widget, Widths widths) {
+  sized_.push_back({widget, widths});
+  line.addWidget(widget);
+}
+
+void PartPanel::AddInput(QHBoxLayout& line, Field& field, Widths widths, const QString& unit) {
+  AddSized(line, new FieldEdit(desk_, field), widths);
+  stops_.push_back(sized_.back().widget);
+  if (!unit.isEmpty()) line.addWidget(new Word(desk_, unit, 12, Token::Second));
+}
+
+void PartPanel::AddCount(QHBoxLayout& line) {
+  Binder& binder = desk_.binder;
+  Field& layers = desk_.station.s.txtNumberOfLayers(panel_);
+  const Widths widths{panel_ == 0 ? 120 : 98, 98};
+  auto* count =
+      new Stepper(desk_, layers, widths.open, Icon::Minus, Icon::Plus, [&binder, &layers](bool more) {
+        const int rows = RowsOf(layers) + (more ? 1 : -1);
+        if (rows >= 0 && rows <= kMostLayers) binder.Type(layers, QString::number(rows));
+      });
+  AddSized(line, count, widths);
+  stops_.push_back(count->edit());
 }
 
 void PartPanel::paintEvent(QPaintEvent*) {

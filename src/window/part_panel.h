@@ -6,6 +6,7 @@
 #include "window/arrangement.h"
 #include "window/binder.h"
 
+class QHBoxLayout;
 class QSpacerItem;
 
 namespace torvane {
@@ -31,12 +32,21 @@ class PartPanel : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // Where there is room, and where the row is compact.
+  struct Widths {
+    int open, compact;
+  };
   struct Sized {
     QWidget* widget;
-    int width, compact;
+    Widths widths;
   };
 
-  QWidget* MakeRow(int panel);
+  QWidget* MakeRow();
+  // A caption over a line, with the caption's object name; the line.
+  QHBoxLayout* AddGroup(QHBoxLayout& boxes, const QString& caption, const QString& name = {});
+  void AddSized(QHBoxLayout& line, QWidget* widget, Widths widths);
+  void AddInput(QHBoxLayout& line, Field& field, Widths widths, const QString& unit);
+  void AddCount(QHBoxLayout& line);
 
   Desk desk_;
   int panel_;

@@ -1,29 +1,20 @@
 #include "window/part_scene.h"
 
 #include "look/text.h"
+#include "window/part_sketch.h"
 
 namespace torvane {
-
-namespace {
-
-std::optional<double> Positive(const Field& field) {
-  const Number value = number(field);
-  if (!holds(value > 0)) return std::nullopt;
-  return value.value();
-}
-
-}  // namespace
 
 PartScene SceneOfTwoAxes(const Station& station) {
   const DesignState& s = station.s;
   PartScene scene;
-  scene.leftStop = Positive(s.txtZ2(0));
-  scene.rightStop = Positive(s.txtZ2(1));
-  scene.length = Positive(s.txtLengthTotal(0));
-  scene.leftDiameter = Positive(s.txtDiameterLeft);
-  scene.rightDiameter = Positive(s.txtDiameterRight);
-  scene.band = Positive(s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0));
-  scene.offset = Positive(s.gCarriageOffsetFromRMPFace);
+  scene.leftStop = DrawnValue(s.txtZ2(0));
+  scene.rightStop = DrawnValue(s.txtZ2(1));
+  scene.length = DrawnValue(s.txtLengthTotal(0));
+  scene.leftDiameter = DrawnValue(s.txtDiameterLeft);
+  scene.rightDiameter = DrawnValue(s.txtDiameterRight);
+  scene.band = DrawnValue(s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0));
+  scene.offset = DrawnValue(s.gCarriageOffsetFromRMPFace);
   scene.homeRight = !s.gIsLHDrive;
   scene.stopTooLow = s.txtZ2(1).mark() == Mark::StopTooLow;
   const QString unit = QStringLiteral(" ") + Shown(s.gUnits.text());

@@ -17,6 +17,12 @@ double Span(double pixels, double units) { return pixels / std::max(units, 1e-9)
 
 }  // namespace
 
+std::optional<double> DrawnValue(const Field& field) {
+  const Number value = number(field);
+  if (!field.shown() || !holds(value > 0)) return std::nullopt;
+  return value.value();
+}
+
 void PartSketch::Scale(double reach, double diameter) {
   scale_ = std::min(Span(f_.postRight - f_.postLeft, reach * kReachInView), Span(f_.mostDiameter, diameter));
 }
@@ -153,6 +159,15 @@ void PartSketch::PaintDimension(QPainter& p, double y, double from, double to, c
   p.drawRoundedRect(box, 3, 3);
   p.setPen(t_[token]);
   p.drawText(box, Qt::AlignCenter, text);
+}
+
+double PartSketch::PaintKey(QPainter& p, const QPointF& at, Token token, const QString& word) const {
+  p.setPen(QPen(t_[token], 4, Qt::SolidLine, Qt::FlatCap));
+  p.drawLine(at - QPointF(0, 4), at + QPointF(20, -4));
+  p.setFont(t_.Font(12));
+  p.setPen(t_[Token::Second]);
+  p.drawText(at + QPointF(26, 0), word);
+  return at.x() + 36 + p.fontMetrics().horizontalAdvance(word);
 }
 
 void PartSketch::PaintBand(QPainter& p, const std::vector<BandPoint>& points, double width, Token token,

@@ -3,12 +3,23 @@
 
 #include <QPainter>
 #include <functional>
+#include <optional>
 #include <vector>
 
+#include "design/field.h"
 #include "look/theme.h"
 #include "window/arrangement.h"
 
 namespace torvane {
+
+// Without figures an example is drawn, so that the place of everything is plain.
+inline constexpr double kExampleFar = 28, kExampleHome = 4, kExampleDiameter = 4;
+
+// From this angle on a band is drawn as hoops, degrees.
+inline constexpr double kDrawnAsHoop = 89.5;
+
+// The value of a field to be drawn; missing where it is empty, hidden, no number or not above 0.
+std::optional<double> DrawnValue(const Field& field);
 
 // Where the parts of a drawing stand, in pixels.
 struct SketchFrame {
@@ -51,6 +62,8 @@ class PartSketch {
   void PaintLargeEnds(QPainter& p, const QString& left, const QString& right) const;
   // A dimension with arrows and its text in the middle.
   void PaintDimension(QPainter& p, double y, double from, double to, const QString& text, Token token) const;
+  // A colour of the legend at a place, and its word; where the next one can begin.
+  double PaintKey(QPainter& p, const QPointF& at, Token token, const QString& word) const;
   // A band of the true width; its far side shows at 15 %.
   void PaintBand(QPainter& p, const std::vector<BandPoint>& points, double width, Token token,
                  bool front) const;

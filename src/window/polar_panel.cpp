@@ -1,8 +1,8 @@
 #include "window/polar_panel.h"
-#include "look/paint.h"
 
 #include <QPainter>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
@@ -66,13 +66,12 @@ void PolarPanel::paintEvent(QPaintEvent*) {
   const std::vector<Total> totals = TotalsOf(s, true);
   const int shares[] = {14, 14 + (width() - 28) * 3 / 10, 14 + (width() - 28) * 63 / 100};
   for (std::size_t i = 0; i < 3; ++i) {
-    const Field& figureOf = *totals[i].figure;
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
     p.drawText(QRect(shares[i], top + 6, 120, 16), Qt::AlignLeft | Qt::AlignVCenter, totals[i].caption);
     p.setFont(t.Font(20, Weight::Medium));
-    p.setPen(t[figureOf.empty() ? Token::Off : Token::Figures]);
-    const QString figure = figureOf.empty() ? QString(QChar(0x2013)) : Shown(figureOf.text());
+    p.setPen(t[totals[i].figure->empty() ? Token::Off : Token::Figures]);
+    const QString figure = FigureOf(*totals[i].figure);
     p.drawText(QRect(shares[i], top + 22, 120, 28), Qt::AlignLeft | Qt::AlignVCenter, figure);
     const int after = shares[i] + p.fontMetrics().horizontalAdvance(figure) + 5;
     p.setFont(t.Font(12));

@@ -64,10 +64,7 @@ void ChoiceSegments::paintEvent(QPaintEvent*) {
     p.setPen(!isEnabled() ? t[Token::Off] : i == chosen ? t[Token::OnAccent] : t[Token::Second]);
     p.drawText(box, Qt::AlignCenter, Shown(choices_[static_cast<std::size_t>(i)]));
   }
-  if (!hasFocus()) return;
-  p.setBrush(Qt::NoBrush);
-  p.setPen(QPen(t[Token::Focus], 2));
-  p.drawRoundedRect(Inset(rect(), 1), 4, 4);
+  if (hasFocus()) PaintFocus(p, t[Token::Focus], Inset(rect(), 1));
 }
 
 void ChoiceSegments::mousePressEvent(QMouseEvent* event) {

@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
@@ -18,7 +19,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int kTabBar = 49, kFoot = 65, kSide = 300;
+constexpr int kTabBar = 49, kSide = 300;
 constexpr int kSentence = 352;  // width
 constexpr const char* kPanels[] = {"picGeneral", "pic2Axis", "pic4Axis", "picSpeeds"};
 constexpr const char* kBelongs = "These values belong to the machine and serve every design.";
@@ -57,10 +58,7 @@ class Tab : public QAbstractButton {
     p.setFont(font);
     p.setPen(t[current ? Token::Text : Token::Second]);
     p.drawText(rect(), Qt::AlignCenter, text());
-    if (!hasFocus()) return;
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(t[Token::Focus], 2));
-    p.drawRoundedRect(rect().adjusted(5, 7, -5, -5), 4, 4);
+    if (hasFocus()) PaintFocus(p, t[Token::Focus], rect().adjusted(5, 7, -5, -5));
   }
 
  private:
@@ -259,31 +257,17 @@ class SettingsWindow : public StationDialog {
   }
 
   QWidget* MakeFoot() {
-    auto* bar = new QWidget(this);
-    bar->setFixedHeight(kFoot);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(16, 12, 16, 12);
-    row->setSpacing(10);
-    const auto add = [&](ButtonLook look, Icon icon, const char* control, int width) {
-      auto* button = new Button(desk_, look, icon, Shown(Of(control).caption()), bar);
-      button->Runs(control);
-      button->setFixedSize(width, 40);
-      button->SetTextSize(14);
-      row->addWidget(button);
-      return button;
-    };
-    home_[0] = add(ButtonLook::Outline, Icon::Home, "Command5", 140);
-    home_[1] = add(ButtonLook::Outline, Icon::Home, "Command6", 140);
+    auto* foot = new QWidget(this);
+    home_ = {MakeButton(ButtonLook::Outline, Icon::Home, "Command5", 140, foot),
+             MakeButton(ButtonLook::Outline, Icon::Home, "Command6", 140, foot)};
     for (Button* home : home_) home->setToolTip(QStringLiteral("The machine drives to its limit switches."));
-    row->addStretch(1);
-    add(ButtonLook::Outline, Icon::None, "btnCancel", 112);
-    add(ButtonLook::Filled, Icon::None, "btnOK", 112);
-    return bar;
+    FillFoot(foot, home_);
+    return foot;
   }
 
   QStackedWidget* pages_ = nullptr;
   Side* side_ = nullptr;
-  Button* home_[2] = {};
+  std::vector<Button*> home_;  // of tab 4-Axis the second, of the others the first
 };
 
 // Where the carriage offset is measured, large enough to look at from the machine.

@@ -1,9 +1,9 @@
 #include "window/start_card.h"
-#include "look/paint.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "persist/settings.h"
 #include "window/button.h"

@@ -1,11 +1,36 @@
 #include "window/station_dialog.h"
 
+#include <QBoxLayout>
+
+#include "look/text.h"
+#include "window/button.h"
+
 namespace torvane {
 
 StationDialog::StationDialog(Desk desk, Window& window, const QString& title, QWidget* parent)
     : QDialog(parent), desk_(desk), window_(window) {
   setObjectName(QString::fromLatin1(window.name().data()));
   setWindowTitle(title);
+}
+
+Button* StationDialog::MakeButton(ButtonLook look, Icon icon, const char* control, int width,
+                                  QWidget* owner) {
+  auto* button = new Button(desk_, look, icon, Shown(Of(control).caption()), owner);
+  button->Runs(control);
+  button->setFixedSize(width, 40);
+  button->SetTextSize(14);
+  return button;
+}
+
+void StationDialog::FillFoot(QWidget* bar, const std::vector<Button*>& left) {
+  bar->setFixedHeight(kFoot);
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(16, 12, 16, 12);
+  row->setSpacing(10);
+  for (Button* button : left) row->addWidget(button);
+  row->addStretch(1);
+  row->addWidget(MakeButton(ButtonLook::Outline, Icon::None, "btnCancel", 112, bar));
+  row->addWidget(MakeButton(ButtonLook::Filled, Icon::None, "btnOK", 112, bar));
 }
 
 DialogHost::DialogHost(Desk desk, QWidget* parent) : desk_(desk), parent_(parent) {

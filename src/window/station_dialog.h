@@ -5,9 +5,12 @@
 #include <map>
 #include <memory>
 
+#include "look/button.h"
 #include "window/binder.h"
 
 namespace torvane {
+
+class Button;
 
 class StationDialog : public QDialog {
  public:
@@ -20,6 +23,12 @@ class StationDialog : public QDialog {
   virtual const char* Leaving() const = 0;
   void reject() override { desk_.binder.Run(Leaving()); }
   Field& Of(std::string_view name) const { return *window_.Find(name); }
+
+  // A button of the dialog, which runs its control and has the caption of it.
+  Button* MakeButton(ButtonLook look, Icon icon, const char* control, int width, QWidget* owner);
+  // The bar at its foot: other buttons at the left, then those that leave it.
+  static constexpr int kFoot = 65;
+  void FillFoot(QWidget* bar, const std::vector<Button*>& left = {});
 
   Desk desk_;
   Window& window_;

@@ -1,8 +1,8 @@
 #include "window/tool_bar.h"
-#include "look/paint.h"
 
 #include <QBoxLayout>
 
+#include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
 

@@ -66,7 +66,7 @@ void LargeTotals::paintEvent(QPaintEvent*) {
     p.setFont(t.Font(17));
     p.setPen(t[Token::Second]);
     p.drawText(QRectF(18, y + 6, width() - 30, 24), Qt::AlignLeft | Qt::AlignVCenter, total.caption);
-    const QString figure = total.figure->empty() ? QString(QChar(0x2013)) : Shown(total.figure->text());
+    const QString figure = FigureOf(*total.figure);
     // Seven digits at full size are wider than the panel.
     int size = static_cast<int>(std::min(tall - 34, i == 0 ? 72.0 : 42.0));
     while (size > 20 && QFontMetrics(t.Font(size, Weight::Medium)).horizontalAdvance(figure) > width() - 90)
