@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "dryrun/words.h"
+#include "look/screen.h"
 
 namespace torvane::dryrun {
 
@@ -39,6 +40,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   setObjectName(QStringLiteral("dryRunWindow"));
   setMinimumSize(800, 600);
   resize(1280, 800);
+  KeepOnScreen(*this);
   setAcceptDrops(true);
   auto* running = new QVBoxLayout(left_);
   running->setContentsMargins(0, 0, 0, 0);

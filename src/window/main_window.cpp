@@ -15,6 +15,7 @@
 
 #include "design/catalogue.h"
 #include "host/paths.h"
+#include "look/screen.h"
 #include "look/text.h"
 #include "window/build_button.h"
 #include "window/button.h"
@@ -95,6 +96,7 @@ MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(de
   resize(QSize(Pixels(s.meWidth), Pixels(s.meHeight)).expandedTo(kLeastWindow));
   const QPoint place(Pixels(s.meLeft), Pixels(s.meTop));
   if (QGuiApplication::screenAt(place + QPoint(40, 10)) != nullptr) move(place);
+  KeepOnScreen(*this);
   placed_ = true;
   desk.binder.focusMoved = [this](const Field& field) { GoTo(field); };
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
