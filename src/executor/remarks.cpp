@@ -57,7 +57,7 @@ std::vector<Remark> RemarksOf(const Proof& proof) {
                        "Carriage from Z=" + Fixed(proof.lowestZ, 2) + " to Z=" + Fixed(proof.highestZ, 2) +
                            (proof.millimetres ? " mm" : " in") + ": inside its travel, no speed too high.",
                        0});
-  if (proof.anyStatement)
+  if (proof.filament > 0)
     remarks.push_back({Level::Ok, 0, "Filament", FilamentText(proof.filament, proof.millimetres) + ".", 0});
   return remarks;
 }
