@@ -177,17 +177,21 @@ QString HostFolder(std::string_view folder) {
 
 }  // namespace
 
-std::optional<std::string> QtFileDialog::Chosen(const QString& path) {
-  if (path.isEmpty()) return std::nullopt;
-  const Result<std::string> station = StationPath(path.toStdString());
+std::optional<std::string> QtFileDialog::Ask(QFileDialog& dialog) {
+  // Wide enough for sizes and dates beside the names.
+  dialog.resize(820, 520);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const Result<std::string> station = StationPath(dialog.selectedFiles().first().toStdString());
   if (station) return station.value();
   box_.Show("Torvane Designer", "This file's name cannot be used: " + station.reason(), BoxIcon::Stop);
   return std::nullopt;
 }
 
 std::optional<std::string> QtFileDialog::AskOpen(std::string_view filter, std::string_view folder) {
-  return Chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("Open"),
-                                             HostFolder(folder), Filters(filter)));
+  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Open"), HostFolder(folder),
+                     Filters(filter));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return Ask(dialog);
 }
 
 std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::string_view folder,
@@ -198,8 +202,7 @@ std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::s
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(Suffix(filter));
   if (!proposedName.empty()) dialog.selectFile(Shown(proposedName));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return Chosen(dialog.selectedFiles().first());
+  return Ask(dialog);
 }
 
 }  // namespace torvane

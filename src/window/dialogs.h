@@ -7,6 +7,8 @@
 #include "look/theme.h"
 #include "platform/dialogs.h"
 
+class QFileDialog;
+
 namespace torvane {
 
 // A message as it is shown; also for looking at one without asking.
@@ -63,7 +65,7 @@ class QtFileDialog : public FileDialog {
                                      std::string_view proposedName) override;
 
  private:
-  std::optional<std::string> Chosen(const QString& path);
+  std::optional<std::string> Ask(QFileDialog& dialog);
 
   MessageBox& box_;
 };
