@@ -10,12 +10,12 @@ namespace {
 
 constexpr LayerColumn kTwoAxes[] = {
     {"#", "", nullptr, nullptr, CellKind::Row, 46, 64, 1},
-    {"Layer Type", "", nullptr, &Fields::cmb2AxisLayerType, CellKind::List, 90, 124, 1},
-    {"Winding Angle", "(deg)", nullptr, &Fields::txtWA, CellKind::Angle, 104, 150, 1},
+    {"Layer Type", "", nullptr, &Fields::cmb2AxisLayerType, CellKind::List, 98, 124, 1},
+    {"Winding Angle", "(deg)", nullptr, &Fields::txtWA, CellKind::Angle, 98, 150, 1},
     {"Speed", "", nullptr, &Fields::cmbSpeed, CellKind::List, 84, 0, 0},
     {"Method", "", nullptr, &Fields::cmbMethod, CellKind::List, 78, 90, 3},
     {"Add'l Wrap", "(deg)", nullptr, &Fields::txtAddRevs, CellKind::Text, 84, 0, 0},
-    {"Mandrel", "(RPM)", nullptr, &Fields::txtMRPM, CellKind::Text, 88, 116, 2},
+    {"Mandrel", "(RPM)", nullptr, &Fields::txtMRPM, CellKind::Text, 86, 116, 2},
     {"Carriage Speed", "", &Fields::lblSpeedUnits, &Fields::txtCarriageSpeed, CellKind::Figure, 102, 126, 4},
     {"Passes", "", nullptr, &Fields::lblPassesToCover, CellKind::Figure, 72, 92, 3},
     {"Minutes", "", nullptr, &Fields::lblMinutesToCover, CellKind::Minutes, 80, 110, 1},

@@ -104,15 +104,14 @@ void Warnings::LookAtTwoAxisLayer(int layer) {
   for (const Field* shown :
        {&s_.txtMRPM(layer), &s_.txtCarriageSpeed(layer), &s_.txtDiameterLeft, &s_.txtBandWidth(0)})
     if (!number(*shown).good()) {
-      Warn(*shown, LayerName(layer) + " would show no line on the machine",
-           "A figure of that line is missing.");
+      Warn(*shown, LayerName(layer) + " shows nothing on the machine", "A figure of that line is missing.");
       return;
     }
   const bool leftKnown = number(s_.txtLeft(layer)).good();
   const bool shifts = EqualNoCase(s_.cmbMethod(layer).text(), "cs") && holds(passes >= 2);
   if (shifts && !(leftKnown && number(s_.txtRight(layer)).good()))
     Warn(s_.cmbMethod(layer), LayerName(layer) + " would not move behind its first pass",
-         "Carriage shift needs the row's ends: save the design and open it again.");
+         "Save the design and open it again: carriage shift needs the row's ends.");
   else if (!leftKnown)
     withoutEnds_.push_back(layer);
 }
@@ -127,8 +126,9 @@ void Warnings::NameHiddenEnds() {
     layers += " to " + std::to_string(last);
   else
     for (std::size_t i = 1; i < withoutEnds_.size(); ++i) layers += ", " + std::to_string(withoutEnds_[i]);
-  Warn(s_.txtLeft(first), layers + " would show no line on the machine",
-       "The rows' ends are empty: save the design and open it again.");
+  layers += first == last ? " shows" : " show";
+  Warn(s_.txtLeft(first), layers + " nothing on the machine",
+       "Save the design and open it again: its rows have no ends yet.");
 }
 
 void Warnings::LookAtFourAxes(int layers) {
@@ -151,8 +151,7 @@ void Warnings::LookAtFourAxes(int layers) {
       LookAtPatternLayer(layer);
     for (const Field* shown : {&s_.txtDia(0), &s_.txtBandWidth(1)})
       if (!number(*shown).good())
-        Warn(*shown, LayerName(layer) + " would show no line on the machine",
-             "A figure of that line is missing.");
+        Warn(*shown, LayerName(layer) + " shows nothing on the machine", "A figure of that line is missing.");
   }
 }
 

@@ -63,7 +63,7 @@ void OperationsOnScreen::WarningsAreListedAndStopNothing() {
   QStringList titles;
   for (const Note& note : NotesOf(desktop.station())) titles << note.title;
   QCOMPARE(titles, (QStringList{QStringLiteral("Layer 2 has no winding angle"),
-                                QStringLiteral("Layer 1 would show no line on the machine")}));
+                                QStringLiteral("Layer 1 shows nothing on the machine")}));
   QWidget* build = desktop.Find(QStringLiteral("imgBUILD"));
   QVERIFY(build->isEnabled());
   QVERIFY(build->accessibleDescription().contains(QStringLiteral("2 warnings")));
