@@ -227,16 +227,9 @@ void Script::Check(const std::string& rest) {
 }
 
 void Script::SetOff(const std::string& name, Event event) {
-  const auto open = name.find('(');
-  int index = 0;
-  if (open != std::string::npos) {
-    const char* const end = name.data() + name.size() - 1;
-    const auto read = std::from_chars(name.data() + open + 1, end, index);
-    if (*end != ')' || read.ec != std::errc() || read.ptr != end)
-      throw ScriptError{"there is no control " + name};
-  }
+  const auto control = TakeApart(name);
   const bool isField = Running().FindField(name) != nullptr;
-  if (!Running().Run(name.substr(0, open), event, index) && !isField)
+  if (!control || control->count > 1 || (!Running().Run(control->name, event, control->index[0]) && !isField))
     throw ScriptError{"there is no control " + name};
 }
 

@@ -1,6 +1,6 @@
 #include "design/catalogue.h"
 
-#include <charconv>
+#include "design/text.h"
 
 namespace torvane {
 
@@ -250,16 +250,12 @@ Field* FindField(Fields& fields, std::string_view name) {
   for (const FieldRow& row : kCatalogue)
     if (const auto* single = std::get_if<Field Fields::*>(&row.member); single != nullptr && row.name == name)
       return &(fields.*(*single));
-  const auto open = name.find('(');
-  if (open == std::string_view::npos) return nullptr;
-  int index = 0;
-  const char* const end = name.data() + name.size() - 1;
-  const auto read = std::from_chars(name.data() + open + 1, end, index);
-  if (*end != ')' || read.ec != std::errc() || read.ptr != end) return nullptr;
+  const auto wanted = TakeApart(name);
+  if (!wanted || wanted->count != 1) return nullptr;
   for (const FieldRow& row : kCatalogue) {
     const auto* array = std::get_if<FieldArray Fields::*>(&row.member);
-    if (array == nullptr || row.name != name.substr(0, open)) continue;
-    Field& field = (fields.*(*array))(index);
+    if (array == nullptr || row.name != wanted->name) continue;
+    Field& field = (fields.*(*array))(wanted->index[0]);
     return field.exists() ? &field : nullptr;
   }
   return nullptr;

@@ -1,8 +1,6 @@
 #include "design/state.h"
 
 #include <algorithm>
-#include <charconv>
-#include <span>
 #include <variant>
 
 #include "design/catalogue.h"
@@ -125,33 +123,9 @@ constexpr ValueRow kValues[] = {
     {"gTagFields", &DesignState::gTagFields, false},
 };
 
-// "NAME(2)" or "NAME(3,1)" taken apart; a count of -1 if it is neither that nor a bare name.
-struct Indexed {
-  std::string_view name;
-  int count = 0;
-  std::array<int, 2> index{};
-};
-
-Indexed TakeApart(std::string_view text) {
-  const auto open = text.find('(');
-  if (open == std::string_view::npos) return {text, 0, {}};
-  Indexed result{text.substr(0, open), 0, {}};
-  const char* at = text.data() + open;
-  const char* const end = text.data() + text.size();
-  while (result.count < 2) {
-    const auto read = std::from_chars(at + 1, end, result.index[static_cast<std::size_t>(result.count)]);
-    if (read.ec != std::errc() || read.ptr == end) break;
-    ++result.count;
-    at = read.ptr;
-    if (*at == ')') return at + 1 == end ? result : Indexed{{}, -1, {}};
-    if (*at != ',') break;
-  }
-  return {{}, -1, {}};
-}
-
 struct ValueReader {
   const DesignState& s;
-  const Indexed& wanted;
+  const IndexedName& wanted;
 
   NamedValue Single(const std::string& text) const { return {wanted.count == 0, text}; }
 
@@ -180,9 +154,10 @@ struct ValueReader {
 }  // namespace
 
 NamedValue FindValue(const DesignState& s, std::string_view name) {
-  const Indexed wanted = TakeApart(name);
+  const auto wanted = TakeApart(name);
+  if (!wanted) return {};
   for (const ValueRow& row : kValues)
-    if (row.name == wanted.name) return std::visit(ValueReader{s, wanted}, row.member);
+    if (row.name == wanted->name) return std::visit(ValueReader{s, *wanted}, row.member);
   return {};
 }
 

@@ -1,6 +1,7 @@
 #include "design/text.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace torvane {
 
@@ -75,6 +76,23 @@ std::string Replaced(std::string_view text, char from, char to) {
 
 std::string BehindLastBackslash(std::string_view path) {
   return std::string(path.substr(path.rfind('\\') + 1));
+}
+
+std::optional<IndexedName> TakeApart(std::string_view text) {
+  const auto open = text.find('(');
+  if (open == std::string_view::npos) return IndexedName{text};
+  IndexedName result{text.substr(0, open)};
+  const char* at = text.data() + open;
+  const char* const end = text.data() + text.size();
+  while (result.count < 2) {
+    const auto read = std::from_chars(at + 1, end, result.index[static_cast<std::size_t>(result.count)]);
+    if (read.ec != std::errc() || read.ptr == end) break;
+    ++result.count;
+    at = read.ptr;
+    if (*at == ')') return at + 1 == end ? std::optional(result) : std::nullopt;
+    if (*at != ',') break;
+  }
+  return std::nullopt;
 }
 
 std::string_view WithoutLast(std::string_view text, std::size_t count) {

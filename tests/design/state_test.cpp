@@ -62,6 +62,9 @@ TEST(Catalogue, HoldsEveryFieldUnderItsOwnName) {
   for (const char* wrong : {"", "(", "txtWA", "txtWA(", "txtWA(0)", "txtWA(27)", "txtWA(1", "txtWA(x)",
                             "txtDiameterLeft(0)", "txtWA(1)x", "txtWA(99999999999)"})
     EXPECT_EQ(FindField(s, wrong), nullptr) << wrong;
+  // Nothing behind the end of a view is read.
+  const std::vector<char> cut = {'t', 'x', 't', 'W', 'A', '('};
+  EXPECT_EQ(FindField(s, {cut.data(), cut.size()}), nullptr);
 }
 
 TEST(Values, AreFoundByName) {
