@@ -20,8 +20,6 @@ int RateClass(const DesignState& s) {
   return letter == "S" ? 1 : letter == "M" ? 2 : letter == "F" ? 3 : 0;
 }
 
-bool IsAngleSchedule(const DesignState& s) { return s.gPartType.text() == "2AX"; }
-
 Number ZSpan(const DesignState& s) { return Abs(number(s.txtZ4(0)) - number(s.txtZ4(3))); }
 
 void Keep(Number& out, Number value) {
@@ -37,16 +35,11 @@ void SpeedsOfRate(const DesignState& s, Number windingAngle, Number& mandrelRPM,
     CalculateSpeedsForAngle(s, mandrelRPM, carriageSpeed, windingAngle.value(), speedClass);
 }
 
-Number CountOrZero(const DesignState& s, std::string_view text) {
-  const Number count = s.Read(text);
-  return count.good() ? count : 0;
-}
-
 void CalculatePattern(DesignState& s, Number windingAngle, Number carriageSpeed, std::string_view patternText,
                       int row) {
   SplitPatternFields(s, patternText);
-  const Number a = CountOrZero(s, s.gTagFields(2));
-  const Number b = CountOrZero(s, s.gTagFields(3));
+  const Number a = s.Read(s.gTagFields(2)).valueOr0();
+  const Number b = s.Read(s.gTagFields(3)).valueOr0();
   s.lblNPasses(row) = (a * b).plain();
   const Number length = TraverseLength(s);
   const Number secondsPerTraverse = length / carriageSpeed / Cos(windingAngle / 180 * kPi) + kEndOfTraverse;
@@ -62,8 +55,7 @@ void CalculateHoop(DesignState& s, Number& mandrelRPM, Number& carriageSpeed, in
   const Number bandWidth = BandWidth(s, kPanel);
   if (speedClass != 0) mandrelRPM = s.iMaxMandrelRPM[static_cast<std::size_t>(speedClass) - 1];
   Keep(carriageSpeed, bandWidth * mandrelRPM / 60);
-  s.lblRPM(row) = mandrelRPM.as("##0.00"_mask);
-  s.lblcSpeed(row) = carriageSpeed.as("##0.00"_mask);
+  WriteSpeeds(s, row, mandrelRPM, carriageSpeed);
   s.lblNPasses(row) = "1";
   const Number length = TraverseLength(s);
   const Number secondsPerTraverse = length / carriageSpeed + kEndOfTraverse;
@@ -75,19 +67,13 @@ void CalculateHoop(DesignState& s, Number& mandrelRPM, Number& carriageSpeed, in
 }  // namespace
 
 // Each is one step of a formula: where its root or its quotient fails, its value is 0.
-Number ArcSin(Number x) {
-  const Number angle = Atn(x / Pow(1 - x * x, 0.5));
-  return angle.good() ? angle : 0;
-}
+Number ArcSin(Number x) { return Atn(x / Pow(1 - x * x, 0.5)).valueOr0(); }
 
-Number ArcCos(Number x) {
-  const Number angle = Atn(-x / Pow(1 - x * x, 0.5)) + 2 * Atn(1);
-  return angle.good() ? angle : 0;
-}
+Number ArcCos(Number x) { return (Atn(-x / Pow(1 - x * x, 0.5)) + 2 * Atn(1)).valueOr0(); }
 
 Number TraverseLength(const DesignState& s) {
-  return s.gPartType.text() == "HEMI" ? Abs(number(s.txtZ4(2)) - number(s.txtZ4(1)))
-                                      : Abs(number(s.txtZ4(3)) - number(s.txtZ4(0)));
+  return s.IsHemi() ? Abs(number(s.txtZ4(2)) - number(s.txtZ4(1)))
+                    : Abs(number(s.txtZ4(3)) - number(s.txtZ4(0)));
 }
 
 Number HoopLeadAngle(const DesignState& s, Number bandWidth) {
@@ -100,18 +86,22 @@ void CalculateFourAxisRow(DesignState& s, Number windingAngle, Number& mandrelRP
   if (patternText.empty()) return;
   if (patternText == "HOOP")
     CalculateHoop(s, mandrelRPM, carriageSpeed, row);
-  else if (IsAngleSchedule(s))
+  else if (s.IsNoWrap())
     RecalculateAngleLayers(s);
   else
     CalculatePattern(s, windingAngle, carriageSpeed, patternText, row);
+}
+
+void WriteSpeeds(DesignState& s, int row, Number mandrelRPM, Number carriageSpeed) {
+  s.lblRPM(row) = mandrelRPM.as("##0.00"_mask);
+  s.lblcSpeed(row) = carriageSpeed.as("##0.00"_mask);
 }
 
 void CalculateAndShow(DesignState& s, Number windingAngle, std::string_view patternText, int row) {
   Number mandrelRPM = Number::Failure();
   Number carriageSpeed = Number::Failure();
   CalculateFourAxisRow(s, windingAngle, mandrelRPM, carriageSpeed, patternText, row);
-  s.lblRPM(row) = mandrelRPM.as("##0.00"_mask);
-  s.lblcSpeed(row) = carriageSpeed.as("##0.00"_mask);
+  WriteSpeeds(s, row, mandrelRPM, carriageSpeed);
 }
 
 void RecalculateFourAxisRow(DesignState& s, int row) {

@@ -15,7 +15,8 @@ Number ArcCos(Number x);
 // between the ends of the part.
 Number TraverseLength(const DesignState& s);
 
-// Lead angle of a hoop in degrees: one band width a turn on the right diameter.
+// Lead angle of a hoop in degrees: its tangent is the right end's radius over the band width. `bandWidth` in
+// the design's unit.
 Number HoopLeadAngle(const DesignState& s, Number bandWidth);
 
 // Figures of row `row` for a winding angle in degrees. `mandrelRPM` and `carriageSpeed` are out-values; what
@@ -24,13 +25,16 @@ Number HoopLeadAngle(const DesignState& s, Number bandWidth);
 void CalculateFourAxisRow(DesignState& s, Number windingAngle, Number& mandrelRPM, Number& carriageSpeed,
                           std::string_view patternText, int row);
 
-// The same with the row's speeds written too.
+// Writes the speeds of a row; a failed one leaves its field.
+void WriteSpeeds(DesignState& s, int row, Number mandrelRPM, Number carriageSpeed);
+
+// CalculateFourAxisRow from speeds that are not known yet, which are written too.
 void CalculateAndShow(DesignState& s, Number windingAngle, std::string_view patternText, int row);
 
-// The same for one row of the grid as it stands: its angle is the first field of its pattern, for a hoop the
-// lead angle. A row whose angle is no number keeps its figures.
+// CalculateAndShow for one row of the grid as it stands: its angle is the first field of its pattern, for a
+// hoop the lead angle. A row whose angle is no number keeps its figures.
 void RecalculateFourAxisRow(DesignState& s, int row);
-// Every row from 1 to N.
+// The same for every row from 1 to the number of layers.
 void RecalculateFourAxisRows(DesignState& s);
 
 // All rows of a "2AX" schedule, whose patterns are winding angles: passes, minutes, lengths and sums.

@@ -100,40 +100,10 @@ void Choose(DesignState& s, int row, const std::string& stored) {
   if (windingAngle.good()) CalculateAndShow(s, windingAngle, stored, row);
 }
 
-void PopulatePatternComboNEW(DesignState& s, int row) {
-  const Number wrapAngle = Degrees(s, s.cmbPhiW(row));
-  if (!holds(wrapAngle != 0)) return;
-  s.gSplitAngle = Degrees(s, s.cmbPhiSplit(row)).plain();
-  if (s.cmb3D(row).text() == "HOOP") {
-    s.cmbPattern(row).SetEntries({});
-    s.cmbPattern(row) = "HOOP";
-    return;
-  }
-  const Number circumference = number(s.txtDia(0)) * kPi;
-  const Number bandWidth = BandWidth(s, 1);
-  if (!holds(bandWidth != 0)) return;
-  const Number traverseLength = TraverseLength(s);
-  Kept grazing;
-  grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
-  s.lblGrazeAngle = FormatNumberText(s.signs, grazing.value(), "###.0"_mask) + " \xB0";
-
-  std::vector<Pattern> patterns;
-  if (circumference.good() && traverseLength.good())
-    patterns = ClosingPatterns(s.signs, {circumference.value(), bandWidth.value(), traverseLength.value(),
-                                         wrapAngle.value(), s.gNoListPatternDegrees});
-  const std::string stored = s.LayerTable4Ax(row, 5);
-  std::vector<std::string> entries;
-  bool storedIsValid = false;
-  for (const Pattern& pattern : patterns) {
-    entries.push_back(PatternText(s.signs, pattern, wrapAngle.value()));
-    storedIsValid = storedIsValid || (!pattern.blank() && SameBeginning(entries.back(), stored));
-  }
-  s.cmbPattern(row).SetEntries(std::move(entries));
-  if (storedIsValid) {
-    Choose(s, row, stored);
-  } else {
-    s.cmbPattern(row) = kNoPattern;
-    s.cmbPattern(row).SetMark(Mark::NeedsInput);
+void EnablePhiAndPhiSplitCombos(DesignState& s, bool enable) {
+  for (int row = 1; row <= 22; ++row) {
+    s.cmbPhiW(row).Enable(enable);
+    s.cmbPhiSplit(row).Enable(enable);
   }
 }
 
@@ -171,7 +141,42 @@ Number GrazingAngle(Number diameter, Number openingDiameter) {
   return ratio.good() ? 2 * (180 / kShortPi) * ArcSin(ratio) : ratio;
 }
 
-void PopulatePatternCombo(DesignState& s, int row) { PopulatePatternComboNEW(s, row); }
+void PopulatePatternCombo(DesignState& s, int row) {
+  const Number wrapAngle = Degrees(s, s.cmbPhiW(row));
+  if (!holds(wrapAngle != 0)) return;
+  s.gSplitAngle = Degrees(s, s.cmbPhiSplit(row)).plain();
+  if (s.cmb3D(row).text() == "HOOP") {
+    s.cmbPattern(row).SetEntries({});
+    s.cmbPattern(row) = "HOOP";
+    return;
+  }
+  const Number circumference = number(s.txtDia(0)) * kPi;
+  const Number bandWidth = BandWidth(s, 1);
+  if (!holds(bandWidth != 0)) return;
+  const Number traverseLength = TraverseLength(s);
+  Kept grazing;
+  grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
+  s.lblGrazeAngle = FormatNumberText(s.signs, grazing.value(), "###.0"_mask) + " \xB0";
+
+  std::vector<Pattern> patterns;
+  if (circumference.good() && traverseLength.good())
+    patterns = ClosingPatterns(s.signs, {circumference.value(), bandWidth.value(), traverseLength.value(),
+                                         wrapAngle.value(), s.gNoListPatternDegrees});
+  const std::string stored = s.LayerTable4Ax(row, 5);
+  std::vector<std::string> entries;
+  bool storedIsValid = false;
+  for (const Pattern& pattern : patterns) {
+    entries.push_back(PatternText(s.signs, pattern, wrapAngle.value()));
+    storedIsValid = storedIsValid || (!pattern.blank() && SameBeginning(entries.back(), stored));
+  }
+  s.cmbPattern(row).SetEntries(std::move(entries));
+  if (storedIsValid) {
+    Choose(s, row, stored);
+  } else {
+    s.cmbPattern(row) = kNoPattern;
+    s.cmbPattern(row).SetMark(Mark::NeedsInput);
+  }
+}
 
 void Refresh4AXGrid(DesignState& s) {
   const int rows = RowsOf(s.txtNumberOfLayers(1));
@@ -179,19 +184,11 @@ void Refresh4AXGrid(DesignState& s) {
   RecalculateFourAxisRows(s);
 }
 
-void EnablePhiAndPhiSplitCombos(DesignState& s, bool enable) {
-  for (int row = 1; row <= 22; ++row) {
-    s.cmbPhiW(row).Enable(enable);
-    s.cmbPhiSplit(row).Enable(enable);
-  }
-}
-
 void SelectPartType(DesignState& s, int index) {
-  constexpr const char* kTypes[] = {"FLAT", "HEMI", "2AX"};
   const bool angles = index == 2;
   for (int i = 0; i <= 2; ++i) s.optType(i) = i == index ? "True" : "False";
   EnablePhiAndPhiSplitCombos(s, !angles);
-  s.gPartType = kTypes[index];
+  s.gPartType = kPartTypes[index];
   s.lblPatternHeading = angles ? "Winding Angle" : "Pattern";
   for (int row = 1; row <= IndexSet::kAllRows; ++row) {
     s.cmb3D(row).SetEntries({angles ? "2AX" : "REG", "HOOP"});

@@ -1,7 +1,6 @@
 // Winding patterns that close evenly on a mandrel.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +32,11 @@ struct Pattern {
 };
 
 // The closing patterns by rising groups, a blank one behind each run of equal groups; 100 entries at most.
+// At each whole angle up to 45 degrees, bands of W / cos lie round the mandrel, one more than fit whole;
+// where that count is groups times circuits, a pass may turn the mandrel by k whole turns and 1 / groups of
+// one. What the two end wraps leave of this the two traverses share, and the angle whose tangent is the
+// surface's way over the traverse follows. It counts if it lies within 5 degrees of the angle that gave the
+// bands. None without band width or traverse.
 std::vector<Pattern> ClosingPatterns(NumberSigns signs, const PatternPart& part);
 
 // "18.12 | 4 x 12 | 180" and the degree sign; a blank pattern gives an empty text.
@@ -48,22 +52,25 @@ void SplitPatternFields(DesignState& s, std::string_view text);
 Number Degrees(const DesignState& s, const Field& field);
 
 // Turn of the mandrel, degrees, across which a straight band tangent to the polar opening passes over the
-// end.
+// end: the angle of the chord of the end's circle, radius R, that touches the opening's, radius r. Half the
+// chord is the root of R^2 - r^2, so half the angle has that over R as its sine. Fails of an opening wider
+// than the end.
 Number GrazingAngle(Number diameter, Number openingDiameter);
 
 // Rebuilds the list of a row. The pattern that the row had in its file stays chosen while the list still
 // offers its angle; otherwise the row needs a choice.
 void PopulatePatternCombo(DesignState& s, int row);
 
-// All lists, then all rows.
+// Rebuilds the lists of all rows, then calculates their figures.
 void Refresh4AXGrid(DesignState& s);
 
-// "FLAT", "HEMI" and "2AX" by their index 0 to 2: throws the rows' patterns away and refills their lists.
+// Part types by index: flat ends, hemispherical ends, no end wraps.
+inline constexpr const char* kPartTypes[] = {"FLAT", "HEMI", "2AX"};
+
+// Selects a part type by index: throws the rows' patterns away and refills their lists.
 void SelectPartType(DesignState& s, int index);
 
-// The fields and the drawing that a part type uses.
+// Shows the fields and the drawing that a part type uses, by index; no value changes.
 void ShowPartType(DesignState& s, int index);
-
-void EnablePhiAndPhiSplitCombos(DesignState& s, bool enable);
 
 }  // namespace torvane

@@ -72,8 +72,7 @@ struct MandrelSpeed {
 
   double At(double carriageSpeed) const {
     const Number surfaceSpeed = tangent * carriageSpeed;
-    const Number rpm = 60 * surfaceSpeed / circumference;
-    return rpm.good() ? rpm.value() : 0;
+    return (60 * surfaceSpeed / circumference).valueOr0();
   }
 };
 

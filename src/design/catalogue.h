@@ -42,6 +42,7 @@ struct FieldRow {
   std::string_view first;  // the text at the start of the program
 };
 
+// One row for each member of Fields, in the order of reports.
 std::span<const FieldRow> Catalogue();
 
 // True of an array whose indexes are rows of a schedule.
@@ -52,6 +53,7 @@ constexpr bool IsOfDesign(const FieldRow& row) {
   return row.usedBy != UsedBy::Both && row.usedBy != UsedBy::Window;
 }
 
+// Whether designs of a family use a field: the row of the catalogue and its index, 0 of a single one.
 bool IsUsed(const FieldRow& row, int index, bool fourAxis);
 
 // "txtWA(3)", "txtDiameterLeft".

@@ -68,11 +68,13 @@ class Field {
   // False of the field that stands for an index which its array does not have: it reads as a failure and
   // ignores writes.
   bool exists() const { return owner_ != nullptr; }
+  // Its row of the catalogue; only of a field that exists.
   const FieldRow& row() const { return *row_; }
   int index() const { return index_; }
 
   const std::string& text() const { return text_; }
   bool empty() const { return text_.empty(); }
+  // What the text reads as; a failure if it is no number.
   Number number() const;
   // The text under a mask; a text that is no number as it stands.
   std::string through(Mask mask) const {
@@ -106,6 +108,7 @@ class Field {
   const std::string& caption() const { return looks_.caption; }
   const std::vector<std::string>& entries() const;
 
+  // Each tells the watcher if something changes; no operation runs.
   void SetMark(Mark mark) { Set(looks_.mark, mark); }
   void Enable(bool enabled) { Set(looks_.enabled, enabled); }
   void Show(bool shown) { Set(looks_.shown, shown); }
@@ -134,6 +137,7 @@ class Field {
   Looks looks_;
 };
 
+// So that a formula reads alike of fields and of its own numbers.
 inline Number number(const Field& field) { return field.number(); }
 
 // The indexes of a field array: a range, and perhaps the all-rows row.

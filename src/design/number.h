@@ -25,6 +25,8 @@ class Number {
   constexpr bool good() const { return good_; }
   // Only of a good number.
   constexpr double value() const { return value_; }
+  // For a step that goes on with 0 where its number fails.
+  constexpr double valueOr0() const { return good_ ? value_ : 0; }
 
   // On its way to text, which is the only road there: under a mask, or as plain number text.
   constexpr Masked as(Mask mask) const;
@@ -116,6 +118,7 @@ inline Number Whole(Number x) {
 inline Number Abs(Number x) {
   return detail::Applied([](double v) { return std::fabs(v); }, x);
 }
+// Of an angle in radians.
 inline Number Sin(Number x) {
   return detail::Applied([](double v) { return std::sin(v); }, x);
 }
@@ -125,9 +128,11 @@ inline Number Cos(Number x) {
 inline Number Tan(Number x) {
   return detail::Applied([](double v) { return std::tan(v); }, x);
 }
+// Arc tangent, radians between -pi/2 and pi/2.
 inline Number Atn(Number x) {
   return detail::Applied([](double v) { return std::atan(v); }, x);
 }
+// `exponent` 0.5 is the root, which fails of a negative.
 inline Number Pow(Number x, double exponent) {
   return detail::Applied([exponent](double v) { return std::pow(v, exponent); }, x);
 }

@@ -29,6 +29,7 @@ Number ReadNumberText(NumberSigns signs, std::string_view text);
 // from zero to the mask's places: 1.005 under "##0.00" is "1.01". A mask never cuts the integer part, and
 // its decimal sign stands even where no digit follows. No "-" stands before a zero.
 std::string FormatNumberText(NumberSigns signs, double value, Mask mask);
+// The same behind the text that stands in `out`.
 void AppendNumberText(std::string& out, NumberSigns signs, double value, Mask mask);
 
 // A text under a mask: as the number it reads as; a text that is no number comes back unchanged.
@@ -37,6 +38,7 @@ std::string FormatNumberText(NumberSigns signs, std::string_view text, Mask mask
 // Plain text of a number: up to 15 significant digits, no trailing zeros, no sign behind a whole number;
 // below 1E-15 and from 1E+15 in exponent form.
 std::string NumberToText(NumberSigns signs, double value);
+// The same behind the text that stands in `out`.
 void AppendPlainNumber(std::string& out, NumberSigns signs, double value);
 
 // A text, or the failure of the statement that needs it.
@@ -44,6 +46,7 @@ struct MaybeText {
   bool good = false;
   std::string text;
 };
+// A failed number gives a failed text.
 MaybeText TextOf(NumberSigns signs, const Masked& number);
 MaybeText TextOf(NumberSigns signs, const Plain& number);
 
@@ -53,6 +56,7 @@ enum class DateForm {
   DayAndMinutes,  // mm/dd/yyyy hh:mm
   Seconds,        // hh:mm:ss
 };
+// With the computer's signs and leading zeros, whatever its own habits are.
 std::string FormatDateText(NumberSigns signs, std::chrono::local_seconds moment, DateForm form);
 
 }  // namespace torvane

@@ -51,6 +51,7 @@ struct Snapshot {
   bool SameTexts(const Snapshot& other) const { return texts == other.texts; }
 };
 
+// All fields, with the values that stand behind them in no field.
 struct DesignState : FieldOwner, Fields {
   explicit DesignState(NumberSigns signsOfComputer);
   DesignState(const DesignState&) = delete;
@@ -58,10 +59,10 @@ struct DesignState : FieldOwner, Fields {
 
   LayerTable LayerTable2Ax, LayerTable4Ax;
   SplitFields gListFields, gTagFields;
-  int gTagLineCount = 0;
-  int gCurrentRow = 0;
-  int gCopyRowSource = 0;
-  int gPolarRow = 0;
+  int gTagLineCount = 0;   // of the two-axis file last read: tags that count toward a sufficient file
+  int gCurrentRow = 0;     // the row last pressed
+  int gCopyRowSource = 0;  // the two-axis row that a paste takes
+  int gPolarRow = 0;       // the row whose pattern is drawn
 
   // The family in use, and the menu's marks of it and of the unit. Exactly one of a pair is True.
   bool gShow4Axis = false;
@@ -71,25 +72,26 @@ struct DesignState : FieldOwner, Fields {
   bool mnuMM = false;
 
   bool gDirty = false;
-  bool gGridSync = false;        // a change of a grid cell reaches the layer table
-  bool gAutoUpdateCells = true;  // an edit of a cell recalculates the row at once
-  bool gMirrorOnChange = false;  // a change of an inch field rewrites its millimetre twin
-  bool gMsgAnswer = false;
-  bool gDecimalComma = false;
-  bool gFileDecimalComma = false;
-  bool gIsLHDrive = false;
-  bool gIsNEMA34 = false;
-  bool chkShiftLayer = true;
+  bool gGridSync = false;          // a change of a grid cell reaches the layer table
+  bool gAutoUpdateCells = true;    // an edit of a cell recalculates the row at once
+  bool gMirrorOnChange = false;    // a change of an inch field rewrites its millimetre twin
+  bool gMsgAnswer = false;         // the last message was answered with Yes
+  bool gDecimalComma = false;      // of the computer
+  bool gFileDecimalComma = false;  // of the design file last read
+  bool gIsLHDrive = false;         // the drive stands at the left, so the far end is at the right
+  bool gIsNEMA34 = false;          // the machine has the larger motors
+  bool chkShiftLayer = true;       // between layers the mandrel turns on
 
-  // Limits of the machine: inches, inches per second, revolutions per minute.
-  double cMaxSpeed = 0;
-  double mMaxRPM = 0;
-  double cMaxTravel = 0;
-  double dhlMaxSpeed = 0;
+  // Limits of the machine.
+  double cMaxSpeed = 0;    // carriage, inches per second
+  double mMaxRPM = 0;      // mandrel, revolutions per minute
+  double cMaxTravel = 0;   // carriage, inches
+  double dhlMaxSpeed = 0;  // delivery head, inches per second; 0 unknown
+  // What the rates slow, medium and fast allow, in the same units.
   std::array<double, 3> iMaxCarriageSpeeds{};  // classes 1 to 3 at 0 to 2
   std::array<double, 3> iMaxMandrelRPM{};
-  double gNoListPatternDegrees = 0;
-  double gDelayTimeInG456ToWaitForMandrelinMS = 0;
+  double gNoListPatternDegrees = 0;                 // patterns of this winding angle and above are not listed
+  double gDelayTimeInG456ToWaitForMandrelinMS = 0;  // the other axes end an end wrap so much earlier
 
   // The field that the operator's next key goes to, where a rule has moved it.
   const Field* focus = nullptr;
@@ -105,6 +107,9 @@ struct DesignState : FieldOwner, Fields {
   bool InInches() const { return gUnits.text() == "in"; }
   // Index of the panel in use: 0 two axes, 1 four.
   int Panel() const { return gShow4Axis ? 1 : 0; }
+  // The part types, see SelectPartType: hemispherical ends, and no end wraps at all.
+  bool IsHemi() const { return gPartType.text() == "HEMI"; }
+  bool IsNoWrap() const { return gPartType.text() == "2AX"; }
   Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
 
   Snapshot TakeSnapshot();

@@ -1,7 +1,6 @@
 // The design's unit: what follows it, and the captions that say it.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "design/state.h"

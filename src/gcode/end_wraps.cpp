@@ -32,7 +32,7 @@ struct EndGeometry {
 };
 
 EndGeometry GeometryOf(const DesignState& s, End end) {
-  const bool hemi = s.gPartType.text() == "HEMI";
+  const bool hemi = s.IsHemi();
   if (end == End::Left) {
     const Number traverseEnd = number(s.txtZ4(hemi ? 1 : 0));
     const Number wrapZ = number(s.txtAdjust(1));
@@ -43,8 +43,6 @@ EndGeometry GeometryOf(const DesignState& s, End end) {
   return {traverseEnd, wrapZ, number(s.txtAdjust(6)), traverseEnd - wrapZ};
 }
 
-double Value(Number number) { return number.good() ? number.value() : 0; }
-
 // Words that both moves of an end share.
 dialect::EndMove CommonMove(const GCodeSession& session, const EndGeometry& g, dialect::EndMoveKind kind) {
   const DesignState& s = session.s;
@@ -53,10 +51,10 @@ dialect::EndMove CommonMove(const GCodeSession& session, const EndGeometry& g, d
   move.z = session.gMoveZ.value();
   move.y = session.gMoveY.value();
   move.b = session.gMoveB.value();
-  move.u = Value(number(s.txtAdjust(3)) + number(s.txtDia(1)) / 2 - g.wrapY);
-  move.v = Value(g.beyond);
-  move.h = Value(g.traverseEnd);
-  move.w = Value(g.wrapY);
+  move.u = (number(s.txtAdjust(3)) + number(s.txtDia(1)) / 2 - g.wrapY).valueOr0();
+  move.v = g.beyond.valueOr0();
+  move.h = g.traverseEnd.valueOr0();
+  move.w = g.wrapY.valueOr0();
   move.s = session.gWrapRPM.value();
   return move;
 }
@@ -78,7 +76,7 @@ void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, N
   const bool right = end == End::Right;
   session.gMoveZ = g.wrapZ;
   session.gMoveY = g.wrapY;
-  const Number zSpan = s.gPartType.text() == "HEMI" ? g.beyond * (2.0 / 3) : g.beyond;
+  const Number zSpan = s.IsHemi() ? g.beyond * (2.0 / 3) : g.beyond;
   const Number slope = Atn(number(s.txtDia(0)) / 2 / zSpan) * (180 / kPi);
   const Number rotation = TurnHead(session, right ? slope - 90 : 90 - slope);
   session.ellipseAngle = Degrees(s, s.cmbPhiW(n)) - Degrees(s, s.cmbPhiSplit(n));
@@ -106,7 +104,7 @@ void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, N
   move.e = e.value();
   move.r = r.value();
   move.c = session.ellipseAngle.value();
-  move.a = Value(session.gMandrelAngle - (wrapAngle - session.ellipseAngle));
+  move.a = (session.gMandrelAngle - (wrapAngle - session.ellipseAngle)).valueOr0();
   dialect::MoveRoundEnd(session.program, move, right ? "CCW ELLIPSE AT RIGHT END" : "CW ELLIPSE AT LEFT END");
 }
 
@@ -144,7 +142,7 @@ void WriteWithdrawal(GCodeSession& session, End end, const EndGeometry& g, Numbe
   move.f = f.value();
   move.e = e.value();
   move.r = r.value();
-  move.c = Value(shift ? split + *shift : split);
+  move.c = (shift ? split + *shift : split).valueOr0();
   move.a = session.gMandrelAngle.value();
   dialect::MoveRoundEnd(session.program, move, WithdrawalComment(s, end, shift));
 }

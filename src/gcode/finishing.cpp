@@ -10,7 +10,7 @@ namespace {
 // Both passes run between the stops as the operator typed them; on a part with wrapped ends the tape stays
 // between the points where the ends begin.
 void SetEnds(DesignState& s, bool tape) {
-  const bool inner = tape && s.gPartType.text() != "2AX";
+  const bool inner = tape && !s.IsNoWrap();
   const Field& left = s.gShow4Axis ? s.txtZ4(inner ? 1 : 0) : s.txtZ2(0);
   const Field& right = s.gShow4Axis ? s.txtZ4(inner ? 2 : 3) : s.txtZ2(1);
   s.gFarEndZ.CopyFrom(s.gIsLHDrive ? right : left);

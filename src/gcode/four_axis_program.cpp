@@ -37,15 +37,10 @@ dialect::LayerDisplay DisplayOf(const DesignState& s, int n) {
   d.layers = s.txtNumberOfLayers(1).text();
   d.rpm = {true, s.lblRPM(n).text()};
   d.carriageSpeed = {true, s.lblcSpeed(n).text()};
-  d.leftDiameter = TextOf(s.signs, number(s.txtDia(0)).plain());
-  d.bandWidth = TextOf(s.signs, number(s.txtBandWidth(1)).plain());
+  d.leftDiameter = PlainOf(s, s.txtDia(0));
+  d.bandWidth = PlainOf(s, s.txtBandWidth(1));
   d.leftOffset = {true, {}};
   return d;
-}
-
-void ShowSpeeds(DesignState& s, int n, Number mandrelRPM, Number carriageSpeed) {
-  s.lblRPM(n) = mandrelRPM.as("##0.00"_mask);
-  s.lblcSpeed(n) = carriageSpeed.as("##0.00"_mask);
 }
 
 void CalculateSpeeds(Schedule& schedule, std::string_view pattern, int row, int n) {
@@ -55,7 +50,7 @@ void CalculateSpeeds(Schedule& schedule, std::string_view pattern, int row, int 
   CalculateFourAxisRow(s, s.gWindAngle, mandrelRPM, carriageSpeed, pattern, row);
   schedule.mandrelRPM = mandrelRPM;
   schedule.carriageSpeed = carriageSpeed;
-  ShowSpeeds(s, n, mandrelRPM, carriageSpeed);
+  WriteSpeeds(s, n, mandrelRPM, carriageSpeed);
 }
 
 void WriteTraverse(Schedule& schedule, Number z, Number mandrelTurn, std::string_view comment) {
@@ -80,7 +75,7 @@ void WritePass(Schedule& schedule, int n, PassNumber at, const dialect::LayerDis
   GCodeSession& session = schedule.session;
   const DesignState& s = session.s;
   Program& p = session.program;
-  const bool hemi = s.gPartType.text() == "HEMI";
+  const bool hemi = s.IsHemi();
   const Number groups = schedule.groups;
   const Number passes = schedule.passes;
   static const MaybeText noMinutes{true, "0"};
@@ -172,7 +167,7 @@ void Write4AxWindingGCode(GCodeSession& session) {
   if (!s.chkWindingSchedule.checked()) return;
   dialect::EmptyLine(p);
   dialect::CommentLine(
-      p, s.gPartType.text() == "HEMI"
+      p, s.IsHemi()
              ? "BEGIN 4-AXIS WINDING WITH HEMI ENDS --------------------------------------------------- "
              : "BEGIN 4-AXIS WINDING WITH FLAT ENDS --------------------------------------------------- ");
   dialect::ShowStage(p, "Winding Schedule");

@@ -22,6 +22,11 @@ void WriteMoveToHoop(GCodeSession& session, Number rightZ) {
 
 }  // namespace
 
+Number HoopHeadAngle(Number leadAngle) {
+  const Number angle = 90 - leadAngle - kLead;
+  return holds(angle < kLeastHeadAngle) ? kLeastHeadAngle : angle;
+}
+
 void WriteHoopHead(GCodeSession& session, int n, dialect::LayerDisplay display) {
   Program& p = session.program;
   const MaybeText noMinutes{true, "0"};
@@ -50,24 +55,22 @@ void WriteHoopLayer(GCodeSession& session, int n) {
   Kept mandrelAngle;
   mandrelAngle = (Int(Abs(rightZ - leftZ) / bandWidth) + 1) * 360;
   s.gWindAngle = HoopLeadAngle(s, bandWidth);
-  Number headAngle = 90 - s.gWindAngle - kLead;
-  if (holds(headAngle < kLeastHeadAngle)) headAngle = kLeastHeadAngle;
+  const Number headAngle = HoopHeadAngle(s.gWindAngle);
 
   dialect::FourAxisMove move;
-  const auto value = [](Number number) { return number.good() ? number.value() : 0; };
-  move.f = value(number(s.lblcSpeed(n)));
+  move.f = number(s.lblcSpeed(n)).valueOr0();
   move.r = kHeadRotation;
-  move.s = value(number(s.lblRPM(n)));
+  move.s = number(s.lblRPM(n)).valueOr0();
   move.c = mandrelAngle.value();
 
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
-  move.z = value(leftZ);
-  move.b = value(headAngle);
+  move.z = leftZ.valueOr0();
+  move.b = headAngle.valueOr0();
   move.a = session.gMandrelAngle.value();
   dialect::MoveAxes(p, move, "MOVE LEFT END");
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
-  move.z = value(rightZ);
-  move.b = -value(headAngle);
+  move.z = rightZ.valueOr0();
+  move.b = -headAngle.valueOr0();
   move.a = session.gMandrelAngle.value();
   dialect::MoveAxes(p, move, "MOVE BACK RIGHT END");
 

@@ -6,6 +6,10 @@
 
 namespace torvane {
 
+// The delivery head's angle along a hoop, degrees: nearly square to the part, with a little lead, from the
+// hoop's lead angle.
+Number HoopHeadAngle(Number leadAngle);
+
 // The lines that open hoop layer `n`, from its display values.
 void WriteHoopHead(GCodeSession& session, int n, dialect::LayerDisplay display);
 

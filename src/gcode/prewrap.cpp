@@ -4,12 +4,12 @@
 #include "calc/patterns.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
+#include "gcode/hoop.h"
 
 namespace torvane {
 
 namespace {
 
-bool IsAnglePart(const DesignState& s) { return s.gPartType.text() == "2AX"; }
 bool BeginsWithHoop(const DesignState& s) { return s.cmbPattern(1).text() == "HOOP"; }
 
 const Field& FarStop(const DesignState& s) {
@@ -21,7 +21,7 @@ const Field& HomeStop(const DesignState& s) {
 
 // The wind angle of the layer that starts here.
 void TakeWindAngle(DesignState& s, int layer) {
-  if (IsAnglePart(s)) {
+  if (s.IsNoWrap()) {
     s.gWindAngle = number(s.cmbPattern(1));
   } else if (BeginsWithHoop(s) && layer == 1) {
     s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
@@ -38,45 +38,41 @@ Number DHandMandrelStartingPosition(GCodeSession& session, int layer) {
   DesignState& s = session.s;
   TakeWindAngle(s, layer);
   const Number tangent = Tan(s.gWindAngle * kPi / 180);
-  const bool straight = IsAnglePart(s) || s.cmbPattern(layer).text() == "HOOP";
+  const bool straight = s.IsNoWrap() || s.cmbPattern(layer).text() == "HOOP";
   const Number leadIn = straight ? 0 : number(s.txtDia(1)) / 2 / tangent;
   const Number rightEnd = number(s.txtZ4(3));
-  session.gMoveZ = IsAnglePart(s) ? rightEnd : number(s.txtZ4(2)) + leadIn;
+  session.gMoveZ = s.IsNoWrap() ? rightEnd : number(s.txtZ4(2)) + leadIn;
   const Number farthest = rightEnd + 0.5 * number(s.lblLengthTotal);
   if (holds(farthest < session.gMoveZ)) session.gMoveZ = farthest;
   const Number excess = session.gMoveZ - rightEnd;
-  session.gMandrelStartAngle = IsAnglePart(s) || s.cmb3D(1).text() == "HOOP"
+  session.gMandrelStartAngle = s.IsNoWrap() || s.cmb3D(1).text() == "HOOP"
                                    ? Number(0)
                                    : -360 * (excess * tangent) / (number(s.txtDia(0)) * kPi);
   return session.gMoveZ;
 }
 
-// The head lies along the band as it comes from the right end. A hoop is laid nearly square, with a little
-// lead.
+// The head lies along the band as it comes from the right end.
 Number StartHeadAngle(const DesignState& s) {
-  constexpr double kLeastHoopAngle = 5;
   if (s.gIsLHDrive) return -90 + s.gWindAngle;
-  if (IsAnglePart(s)) return 0;
-  if (!BeginsWithHoop(s)) return 90 - s.gWindAngle;
-  const Number angle = 90 - s.gWindAngle - 6;
-  return holds(angle < kLeastHoopAngle) ? kLeastHoopAngle : angle;
+  if (s.IsNoWrap()) return 0;
+  return BeginsWithHoop(s) ? HoopHeadAngle(s.gWindAngle) : 90 - s.gWindAngle;
 }
 
 void WriteFourAxisStart(GCodeSession& session, int mark, int layer) {
   DesignState& s = session.s;
-  Number z = number(s.txtZ4(IsAnglePart(s) ? 3 : 2));
+  Number z = number(s.txtZ4(s.IsNoWrap() ? 3 : 2));
   if (s.chkPreWrap2.checked() && mark == 1)
     z = number(s.txtZ4(2));
   else if (layer != 0)
     z = DHandMandrelStartingPosition(session, layer);
   session.gMoveY = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
   session.gMoveB = StartHeadAngle(s);
-  if (!IsAnglePart(s) && BeginsWithHoop(s) && layer < 2)
-    z = s.gPartType.text() == "HEMI" ? number(s.txtZ4(2)) : number(s.txtZ4(3)) + BandWidth(s, 1) / 2;
+  if (!s.IsNoWrap() && BeginsWithHoop(s) && layer < 2)
+    z = s.IsHemi() ? number(s.txtZ4(2)) : number(s.txtZ4(3)) + BandWidth(s, 1) / 2;
   dialect::MoveToStart(session.program, {FormatForUnits(s, number(s.txtLimitSwitchApproachSpeed), false),
                                          z.as(dialect::kFourAxisMask), Number(session.gMoveY).plain(),
                                          FormatForUnits(s, 1.0, false), session.gMoveB,
-                                         IsAnglePart(s) ? 20 : 10, !IsAnglePart(s)});
+                                         s.IsNoWrap() ? 20 : 10, !s.IsNoWrap()});
 }
 
 }  // namespace
@@ -116,7 +112,7 @@ void WritePreWrap(GCodeSession& session, int n) {
                  "Add User Defined Rev's after Pre-Wrap");
   dialect::Stop(p, "Mandrel Stop after Pre-Wrap");
   dialect::WaitForButton(p, "Wait for Button Press");
-  if (s.gShow4Axis && !IsAnglePart(s)) {
+  if (s.gShow4Axis && !s.IsNoWrap()) {
     WriteStartPosition(session, n, 0);
     return;
   }

@@ -59,6 +59,7 @@ class Program {
   bool cancelled() const { return cancelled_; }
   // Empty while nothing stands against the program, else the reason for the operator.
   const std::string& refusal() const { return refusal_; }
+  // So far, empty ones included.
   double lines() const { return lines_; }
   // The text in its blocks, one behind the other.
   std::vector<std::string_view> Text() const;

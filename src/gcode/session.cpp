@@ -108,7 +108,7 @@ void EnableMotors(GCodeSession& session) {
   dialect::EmptyLine(p);
   dialect::CommentLine(p, "ENABLE STEPPERS AND MOVE TO STARTING POSITION --------------- ");
   dialect::EnableSteppers(p);
-  if (s.gShow4Axis && s.gPartType.text() != "2AX" && !TakeFirstAngle(session)) return;
+  if (s.gShow4Axis && !s.IsNoWrap() && !TakeFirstAngle(session)) return;
   if (s.gShow4Axis)
     HomeFourAxes(session);
   else
@@ -117,16 +117,14 @@ void EnableMotors(GCodeSession& session) {
   WriteStartPosition(session, s.chkPreWrap1.checked() ? 1 : 0, 1);
 }
 
-constexpr std::string_view kWindingComplete = "MSG=WINDING COMPLETE  [Notify User Winding Complete]";
-
 void WriteWindingSchedule(GCodeSession& session) {
   const DesignState& s = session.s;
   if (!s.gShow4Axis) return WriteTwoAxisProgram(session);
-  if (s.gPartType.text() == "2AX")
+  if (s.IsNoWrap())
     WriteThreeAxisProgram(session);
   else
     Write4AxWindingGCode(session);
-  if (s.chkNotify1.checked()) NotifyOperator(session, kWindingComplete);
+  NotifyWindingComplete(session);
 }
 
 void Report(const Platform& platform, std::string_view path, std::string_view reason) {
@@ -137,13 +135,18 @@ void Report(const Platform& platform, std::string_view path, std::string_view re
 
 }  // namespace
 
-void NotifyOperator(GCodeSession& session, std::string_view message) {
+void NotifyWindingComplete(GCodeSession& session) {
+  const DesignState& s = session.s;
   Program& p = session.program;
+  if (!s.chkNotify1.checked()) return;
   dialect::CommentLine(p, "NOTIFY OPERATOR --------------------------------------------------------- ");
-  dialect::Notify(p, session.s.txtEmail1.text(), session.s.txtEmail2.text(), message);
+  dialect::Notify(p, s.txtEmail1.text(), s.txtEmail2.text(),
+                  "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
   dialect::EmptyLine(p);
   dialect::EmptyLine(p);
 }
+
+MaybeText PlainOf(const DesignState& s, const Field& field) { return TextOf(s.signs, number(field).plain()); }
 
 std::string ProgramName(const DesignState& s) {
   return std::string(WithoutLast(s.gFileName.text(), kExtension)) + (s.gShow4Axis ? ".T4G" : ".T2G");

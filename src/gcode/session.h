@@ -23,6 +23,7 @@ struct GCodeSession {
   Kept ellipseAngle{};        // mandrel turn of an ellipse, degrees
 };
 
+// Of the programs, below the station's folder.
 inline constexpr std::string_view kProgramFolder = "\\TV_G-Code_Files\\";
 
 // The name of the program of the design's file: the same with the ending of the family's programs.
@@ -44,7 +45,10 @@ enum class Written {
 // box. The former file stays unless the new one is whole.
 Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
 
-// Sends the operator a notice through the executor.
-void NotifyOperator(GCodeSession& session, std::string_view message);
+// Has the executor tell the operator that the winding is complete, where the operator wants to be told.
+void NotifyWindingComplete(GCodeSession& session);
+
+// The number of a field in plain text.
+MaybeText PlainOf(const DesignState& s, const Field& field);
 
 }  // namespace torvane

@@ -36,8 +36,6 @@ struct Layer {
   dialect::LayerDisplay display{};
 };
 
-MaybeText PlainOf(const DesignState& s, const Field& field) { return TextOf(s.signs, number(field).plain()); }
-
 Layer LayerOf(Schedule& schedule, int n) {
   const DesignState& s = schedule.session.s;
   Layer layer;
@@ -145,19 +143,6 @@ void WriteHoop(GCodeSession& session, Layer& layer) {
   WriteHoopLayer(session, n);
 }
 
-void WriteAdvanceToNextLayer(GCodeSession& session, const Layer& layer) {
-  const DesignState& s = session.s;
-  Program& p = session.program;
-  const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
-  if (!s.chkShiftLayer || !holds(layer.number != number(s.txtNumberOfLayers(1))) || !holds(rotation != 0))
-    return;
-  dialect::EmptyLine(p);
-  dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");
-  dialect::Turn(p, PlainOf(s, s.lblRPM(layer.number)), "Mandrel RPM");
-  dialect::Dwell(p, rotation.plain(), "Winding layer Complete, Advance Mandrel by User Defined ",
-                 rotation.plain(), " deg.");
-}
-
 }  // namespace
 
 void WriteThreeAxisProgram(GCodeSession& session) {
@@ -184,7 +169,7 @@ void WriteThreeAxisProgram(GCodeSession& session) {
       WriteHoop(session, layer);
     else
       WritePasses(schedule, layer);
-    WriteAdvanceToNextLayer(session, layer);
+    WriteAdvanceToNextLayer(session, n, PlainOf(s, s.lblRPM(n)), true);
     dialect::EmptyLine(p);
   }
   dialect::EmptyLine(p);

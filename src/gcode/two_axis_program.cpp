@@ -10,31 +10,6 @@ namespace {
 
 using dialect::Register;
 
-enum class Column { WindingAngle, Right, Left, Method, MandrelRPM, CarriageSpeed, Passes, AddRevs };
-
-// The one place that says where a program takes the values of its layers from.
-const Field& LayerField(const DesignState& s, int layer, Column column) {
-  switch (column) {
-    case Column::WindingAngle:
-      return s.txtWA(layer);
-    case Column::Right:
-      return s.txtRight(layer);
-    case Column::Left:
-      return s.txtLeft(layer);
-    case Column::Method:
-      return s.cmbMethod(layer);
-    case Column::MandrelRPM:
-      return s.txtMRPM(layer);
-    case Column::CarriageSpeed:
-      return s.txtCarriageSpeed(layer);
-    case Column::Passes:
-      return s.lblPassesToCover(layer);
-    case Column::AddRevs:
-      return s.txtAddRevs(layer);
-  }
-  return s.txtWA(layer);
-}
-
 // What the passes of one layer share.
 struct Layer {
   const DesignState& s;
@@ -106,8 +81,8 @@ void WriteCarriageShiftPass(const Layer& layer, int pass) {
   Program& p = layer.p;
   const Number bandWidth = InUnits(s, number(s.Band_Width), false);
   const Number shift = (pass - 1) * (bandWidth / Sin(layer.windingAngle * kPi / 180));
-  const Number right = number(LayerField(s, layer.number, Column::Right));
-  const Number left = number(LayerField(s, layer.number, Column::Left));
+  const Number right = number(s.txtRight(layer.number));
+  const Number left = number(s.txtLeft(layer.number));
 
   dialect::MoveAtLastSpeed(p, (number(s.Length_Total) - right + shift).as("######.#0"_mask), "Move to L",
                            layer.number, " Far End Right Offset Plus Carriage Shift Distance");
@@ -147,45 +122,28 @@ void WriteLayerHead(const Layer& layer) {
                          " --------------------------------------------------- ");
 }
 
-void WriteAdvanceToNextLayer(const Layer& layer) {
-  const DesignState& s = layer.s;
-  Program& p = layer.p;
-  const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
-  if (!s.chkShiftLayer || !holds(layer.number != number(s.txtNumberOfLayers(0))) || !holds(rotation != 0))
-    return;
-  dialect::EmptyLine(p);
-  dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");
-  dialect::Turn(p, layer.rpm, "Mandrel RPM");
-  const auto comment = "Winding layer Complete, Advance Mandrel by User Defined ";
-  if (layer.mandrelShift)
-    dialect::Dwell(p, rotation.plain(), comment, rotation.plain(), " deg.");
-  else
-    dialect::DwellBehind(p, Register::HomeEnd, rotation.plain(), comment, rotation.plain(), " deg.");
-}
-
 Layer LayerOf(GCodeSession& session, int n, Number windingAngle) {
   const DesignState& s = session.s;
-  const auto field = [&](Column column) -> const Field& { return LayerField(s, n, column); };
-  const auto plain = [&s](const Field& f) { return TextOf(s.signs, number(f).plain()); };
-  const std::string& method = field(Column::Method).text();
+  const auto plain = [&s](const Field& field) { return PlainOf(s, field); };
+  const std::string& method = s.cmbMethod(n).text();
   Layer layer{.s = s, .p = session.program, .number = n, .windingAngle = windingAngle};
-  layer.passes = number(field(Column::Passes));
+  layer.passes = number(s.lblPassesToCover(n));
   layer.mandrelShift = EqualNoCase(method, "ms");
   layer.carriageShift = EqualNoCase(method, "cs");
-  layer.speed = plain(field(Column::CarriageSpeed));
-  layer.rpm = plain(field(Column::MandrelRPM));
+  layer.speed = plain(s.txtCarriageSpeed(n));
+  layer.rpm = plain(s.txtMRPM(n));
   layer.display = {n,
                    s.txtNumberOfLayers(0).text(),
-                   plain(field(Column::Passes)),
+                   plain(s.lblPassesToCover(n)),
                    layer.rpm,
                    layer.speed,
-                   plain(field(Column::WindingAngle)),
+                   plain(s.txtWA(n)),
                    method,
                    plain(s.txtDiameterLeft),
                    plain(s.txtBandWidth(0)),
-                   plain(field(Column::Left))};
-  layer.hasAddedWrap = !Trim(field(Column::AddRevs).text()).empty();
-  layer.addedWrap = number(field(Column::AddRevs));
+                   plain(s.txtLeft(n))};
+  layer.hasAddedWrap = !Trim(s.txtAddRevs(n).text()).empty();
+  layer.addedWrap = number(s.txtAddRevs(n));
   return layer;
 }
 
@@ -202,7 +160,7 @@ struct Schedule {
 
 void WriteLayer(Schedule& schedule, int n) {
   GCodeSession& session = schedule.session;
-  const Field& angle = LayerField(session.s, n, Column::WindingAngle);
+  const Field& angle = session.s.txtWA(n);
   schedule.windingAngle = number(angle);
   Layer layer = LayerOf(session, n, schedule.windingAngle);
   Program& p = session.program;
@@ -224,7 +182,7 @@ void WriteLayer(Schedule& schedule, int n) {
     else
       WriteMandrelShiftPass(layer, pass);
   }
-  WriteAdvanceToNextLayer(layer);
+  WriteAdvanceToNextLayer(session, n, layer.rpm, layer.mandrelShift);
 }
 
 }  // namespace
@@ -253,7 +211,23 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   dialect::ShowMessage(p, "Winding_Process_Complete");
   dialect::Stop(p, "Mandrel Stop - Winding Complete");
   dialect::EmptyLine(p);
-  if (s.chkNotify1.checked()) NotifyOperator(session, "MSG=WINDING COMPLETE  [Notify User Winding Complete]");
+  NotifyWindingComplete(session);
+}
+
+void WriteAdvanceToNextLayer(GCodeSession& session, int layer, const MaybeText& rpm, bool mandrelShift) {
+  const DesignState& s = session.s;
+  Program& p = session.program;
+  const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
+  if (!s.chkShiftLayer || !holds(layer != number(s.txtNumberOfLayers(s.Panel()))) || !holds(rotation != 0))
+    return;
+  dialect::EmptyLine(p);
+  dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");
+  dialect::Turn(p, rpm, "Mandrel RPM");
+  const auto comment = "Winding layer Complete, Advance Mandrel by User Defined ";
+  if (mandrelShift)
+    dialect::Dwell(p, rotation.plain(), comment, rotation.plain(), " deg.");
+  else
+    dialect::DwellBehind(p, Register::HomeEnd, rotation.plain(), comment, rotation.plain(), " deg.");
 }
 
 MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, int layers, Kept& timeLeft) {

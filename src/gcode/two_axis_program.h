@@ -15,6 +15,10 @@ void SetPassEnds(DesignState& s);
 // Every layer with its passes. Writes nothing without `chkWindingSchedule`.
 void WriteTwoAxisProgram(GCodeSession& session);
 
+// The mandrel turns on by the operator's degrees before the next layer is begun; nothing behind the last one.
+// By mandrel shift from where it stands, else from the angle of the home register.
+void WriteAdvanceToNextLayer(GCodeSession& session, int layer, const MaybeText& rpm, bool mandrelShift);
+
 // Minutes left in the build when the first pass of a layer begins, from the rows' minutes and their sum. The
 // rows are taken from the end of the schedule backward, layer by layer; `timeLeft` is what the layer before
 // has left.

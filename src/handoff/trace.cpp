@@ -85,9 +85,8 @@ void WriteTourPoint(const DesignState& s, Program& p, const TourPoint& point) {
 }
 
 void WriteFourAxisTour(const DesignState& s, Program& p) {
-  const bool angles = s.gPartType.text() == "2AX";
   const MaybeText runY = TextOf(s.signs, TraceRunY(s));
-  if (angles) {
+  if (s.IsNoWrap()) {
     WriteTourPoint(s, p, {Twice(s, s.txtZ4(3), kPoint), runY, true});
     WriteTourPoint(s, p, {Twice(s, s.txtZ4(0), kPoint), runY, false, false});
     return;

@@ -54,15 +54,13 @@ void PassBy(Reader&, const std::string&) {}
 // The lists of all rows follow the part type, as when the operator chooses it.
 void ReadType(Reader& r, const std::string& value) {
   const std::string type = UpperCase(value);
-  if (type == "FLAT") SelectPartType(r.s, 0);
-  if (type == "HEMI") SelectPartType(r.s, 1);
-  if (type == "2AX") SelectPartType(r.s, 2);
+  for (int i = 0; i <= 2; ++i)
+    if (type == kPartTypes[i]) SelectPartType(r.s, i);
 }
 
 MaybeText TypeOf(const DesignWriter& w) {
-  constexpr const char* kTypes[] = {"FLAT", "HEMI", "2AX"};
   for (int i = 0; i <= 2; ++i)
-    if (w.s.optType(i).checked()) return {true, kTypes[i]};
+    if (w.s.optType(i).checked()) return {true, kPartTypes[i]};
   return {};
 }
 

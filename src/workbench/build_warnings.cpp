@@ -145,7 +145,7 @@ void Warnings::LookAtFourAxes(int layers) {
   if (!s_.chkWindingSchedule.checked()) return;
   for (int layer = 1; layer <= layers; ++layer) {
     const bool hoop = s_.cmbPattern(layer).text() == "HOOP";
-    if (!hoop && s_.gPartType.text() == "2AX")
+    if (!hoop && s_.IsNoWrap())
       LookAtAngleLayer(layer);
     else if (!hoop)
       LookAtPatternLayer(layer);

@@ -29,13 +29,13 @@ void EmptyFigures(DesignState& s, int row) {
 void SetInputs(DesignState& s, int row, const FourAxisRow& inputs) {
   EmptyFigures(s, row);
   for (std::size_t i = 0; i < std::size(kInputs); ++i) {
-    if (kInputs[i] == &Fields::cmbPattern && s.gPartType.text() != "2AX") PopulatePatternCombo(s, row);
+    if (kInputs[i] == &Fields::cmbPattern && !s.IsNoWrap()) PopulatePatternCombo(s, row);
     (s.*kInputs[i])(row) = inputs[i];
   }
 }
 
 void ClearRow(DesignState& s, int row) {
-  const bool angles = s.gPartType.text() == "2AX";
+  const bool angles = s.IsNoWrap();
   SetInputs(s, row,
             angles ? FourAxisRow{"N/A", "N/A", "2AX", "Input Winding Angle", "0"}
                    : FourAxisRow{kDefaultWrap, kDefaultSplit, "", "", "0"});

@@ -60,7 +60,7 @@ void FollowBandWidth(DesignState& s, int i) {
     const Number angle = s.Read(pattern);
     Number mandrelRPM = Number::Failure();
     Number carriageSpeed = Number::Failure();
-    if (s.gPartType.text() != "2AX")
+    if (!s.IsNoWrap())
       SplitPatternFields(s, pattern);
     else if (angle.good())
       CalculateFourAxisRow(s, angle, mandrelRPM, carriageSpeed, pattern, 0);

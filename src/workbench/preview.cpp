@@ -144,7 +144,7 @@ void PreviewWindow::Begin() {
   field("lblP") = Number(pattern->circuits).plain();
   field("lblPhiL") = Number(pattern->traverseRotation).as("###.0"_mask);
   const Number grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
-  field("lblG") = FormatNumberText(s.signs, grazing.good() ? grazing.value() : 0, "###.0"_mask) + " \xB0";
+  field("lblG") = FormatNumberText(s.signs, grazing.valueOr0(), "###.0"_mask) + " \xB0";
   Append(picture_, PolarArcs(*pattern, splitAngle_));
   picture_.push_back(PolarFirstBand(*pattern));
   walk_.emplace(*pattern, PolarMarks::ByDivision);
