@@ -1,7 +1,6 @@
 // What the targets of both design readers share: any bytes as a design file.
 #pragma once
 
-#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>

@@ -1,5 +1,4 @@
 // Any bytes as the settings file: what it says is kept when a key is written, and a start reads it.
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>

@@ -54,9 +54,9 @@ std::string OneLine(const std::string& text) {
 std::vector<std::string_view> SectionsOf(std::string_view key) {
   for (const CalibrationKey& known : CalibrationKeys())
     if (known.key == key && known.ofFourAxes)
-      return {"TV4_Calibration"};
+      return {kFourAxisCalibration};
     else if (known.key == key)
-      return {"TV2_Calibration", "TV2_Calibration_DC", "TV2_Calibratio_DCn"};
+      return {kPointCalibration, kCommaCalibration, kCommaBoardCalibration};
   for (const Setting& known : Settings())
     if (known.key == key) return {kSettings};
   if (key.starts_with("MSG")) return {kSettings};

@@ -1,7 +1,6 @@
 #include "calc/polar_walk.h"
 #include "cli/commands.h"
 #include "cli/designs.h"
-#include "design/text.h"
 #include "host/code_page.h"
 #include "host/paths.h"
 #include "workbench/polar_svg.h"

@@ -8,7 +8,6 @@
 #include "design/text.h"
 #include "handoff/launch.h"
 #include "host/code_page.h"
-#include "persist/settings.h"
 #include "persist/tagged_text.h"
 #include "workbench/build_warnings.h"
 #include "workbench/number_hint.h"
@@ -188,7 +187,8 @@ void Script::Store(const std::string& rest) {
   if (station_) throw ScriptError{"the store is written before the start"};
   const auto [section, behind] = FirstWord(rest);
   const auto [key, value] = FirstWord(behind);
-  SaveSetting(store_, StationText(section), StationText(key), StationText(value));
+  const Outcome written = store_.Write(StationText(section), StationText(key), StationText(value));
+  if (!written) throw ScriptError{ToUtf8(written.reason())};
 }
 
 void Script::SetLocale(const std::string& rest) {

@@ -9,11 +9,6 @@ namespace torvane {
 
 namespace {
 
-constexpr std::string_view kSections[] = {"Settings", "TV2_Calibration", "TV2_Calibration_DC",
-                                          "TV2_Calibratio_DCn", "TV4_Calibration"};
-
-constexpr std::string_view kFourAxisSection = "TV4_Calibration";
-
 bool IsMessageKey(std::string_view key) {
   return key.starts_with("MSG") && key.size() > 3 &&
          key.find_first_not_of("0123456789", 3) == std::string_view::npos;
@@ -28,17 +23,19 @@ std::optional<std::string_view> DefaultOf(std::string_view section, std::string_
     return std::nullopt;
   }
   for (const CalibrationKey& known : CalibrationKeys())
-    if (known.key == key && known.ofFourAxes == (section == kFourAxisSection)) return known.fallback;
+    if (known.key == key && known.ofFourAxes == (section == kFourAxisCalibration)) return known.fallback;
   return std::nullopt;
 }
 
+// Throws UsageError for what no station stores.
 void Check(std::string_view section, std::string_view key) {
-  bool known = false;
-  for (const std::string_view name : kSections) known = known || name == section;
-  if (!known)
-    throw UsageError{"there is no section " + ToUtf8(section) +
-                     "; the sections are Settings, TV2_Calibration, TV2_Calibration_DC, TV2_Calibratio_DCn, "
-                     "TV4_Calibration"};
+  bool known = section == kSettings;
+  std::string sections(kSettings);
+  for (const std::string_view name : kCalibrationSections) {
+    known = known || name == section;
+    sections += ", " + std::string(name);
+  }
+  if (!known) throw UsageError{"there is no section " + ToUtf8(section) + "; the sections are " + sections};
   if (!DefaultOf(section, key))
     throw UsageError{"section " + ToUtf8(section) + " has no key " + ToUtf8(key) +
                      "; `torvane setting list` names them"};
@@ -63,7 +60,8 @@ int RunSettingList(Computer& computer) {
     if (entry.section == kSettings && IsMessageKey(entry.key))
       Print(store, kSettings, entry.key, "False", "True: this message is not shown any more");
   for (const CalibrationKey& key : CalibrationKeys())
-    Print(store, key.ofFourAxes ? kFourAxisSection : "TV2_Calibration", key.key, key.fallback, key.meaning);
+    Print(store, key.ofFourAxes ? kFourAxisCalibration : kPointCalibration, key.key, key.fallback,
+          key.meaning);
   std::printf(
       "\nOn a computer with a decimal comma the calibration stands in TV2_Calibration_DC, its\n"
       "gCarriageBoardID in TV2_Calibratio_DCn, with commas in the numbers.\n");

@@ -43,9 +43,9 @@ void BlankTwoAxes(DesignState& s) {
     s.cmb2AxisLayerType(row).Show(true);
   }
   for (int row = 1; row <= 25; ++row) ShowTwoAxisRow(s, row, row <= 15);
-  s.lblPassesToCover(26) = "";
-  s.lblMinutesToCover(26) = "";
-  s.lblLengthToCover(26) = "";
+  s.lblPassesToCover(IndexSet::kAllRows) = "";
+  s.lblMinutesToCover(IndexSet::kAllRows) = "";
+  s.lblLengthToCover(IndexSet::kAllRows) = "";
 }
 
 void BlankFourAxes(DesignState& s) {

@@ -7,6 +7,7 @@
 
 namespace torvane {
 
+// The operations of the build, of manual operation and of the viewers.
 std::span<const Operation> LaunchOperations();
 
 // A station with everything that hands work to other programs.

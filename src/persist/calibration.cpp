@@ -57,9 +57,9 @@ std::vector<std::string> SpeedList(double mMaxRPM) {
 std::span<const CalibrationKey> CalibrationKeys() { return kKeys; }
 
 std::string_view CalibrationSection(const DesignState& s, const CalibrationKey& key) {
-  if (key.ofFourAxes) return "TV4_Calibration";
-  if (!s.gDecimalComma) return "TV2_Calibration";
-  return key.key == "gCarriageBoardID" ? "TV2_Calibratio_DCn" : "TV2_Calibration_DC";
+  if (key.ofFourAxes) return kFourAxisCalibration;
+  if (!s.gDecimalComma) return kPointCalibration;
+  return key.key == "gCarriageBoardID" ? kCommaBoardCalibration : kCommaCalibration;
 }
 
 std::string CalibrationText(const DesignState& s, const SettingsStore& store, const CalibrationKey& key) {

@@ -9,13 +9,23 @@
 
 namespace torvane {
 
+// The sections of the store that hold calibration: of a decimal-point computer, of a decimal-comma one but
+// for the carriage's board, that board's, and the four axes' whatever the sign.
+inline constexpr std::string_view kPointCalibration = "TV2_Calibration";
+inline constexpr std::string_view kCommaCalibration = "TV2_Calibration_DC";
+inline constexpr std::string_view kCommaBoardCalibration = "TV2_Calibratio_DCn";
+inline constexpr std::string_view kFourAxisCalibration = "TV4_Calibration";
+inline constexpr std::string_view kCalibrationSections[] = {kPointCalibration, kCommaCalibration,
+                                                            kCommaBoardCalibration, kFourAxisCalibration};
+
 struct CalibrationKey {
   std::string_view key;
   std::string_view fallback;  // in the form of a decimal-point computer
   std::string_view meaning;
   bool isNumber = true;
-  bool ofFourAxes = false;  // it stands in TV4_Calibration, whatever the decimal sign
+  bool ofFourAxes = false;
 };
+// In the order in which they are shown.
 std::span<const CalibrationKey> CalibrationKeys();
 
 // The section that holds a calibration key, chosen by the computer's decimal sign.

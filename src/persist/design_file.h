@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "design/state.h"
+#include "design/text.h"
+#include "design/units.h"
 #include "persist/tagged_text.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -21,15 +23,36 @@ struct DesignWriter {
 
 // Comments at the head of a file; the version text and the file type stand in the first.
 void WriteHead(TaggedText& text, const DesignWriter& writer, std::string_view version, std::string_view type);
+// The comment above the layers.
 void WriteLayersHead(TaggedText& text);
 
+// What the tags that both files have are written with.
 MaybeText DecimalCommaOf(const DesignWriter& writer);
 MaybeText FileNameOf(const DesignWriter& writer);
 MaybeText VersionOf(const DesignWriter& writer);
 MaybeText DateOf(const DesignWriter& writer);
 MaybeText UnitsOf(const DesignWriter& writer);
 
-// The tags of the unit and of the file's decimal sign.
+// A field as it stands, and without the blanks at its ends.
+template <Field Fields::*field>
+MaybeText TextOfField(const DesignWriter& writer) {
+  return {true, (writer.s.*field).text()};
+}
+template <Field Fields::*field>
+MaybeText Trimmed(const DesignWriter& writer) {
+  return {true, std::string(Trim((writer.s.*field).text()))};
+}
+template <FieldArray Fields::*array, int index>
+MaybeText TrimmedAt(const DesignWriter& writer) {
+  return {true, std::string(Trim((writer.s.*array)(index).text()))};
+}
+// A field of inches in the design's unit.
+template <FieldArray Fields::*array, int index>
+MaybeText InDesignUnits(const DesignWriter& writer) {
+  return FormatForUnits(writer.s, (writer.s.*array)(index), false);
+}
+
+// What the tags of the unit and of the file's decimal sign set.
 void ReadUnits(DesignState& s, SettingsStore& store, const std::string& value);
 void ReadDecimalComma(DesignState& s, std::string_view value);
 

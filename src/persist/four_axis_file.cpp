@@ -5,7 +5,6 @@
 #include "calc/patterns.h"
 #include "design/reset.h"
 #include "design/text.h"
-#include "design/units.h"
 #include "persist/design_file.h"
 #include "persist/tagged_text.h"
 
@@ -32,21 +31,14 @@ void Take(Reader& r, const std::string& value) {
   r.s.*field = value;
 }
 
-template <Field Fields::*field>
-MaybeText TextOfField(const DesignWriter& w) {
-  return {true, (w.s.*field).text()};
-}
-
 template <FourAxisHeld::Pair FourAxisHeld::*pair>
 void HoldPair(Reader& r, const std::string&) {
   r.held.*pair = {r.s.gTagFields(1), r.s.gTagFields(2)};
 }
 
-std::string Trimmed(const Field& field) { return std::string(Trim(field.text())); }
-
 template <FieldArray Fields::*array, int first, int second>
 MaybeText PairOf(const DesignWriter& w) {
-  return {true, JoinList({Trimmed((w.s.*array)(first)), Trimmed((w.s.*array)(second))})};
+  return {true, JoinList({TrimmedAt<array, first>(w).text, TrimmedAt<array, second>(w).text})};
 }
 
 void PassBy(Reader&, const std::string&) {}
@@ -74,7 +66,7 @@ void ReadOffsets(Reader& r, const std::string&) {
 
 MaybeText OffsetsOf(const DesignWriter& w) {
   std::vector<std::string> offsets;
-  for (int i = 0; i <= 6; ++i) offsets.push_back(Trimmed(w.s.txtAdjust(i)));
+  for (int i = 0; i <= 6; ++i) offsets.emplace_back(Trim(w.s.txtAdjust(i).text()));
   return {true, JoinList(offsets)};
 }
 
@@ -103,31 +95,22 @@ constexpr Tag kTags[] = {
     {"tv_community_username", Take<&Fields::Author>, nullptr},
     {"Author_Email", PassBy, TextOfField<&Fields::Author_Email>},
     {"Comments", Take<&Fields::Comments>, TextOfField<&Fields::Comments>},
-    {"Length_Total", Take<&Fields::Length_Total>,
-     [](const DesignWriter& w) {
-       return MaybeText{true, Trimmed(w.s.lblLengthTotal)};
-     }},
-    {"Band_Width", Take<&Fields::Band_Width>,
-     [](const DesignWriter& w) { return FormatForUnits(w.s, w.s.txtBandWidth(1), false); }},
-    {"Band_Thickness", Take<&Fields::Band_Thickness>,
-     [](const DesignWriter& w) { return FormatForUnits(w.s, w.s.txtBandThickness(1), false); }},
+    {"Length_Total", Take<&Fields::Length_Total>, Trimmed<&Fields::lblLengthTotal>},
+    {"Band_Width", Take<&Fields::Band_Width>, InDesignUnits<&Fields::txtBandWidth, 1>},
+    {"Band_Thickness", Take<&Fields::Band_Thickness>, InDesignUnits<&Fields::txtBandThickness, 1>},
     {"Diameter", HoldPair<&FourAxisHeld::diameter>, PairOf<&Fields::txtDia, 0, 1>},
     {"Z_Coords", HoldPair<&FourAxisHeld::zCoords>, PairOf<&Fields::txtZ4, 0, 3>},
     {"Hemi_Coords", HoldPair<&FourAxisHeld::hemiCoords>, PairOf<&Fields::txtZ4, 1, 2>},
     {"Opening_Diameter", HoldPair<&FourAxisHeld::openingDiameter>, PairOf<&Fields::txtPODia, 0, 1>},
     {"Skirt_Length", HoldPair<&FourAxisHeld::skirtLength>,
      [](const DesignWriter& w) {
-       return MaybeText{true, JoinList({Trimmed(w.s.txtSkirtLeft), Trimmed(w.s.txtSkirtRight)})};
+       return MaybeText{
+           true, JoinList({Trimmed<&Fields::txtSkirtLeft>(w).text, Trimmed<&Fields::txtSkirtRight>(w).text})};
      }},
     {"Winding_Rate", [](Reader& r, const std::string& v) { r.held.windingRate = UpperCase(v); },
-     [](const DesignWriter& w) {
-       return MaybeText{true, Trimmed(w.s.cmbRate)};
-     }},
+     Trimmed<&Fields::cmbRate>},
     {"DHPath_Offsets", ReadOffsets, OffsetsOf},
-    {"Number_of_Layers", Take<&Fields::Number_of_Layers>,
-     [](const DesignWriter& w) {
-       return MaybeText{true, Trimmed(w.s.txtNumberOfLayers(1))};
-     }},
+    {"Number_of_Layers", Take<&Fields::Number_of_Layers>, TrimmedAt<&Fields::txtNumberOfLayers, 1>},
     {"Layer", ReadLayer, nullptr},
 };
 

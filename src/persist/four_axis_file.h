@@ -3,7 +3,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 #include "design/state.h"
 #include "platform/platform.h"

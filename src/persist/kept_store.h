@@ -22,6 +22,7 @@ class KeptStore : public SettingsStore {
   // Refused as the store under it refuses. The value is kept then, and offered again behind the next write
   // that succeeds.
   Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
+  // The store's own, with what is kept in their place or behind them.
   std::vector<Entry> All() const override;
 
   // Why a write was refused, once; nothing until all that is kept has been written and another is refused.

@@ -10,6 +10,7 @@
 
 namespace torvane {
 
+// Lines of a tagged part each, the last one "END": a text that was cut off shows it.
 std::string RecoveryText(DesignState& s);
 
 struct RecoveredDesign {

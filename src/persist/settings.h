@@ -13,8 +13,10 @@ namespace torvane {
 
 inline constexpr std::string_view kSettings = "Settings";
 
+// What the store holds under a key, else `fallback`.
 std::string GetSetting(const SettingsStore& store, std::string_view section, std::string_view key,
                        std::string_view fallback);
+// Stores a value. A refusal is told elsewhere (KeptStore), so that no operation has to.
 void SaveSetting(SettingsStore& store, std::string_view section, std::string_view key,
                  std::string_view value);
 

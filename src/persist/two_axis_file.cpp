@@ -6,9 +6,7 @@
 #include "calc/two_axis.h"
 #include "design/reset.h"
 #include "design/text.h"
-#include "design/units.h"
 #include "persist/design_file.h"
-#include "persist/settings.h"
 #include "persist/tagged_text.h"
 
 namespace torvane {
@@ -41,26 +39,6 @@ void Take(Reader& r, const std::string& value) {
 }
 
 void PassBy(Reader&, const std::string&) {}
-
-template <Field Fields::*field>
-MaybeText TextOfField(const DesignWriter& w) {
-  return {true, (w.s.*field).text()};
-}
-
-template <FieldArray Fields::*array, int index>
-MaybeText TrimmedAt(const DesignWriter& w) {
-  return {true, std::string(Trim((w.s.*array)(index).text()))};
-}
-
-template <FieldArray Fields::*array>
-MaybeText InDesignUnits(const DesignWriter& w) {
-  return FormatForUnits(w.s, (w.s.*array)(0), false);
-}
-
-template <Field Fields::*field>
-MaybeText Trimmed(const DesignWriter& w) {
-  return {true, std::string(Trim((w.s.*field).text()))};
-}
 
 // A list with a text for each layer.
 template <class TextOfLayer>
@@ -99,8 +77,8 @@ constexpr Tag kTags[] = {
     {"Length_Total", true, Take<&Fields::Length_Total>, TrimmedAt<&Fields::txtZ2, 2>},
     {"Length_Offset_Right", true, PassBy, nullptr},
     {"Length_Offset_Left", true, PassBy, nullptr},
-    {"Band_Width", true, Take<&Fields::Band_Width>, InDesignUnits<&Fields::txtBandWidth>},
-    {"Band_Thickness", true, Take<&Fields::Band_Thickness>, InDesignUnits<&Fields::txtBandThickness>},
+    {"Band_Width", true, Take<&Fields::Band_Width>, InDesignUnits<&Fields::txtBandWidth, 0>},
+    {"Band_Thickness", true, Take<&Fields::Band_Thickness>, InDesignUnits<&Fields::txtBandThickness, 0>},
     {"Number_of_Layers", true, Take<&Fields::Number_of_Layers>, TrimmedAt<&Fields::txtNumberOfLayers, 0>},
     {"Winding_Angles", true, Hold<&TwoAxisLists::Winding_Angles>, ColumnList<1>},
     {"Winding_Right_Offsets", true, Hold<&TwoAxisLists::Winding_Right_Offsets>, nullptr},

@@ -5,6 +5,7 @@
 
 namespace torvane {
 
+// Of the main window's controls whose words do not change. Other windows bring their own.
 void SetCaptions(DesignState& s);
 
 }  // namespace torvane

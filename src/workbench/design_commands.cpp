@@ -44,6 +44,12 @@ bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2
 
 }  // namespace
 
+void ChooseFamily(Station& station, bool fourAxis) {
+  DesignState& s = station.s;
+  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
+  if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
+}
+
 void mnuNewFile_Click(Station& station) {
   DesignState& s = station.s;
   s.gGridSync = false;

@@ -6,8 +6,14 @@
 
 namespace torvane {
 
+// Of the designs, below the station's folder.
+inline constexpr std::string_view kDesignFolder = "\\TV_Design_Files";
+
+// New: asks about unsaved changes, then blanks the design of both families.
 void mnuNewFile_Click(Station& station);
+// Open: asks about unsaved changes, then for a file of the family in use; nothing happens if it is cancelled.
 void btnOPen_Click(Station& station);
+// Save: asks for a name and saves under it; nothing happens if it is cancelled.
 void btnSaveAS_Click(Station& station);
 
 // Turns to a family and remembers the choice; no value of the design changes.
@@ -31,7 +37,5 @@ Written WriteProgram(Station& station);
 
 // Reopens at the start what was open at the last exit, if its file still lies in the design folder.
 void OpenLastDesignerFileInUse(Station& station);
-
-inline constexpr std::string_view kDesignFolder = "\\TV_Design_Files";
 
 }  // namespace torvane

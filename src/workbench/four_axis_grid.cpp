@@ -105,8 +105,6 @@ void cmbPhiW_Click(Station& station, int row) {
   if (s.cmbPattern(row).text().find('|') != std::string::npos) RecalculateFourAxisRow(s, row);
 }
 
-void SetDirty(Station& station, int) { station.s.gDirty = true; }
-
 void cmbRate_Click(Station& station, int) {
   station.s.gDirty = true;
   RecalculateFourAxisRows(station.s);

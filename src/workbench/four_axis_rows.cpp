@@ -1,6 +1,4 @@
 // Copy, paste, clear and delete of the pressed row of the four-axis schedule.
-#include <array>
-
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "design/reset.h"

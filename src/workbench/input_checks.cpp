@@ -108,8 +108,6 @@ void Mark_Change(Station& station, int i) {
   MarkIfZero((station.s.*array)(i));
 }
 
-void SetDirty(Station& station, int) { station.s.gDirty = true; }
-
 // A stop inside the carriage's offset would drive it into its limit switch: how to mend it, at every other
 // click.
 void txtZ2_Click(Station& station, int) {

@@ -1,4 +1,4 @@
-// What follows from a new count of layers in each family.
+// How many layers there may be, and what follows from a new count of them.
 #pragma once
 
 #include "workbench/station.h"
@@ -8,6 +8,7 @@ namespace torvane {
 // A machine winds no more layers in one go; what is typed above becomes this.
 inline constexpr int kMostLayers = 15;
 
+// Shows as many rows of the four-axis schedule as its count says, and works the wall thickness out anew.
 void ChangeFourAxisCount(Station& station);
 
 }  // namespace torvane

@@ -1,4 +1,4 @@
-// The addresses that the station opens in the web browser.
+// The addresses that the station opens in the web browser, and the one picture that it brings itself.
 #pragma once
 
 #include <string_view>

@@ -172,9 +172,6 @@ const std::vector<MachineLine>& MachineLines() {
   return lines;
 }
 
-void OpenMachine(Station& station) {
-  if (station.OpenWindow(kName) == nullptr)
-    station.windows.push_back(std::make_unique<MachineDialog>(station));
-}
+void OpenMachine(Station& station) { OpenOnce<MachineDialog>(station, kName); }
 
 }  // namespace torvane

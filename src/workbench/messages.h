@@ -7,12 +7,11 @@
 
 namespace torvane {
 
-// How a message is shown: `OkOnly` a notice, else a yes-or-no question; `Offer` the box with which the
-// operator silences it for good.
+// How a message is shown.
 struct MessageFlags {
-  bool okOnly = false;
+  bool okOnly = false;  // a notice, else a yes-or-no question
   bool beep = false;
-  bool offer = false;
+  bool offer = false;  // with the box by which the operator silences it for good
 };
 
 // Asks or warns the operator and leaves the answer in `gMsgAnswer`. A message that has been silenced is not

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "workbench/station.h"
+#include "design/field.h"
 
 namespace torvane {
 

@@ -31,6 +31,10 @@ struct Operation {
   void (*run)(Station& station, int index);
 };
 
+// The operation of a control that makes the design an unsaved one and does nothing else.
+void SetDirty(Station& station, int index);
+
+// Each room's table.
 std::span<const Operation> TwoAxisGridOperations();
 std::span<const Operation> FourAxisGridOperations();
 std::span<const Operation> FourAxisRowOperations();

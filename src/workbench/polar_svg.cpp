@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "design/text.h"
+#include "design/number_text.h"
 
 namespace torvane {
 

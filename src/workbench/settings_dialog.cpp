@@ -326,10 +326,7 @@ bool SettingsDialog::Click(std::string_view name, int index) {
 }  // namespace
 
 void OpenSettings(Station& station, int tab, CarriageOffsetMark mark) {
-  constexpr std::string_view kName = "frmSettings";
-  if (station.OpenWindow(kName) == nullptr)
-    station.windows.push_back(std::make_unique<SettingsDialog>(station));
-  auto& dialog = static_cast<SettingsDialog&>(*station.OpenWindow(kName));
+  auto& dialog = OpenOnce<SettingsDialog>(station, "frmSettings");
   dialog.ShowTab(tab);
   if (mark == CarriageOffsetMark::TooLow) dialog.MarkOffset(tab == 2 ? 0 : 1, Mark::StopTooLow);
   if (station.settingsOpened) station.settingsOpened(tab);

@@ -1,10 +1,12 @@
-// From the start of the program to the first look at a design.
+// The start of the program, up to the first look at a design, and its end.
 #include "calc/patterns.h"
 #include "design/reset.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 #include "workbench/checklist.h"
 #include "workbench/design_commands.h"
+#include "workbench/messages.h"
+#include "workbench/recovery.h"
 #include "workbench/station.h"
 
 namespace torvane {
@@ -16,7 +18,7 @@ void UpgradeStore(DesignState& s, SettingsStore& store) {
   SaveSetting(store, kSettings, "mnu2Axis", "1");
   ShowAxisDisplay(s, false);
   SaveSetting(store, kSettings, "gLastFileInUse", "");
-  for (const char* section : {"TV2_Calibration", "TV2_Calibration_DC"}) {
+  for (const std::string_view section : {kPointCalibration, kCommaCalibration}) {
     SaveSetting(store, section, "gCarriageBoardID", "");
     SaveSetting(store, section, "gMandrelBoardID", "");
   }
@@ -125,6 +127,23 @@ void Station::Form_Load() {
     s.txtLeft(i).Show(false);
     s.txtRight(i).Show(false);
   }
+  TellOfStore();
+}
+
+void Station::Form_Unload() {
+  if (ended) return;
+  s.frmMain.Show(false);
+  const bool unsaved = s.gDirty;
+  AskToSaveFirst(*this);
+  SaveStoredSettings(s, platform.store);
+  // A design that the operator wanted to save and that found no place is offered at the next start.
+  if (unsaved && s.gDirty && s.gMsgAnswer)
+    WriteRecovery(*this);
+  else
+    DropRecovery(*this);
+  while (!windows.empty()) Close(*windows.back());
+  s.frmSplash.Show(false);
+  ended = true;
   TellOfStore();
 }
 

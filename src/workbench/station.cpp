@@ -41,6 +41,8 @@ constexpr NamedTimer kTimers[] = {
 
 }  // namespace
 
+void SetDirty(Station& station, int) { station.s.gDirty = true; }
+
 Station::Station(const Platform& platform_)
     : s(SignsOf(platform_.locale)),
       keptStore(platform_.store),

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,12 +69,14 @@ class Station : private ChangeOperations {
   bool Redo();
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
+  // Begins a new history with the design as it stands.
   void ForgetHistory();
 
   // More than five seconds have passed since the start. Until then changes of a design calculate nothing,
   // so that the start can fill the fields.
   bool StartGuardPassed() const;
 
+  // It is due one interval from now, also if it runs already.
   void StartTimer(Timer& timer) { timer.due = platform.clock.Now() + timer.interval; }
   void StopTimer(Timer& timer) { timer.due.reset(); }
   // When the next running timer is due.
@@ -126,6 +129,7 @@ class Station : private ChangeOperations {
   std::vector<std::unique_ptr<Window>> windows;
   // The open window of a name; null if it is not open.
   Window* OpenWindow(std::string_view name) const;
+  // Tells the window and destroys it.
   void Close(Window& window);
   // A field of the topmost window that has one of that name, else of the main window; null if there is none.
   Field* FindField(std::string_view name);
@@ -164,5 +168,12 @@ class Station : private ChangeOperations {
   std::vector<const Operation*> changes_;
   int depth_ = 0;
 };
+
+// Opens a window of a kind under its name, on top; one that is open already stays as it is.
+template <class KindOfWindow>
+KindOfWindow& OpenOnce(Station& station, std::string_view name) {
+  if (station.OpenWindow(name) == nullptr) station.windows.push_back(std::make_unique<KindOfWindow>(station));
+  return static_cast<KindOfWindow&>(*station.OpenWindow(name));
+}
 
 }  // namespace torvane

@@ -5,7 +5,7 @@
 
 namespace torvane {
 
-// Sets the twin from the inch field.
+// Sets the twin from the inch field, times 25.4, under its mask.
 void SetTwin(Field& twin, const Field& inches, Mask mask);
 
 // The same where changes are mirrored, and not while the twin itself is being typed.

@@ -1,6 +1,4 @@
 // The two-axis layer schedule: what each edit of a row sets off, and the row menu.
-#include <algorithm>
-
 #include "calc/totals.h"
 #include "calc/two_axis.h"
 #include "design/reset.h"
@@ -157,7 +155,8 @@ void txtCarriageSpeed_Click(Station& station, int row) {
 
 void LimitLayers(DesignState& s, int panel) {
   MarkIfZero(s.txtNumberOfLayers(panel));
-  if (holds(number(s.txtNumberOfLayers(panel)) > kMostLayers)) s.txtNumberOfLayers(panel) = "15";
+  if (holds(number(s.txtNumberOfLayers(panel)) > kMostLayers))
+    s.txtNumberOfLayers(panel) = Number(kMostLayers).plain();
   s.gDirty = true;
 }
 

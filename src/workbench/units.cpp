@@ -1,26 +1,10 @@
 // The design's unit, and the band in both.
-#include "design/units.h"
-
 #include "design/reset.h"
 #include "persist/settings.h"
 #include "workbench/messages.h"
 #include "workbench/twins.h"
 
 namespace torvane {
-
-void SetTwin(Field& twin, const Field& inches, Mask mask) {
-  twin = (number(inches) * kMillimetresPerInch).as(mask);
-}
-
-void MirrorInTwin(const Station& station, Field& twin, const Field& inches, Mask mask) {
-  if (station.s.gMirrorOnChange && !station.twinIsTyped) SetTwin(twin, inches, mask);
-}
-
-void SetInchesFromTwin(Station& station, Field& inches, const Field& twin, Mask mask) {
-  station.twinIsTyped = true;
-  inches = (number(twin) / kMillimetresPerInch).as(mask);
-  station.twinIsTyped = false;
-}
 
 namespace {
 

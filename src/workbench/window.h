@@ -1,9 +1,7 @@
 // A window beside the main one, with fields of its own.
 #pragma once
 
-#include <memory>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +31,7 @@ class Window : private ChangeOperations, private FieldWatcher {
   std::string_view name() const { return name_; }
   // Null if the window has no such field.
   Field* Find(std::string_view name);
+  // Whether a field is one of this window's.
   bool Owns(const Field& field) const;
 
   // What an event sets off here; false if nothing answers to that control.
@@ -42,6 +41,7 @@ class Window : private ChangeOperations, private FieldWatcher {
 
  protected:
   Station& station() const { return station_; }
+  // A field that the window is known to have.
   Field& field(std::string_view name);
 
  private:

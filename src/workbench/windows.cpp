@@ -1,29 +1,13 @@
-// The window itself: family, splash, links, about box, the roads into the settings dialog, start and end.
-#include <algorithm>
-
-#include "design/reset.h"
-#include "design/text.h"
+// The main window itself: family, splash, links, about box, and the roads into the other windows.
 #include "persist/settings.h"
 #include "workbench/design_commands.h"
 #include "workbench/links.h"
 #include "workbench/machine_dialog.h"
-#include "workbench/messages.h"
 #include "workbench/recovery.h"
 #include "workbench/settings_dialog.h"
 #include "workbench/station.h"
 
 namespace torvane {
-
-void OpenWebLink(Station& station, std::string_view url) {
-  const bool complete = EqualNoCase(url.substr(0, 4), "http");
-  station.platform.launcher.OpenLink(complete ? std::string(url) : "http://" + std::string(url));
-}
-
-void ChooseFamily(Station& station, bool fourAxis) {
-  DesignState& s = station.s;
-  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
-  if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
-}
 
 namespace {
 
@@ -86,18 +70,6 @@ class AboutBox : public Window {
   }
 };
 
-// One picture and nothing else.
-class PictureDialog : public Window {
- public:
-  explicit PictureDialog(Station& owner) : Window(owner, "frmBigPic", {}) {}
-  bool Run(std::string_view, Event, int) override { return false; }
-};
-
-template <class Kind>
-void OpenOnce(Station& station, std::string_view name) {
-  if (station.OpenWindow(name) == nullptr) station.windows.push_back(std::make_unique<Kind>(station));
-}
-
 void HoldLeast(const DesignState& s, Field& size, double least) {
   const Number held = s.Read(size.text());
   if (!holds(held >= least)) size = Number(least).plain();
@@ -154,24 +126,5 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> WindowOperations() { return kOperations; }
-
-void OpenPicture(Station& station) { OpenOnce<PictureDialog>(station, "frmBigPic"); }
-
-void Station::Form_Unload() {
-  if (ended) return;
-  s.frmMain.Show(false);
-  const bool unsaved = s.gDirty;
-  AskToSaveFirst(*this);
-  SaveStoredSettings(s, platform.store);
-  // A design that the operator wanted to save and that found no place is offered at the next start.
-  if (unsaved && s.gDirty && s.gMsgAnswer)
-    WriteRecovery(*this);
-  else
-    DropRecovery(*this);
-  while (!windows.empty()) Close(*windows.back());
-  s.frmSplash.Show(false);
-  ended = true;
-  TellOfStore();
-}
 
 }  // namespace torvane

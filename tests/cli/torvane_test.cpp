@@ -1,7 +1,6 @@
 // The program itself, as a user starts it: its output and exit status against the files of the cases.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>

@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "gcode/session.h"
-#include "persist/four_axis_file.h"
 #include "support/station_on_stage.h"
 #include "workbench/design_commands.h"
 

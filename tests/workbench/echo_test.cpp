@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
-#include "design/catalogue.h"
 #include "host/ini_store.h"
 #include "host/temporary_folder.h"
-#include "persist/settings.h"
 #include "support/station_on_stage.h"
 #include "workbench/design_commands.h"
 

@@ -15,7 +15,6 @@
 #include "host/host_files.h"
 #include "host/host_launcher.h"
 #include "host/ini_store.h"
-#include "host/paths.h"
 #include "host/temporary_folder.h"
 #include "stage/stage.h"
 #include "support/station_on_stage.h"
