@@ -112,9 +112,9 @@ TEST_F(WindowsFilesTest, ALockKeepsAnotherOut) {
   bool second = false;
   std::thread waits;
   {
-    const FileLock lock(path);
+    const FileLock lock(path, std::chrono::seconds(0));
     ASSERT_TRUE(lock.Taken());
-    waits = std::thread([&] { second = bool(FileLock(path).Taken()); });
+    waits = std::thread([&] { second = bool(FileLock(path, std::chrono::seconds(10)).Taken()); });
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_FALSE(second);
   }

@@ -1,11 +1,6 @@
 // Backup copies of design files, and the recovery copy of an unsaved design.
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 
-#include <memory>
-
-#include "host/host_files.h"
-#include "host/temporary_folder.h"
 #include "persist/design_file.h"
 #include "persist/recovery_text.h"
 #include "support/station_on_stage.h"
@@ -64,28 +59,6 @@ TEST_F(BackupTest, OnAFullDiskTheDesignGoesBeforeItsCopy) {
   EXPECT_EQ(Boxes(), 1U);
   EXPECT_FALSE(Replace("much longer"));
   EXPECT_EQ(files.ReadWhole(kDesign).value(), "longer");
-}
-
-TEST_F(BackupTest, OnARealFullDiskToo) {
-  const TemporaryFolder folder;
-  const auto disk = folder.path / "disk";
-  std::filesystem::create_directory(disk);
-  if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0) GTEST_SKIP() << "no small disk to be had";
-  const std::shared_ptr<void> mounted(nullptr, [&](void*) { umount(disk.c_str()); });
-  HostFiles real = HostFiles::At(disk.string()).value();
-  real.MakeProgramFolderCurrent();
-  Stage& stage = onStage.stage;
-  const Platform platform{stage.store,         stage.clock,      stage.locale,     real,
-                          stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
-  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(24'000, 'f')));
-  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(48'000, 'n'))) << "without the copy there is room";
-  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
-  EXPECT_FALSE(real.Exists("a.t2d~"));
-  EXPECT_EQ(Boxes(), 1U);
-  EXPECT_FALSE(ReplaceDesign(platform, "a.t2d", std::string(90'000, 'x')));
-  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
-  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", "short"));
-  EXPECT_EQ(real.ReadWhole("a.t2d").value(), "short");
 }
 
 struct RecoveryTest : testing::Test {

@@ -16,6 +16,7 @@
 #include "host/host_launcher.h"
 #include "host/ini_store.h"
 #include "host/temporary_folder.h"
+#include "persist/design_file.h"
 #include "stage/stage.h"
 #include "support/station_on_stage.h"
 #include "workbench/design_commands.h"
@@ -139,6 +140,27 @@ TEST_F(Hindrance, AFullDisk) {
   EXPECT_EQ(store->Read("Settings", "chkNotify1"), "1");
   EXPECT_EQ(store->Read("Settings", "chkHeatGunApp"), "0");
   EXPECT_EQ(store->Read("Settings", "chkNotify2"), "1");
+}
+
+// The copy of a design's former state gives way to the design itself.
+TEST_F(Hindrance, ADiskWithNoRoomForACopy) {
+  const TemporaryFolder disk;
+  if (mount("tmpfs", disk.path.c_str(), "tmpfs", 0, "size=64k") != 0)
+    GTEST_SKIP() << "no small disk to be had";
+  const std::shared_ptr<void> mounted(nullptr, [&](void*) { umount(disk.path.c_str()); });
+  HostFiles real = HostFiles::At(disk.path.string()).value();
+  real.MakeProgramFolderCurrent();
+  const Platform platform{stage.store,         stage.clock,      stage.locale,     real,
+                          stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(24'000, 'f')));
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(48'000, 'n'))) << "without the copy there is room";
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
+  EXPECT_FALSE(real.Exists("a.t2d~"));
+  EXPECT_EQ(Heard().size(), 1U);
+  EXPECT_FALSE(ReplaceDesign(platform, "a.t2d", std::string(90'000, 'x')));
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), std::string(48'000, 'n'));
+  ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", "short"));
+  EXPECT_EQ(real.ReadWhole("a.t2d").value(), "short");
 }
 
 TEST_F(Hindrance, AFolderThatMayOnlyBeRead) {
