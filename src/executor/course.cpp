@@ -103,18 +103,8 @@ void Follower::WatchAxes(const Line& line) {
 }
 
 void Follower::PlaceLayers() {
-  const HeadComments& comments = winding_.comments();
-  for (const Layer& layer : winding_.layers()) {
-    const Pass& first = layer.passes.front();
-    LayerPlace place;
-    place.band = layer.band;
-    place.mandrel.zRight = std::min(first.farZ, first.endZ);
-    place.mandrel.zLeft = std::max(first.farZ, first.endZ);
-    const double left = layer.leftDiameter > 0 ? layer.leftDiameter : comments.leftDiameter;
-    place.mandrel.leftRadius = left / 2;
-    place.mandrel.rightRadius = (comments.rightDiameter > 0 ? comments.rightDiameter : left) / 2;
-    course_.layers.push_back(place);
-  }
+  for (const Layer& layer : winding_.layers())
+    course_.layers.push_back({MandrelOf(layer, winding_.comments()), layer.band});
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ struct Course {
   Mandrel Part() const;
 };
 
+// Runs the program once without anybody waiting for it, in a time in proportion to its length.
 Course FollowCourse(const Program& program);
 
 // What stands in the brackets of a comment.

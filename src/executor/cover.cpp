@@ -78,7 +78,7 @@ struct Track {
     if (r == radius) return;
     radius = r;
     const double tangent = perRadius * r;
-    const double degrees = band * std::sqrt(1 + tangent * tangent) / r / kRadians;
+    const double degrees = BandDegrees(band, tangent, r);
     width = degrees < 360 ? PhaseOf(degrees) : ~Phase{0};
   }
 };
@@ -116,8 +116,8 @@ double CoveredShare(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   const double widest = std::max(mandrel.leftRadius, mandrel.rightRadius);
   for (const Stroke& stroke : layer.strokes) {
     const double tangent = Tangent(stroke, widest);
-    reach = std::min(reach, layer.band * std::sqrt(1 + tangent * tangent) / widest / kRadians);
-    if (tangent > 0) axial = std::min(axial, layer.band * std::sqrt(1 + 1 / (tangent * tangent)));
+    reach = std::min(reach, BandDegrees(layer.band, tangent, widest));
+    if (tangent > 0) axial = std::min(axial, AxialBand(layer.band, tangent));
   }
   const std::size_t rows = Within((zHigh - zLow) / (axial / 10), 32, coarse ? 64 : 4096);
   const Raster raster{zLow, (zHigh - zLow) / static_cast<double>(rows), rows};

@@ -6,7 +6,7 @@ namespace torvane::executor {
 
 void CoverCount::Begin(const Mandrel& mandrel, double band) {
   *this = CoverCount();
-  const double margin = mandrel.zLeft - mandrel.zRight > 2 * band ? band / 2 : 0;
+  const double margin = mandrel.TurnMargin(band);
   zLow_ = mandrel.zRight + margin;
   const double length = mandrel.zLeft - margin - zLow_;
   if (!(band > 0) || !(mandrel.leftRadius > 0) || !(mandrel.rightRadius > 0) || !(length > 0)) return;
@@ -27,7 +27,7 @@ void CoverCount::Lay(const Stroke& stroke, double z0, double z1) {
     const double z = zLow_ + (row + 0.5) * rowHeight_;
     const double radius = mandrel_.RadiusAt(z);
     const double tangent = Tangent(stroke, radius);
-    const double degrees = band_ * std::sqrt(1 + tangent * tangent) / radius / kRadians;
+    const double degrees = BandDegrees(band_, tangent, radius);
     const double places = std::min(1.0, degrees / 360) * kPlaces;
     double from = std::fmod(stroke.AngleAt(z), 360) / 360 * kPlaces - places / 2;
     if (from < 0) from += kPlaces;

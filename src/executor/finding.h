@@ -38,8 +38,11 @@ enum class Kind {
   BehindEnd,
 };
 
+// As in docs/dialect.md: "band-aside".
 std::string_view NameOf(Kind kind);
+// How a kind stands, whatever the program: no kind is Ok.
 Level LevelOf(Kind kind);
+// "ok", "note", "fault".
 std::string_view NameOf(Level level);
 
 struct Finding {
@@ -55,7 +58,9 @@ class Findings {
   // Of a kind one is kept for each layer, of unreadable statements the first twenty; the others are counted.
   void Add(Kind kind, int line, int layer, std::string text);
 
+  // In the order in which they were found.
   const std::vector<Finding>& all() const { return all_; }
+  // Those that are listed.
   int Count(Level level) const;
   // Ok where nothing was found.
   Level WorstOf(int layer) const;

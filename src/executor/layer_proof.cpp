@@ -35,7 +35,6 @@ struct LayerProof {
 
   void CountPasses();
   void WatchHead();
-  void ShapeMandrel(const HeadComments& comments);
   void AddFilament();
   bool ShiftEndsFit();
   void NarrowToAllPasses();
@@ -67,21 +66,6 @@ void LayerProof::CountPasses() {
     Say(Kind::Passes, layer.passes.back().line,
         Fixed(announced, 0) + " passes of " + LayerName() + " are announced and the last one is pass " +
             Fixed(last, 0) + ".");
-}
-
-// The first pass runs between the stops. The comments give the right diameter: no statement has it.
-void LayerProof::ShapeMandrel(const HeadComments& comments) {
-  const Pass& first = layer.passes.front();
-  mandrel.zRight = std::min(first.farZ, first.endZ);
-  mandrel.zLeft = std::max(first.farZ, first.endZ);
-  // The outermost half band at each stop is where the band turns round.
-  const double margin = mandrel.zLeft - mandrel.zRight > 2 * layer.band ? layer.band / 2 : 0;
-  figures.zLow = mandrel.zRight + margin;
-  figures.zHigh = mandrel.zLeft - margin;
-  const double left = layer.leftDiameter > 0 ? layer.leftDiameter : comments.leftDiameter;
-  const double right = comments.rightDiameter > 0 ? comments.rightDiameter : left;
-  mandrel.leftRadius = left / 2;
-  mandrel.rightRadius = right / 2;
 }
 
 // A traverse runs along the whole part, so it meets the thicker end.
@@ -221,7 +205,7 @@ void LayerProof::JudgeGaps(bool few) {
 
 LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,
                         Findings& findings) {
-  LayerProof proof{layer, unitsPerInch, findings, {}, {}};
+  LayerProof proof{layer, unitsPerInch, findings, {}, MandrelOf(layer, comments)};
   LayerFigures& figures = proof.figures;
   figures.number = layer.number;
   figures.line = layer.line;
@@ -229,8 +213,10 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
   figures.wraps = layer.wraps;
   figures.seconds = layer.seconds;
   figures.band = layer.band;
+  const double margin = proof.mandrel.TurnMargin(layer.band);
+  figures.zLow = proof.mandrel.zRight + margin;
+  figures.zHigh = proof.mandrel.zLeft - margin;
   proof.CountPasses();
-  proof.ShapeMandrel(comments);
   proof.AddFilament();
   proof.WatchHead();
   if (layer.oddDwellLine != 0)

@@ -49,6 +49,7 @@ class Machine {
   void HaltAt(const Position& position) { at_ = position; }
   bool Turning() const { return spin_ > 0; }
   bool Millimetres() const { return millimetres_; }
+  double UnitsPerInch() const { return millimetres_ ? 25.4 : 1; }
   // The carriage's Z at its limit switch.
   double HomeZ() const { return homeZ_; }
   // A delivery head that moves in and out: the program tells where it stands when it is retracted.

@@ -28,8 +28,8 @@ double Aside(double degrees) {
   return way > 180 ? way - 360 : way;
 }
 
-double BandDegrees(double band, double tangent, double radius) {
-  return std::min(360.0, band * std::sqrt(1 + tangent * tangent) / radius / kRadians);
+double BandWithinATurn(double band, double tangent, double radius) {
+  return std::min(360.0, BandDegrees(band, tangent, radius));
 }
 
 // The tangent had the speeds been rounded the least favourable way.
@@ -82,8 +82,8 @@ class Finder {
       if (!Runs(stroke, out) || !stroke.Reaches(z)) continue;
       const double tangent = Tangent(stroke, radius);
       crossings.push_back(
-          {Wrapped(stroke.AngleAt(z)), BandDegrees(layer_.band, tangent, radius),
-           BandDegrees(layer_.band + bandRounding_, SteepestTangent(stroke, tangent), radius)});
+          {Wrapped(stroke.AngleAt(z)), BandWithinATurn(layer_.band, tangent, radius),
+           BandWithinATurn(layer_.band + bandRounding_, SteepestTangent(stroke, tangent), radius)});
     }
     return crossings;
   }
@@ -225,9 +225,8 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   const double tangent = Tangent(finder.typical(), radius);
   Pattern pattern;
   pattern.windingAngle = std::atan(tangent) / kRadians;
-  pattern.bandDegrees = BandDegrees(layer.band, tangent, radius);
-  pattern.axialBand = tangent > 0 ? layer.band * std::sqrt(1 + 1 / (tangent * tangent))
-                                  : std::numeric_limits<double>::infinity();
+  pattern.bandDegrees = BandWithinATurn(layer.band, tangent, radius);
+  pattern.axialBand = tangent > 0 ? AxialBand(layer.band, tangent) : std::numeric_limits<double>::infinity();
 
   // At each Z the direction whose bands lie closer counts.
   Gaps closest, outGaps, backGaps;

@@ -11,7 +11,6 @@ namespace torvane::executor {
 
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 // Half of the last decimal that a length or speed is written with.
 constexpr double kLastDecimal = 0.005;
 constexpr double kFarOff = 4;
@@ -49,7 +48,6 @@ class Prover {
   int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
   // Where in the program, for what is outside the layers.
   std::string Stage() const;
-  double PerInch() const { return machine_.Millimetres() ? kMillimetresPerInch : 1; }
   std::string_view Unit() const { return machine_.Millimetres() ? "mm" : "in"; }
 
   Limits limits_;
@@ -163,7 +161,7 @@ void Prover::WatchTravel(int line, double z) {
   proof_.lowestZ = std::min(proof_.lowestZ, z);
   proof_.highestZ = std::max(proof_.highestZ, z);
   if (limits_.carriageTravel <= 0) return;
-  const double low = machine_.HomeZ(), high = low + limits_.carriageTravel * PerInch();
+  const double low = machine_.HomeZ(), high = low + limits_.carriageTravel * machine_.UnitsPerInch();
   if (z >= low - kLastDecimal && z <= high + kLastDecimal) return;
   proof_.findings.Add(Kind::Travel, line, LayerNow(),
                       "The carriage is sent to Z=" + Fixed(z, 2) + ", outside its travel from Z=" +
@@ -171,7 +169,7 @@ void Prover::WatchTravel(int line, double z) {
 }
 
 void Prover::WatchHead(int line, double y) {
-  const double out = limits_.headRetracted * PerInch();
+  const double out = limits_.headRetracted * machine_.UnitsPerInch();
   if (y < -kLastDecimal) {
     proof_.findings.Add(
         Kind::HeadTravel, line, LayerNow(),
@@ -208,8 +206,10 @@ void Prover::WatchLimits(const Line& line) {
     default:
       return;
   }
-  WatchSpeed(Kind::CarriageSpeed, line, 'F', limits_.carriageSpeed * PerInch(), "The carriage", perSecond);
-  WatchSpeed(Kind::HeadSpeed, line, 'E', limits_.headSpeed * PerInch(), "The delivery head", perSecond);
+  WatchSpeed(Kind::CarriageSpeed, line, 'F', limits_.carriageSpeed * machine_.UnitsPerInch(), "The carriage",
+             perSecond);
+  WatchSpeed(Kind::HeadSpeed, line, 'E', limits_.headSpeed * machine_.UnitsPerInch(), "The delivery head",
+             perSecond);
   WatchSpeed(Kind::MandrelSpeed, line, 'S', limits_.mandrelSpeed, "The mandrel", "revolutions a minute");
 }
 
@@ -233,7 +233,7 @@ void Prover::JudgeLayers() {
     if (!seen.insert(layer.number).second)
       proof_.findings.Add(Kind::Passes, layer.line, layer.number,
                           "layer " + std::to_string(layer.number) + " is announced a second time.");
-    proof_.layers.push_back(ProveLayer(layer, winding_.comments(), PerInch(), proof_.findings));
+    proof_.layers.push_back(ProveLayer(layer, winding_.comments(), machine_.UnitsPerInch(), proof_.findings));
     proof_.filament += proof_.layers.back().filament;
     proof_.windingSeconds += layer.seconds;
   }

@@ -44,6 +44,8 @@ struct Display {
   double leftDiameter = 0;  // in the program's unit
 };
 
+// `body` is what stands behind the command word. A message (GM) has no other field; of a field given twice
+// the last one counts.
 Display ReadDisplay(std::string_view body);
 
 }  // namespace torvane::executor

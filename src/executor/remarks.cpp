@@ -21,10 +21,7 @@ std::string SubjectOf(const Finding& finding) {
 }
 
 Remark RemarkOf(const Finding& finding) {
-  std::string text = Printable(finding.text);
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  if (finding.alike > 0) text += " (" + std::to_string(finding.alike) + " more of the kind)";
-  return {LevelOf(finding.kind), finding.layer, SubjectOf(finding), std::move(text), finding.line};
+  return {LevelOf(finding.kind), finding.layer, SubjectOf(finding), SentenceOf(finding), finding.line};
 }
 
 Remark RemarkOf(const LayerFigures& layer) {
@@ -40,6 +37,13 @@ Remark RemarkOf(const LayerFigures& layer) {
 std::string Printable(std::string text) {
   for (char& c : text)
     if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
+  return text;
+}
+
+std::string SentenceOf(const Finding& finding) {
+  std::string text = Printable(finding.text);
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  if (finding.alike > 0) text += " (" + std::to_string(finding.alike) + " more of the kind)";
   return text;
 }
 

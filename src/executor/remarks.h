@@ -13,7 +13,11 @@ struct Remark {
   int line = 0;         // 0 where no line is to blame
 };
 
+// The findings, faults before notes; then the layers, the limits and the filament that are in order.
 std::vector<Remark> RemarksOf(const Proof& proof);
+
+// What was found, with a capital in front and, of several, how many more there are.
+std::string SentenceOf(const Finding& finding);
 
 // Without control characters, whatever the program holds.
 std::string Printable(std::string text);

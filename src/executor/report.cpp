@@ -12,11 +12,7 @@ namespace {
 std::string FindingLine(const Finding& finding) {
   std::string line = LevelOf(finding.kind) == Level::Fault ? "  fault  " : "  note   ";
   if (finding.line > 0) line += "line " + std::to_string(finding.line) + ": ";
-  std::string text = Printable(finding.text);
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  line += text;
-  if (finding.alike > 0) line += " (" + std::to_string(finding.alike) + " more of the kind)";
-  return line + '\n';
+  return line + SentenceOf(finding) + '\n';
 }
 
 }  // namespace

@@ -9,13 +9,17 @@
 
 namespace torvane::executor {
 
+std::string ProgramAsTyped(const std::vector<std::string>& words) {
+  std::string typed;
+  for (const std::string& word : words) typed += (typed.empty() ? "" : " ") + word;
+  return typed;
+}
+
 Request ReadRequest(const std::vector<std::string>& words) {
   if (words.empty()) return {};
   if (words.size() == 1 && words[0] == "TRACE") return {Request::Kind::Trace, {}};
   if (words.size() == 1 && words[0] == "MANUAL") return {Request::Kind::Manual, {}};
-  Request request{Request::Kind::Program, {}};
-  for (const std::string& word : words) request.asTyped += (request.asTyped.empty() ? "" : " ") + word;
-  return request;
+  return {Request::Kind::Program, ProgramAsTyped(words)};
 }
 
 Result<std::string> PathOf(const std::string& asTyped) {

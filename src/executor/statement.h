@@ -70,6 +70,7 @@ struct Form {
   std::string_view sentence;
 };
 
+// Every command that there is.
 std::span<const Form> Forms();
 
 // Reads one statement, comment stripped. False leaves in `trouble` why it cannot be read.

@@ -64,7 +64,7 @@ void Winding::BeginPass(const Display& display, const Line& line, const Machine&
   }
   open_ = true;
   Layer& layer = layers_.back();
-  if (display.bandInches > 0) layer.band = display.bandInches * (machine.Millimetres() ? 25.4 : 1);
+  if (display.bandInches > 0) layer.band = display.bandInches * machine.UnitsPerInch();
   if (display.leftDiameter > 0) layer.leftDiameter = display.leftDiameter;
   layer.carriageShift = display.method == "cs";
   Pass pass;

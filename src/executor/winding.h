@@ -72,6 +72,7 @@ class Winding {
  public:
   // `before` is where the machine stood when the statement began.
   void Take(const Line& line, const Motion& motion, const Machine& machine, const Position& before);
+  // A line that is a comment alone.
   void TakeComment(std::string_view comment);
 
   const std::vector<Layer>& layers() const { return layers_; }
