@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "platform/settings_store.h"
 
@@ -11,5 +12,8 @@ namespace torvane {
 // HKEY_CURRENT_USER\Software\Torvane. Where there is no such place, reads give nothing and writes are
 // refused.
 std::unique_ptr<SettingsStore> DefaultStore();
+
+// The settings in an INI file, a path of the computer; the user's own where it is empty.
+std::unique_ptr<SettingsStore> StoreAt(std::string_view hostPath);
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "host/code_page.h"
+#include "host/default_store.h"
 #include "host/paths.h"
 
 namespace torvane {
@@ -71,5 +72,9 @@ Outcome IniStore::Write(std::string_view section, std::string_view key, std::str
 }
 
 std::vector<SettingsStore::Entry> IniStore::All() const { return Current().Entries(); }
+
+std::unique_ptr<SettingsStore> StoreAt(std::string_view hostPath) {
+  return hostPath.empty() ? DefaultStore() : std::make_unique<IniStore>(hostPath);
+}
 
 }  // namespace torvane

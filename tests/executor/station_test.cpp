@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -324,6 +325,12 @@ TEST_F(Station, RunsTheDryRunAsAProgram) {
   std::ofstream(folder_ / "store.ini")
       << "[TV2_Calibration]\ncMaxTravel=60.00\n[TV2_Calibration_DC]\ncMaxTravel=60,00\n";
   EXPECT_EQ(Start(EXECUTOR_PROGRAM, "--check " + Quoted((folder_ / "bad.T2G").string()) + " " + Store()), 0);
+#ifndef _WIN32
+  // The environment names the store as well.
+  setenv("TORVANE_STORE", (folder_ / "store.ini").c_str(), 1);
+  EXPECT_EQ(Start(EXECUTOR_PROGRAM, "--check " + Quoted((folder_ / "bad.T2G").string())), 0);
+  unsetenv("TORVANE_STORE");
+#endif
   for (const std::string& none :
        {"--check " + Quoted((folder_ / "none.T2G").string()), std::string("--check /no/such"),
         std::string("--check"), std::string("TRACE"), std::string(), std::string("--what")})

@@ -4,10 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #ifdef TORVANE_DRYRUN_WINDOW
@@ -16,10 +15,10 @@
 #include "executor/report.h"
 #include "executor/request.h"
 #include "host/code_page.h"
+#include "host/command_line.h"
 #include "host/default_store.h"
 #include "host/file_system.h"
 #include "host/host_locale.h"
-#include "host/ini_store.h"
 #include "host/paths.h"
 #include "host/station_folder.h"
 
@@ -84,21 +83,19 @@ std::string JsonText(const Proof& proof) {
 
 struct Arguments {
   std::vector<std::string> words;
-  std::string store;
+  std::string store;  // an INI file; empty for the user's own store
   bool check = false, json = false;
 };
 
 int Check(const Arguments& arguments) {
-  std::string asTyped;
-  for (const std::string& word : arguments.words) asTyped += (asTyped.empty() ? "" : " ") + word;
+  const std::string asTyped = ProgramAsTyped(arguments.words);
   if (asTyped.empty()) return Complain("--check needs a program");
   const auto path = PathOf(asTyped);
   if (!path) return Complain(asTyped + ": " + path.reason());
   const auto program = ReadRegularFile(SystemPath(path.value()));
   if (!program) return Complain(asTyped + ": " + ToUtf8(program.reason()));
 
-  const std::unique_ptr<SettingsStore> store =
-      arguments.store.empty() ? DefaultStore() : std::make_unique<IniStore>(arguments.store);
+  const auto store = StoreAt(arguments.store);
   const Proof proof = Prove(program.value(), ReadLimits(*store, HostLocale().Signs().decimal));
   if (!proof.anyStatement) return Complain(asTyped + ": no program: it holds no statement that can be read");
   const std::string text = arguments.json ? JsonText(proof) : asTyped + "\n  " + ToUtf8(Report(proof));
@@ -107,10 +104,17 @@ int Check(const Arguments& arguments) {
   return proof.findings.Count(Level::Fault) > 0 ? kFaults : kSound;
 }
 
+// Empty where the variable is not set.
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
 #ifdef TORVANE_DRYRUN_WINDOW
 // The station starts the dry run in its own folder, where its trace lies; started by hand elsewhere, the
 // usual folder of the station is meant.
 std::string StationFolderNow() {
+  if (std::string home = Variable("TORVANE_HOME"); !home.empty()) return home;
   std::error_code error;
   const std::filesystem::path here = std::filesystem::current_path(error);
   const auto program = RunningProgramFolder();
@@ -123,22 +127,19 @@ std::string StationFolderNow() {
 #endif
 
 // The station's own command lines have no options in them: their words may begin with anything.
-bool HasOptions(int argc, char** argv) {
-  const std::set<std::string_view> options = {"--check", "--json", "--store", "--help", "-h"};
-  return std::any_of(argv + 1, argv + argc, [&](const char* word) { return options.count(word) > 0; });
+bool HasOptions(const std::vector<std::string>& words) {
+  return std::any_of(words.begin(), words.end(), [](const std::string& word) {
+    for (const std::string_view option : {"--check", "--json", "--store", "--help", "-h"})
+      if (word == option) return true;
+    return word.starts_with("--store=");
+  });
 }
 
 int Window(int& argc, char** argv, [[maybe_unused]] const Arguments& arguments) {
 #ifdef TORVANE_DRYRUN_WINDOW
   if (dryrun::HasScreen()) {
-    const auto variable = [](const char* name) {
-      const char* value = std::getenv(name);
-      return std::string(value != nullptr ? value : "");
-    };
-    dryrun::Start start{ReadRequest(arguments.words), arguments.store, variable("TORVANE_HOME")};
-    if (start.store.empty()) start.store = variable("TORVANE_STORE");
-    if (start.stationFolder.empty()) start.stationFolder = StationFolderNow();
-    return dryrun::ShowWindow(argc, argv, start);
+    return dryrun::ShowWindow(argc, argv,
+                              {ReadRequest(arguments.words), arguments.store, StationFolderNow()});
   }
   const char* const why = "there is no screen for the window";
 #else
@@ -150,21 +151,24 @@ int Window(int& argc, char** argv, [[maybe_unused]] const Arguments& arguments) 
 }
 
 int Main(int argc, char** argv) {
-  CLI::App app("Runs a winding program without a machine");
+  CLI::App app("Runs a winding program without a machine", "Torvane_Executor.exe");
   Arguments arguments;
   app.add_flag("--check", arguments.check, "Print the proof of the program and leave");
   app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
   app.add_option("--store", arguments.store, "Settings in this INI file [the user's own store]");
   app.add_option("PROGRAM", arguments.words, "The program's path, TRACE or MANUAL");
-  if (HasOptions(argc, argv)) {
+  std::vector<std::string> words = ProgramArguments(argc, argv);
+  if (HasOptions(words)) {
     try {
-      app.parse(argc, argv);
+      std::reverse(words.begin(), words.end());  // as this parser takes them
+      app.parse(words);
     } catch (const CLI::ParseError& error) {
       return app.exit(error) == 0 ? kSound : kNoProgram;
     }
   } else {
-    arguments.words.assign(argv + 1, argv + argc);
+    arguments.words = std::move(words);
   }
+  if (arguments.store.empty()) arguments.store = Variable("TORVANE_STORE");
   try {
     return arguments.check ? Check(arguments) : Window(argc, argv, arguments);
   } catch (const std::exception& error) {
