@@ -18,7 +18,6 @@ class MemoryFiles : public Files {
   std::string ProgramFolder() const override { return programFolder_; }
   std::string CurrentFolder() const override { return currentFolder_; }
   void MakeProgramFolderCurrent() override { currentFolder_ = programFolder_; }
-  void SetCurrentFolder(std::string folder) { currentFolder_ = std::move(folder); }
 
   bool Exists(std::string_view path) const override;
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;
@@ -41,9 +40,9 @@ class MemoryFiles : public Files {
   std::string Full(std::string_view path) const;
   bool IsFolder(const std::string& full) const;
 
-  std::string programFolder_, currentFolder_;
   void Keep(const std::string& full, std::string bytes);
 
+  std::string programFolder_, currentFolder_;
   std::map<std::string, std::string> files_, refusals_;
   std::map<std::string, std::int64_t> written_;  // by rising number of the write
   std::int64_t writes_ = 0;

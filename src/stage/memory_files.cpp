@@ -1,0 +1,82 @@
+#include "stage/memory_files.h"
+
+namespace torvane {
+
+MemoryFiles::MemoryFiles(std::string programFolder)
+    : programFolder_(std::move(programFolder)), currentFolder_(programFolder_) {
+  folders_.insert(programFolder_);
+}
+
+std::string MemoryFiles::Full(std::string_view path) const {
+  const bool absolute = !path.empty() && (path[0] == '\\' || (path.size() > 1 && path[1] == ':'));
+  std::string full = absolute ? std::string(path) : currentFolder_ + "\\" + std::string(path);
+  while (!full.empty() && full.back() == '\\') full.pop_back();
+  return full;
+}
+
+// The root of a drive is always there.
+bool MemoryFiles::IsFolder(const std::string& full) const {
+  return full.find('\\') == std::string::npos || folders_.count(full) > 0;
+}
+
+bool MemoryFiles::Exists(std::string_view path) const { return files_.count(Full(path)) > 0; }
+
+std::optional<std::int64_t> MemoryFiles::LastWritten(std::string_view path) const {
+  if (!Exists(path)) return std::nullopt;
+  return written_.at(Full(path));
+}
+
+void MemoryFiles::Keep(const std::string& full, std::string bytes) {
+  files_[full] = std::move(bytes);
+  written_[full] = ++writes_;
+}
+
+Result<std::string> MemoryFiles::ReadWhole(std::string_view path) const {
+  const auto found = files_.find(Full(path));
+  if (found == files_.end()) return Refusal{"No such file"};
+  return found->second;
+}
+
+Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
+  const std::string full = Full(path);
+  if (const auto refusal = refusals_.find(full); refusal != refusals_.end()) return Refusal{refusal->second};
+  if (path.empty() || path.back() == '\\' || IsFolder(full)) return Refusal{"Not a file"};
+  if (!IsFolder(full.substr(0, full.rfind('\\')))) return Refusal{"No such folder"};
+  std::string bytes;
+  for (const auto part : parts) bytes += part;
+  std::size_t others = 0;
+  for (const auto& [name, held] : files_)
+    if (name != full) others += held.size();
+  if (bytes.size() > room_ || others > room_ - bytes.size()) return Refusal{"No space left on device"};
+  Keep(full, std::move(bytes));
+  return Done{};
+}
+
+Outcome MemoryFiles::Remove(std::string_view path) {
+  files_.erase(Full(path));
+  return Done{};
+}
+
+Outcome MemoryFiles::MakeFolder(std::string_view path) {
+  const std::string full = Full(path);
+  if (IsFolder(full)) return Done{};
+  if (const auto refusal = refusals_.find(full); refusal != refusals_.end()) return Refusal{refusal->second};
+  if (files_.count(full) > 0) return Refusal{"Not a folder"};
+  if (!IsFolder(full.substr(0, full.rfind('\\')))) return Refusal{"No such folder"};
+  folders_.insert(full);
+  return Done{};
+}
+
+void MemoryFiles::Put(std::string_view path, std::string bytes) {
+  const std::string full = Full(path);
+  for (auto end = full.rfind('\\'); end != std::string::npos && end > 0; end = full.rfind('\\', end - 1)) {
+    folders_.insert(full.substr(0, end));
+  }
+  Keep(full, std::move(bytes));
+}
+
+void MemoryFiles::FailWrites(std::string_view path, std::string reason) {
+  refusals_[Full(path)] = std::move(reason);
+}
+
+}  // namespace torvane
