@@ -12,6 +12,7 @@ namespace torvane {
 int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool toStandardOutput);
 
 enum class InfoForm { Table, Brief, Json };
+// Prints the part, its layers and its totals, a line, or every field of each design.
 int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);
 
 // Opens a design and saves it again under another name.
@@ -30,6 +31,7 @@ int RunPatterns(Computer& computer, const PatternOptions& options);
 // Draws the whole picture of a row's pattern into an SVG file.
 int RunPreview(Computer& computer, const std::string& design, int row, const std::string& out);
 
+// The settings of the store itself: all that are known, one, and a new text for one.
 int RunSettingList(Computer& computer);
 int RunSettingGet(Computer& computer, const std::string& section, const std::string& key);
 int RunSettingSet(Computer& computer, const std::string& section, const std::string& key,

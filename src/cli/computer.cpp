@@ -7,7 +7,6 @@
 #include "host/default_store.h"
 #include "host/host_clock.h"
 #include "host/host_locale.h"
-#include "host/ini_store.h"
 #include "host/paths.h"
 #include "host/station_folder.h"
 #include "persist/calibration.h"
@@ -67,7 +66,7 @@ std::vector<std::string_view> SectionsOf(std::string_view key) {
 
 std::string StationText(const std::string& argument) {
   const Result<std::string> text = FromUtf8(argument);
-  if (!text) throw UsageError{text.reason()};
+  if (!text) throw UsageError{ToUtf8(text.reason())};
   return text.value();
 }
 
@@ -77,22 +76,23 @@ Assignment AssignmentOf(const std::string& argument) {
   return {StationText(argument.substr(0, equals)), StationText(argument.substr(equals + 1))};
 }
 
+std::string Because(const std::string& subject, std::string_view reason) {
+  return subject + ": " + ToUtf8(reason);
+}
+
 void Complain(const std::string& text) { std::fprintf(stderr, "torvane: %s\n", text.c_str()); }
 
 Computer::Computer(const CommonOptions& options) {
   const Result<std::string> program = RunningProgramFolder();
-  if (!program) throw UsageError{program.reason()};
+  if (!program) throw UsageError{ToUtf8(program.reason())};
   const Result<std::string> home = StationFolder(options.home, program.value());
-  if (!home) throw UsageError{home.reason()};
+  if (!home) throw UsageError{ToUtf8(home.reason())};
   if (options.home.empty()) usualFolder_ = {home.value(), program.value()};
   Result<HostFiles> files = HostFiles::At(home.value());
-  if (!files) throw UsageError{home.value() + ": " + files.reason()};
+  if (!files) throw UsageError{Because(home.value(), files.reason())};
   files_.emplace(files.value());
   files_->MakeProgramFolderCurrent();
-  if (options.store.empty())
-    realStore_ = DefaultStore();
-  else
-    realStore_ = std::make_unique<IniStore>(options.store);
+  realStore_ = StoreAt(options.store);
   stage.locale.signs = SignsOf(options.locale);
   stage.clock.Set(options.now.empty() ? HostClock().Now() : MomentOf(options.now));
   for (const std::string& setting : options.settings) {
@@ -128,11 +128,11 @@ Platform Computer::AsPlatform(SettingsStore& store) {
 void Computer::MakeStationFolders() {
   if (usualFolder_) {
     const Outcome ready = PrepareStationFolder(usualFolder_->station, usualFolder_->program);
-    if (!ready) Complain(usualFolder_->station + ": " + ToUtf8(ready.reason()));
+    if (!ready) Complain(Because(usualFolder_->station, ready.reason()));
   }
   for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
     const Outcome made = files_->MakeFolder(files_->ProgramFolder() + folder);
-    if (!made) Complain(ToUtf8(files_->ProgramFolder() + folder) + ": " + made.reason());
+    if (!made) Complain(Because(ToUtf8(files_->ProgramFolder() + folder), made.reason()));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/host_files.h"
@@ -36,10 +37,14 @@ struct Assignment {
 
 // Text of the station from an argument; throws UsageError for a character outside its code page.
 std::string StationText(const std::string& argument);
+// Splits an option at its first "="; throws UsageError without one.
 Assignment AssignmentOf(const std::string& argument);
 
 // Says something went wrong, on standard error.
 void Complain(const std::string& text);
+
+// "SUBJECT: REASON"; the reason is the station's text, as the computer gives it.
+std::string Because(const std::string& subject, std::string_view reason);
 
 // Real files; a clock that stands at the time of the command; answers to questions from a queue. The
 // settings of a run are laid over the user's, which change only where a command is there for that.
@@ -52,6 +57,7 @@ class Computer {
   // The text of this run's `--field` options goes into these fields.
   const std::vector<Assignment>& fields() const { return fields_; }
 
+  // This computer with a store in the place of its own; refers to both.
   Platform AsPlatform(SettingsStore& store);
   // This run's values over the store.
   OverlayStore RunSettings() const;

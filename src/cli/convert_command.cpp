@@ -18,13 +18,13 @@ int RunConvert(Computer& computer, const std::string& design, const std::string&
   OpenedDesign opened(computer, design);
   if (!opened) return kFailed;
   const Result<std::string> path = AbsoluteStationPath(out);
-  if (!path) throw UsageError{out + ": " + path.reason()};
+  if (!path) throw UsageError{Because(out, path.reason())};
   std::string name = path.value();
   Station& station = opened.station();
   const Outcome saved = twoAxis ? SaveTorvaneMakeFileVer20(station.s, station.platform, name)
                                 : SaveTorvaneMakeFileVer40(station.s, station.platform, name);
   if (!saved) {
-    Complain(out + ": " + saved.reason());
+    Complain(Because(out, saved.reason()));
     return kFailed;
   }
   const Result<std::string> written = HostPath(name);

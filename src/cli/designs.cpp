@@ -40,7 +40,7 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   }
   const Result<std::string> path = AbsoluteStationPath(design);
   if (!path) {
-    Complain(design + ": " + path.reason());
+    Complain(Because(design, path.reason()));
     return;
   }
   const Platform platform = computer.AsPlatform(settings_);

@@ -18,7 +18,7 @@ bool PrintProgram(Station& station) {
   Program program(station.s.signs);
   if (!FormProgram(station.s, station.platform, program)) return false;
   if (!program.refusal().empty()) {
-    Complain(program.refusal());
+    Complain(ToUtf8(program.refusal()));
     return false;
   }
 #ifdef _WIN32

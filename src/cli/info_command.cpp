@@ -48,8 +48,9 @@ std::string Padded(const std::string& text, int width, bool right) {
   return right ? blanks + text : text + blanks;
 }
 
+// `value` is the station's text.
 void PrintPair(const char* caption, const std::string& value, const char* unit) {
-  std::printf("  %-20s %s %s\n", caption, Padded(value, 10, true).c_str(), unit);
+  std::printf("  %-20s %s %s\n", caption, Padded(ToUtf8(value), 10, true).c_str(), unit);
 }
 
 // A column of the layers; its unit follows the design's where there are two.
@@ -133,7 +134,7 @@ void PrintFourAxisPart(const DesignState& s, const char* length) {
   PrintPair("Length", s.lblLengthTotal.text(), length);
   PrintPair("Left polar opening", s.txtPODia(0).text(), length);
   PrintPair("Right polar opening", s.txtPODia(1).text(), length);
-  PrintPair("Grazing angle", ToUtf8(s.lblGrazeAngle.text()), "");
+  PrintPair("Grazing angle", s.lblGrazeAngle.text(), "");
   PrintPair("Winding rate", s.cmbRate.text(), "");
 }
 
@@ -170,11 +171,12 @@ void PrintBriefHead() {
 void PrintBrief(const DesignState& s) {
   const int all = IndexSet::kAllRows;
   const bool four = s.gShow4Axis;
-  std::printf("%s %6s %7s %9s %9s %s\n", Padded(ToUtf8(s.gFileName.text()), 28, false).c_str(),
-              s.txtNumberOfLayers(s.Panel()).text().c_str(),
-              (four ? s.lblNPasses : s.lblPassesToCover)(all).text().c_str(),
-              (four ? s.lblMinutes : s.lblMinutesToCover)(all).text().c_str(),
-              (four ? s.lblLength : s.lblLengthToCover)(all).text().c_str(), s.InInches() ? "ft" : "m");
+  const auto column = [](const Field& field, int width) { return Padded(ToUtf8(field.text()), width, true); };
+  std::printf("%s %s %s %s %s %s\n", Padded(ToUtf8(s.gFileName.text()), 28, false).c_str(),
+              column(s.txtNumberOfLayers(s.Panel()), 6).c_str(),
+              column((four ? s.lblNPasses : s.lblPassesToCover)(all), 7).c_str(),
+              column((four ? s.lblMinutes : s.lblMinutesToCover)(all), 9).c_str(),
+              column((four ? s.lblLength : s.lblLengthToCover)(all), 9).c_str(), s.InInches() ? "ft" : "m");
 }
 
 }  // namespace

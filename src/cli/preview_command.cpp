@@ -24,13 +24,13 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   }
   DrawPolarCircPattern(station, row);
   const Result<std::string> path = AbsoluteStationPath(out);
-  if (!path) throw UsageError{out + ": " + path.reason()};
+  if (!path) throw UsageError{Because(out, path.reason())};
   const std::string title =
       ToUtf8(s.gFileName.text() + ", layer " + std::to_string(row) + ": " + station.polarTag);
   const std::string svg = SvgOf(station.polarPicture, pattern->radius, title);
   const Outcome written = station.platform.files.WriteWhole(path.value(), {svg});
   if (written) return kDone;
-  Complain(out + ": " + written.reason());
+  Complain(Because(out, written.reason()));
   return kFailed;
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "cli/computer.h"
 #include "workbench/station.h"
@@ -77,13 +78,18 @@ class Script {
     Script& script_;
   };
 
+  // The first word and what stands behind the one blank that follows it.
+  static std::pair<std::string, std::string> FirstWord(const std::string& text);
   // Sets off an event of the control that a name like "btnLR(0)" says.
   void SetOff(const std::string& name, Event event);
+  // Both throw ScriptError: before the start, and for a name that no field has.
   Station& Running();
   Field& FieldOf(const std::string& name);
+  // Of a path in the station's folder, with slashes or backslashes.
   std::string HomePath(const std::string& relative) const;
   // On one line, the station's folder named "<home>".
   std::string WithoutHome(std::string line) const;
+  // Prints what the station asks, tells and starts from here on.
   void Watch();
 
   Computer& computer_;

@@ -85,7 +85,7 @@ int RunSettingSet(Computer& computer, const std::string& section, const std::str
   Check(sectionText, keyText);
   const Outcome written = computer.RealStore().Write(sectionText, keyText, StationText(value));
   if (written) return kDone;
-  Complain("the setting was not stored: " + written.reason());
+  Complain(Because("the setting was not stored", written.reason()));
   return kFailed;
 }
 

@@ -181,6 +181,17 @@ TEST_F(Torvane, LeavesTheStoreAloneButForItsSettingCommand) {
   EXPECT_EQ(Lines(Start("setting get Settings gIsLHDrive").out), "True\n");
 }
 
+// What stands in a design's fields is 8-bit text, what a terminal shows UTF-8.
+TEST_F(Torvane, ShowsWhatIsNoNumberInTheTerminalsText) {
+  std::string design = Bytes(fs::path(SOURCE_FOLDER) / "samples" / "Tube-4x24.t2d");
+  const std::string tag = "<Diameter_Left>";
+  const auto at = design.find(tag) + tag.size();
+  design.replace(at, design.find('<', at) - at, "4\xBD");
+  std::ofstream(folder_ / "half.t2d", std::ios::binary) << design;
+  const Ended run = Start("info " + Quoted((folder_ / "half.t2d").string()));
+  EXPECT_NE(run.out.find("Left diameter                4\xC2\xBD in"), std::string::npos) << run.out;
+}
+
 TEST_F(Torvane, ADesignOfAMegabyteOfGarbageIsReadAtOnce) {
   std::ofstream file(folder_ / "garbage.t2d", std::ios::binary);
   for (int i = 0; i < 500'000; ++i) file << (i % 2 == 0 ? "\n" : "<");

@@ -1,0 +1,138 @@
+// What a script has printed: fields, values, files and pictures as they stand.
+#include <ostream>
+
+#include "cli/script.h"
+#include "design/catalogue.h"
+#include "host/code_page.h"
+#include "persist/tagged_text.h"
+#include "workbench/build_warnings.h"
+#include "workbench/number_hint.h"
+#include "workbench/preview.h"
+
+namespace torvane {
+
+namespace {
+
+const char* NameOfMark(Mark mark) {
+  switch (mark) {
+    case Mark::Plain:
+      return "plain";
+    case Mark::NeedsInput:
+      return "needs input";
+    case Mark::TooHigh:
+      return "too high";
+    case Mark::StopTooLow:
+      return "stop too low";
+  }
+  return "";
+}
+
+const char* ColourOf(PolarColour colour) {
+  switch (colour) {
+    case PolarColour::Tick:
+      return "#C0C0C0";
+    case PolarColour::Split:
+      return "#00FF00";
+    case PolarColour::Wrap:
+      return "#0000FF";
+    case PolarColour::Closing:
+      return "#FF0000";
+    case PolarColour::Outline:
+    case PolarColour::Band:
+      return "#000000";
+  }
+  return "";
+}
+
+const char* YesNo(bool yes) { return yes ? "yes" : "no"; }
+
+}  // namespace
+
+void Script::Get(const std::string& rest) {
+  Station& station = Running();
+  std::string text;
+  if (const Field* field = station.FindField(rest)) {
+    text = field->text();
+  } else {
+    const NamedValue value = station.FindValue(rest);
+    if (!value.found) throw ScriptError{"there is no field or value " + rest};
+    text = value.text;
+  }
+  out_ << rest << " = " << ToUtf8(text) << "\n";
+}
+
+void Script::List(const std::string& rest) {
+  for (const std::string& entry : FieldOf(rest).entries()) out_ << "| " << ToUtf8(entry) << "\n";
+}
+
+void Script::ShowMark(const std::string& rest) {
+  out_ << rest << ": " << NameOfMark(FieldOf(rest).mark()) << "\n";
+}
+
+void Script::Shown(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).shown()) << "\n"; }
+
+void Script::Enabled(const std::string& rest) {
+  out_ << rest << ": " << YesNo(FieldOf(rest).enabled()) << "\n";
+}
+
+void Script::Caption(const std::string& rest) {
+  const Field& field = FieldOf(rest);
+  // A label shows its text.
+  out_ << rest << ": " << ToUtf8(field.caption().empty() ? field.text() : field.caption()) << "\n";
+}
+
+void Script::Tip(const std::string& rest) { out_ << rest << ": " << ToUtf8(FieldOf(rest).tip()) << "\n"; }
+
+void Script::Bold(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).bold()) << "\n"; }
+
+void Script::ShowSetting(const std::string& rest) {
+  const auto [section, key] = FirstWord(rest);
+  const auto value = store_.Read(StationText(section), StationText(key));
+  out_ << rest << (value ? " = " + ToUtf8(*value) : " missing") << "\n";
+}
+
+void Script::Cat(const std::string& rest) {
+  const auto text = computer_.AsPlatform(store_).files.ReadWhole(HomePath(rest));
+  if (!text) throw ScriptError{Because(rest, text.reason())};
+  for (const std::string_view line : LinesOf(text.value())) out_ << "| " << ToUtf8(line) << "\n";
+}
+
+void Script::Focus(const std::string&) {
+  const Field* focus = Running().s.focus;
+  out_ << (focus != nullptr ? NameOf(*focus) : "") << "\n";
+}
+
+void Script::Drawing(const std::string&) {
+  static constexpr Mask kFour = "0.0000"_mask;
+  const auto number = [](double value) { return " " + FormatNumberText({}, value, kFour); };
+  for (const PolarFigure& f : LastDrawing(Running())) {
+    switch (f.kind) {
+      case PolarKind::Circle:
+        out_ << "circle" << number(f.radius) << "\n";
+        break;
+      case PolarKind::Arc:
+        out_ << "arc" << number(f.radius) << number(f.from) << number(f.to) << " " << ColourOf(f.colour)
+             << "\n";
+        break;
+      case PolarKind::Tick:
+      case PolarKind::Chord:
+        out_ << (f.kind == PolarKind::Tick ? "tick" : "line") << number(f.x1) << number(f.y1) << number(f.x2)
+             << number(f.y2) << " " << ColourOf(f.colour) << "\n";
+        break;
+    }
+  }
+}
+
+void Script::Warnings(const std::string&) {
+  const std::vector<BuildWarning> warnings = BuildWarnings(Running());
+  if (warnings.empty()) out_ << "no warnings\n";
+  for (const BuildWarning& warning : warnings)
+    out_ << "warning " << NameOf(*warning.field) << ": " << WithoutHome(warning.what + ". " + warning.why)
+         << "\n";
+}
+
+void Script::Hint(const std::string& rest) {
+  out_ << rest << ": " << ToUtf8(NumberHint(FieldOf(rest), Running().s.signs)) << "\n";
+}
+
+}  // namespace torvane
