@@ -20,6 +20,7 @@ class PlainButton : public QAbstractButton {
   PlainButton(const Theme& theme, ButtonLook look, Icon icon, const QString& caption,
               QWidget* parent = nullptr);
 
+  // Filled is what Enter means, and what is chosen of a row.
   void SetFilled(bool filled);
   void SetLook(ButtonLook look);
   void SetIcon(Icon icon);

@@ -44,6 +44,7 @@ enum class Icon : std::uint8_t {
   Enlarge,
 };
 
+// Strokes and fills an icon in one colour, scaled to the box. `None` paints nothing.
 void PaintIcon(QPainter& painter, Icon icon, const QRectF& box, const QColor& colour);
 
 }  // namespace torvane

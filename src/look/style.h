@@ -12,6 +12,7 @@ void Dress(const Theme& theme);
 
 class Style : public QProxyStyle {
  public:
+  // Follows the theme, which must outlive it.
   explicit Style(const Theme& theme);
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -8,6 +8,7 @@
 
 namespace torvane {
 
+// Every byte of a station's text has a character.
 QString Shown(std::string_view stationText);
 
 // Nothing where a character is outside the station's code page.

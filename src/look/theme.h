@@ -66,6 +66,7 @@ class Theme {
   void TurnBlink() { blinkWhite_ = !blinkWhite_; }
 
   QColor operator[](Token token) const;
+  // Lives as long as the theme. `size` in logical pixels.
   const QFont& Font(int size, Weight weight = Weight::Regular) const;
   // The schedule, the totals and the checklist can be read from the machine, two metres away.
   bool large() const { return large_; }
@@ -75,7 +76,9 @@ class Theme {
   const QFont& FigureFont(int size, Weight weight = Weight::Regular) const {
     return Font(Figure(size), weight);
   }
+  // For the toolkit's own widgets.
   QPalette Palette() const;
+  // With round ends and corners.
   QPen Pen(Token token, double width = 1) const;
 
  private:

@@ -32,6 +32,7 @@ class Binder : public QObject, private FieldWatcher {
   bool Type(Field& field, const QString& text);
   void Choose(Field& field, std::string_view text);
   void Check(Field& field, bool on);
+  // False if the station has no operation of that control and event.
   bool Run(std::string_view control, Event event = Event::Click, int index = 0);
   // Any other doing.
   void Do(const std::function<void()>& doing);

@@ -17,6 +17,7 @@ struct InputLook {
   bool cell = false;
 };
 
+// The colour of what is written in an input; PaintInput paints the rest of it.
 QColor InputTextColour(const Theme& theme, const InputLook& look);
 void PaintInput(QPainter& painter, const Theme& theme, const QRectF& box, const InputLook& look);
 

@@ -13,6 +13,7 @@ struct Help {
   QString sentence;
 };
 
+// Without a row in the table a field is called by its own name, and nothing is said of it.
 Help HelpOf(const Field& field);
 
 // Gives a field's widget its accessible name, and its what's-this with all that is known of the field.

@@ -22,6 +22,7 @@ class LayersView : public QTableView {
   std::function<void(const QPoint&)> menuWanted;
   // Told when the keys have arrived at a field's cell.
   std::function<void(const Field&)> arrivedAt;
+  // Shares height and width among rows and columns.
   void Arrange();
   void SetArrangement(Arrangement arrangement);
   int headHeight() const;

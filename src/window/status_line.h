@@ -13,6 +13,7 @@ class StatusLine : public QWidget {
  public:
   explicit StatusLine(Desk desk, QWidget* parent = nullptr);
 
+  // Says what has the keys.
   void Describe(const QString& name, const QString& sentence);
 
  protected:

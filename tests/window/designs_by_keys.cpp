@@ -69,6 +69,32 @@ void Compare(const std::string& window, const std::string& program) {
   QVERIFY2(window == program, FirstDifference(window, program).c_str());
 }
 
+struct Built {
+  std::string design, program;
+  std::string told;  // by torvane
+};
+
+// Saves under a new name and builds, by keys. Both files are those that torvane makes of the same design.
+Built SaveAndBuild(WindowOnStage& station, const StoreEntries& entries, const std::string& designName,
+                   const std::string& programName) {
+  station.stage.fileDialog.answers.emplace_back(kDesigns + designName);
+  station.Key(Qt::Key_S, Qt::ControlModifier);
+  station.Note("file TV_Design_Files/" + designName);
+  station.Note("click mnuSaveFile");
+  station.Key(Qt::Key_F9);
+  station.Note("click mnuBeginWinding");
+  const TorvaneProgram torvane(entries);
+  const std::string told = torvane.Follow(station.script);
+  const auto fileOf = [&](const char* folder, const std::string& name) {
+    const auto text = station.stage.files.ReadWhole(folder + name);
+    return text ? text.value() : "<no file " + name + ">";
+  };
+  const std::string design = fileOf(kDesigns, designName), program = fileOf(kPrograms, programName);
+  Compare(design, torvane.FileAt(QStringLiteral("TV_Design_Files/") + QString::fromStdString(designName)));
+  Compare(program, torvane.FileAt(QStringLiteral("TV_G-Code_Files/") + QString::fromStdString(programName)));
+  return {design, program, told};
+}
+
 }  // namespace
 
 class DesignsByKeys : public QObject {
@@ -84,22 +110,11 @@ class DesignsByKeys : public QObject {
 void DesignsByKeys::TwoAxisFilesAreThoseOfTheProgram() {
   WindowOnStage station(kReady);
   TypeTwoAxisDesign(station);
-  station.stage.fileDialog.answers.emplace_back(std::string(kDesigns) + "Tube.t2d");
-  station.Key(Qt::Key_S, Qt::ControlModifier);
-  station.Note("file TV_Design_Files/Tube.t2d");
-  station.Note("click mnuSaveFile");
-  station.Key(Qt::Key_F9);
-  station.Note("click mnuBeginWinding");
-
-  const TorvaneProgram torvane(kReady);
-  const std::string told = torvane.Follow(station.script);
-  const std::string design = station.stage.files.ReadWhole(std::string(kDesigns) + "Tube.t2d").value();
-  const std::string program = station.stage.files.ReadWhole(std::string(kPrograms) + "Tube.T2G").value();
-  Compare(design, torvane.FileAt(QStringLiteral("TV_Design_Files/Tube.t2d")));
-  Compare(program, torvane.FileAt(QStringLiteral("TV_G-Code_Files/Tube.T2G")));
-  QVERIFY(program.find("N3") != std::string::npos || program.size() > 2000);
+  const Built built = SaveAndBuild(station, kReady, "Tube.t2d", "Tube.T2G");
+  QVERIFY(built.program.size() > 2000);
   QCOMPARE(station.stage.launcher.starts.size(), std::size_t{1});
-  QVERIFY(told.find("start: Torvane_Executor.exe <home>\\TV_G-Code_Files\\Tube.T2G") != std::string::npos);
+  QVERIFY(built.told.find("start: Torvane_Executor.exe <home>\\TV_G-Code_Files\\Tube.T2G") !=
+          std::string::npos);
 }
 
 void DesignsByKeys::FourAxisFilesAreThoseOfTheProgram() {
@@ -107,22 +122,10 @@ void DesignsByKeys::FourAxisFilesAreThoseOfTheProgram() {
   ready.emplace_back("mnu2Axis", "0");
   WindowOnStage station(ready);
   TypeFourAxisDesign(station);
-  station.stage.fileDialog.answers.emplace_back(std::string(kDesigns) + "Vessel.t4d");
-  station.Key(Qt::Key_S, Qt::ControlModifier);
-  station.Note("file TV_Design_Files/Vessel.t4d");
-  station.Note("click mnuSaveFile");
-  station.Key(Qt::Key_F9);
-  station.Note("click mnuBeginWinding");
-
-  const TorvaneProgram torvane(ready);
-  const std::string told = torvane.Follow(station.script);
-  QVERIFY2(told.find("message 31") != std::string::npos, told.c_str());
-  const std::string design = station.stage.files.ReadWhole(std::string(kDesigns) + "Vessel.t4d").value();
-  Compare(design, torvane.FileAt(QStringLiteral("TV_Design_Files/Vessel.t4d")));
-  QVERIFY(design.find("<Layer>3;REG;1;") != std::string::npos);
-  const std::string program = station.stage.files.ReadWhole(std::string(kPrograms) + "Vessel.T4G").value();
-  Compare(program, torvane.FileAt(QStringLiteral("TV_G-Code_Files/Vessel.T4G")));
-  QVERIFY(program.size() > 2000);
+  const Built built = SaveAndBuild(station, ready, "Vessel.t4d", "Vessel.T4G");
+  QVERIFY2(built.told.find("message 31") != std::string::npos, built.told.c_str());
+  QVERIFY(built.design.find("<Layer>3;REG;1;") != std::string::npos);
+  QVERIFY(built.program.size() > 2000);
 }
 
 void DesignsByKeys::RowMenuByRightClick() {

@@ -66,6 +66,11 @@ std::vector<Case> Cases() {
       station.program->binder().Type(*station.station().FindField(field), QString::fromLatin1(text));
     };
   };
+  const auto pressLowStop = [](WindowOnStage& station) {
+    station.s().gCarriageOffsetFromRMPFace = "2";
+    station.s().txtZ2(1) = "1";
+    station.program->binder().Run("txtZ2", Event::Click, 1);
+  };
   return {
       {"changed",
        1,
@@ -191,22 +196,14 @@ std::vector<Case> Cases() {
        false,
        {"Carriage will slam Limit Switch.", "Enter a Z value greater than the Z home position.", "",
         "Go To Settings --> 2-Axis --> Red Highlight"},
-       [](WindowOnStage& station) {
-         station.s().gCarriageOffsetFromRMPFace = "2";
-         station.s().txtZ2(1) = "1";
-         station.program->binder().Run("txtZ2", Event::Click, 1);
-       }},
+       pressLowStop},
       {"stop too low, four axes",
        567,
        false,
        false,
        {"Carriage will slam Limit Switch.", "Enter a Z value greater than the Z home position.", "",
         "Go To Settings --> 4-Axis --> Red Highlight"},
-       [](WindowOnStage& station) {
-         station.s().gCarriageOffsetFromRMPFace = "2";
-         station.s().txtZ2(1) = "1";
-         station.program->binder().Run("txtZ2", Event::Click, 1);
-       },
+       pressLowStop,
        true},
   };
 }
