@@ -73,7 +73,7 @@ MessageView ViewOf(const Message& message) {
   return view;
 }
 
-MessageWindow::MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked,
+MessageWindow::MessageWindow(const Theme& theme, const MessageView& view, const std::function<void()>& ticked,
                              QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowStaysOnTopHint), theme_(theme), view_(view) {
   setObjectName(QStringLiteral("message"));

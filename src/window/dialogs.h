@@ -25,7 +25,9 @@ MessageView ViewOf(const Message& message);
 // Above all other windows. Y and N press their buttons; Esc and the cross are No, or OK of a notice.
 class MessageWindow : public QDialog {
  public:
-  MessageWindow(const Theme& theme, const MessageView& view, std::function<void()> ticked, QWidget* parent);
+  // `ticked` runs when the operator ticks that the message is not to come again.
+  MessageWindow(const Theme& theme, const MessageView& view, const std::function<void()>& ticked,
+                QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
