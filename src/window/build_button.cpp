@@ -43,7 +43,7 @@ QString BuildButton::SecondLine() const {
 
 QString BuildButton::WhatItDoes() const {
   const DesignState& s = desk_.station.s;
-  return QStringLiteral("writes %1%2 and starts the executor")
+  return QStringLiteral("writes and runs %1%2")
       .arg(Shown(WithoutLast(s.gFileName.text(), 4)),
            s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
 }

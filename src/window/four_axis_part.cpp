@@ -206,8 +206,8 @@ void FourAxisPart::PlaceOpen() {
     end.opening.MoveTo(2, 69, kField);
   }
   places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
-  // The length stands in the middle between three places at either side.
-  const int pitch = std::clamp(places_->width() / 7, 88, 104);
+  // The length and the colours stand in the middle between three places at either side.
+  const int pitch = std::clamp(places_->width() / 7, 88, 96);
   for (int i = 0; i < 6; ++i)
     z_[static_cast<std::size_t>(i)].MoveTo(i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch, 19,
                                            std::min(kField, pitch - 26));

@@ -31,9 +31,9 @@ constexpr LayerColumn kFourAxes[] = {
     {"Pause", "", nullptr, &Fields::chkPause, CellKind::Check, 62, 92, 2},
     {"RPM", "", nullptr, &Fields::lblRPM, CellKind::Figure, 66, 100, 2},
     {"Carriage Speed", "", &Fields::lblSpeedUnits, &Fields::lblcSpeed, CellKind::Figure, 98, 126, 4},
-    {"Passes", "", nullptr, &Fields::lblNPasses, CellKind::Figure, 64, 92, 3},
+    {"Passes", "", nullptr, &Fields::lblNPasses, CellKind::Figure, 66, 92, 3},
     {"Minutes", "", nullptr, &Fields::lblMinutes, CellKind::Minutes, 72, 110, 1},
-    {"Length", "", &Fields::lblLengthUnits, &Fields::lblLength, CellKind::Figure, 78, 0, 0},
+    {"Length", "", &Fields::lblLengthUnits, &Fields::lblLength, CellKind::Figure, 76, 0, 0},
 };
 
 }  // namespace

@@ -71,6 +71,7 @@ void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
     sized.widget->setFixedWidth(compact ? sized.widths.compact : sized.widths.open);
   for (QSpacerItem* gap : gaps_) gap->changeSize(compact ? 0 : panel_ == 0 ? 8 : 2, 0);
   row_->layout()->setContentsMargins(12, 4, compact ? 8 : 12, 4);
+  row_->layout()->setSpacing(compact ? 4 : 6);
   row_->layout()->invalidate();
   if (twoAxes_ != nullptr) twoAxes_->Arrange(arrangement);
   if (fourAxes_ != nullptr) fourAxes_->Arrange(arrangement);
@@ -84,18 +85,18 @@ QWidget* PartPanel::MakeRow() {
   boxes->setContentsMargins(12, 4, 12, 4);
   boxes->setSpacing(6);
   // Four axes have one more group in the row.
-  const int figure = panel_ == 0 ? 64 : 60;
+  const int figure = panel_ == 0 ? 64 : 60, narrow = panel_ == 0 ? 60 : 56;
   const auto gap = [&] {
     gaps_.push_back(new QSpacerItem(panel_ == 0 ? 8 : 2, 0));
     boxes->addSpacerItem(gaps_.back());
   };
   QHBoxLayout* line = AddGroup(*boxes, QStringLiteral("Total length"));
-  AddInput(*line, s.txtLengthTotal(panel_), {figure + 8, 68}, {});
+  AddInput(*line, s.txtLengthTotal(panel_), {figure + 8, narrow + 8}, {});
   line->addWidget(MakeDesignUnit(desk_, row));
   gap();
   line = AddGroup(*boxes, QStringLiteral("Band width"));
-  AddInput(*line, s.txtBandWidth(panel_), {figure, 60}, QStringLiteral("in"));
-  AddInput(*line, s.txtBandWidthMM(panel_), {figure, 60}, QStringLiteral("mm"));
+  AddInput(*line, s.txtBandWidth(panel_), {figure, narrow}, QStringLiteral("in"));
+  AddInput(*line, s.txtBandWidthMM(panel_), {figure, narrow}, QStringLiteral("mm"));
   gap();
   line = AddGroup(*boxes, QStringLiteral("Band thickness"));
   AddInput(*line, s.txtBandThickness(panel_), {figure, 60}, QStringLiteral("in"));
@@ -103,7 +104,7 @@ QWidget* PartPanel::MakeRow() {
   if (panel_ == 1) {
     gap();
     line = AddGroup(*boxes, QStringLiteral("Winding Rate"));
-    AddSized(*line, new FieldList(desk_, s.cmbRate), {76, 76});
+    AddSized(*line, new FieldList(desk_, s.cmbRate), {76, 70});
     stops_.push_back(sized_.back().widget);
   }
   boxes->addStretch(1);
@@ -127,7 +128,7 @@ QHBoxLayout* PartPanel::AddGroup(QHBoxLayout& boxes, const QString& caption, con
   word->setObjectName(name);
   box->addWidget(word);
   auto* line = new QHBoxLayout;
-  line->setSpacing(5);
+  line->setSpacing(4);
   box->addLayout(line);
   boxes.addLayout(box);
   return line;

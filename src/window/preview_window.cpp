@@ -309,9 +309,9 @@ class PreviewDialog : public StationDialog {
     column->addWidget(new Line(desk_));
     AddLine(*column, "X", Figure("lblX", 14));
     AddLine(*column, "Y", Figure("lblY", 14));
-    radius_ = new Word(desk_, {}, 14, Token::Figures, Weight::Medium);
+    radius_ = new Word(desk_, QString(QChar(0x2013)), 14, Token::Figures, Weight::Medium);
     radius_->setObjectName(QStringLiteral("pointerRadius"));
-    angle_ = new Word(desk_, {}, 14, Token::Figures, Weight::Medium);
+    angle_ = new Word(desk_, QString(QChar(0x2013)), 14, Token::Figures, Weight::Medium);
     angle_->setObjectName(QStringLiteral("pointerAngle"));
     AddLine(*column, "Radius", radius_);
     AddLine(*column, "Angle", angle_);
