@@ -4,9 +4,9 @@
 #include "look/icons.h"
 #include "look/paint.h"
 #include "look/text.h"
-#include "window/layer_columns.h"
-#include "window/marks_panel.h"
 #include "workbench/build_warnings.h"
+#include "workbench/layer_count.h"
+#include "workbench/marks.h"
 
 namespace torvane {
 

@@ -6,7 +6,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
-#include "window/layer_columns.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 

@@ -9,8 +9,8 @@
 #include "window/button.h"
 #include "window/field_paint.h"
 #include "window/help.h"
-#include "window/marks_panel.h"
 #include "window/totals.h"
+#include "workbench/marks.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 #include "calc/patterns.h"
 #include "design/text.h"
 #include "look/text.h"
-#include "window/layer_columns.h"
 #include "window/part_sketch.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 

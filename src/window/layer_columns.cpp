@@ -1,9 +1,5 @@
 #include "window/layer_columns.h"
 
-#include <algorithm>
-
-#include "workbench/layer_count.h"
-
 namespace torvane {
 
 namespace {
@@ -41,10 +37,6 @@ constexpr LayerColumn kFourAxes[] = {
 std::span<const LayerColumn> LayerColumns(bool fourAxis) {
   if (fourAxis) return kFourAxes;
   return kTwoAxes;
-}
-
-int LayerRows(const DesignState& s) {
-  return std::clamp(RowsOf(s.txtNumberOfLayers(s.Panel())), 0, kMostLayers);
 }
 
 }  // namespace torvane

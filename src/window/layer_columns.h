@@ -28,7 +28,4 @@ std::span<const LayerColumn> LayerColumns(bool fourAxis);
 constexpr bool IsCalculated(CellKind kind) { return kind == CellKind::Figure || kind == CellKind::Minutes; }
 constexpr bool IsInput(CellKind kind) { return kind != CellKind::Row && !IsCalculated(kind); }
 
-// How many rows the schedule has: its count, up to the most that the machine winds.
-int LayerRows(const DesignState& s);
-
 }  // namespace torvane

@@ -25,9 +25,6 @@ class MarksPanel : public QWidget {
   Desk desk_;
 };
 
-// Fields of the family in use that are marked and can be seen, worst first.
-std::vector<const Field*> MarkedFields(DesignState& s);
-
 // A line of the list: a marked field, or with a plain mark what a build is warned of.
 struct Note {
   const Field* field;

@@ -1,0 +1,27 @@
+#include "workbench/marks.h"
+
+#include <algorithm>
+
+#include "design/catalogue.h"
+#include "workbench/layer_count.h"
+
+namespace torvane {
+
+std::vector<const Field*> MarkedFields(DesignState& s) {
+  std::vector<const Field*> marked;
+  const int rows = LayerRows(s);
+  ForEachField(s, [&](const Field& field) {
+    const FieldRow& row = field.row();
+    if (field.mark() == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.gShow4Axis)) return;
+    // The drawing repeats two diameters and a length that have fields of their own.
+    const bool repeated =
+        !s.gShow4Axis && (row.name == "txtDia" || (row.name == "txtZ2" && field.index() == 2));
+    if (repeated || (IsScheduleRow(row) && field.index() > rows)) return;
+    marked.push_back(&field);
+  });
+  std::stable_sort(marked.begin(), marked.end(),
+                   [](const Field* a, const Field* b) { return a->mark() > b->mark(); });
+  return marked;
+}
+
+}  // namespace torvane

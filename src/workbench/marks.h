@@ -1,0 +1,13 @@
+// What is marked in the design, for whoever lists it.
+#pragma once
+
+#include <vector>
+
+#include "design/state.h"
+
+namespace torvane {
+
+// Fields of the family in use that are marked and can be seen, worst first.
+std::vector<const Field*> MarkedFields(DesignState& s);
+
+}  // namespace torvane
