@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A day at the station on a real X server, by real keys: from an empty home a design is typed, saved and built,
-# and the next start finds it again. real_display.sh CMAKE BUILD_FOLDER; leaves with 77 where the X server, its
-# window manager or xdotool is missing.
+# and the next start finds it again. real_display.sh CMAKE BUILD_FOLDER; leaves with 77 where no X server
+# starts, or its window manager or xdotool is missing.
 set -euo pipefail
 cmake=$1 build=$2
 for program in Xvfb openbox xdotool; do
@@ -12,25 +12,30 @@ trap 'kill $(jobs -p) 2>/dev/null || true; wait; rm -rf "$root"' EXIT
 fail() { printf 'real display: %s\n' "$*" >&2; exit 1; }
 
 Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$root/display" 2>/dev/null &
-until [ -s "$root/display" ]; do sleep 0.1; done
+for _ in $(seq 100); do [ -s "$root/display" ] && break || sleep 0.1; done
+[ -s "$root/display" ] || { echo 'no X server starts here'; exit 77; }
 DISPLAY=:$(cat "$root/display")
 export DISPLAY HOME=$root/ann XDG_RUNTIME_DIR=$root QT_QPA_PLATFORM=xcb
 unset TORVANE_HOME TORVANE_STORE XDG_CONFIG_HOME
 mkdir "$HOME"
 openbox 2>/dev/null &
 
-# until_true COMMAND...: within ten seconds.
+# until_true COMMAND...: within half a minute.
 until_true() {
-  for _ in $(seq 100); do
+  for _ in $(seq 300); do
     "$@" >/dev/null 2>&1 && return
     sleep 0.1
   done
   fail "this did not come about: $*"
 }
+has_keyboard() {
+  xdotool search --onlyvisible --name "^$1\$" windowactivate
+  xdotool getactivewindow getwindowname | grep -qx "$1"
+}
 # window NAME: the visible window whose whole name matches has the keyboard.
 window() {
   until_true xdotool search --onlyvisible --name "^$1\$"
-  xdotool windowactivate --sync "$(xdotool search --onlyvisible --name "^$1\$" | tail -n 1)"
+  until_true has_keyboard "$1"
 }
 press() { for key in "$@"; do xdotool key --clearmodifiers "$key"; sleep 0.1; done; }
 # into_fields TEXT...: each into the present field, then on to the next one; an empty text leaves it as it is.
@@ -48,6 +53,7 @@ start() {
   "$root/usr/bin/Torvane_Designer" 2>"$root/said" & station=$!
   until_true test -s "$HOME/.config/torvane/torvane.ini"
   window 'Torvane Designer'
+  sleep 1 # the start has more turns to go: a question after a crash, the first field
 }
 # answer TITLE TEXT: types the text into that dialog and closes it with Return.
 answer() {
