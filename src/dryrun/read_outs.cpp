@@ -237,25 +237,29 @@ void AxesStrip::paintEvent(QPaintEvent*) {
   };
   QPainter p(this);
   PaintPanel(p, t, rect());
+  // A narrow strip has room for six figures beside the letter and the unit.
+  const double margin = narrow ? 6 : 14, tag = narrow ? 18 : 20, unitRoom = narrow ? 28 : 38;
   for (int i = 0; i < 4; ++i) {
     const Row& row = rows[i];
     const double x = i * wide;
+    const QRectF letter(x + margin, 22 - tag / 2, tag, tag);
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(t[Token::Hairline]);
     if (i > 0) p.drawLine(QPointF(std::round(x) + 0.5, 1), QPointF(std::round(x) + 0.5, height() - 1));
     p.setPen(Qt::NoPen);
     p.setBrush(t[row.there ? Token::Accent : Token::Hairline]);
-    p.drawRoundedRect(QRectF(x + 14, 12, 20, 20), 4, 4);
+    p.drawRoundedRect(letter, 4, 4);
     p.setFont(t.Font(13, Weight::Medium));
     p.setPen(t[row.there ? Token::OnAccent : Token::Off]);
-    p.drawText(QRectF(x + 14, 12, 20, 20), Qt::AlignCenter, row.letter);
-    p.setFont(t.Font(narrow ? 20 : 25, Weight::Medium));
+    p.drawText(letter, Qt::AlignCenter, row.letter);
+    p.setFont(t.Font(narrow ? 18 : 25, Weight::Medium));
     p.setPen(t[row.there ? Token::Figures : Token::Off]);
-    p.drawText(QRectF(x + 34, 4, wide - 34 - 42, 34), Qt::AlignRight | Qt::AlignVCenter,
-               row.there ? row.figure : QString(kDash));
+    p.drawText(QRectF(letter.right(), 4, x + wide - unitRoom - 4 - letter.right(), 34),
+               Qt::AlignRight | Qt::AlignVCenter, row.there ? row.figure : QString(kDash));
     p.setFont(t.Font(13));
     p.setPen(t[Token::Second]);
-    if (row.there) p.drawText(QRectF(x + wide - 38, 8, 34, 28), Qt::AlignLeft | Qt::AlignVCenter, row.unit);
+    if (row.there)
+      p.drawText(QRectF(x + wide - unitRoom, 8, unitRoom, 28), Qt::AlignLeft | Qt::AlignVCenter, row.unit);
     p.setFont(t.Font(11));
     const QString absent = narrow ? tr("not there") : tr("not on this machine");
     const QString note = empty ? QString() : row.there ? row.below : absent;
