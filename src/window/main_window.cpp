@@ -7,7 +7,6 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPainter>
-#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTimer>
@@ -15,7 +14,6 @@
 
 #include "design/catalogue.h"
 #include "host/paths.h"
-#include "look/screen.h"
 #include "look/text.h"
 #include "window/build_button.h"
 #include "window/button.h"
@@ -29,6 +27,7 @@
 #include "window/part_panel.h"
 #include "window/polar_panel.h"
 #include "window/status_line.h"
+#include "window/stored_place.h"
 #include "window/tool_bar.h"
 #include "window/totals.h"
 #include "window/totals_panel.h"
@@ -40,19 +39,12 @@ namespace torvane {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 // Width of the rail at 1280, as far as it gives way, and from 1600 on.
 constexpr int kRail = 326, kNarrowRail = 324, kWideRail = 380;
 constexpr int kLargeRail = 370, kNarrowLargeRail = 250;
 constexpr int kGap = 8;
 // Pages of the totals.
 constexpr int kEndView = 2, kLargeTotals = 3;
-
-int Pixels(const Field& twips) {
-  const Number value = number(twips);
-  return holds(value > -60000) && holds(value < 600000) ? static_cast<int>(value.value()) / kTwipsPerPixel
-                                                        : 0;
-}
 
 }  // namespace
 
@@ -92,11 +84,7 @@ MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(de
   rows->addWidget(status_);
   setCentralWidget(centre);
   UseDark(desk.theme.dark());
-  const DesignState& s = desk.station.s;
-  resize(QSize(Pixels(s.meWidth), Pixels(s.meHeight)).expandedTo(kLeastWindow));
-  const QPoint place(Pixels(s.meLeft), Pixels(s.meTop));
-  if (QGuiApplication::screenAt(place + QPoint(40, 10)) != nullptr) move(place);
-  KeepOnScreen(*this);
+  TakeStoredPlace(*this, desk.station.s);
   placed_ = true;
   desk.binder.focusMoved = [this](const Field& field) { GoTo(field); };
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
@@ -351,28 +339,18 @@ void MainWindow::ShowRowMenu(const QPoint& at) {
   if (desk_.station.s.mnuPopMenu.shown()) OpenRowMenu(*this, desk_, at);
 }
 
-void MainWindow::StorePlace() {
-  if (!placed_) return;
-  DesignState& s = desk_.station.s;
-  s.meWasMaximized = isMaximized() ? "1" : "0";
-  if (!isMaximized() && !isFullScreen()) {
-    s.meWidth = std::to_string(width() * kTwipsPerPixel);
-    s.meHeight = std::to_string(height() * kTwipsPerPixel);
-    s.meLeft = std::to_string(x() * kTwipsPerPixel);
-    s.meTop = std::to_string(y() * kTwipsPerPixel);
-  }
-}
-
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  if (placed_) Arrange();
-  StorePlace();
+  if (placed_) {
+    Arrange();
+    StorePlace(*this, desk_.station.s);
+  }
   desk_.binder.Run("Form", Event::Resize);
 }
 
 void MainWindow::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
-  StorePlace();
+  if (placed_) StorePlace(*this, desk_.station.s);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

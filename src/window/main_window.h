@@ -57,7 +57,6 @@ class MainWindow : public QMainWindow {
   // Says in the status line what a field is.
   void Describe(const Field& field);
   void OrderTabs();
-  void StorePlace();
   void Blink();
   void ShowRowMenu(const QPoint& at);
 
