@@ -9,7 +9,7 @@ std::optional<std::string> KeptStore::Read(std::string_view section, std::string
 }
 
 Outcome KeptStore::Write(std::string_view section, std::string_view key, std::string_view value) {
-  const Outcome written = under_.Write(section, key, value);
+  Outcome written = under_.Write(section, key, value);
   if (!written) {
     kept_[Name(section, key)] = value;
     if (!refused_) refusal_ = written.reason();
