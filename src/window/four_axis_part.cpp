@@ -79,6 +79,9 @@ class TypeButton : public QAbstractButton {
   int type_;
 };
 
+// How far the fields stand from the edges of the drawing.
+int EdgeOf(const QRect& area) { return area.width() < 700 ? 8 : 14; }
+
 // What the delivery head offsets are called above their fields.
 constexpr const char* kOffsets[] = {"Wrap Y", "Wrap Z", "Left", "Head gap", "Right", "Wrap Z", "Wrap Y"};
 
@@ -94,14 +97,12 @@ FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(
   left_ = AddEnd(true);
   right_ = AddEnd(false);
   const struct {
-    const char *caption, *name;
+    const char* caption;
     Field& field;
-  } places[] = {{"Skirt", "Left skirt", s.txtSkirtLeft},      {"Left Z", "Left Z", s.txtZ4(0)},
-                {"Inner left Z", "Inner left Z", s.txtZ4(1)}, {"Inner right Z", "Inner right Z", s.txtZ4(2)},
-                {"Right Z", "Right Z", s.txtZ4(3)},           {"Skirt", "Right skirt", s.txtSkirtRight}};
+  } places[] = {{"Skirt", s.txtSkirtLeft},     {"Left Z", s.txtZ4(0)},  {"Inner left Z", s.txtZ4(1)},
+                {"Inner right Z", s.txtZ4(2)}, {"Right Z", s.txtZ4(3)}, {"Skirt", s.txtSkirtRight}};
   for (const auto& place : places)
-    z_.push_back(MakePlacedInput(desk_, place.field, QString::fromLatin1(place.caption),
-                                 QString::fromLatin1(place.name), places_));
+    z_.push_back(MakePlacedInput(desk_, place.field, QString::fromLatin1(place.caption), places_));
   stops_ = {left_.diameter.field,  left_.opening.field,  z_[0].field, z_[1].field, z_[2].field,
             right_.diameter.field, right_.opening.field, z_[3].field, z_[4].field, z_[5].field};
   AddLength();
@@ -130,13 +131,11 @@ void FourAxisPart::AddTypes() {
 FourAxisPart::End FourAxisPart::AddEnd(bool left) {
   DesignState& s = desk_.station.s;
   auto* owner = new QWidget(this);
-  const QString side = left ? QStringLiteral("Left ") : QStringLiteral("Right ");
-  const QString diameterName = side + QStringLiteral("diameter");
   const PlacedField diameter =
-      MakePlacedInput(desk_, s.txtDia(left ? 0 : 1), diameterName, diameterName, owner);
+      MakePlacedInput(desk_, s.txtDia(left ? 0 : 1),
+                      left ? QStringLiteral("Left diameter") : QStringLiteral("Right diameter"), owner);
   const PlacedField opening =
-      MakePlacedInput(desk_, s.txtPODia(left ? 0 : 1), QStringLiteral("Polar opening"),
-                      side + QStringLiteral("polar opening"), owner);
+      MakePlacedInput(desk_, s.txtPODia(left ? 0 : 1), QStringLiteral("Polar opening"), owner);
   return {owner, diameter, opening};
 }
 
@@ -145,9 +144,8 @@ void FourAxisPart::AddOffset(int i) {
   auto* stepper = new Stepper(desk_, field, kStepper, OffsetJog(i));
   stepper->setParent(head_);
   stepper->edit()->setTextMargins(0, 0, 0, 0);
-  const QString name = QString::fromLatin1(kOffsets[i]);
-  stepper->edit()->setAccessibleName(QStringLiteral("Delivery head offset %1, ").arg(i) + name);
-  auto* caption = new Word(desk_, name, 12, Token::Second, Weight::Regular, head_);
+  auto* caption =
+      new Word(desk_, QString::fromLatin1(kOffsets[i]), 12, Token::Second, Weight::Regular, head_);
   FollowShown(desk_, field, stepper);
   FollowShown(desk_, field, caption);
   offsets_.push_back(stepper);
@@ -198,22 +196,23 @@ QRect FourAxisPart::DrawingArea() const {
 void FourAxisPart::PlaceOpen() {
   const QRect area = DrawingArea();
   const int axis = static_cast<int>(FourAxisFrame(arrangement_, area).axisY);
+  const int edge = EdgeOf(area);
   types_->setGeometry(0, 0, kTypes, height());
   for (const bool left : {true, false}) {
     const End& end = left ? left_ : right_;
-    end.owner->setGeometry(left ? area.left() + 12 : area.right() - 103, axis - 40, 102, 100);
+    end.owner->setGeometry(left ? area.left() + edge - 2 : area.right() - 95 - edge, axis - 40, 102, 100);
     end.diameter.MoveTo(2, 19, kField);
     end.opening.MoveTo(2, 69, kField);
   }
-  places_->setGeometry(area.left() + 12, height() - 54, area.width() - 14, 54);
+  places_->setGeometry(area.left() + edge - 2, height() - 54, area.width() - edge, 54);
   // The length and the colours stand in the middle between three places at either side.
-  const int pitch = std::clamp(places_->width() / 7, 88, 96);
+  const int pitch = std::clamp(places_->width() / 7, 88, 100);
   for (int i = 0; i < 6; ++i)
     z_[static_cast<std::size_t>(i)].MoveTo(i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch, 19,
-                                           std::min(kField, pitch - 26));
+                                           std::min(kField, pitch - 28));
   lengthOwner_->setGeometry(std::max(2 + 3 * pitch, area.center().x() - 46 - places_->x()), 0,
                             kFieldWithUnit + 6, 54);
-  length_.MoveTo(0, 19, std::min(kField, pitch - 26));
+  length_.MoveTo(0, 19, std::min(kField, pitch - 28));
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
   const int stepper = std::clamp(static_cast<int>(share) - 2, 60, kStepper);
@@ -302,11 +301,12 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
   if (arrangement_ != Arrangement::Open) return;
   // The ends' titles.
   const double titles = FourAxisFrame(arrangement_, area).axisY - 63;
+  const int edge = EdgeOf(area);
   painter.setPen(t[Token::Text]);
   painter.setFont(t.Font(13, Weight::Medium));
-  painter.drawText(QRectF(area.left() + 14, titles, 60, 20), Qt::AlignVCenter | Qt::AlignLeft,
+  painter.drawText(QRectF(area.left() + edge, titles, 60, 20), Qt::AlignVCenter | Qt::AlignLeft,
                    QStringLiteral("Left end"));
-  painter.drawText(QRectF(area.right() - 72, titles, 60, 20), Qt::AlignVCenter | Qt::AlignRight,
+  painter.drawText(QRectF(area.right() - 60 - edge, titles, 60, 20), Qt::AlignVCenter | Qt::AlignRight,
                    QStringLiteral("Right end"));
 }
 

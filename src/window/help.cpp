@@ -6,6 +6,7 @@ namespace torvane {
 
 namespace {
 
+// Of an array whose members mean different things each member has a row of its own.
 struct Row {
   std::string_view field;
   const char* name;
@@ -21,11 +22,27 @@ constexpr Row kHelp[] = {
     {"txtNumberOfLayers", "Number of Layers", "1 to 15. Each layer becomes a row of the schedule."},
     {"txtDiameterLeft", "Left diameter", "Diameter of the mandrel at its left end."},
     {"txtDiameterRight", "Right diameter", "Diameter of the mandrel at its right end."},
-    {"txtDia", "Diameter", "Diameter of the mandrel at this end."},
-    {"txtZ2", "Stop (Z)", "Where winding stops, counted from the mandrel post at home."},
-    {"txtZ4", "Z", "A place along the part, counted from the mandrel post at home."},
-    {"txtPODia", "Polar opening", "Diameter of the opening at this end."},
-    {"txtAdjust", "Delivery head offset", "A place of the delivery head at the ends of the part."},
+    {"txtDia(0)", "Left diameter", "Diameter of the mandrel at its left end."},
+    {"txtDia(1)", "Right diameter", "Diameter of the mandrel at its right end."},
+    {"txtZ2(0)", "Left stop", "Where winding stops, counted from the mandrel post at home."},
+    {"txtZ2(1)", "Right stop", "Where winding stops, counted from the mandrel post at home."},
+    {"txtZ4(0)", "Left Z", "The part's left end, counted from the mandrel post at home."},
+    {"txtZ4(1)", "Inner left Z", "Where the left dome begins, counted from the mandrel post at home."},
+    {"txtZ4(2)", "Inner right Z", "Where the right dome begins, counted from the mandrel post at home."},
+    {"txtZ4(3)", "Right Z", "The part's right end, counted from the mandrel post at home."},
+    {"txtPODia(0)", "Left polar opening", "Diameter of the opening at the left end."},
+    {"txtPODia(1)", "Right polar opening", "Diameter of the opening at the right end."},
+    {"txtAdjust(0)", "Offset 0, wrap Y at the left",
+     "From the axis to the delivery head in the left end wrap."},
+    {"txtAdjust(1)", "Offset 1, wrap Z at the left", "Where the carriage stands in the left end wrap."},
+    {"txtAdjust(2)", "Offset 2, left end of the run",
+     "Where the trace shows the left end of the run along the part."},
+    {"txtAdjust(3)", "Offset 3, head gap", "From the part to the delivery head along the run."},
+    {"txtAdjust(4)", "Offset 4, right end of the run",
+     "Where the trace shows the right end of the run along the part."},
+    {"txtAdjust(5)", "Offset 5, wrap Z at the right", "Where the carriage stands in the right end wrap."},
+    {"txtAdjust(6)", "Offset 6, wrap Y at the right",
+     "From the axis to the delivery head in the right end wrap."},
     {"txtSkirtLeft", "Left skirt", "Length of the left skirt."},
     {"txtSkirtRight", "Right skirt", "Length of the right skirt."},
     {"cmbRate", "Winding Rate", "Speed class of the whole part."},
@@ -85,16 +102,15 @@ constexpr Row kHelp[] = {
 }  // namespace
 
 Help HelpOf(const Field& field) {
+  const std::string member = NameOf(field);
   for (const Row& row : kHelp) {
-    if (row.field != field.row().name) continue;
+    if (row.field != field.row().name && row.field != member) continue;
     QString name = QString::fromLatin1(row.name);
-    if (row.field == "txtZ2" && field.index() <= 1)
-      name = field.index() == 0 ? QStringLiteral("Left stop") : QStringLiteral("Right stop");
     if (IsScheduleRow(field.row()) && field.index() != IndexSet::kAllRows)
       name += QStringLiteral(", layer %1").arg(field.index());
     return {name, QString::fromLatin1(row.sentence)};
   }
-  return {QString::fromStdString(NameOf(field)), {}};
+  return {QString::fromStdString(member), {}};
 }
 
 void Explain(QWidget& widget, const Field& field) {

@@ -46,12 +46,13 @@ void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) co
   p.fillRect(box, pressed ? t[Token::Accent] : t[Token::Panel]);
   p.setPen(pressed ? t[Token::OnAccent] : t[Token::Text]);
   p.setFont(t.FigureFont(14, Weight::Medium));
-  const bool pattern = s.gShow4Axis && s.btn4XRow(layer).shown() && s.cmb3D(layer).text() == "REG";
-  if (!pattern) {
+  if (!s.gShow4Axis) {
     p.drawText(box, Qt::AlignCenter, QString::number(layer));
     return;
   }
+  // Numbers stand below each other, whether a row shows a pattern or not.
   p.drawText(box.adjusted(0, 0, -t.Figure(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
+  if (!s.btn4XRow(layer).shown() || s.cmb3D(layer).text() != "REG") return;
   const double size = t.Figure(15);
   PaintIcon(p, Icon::Pattern, {box.right() - t.Figure(20) + 0.5, box.center().y() - size / 2, size, size},
             p.pen().color());

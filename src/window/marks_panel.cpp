@@ -70,7 +70,8 @@ void MarksPanel::paintEvent(QPaintEvent*) {
     else
       PaintInput(p, t, QRectF(14, y, 26, 26), {note.mark, true, false, false});
     if (i == room - 1 && left > 1) {
-      line(y - 2, QStringLiteral("%1 more to look at").arg(left), note.title + QStringLiteral(" ..."));
+      const QString count = i == 0 ? QStringLiteral("%1 to look at") : QStringLiteral("%1 more to look at");
+      line(y - 2, count.arg(left), note.title + QStringLiteral(" ..."));
       break;
     }
     line(y - 2, note.title, note.second);

@@ -32,7 +32,7 @@ PartDrawing::End PartDrawing::MakeEnd(bool left) {
   const QString name = left ? QStringLiteral("Left") : QStringLiteral("Right");
   auto* title = new Word(desk_, name + QStringLiteral(" end"), 13, Token::Text, Weight::Medium, owner);
   const auto input = [&](Field& field, const QString& caption) {
-    return MakePlacedInput(desk_, field, caption, caption, owner);
+    return MakePlacedInput(desk_, field, caption, owner);
   };
   const PlacedField diameter =
       input(left ? s.txtDiameterLeft : s.txtDiameterRight, name + QStringLiteral(" diameter"));
@@ -45,7 +45,7 @@ void PartDrawing::PlaceEnd(const End& end, bool left) {
   end.title->setVisible(!folded);
   if (folded) {
     // Side by side, the diameter outside.
-    end.owner->setGeometry(left ? kInset : width() - kInset - kPair - 4, 0, kPair + 4, height() - 24);
+    end.owner->setGeometry(left ? kInset : width() - kInset - kPair + 4, 0, kPair + 4, height() - 24);
     end.diameter.MoveTo(left ? 0 : kPair - 96, 23, kFieldWidth);
     end.stop.MoveTo(left ? kPair - 96 : 0, 23, kFieldWidth);
     return;

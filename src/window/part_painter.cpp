@@ -7,6 +7,13 @@
 
 namespace torvane {
 
+namespace {
+
+constexpr double kBesideMandrel = 15;  // from a mandrel's end to the line of its diameter
+constexpr double kRadiusForText = 28;  // what a diameter's text on the mandrel needs above the axis
+
+}  // namespace
+
 SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
   // Kept free at both sides for the ends' fields.
   const double sides = arrangement == Arrangement::Open ? 124 : arrangement == Arrangement::Folded ? 210 : 90;
@@ -189,8 +196,8 @@ void PartPainter::PaintDimensions(QPainter& p) const {
                          stops ? XOf(*scene_.rightStop) : mandrelRight_, scene_.winding,
                          scene_.complete() ? Token::Figures : Token::Off);
   if (!scene_.complete()) return;
-  PaintDiameter(p, mandrelLeft_ - 15, leftRadius_, scene_.leftDiameterText, true);
-  PaintDiameter(p, mandrelRight_ + 15, rightRadius_, scene_.rightDiameterText, false);
+  PaintDiameter(p, mandrelLeft_ - kBesideMandrel, leftRadius_, scene_.leftDiameterText, true);
+  PaintDiameter(p, mandrelRight_ + kBesideMandrel, rightRadius_, scene_.rightDiameterText, false);
 }
 
 void PartPainter::PaintDiameter(QPainter& p, double x, double radius, const QString& text, bool left) const {
@@ -205,12 +212,17 @@ void PartPainter::PaintDiameter(QPainter& p, double x, double radius, const QStr
   if (text.isEmpty()) return;
   p.setFont(t_.Font(12, Weight::Medium));
   const double width = p.fontMetrics().horizontalAdvance(text) + 8;
-  // Outside the mandrel where the post leaves room.
-  const bool outside = left ? x - 6 - width > f_.postLeft + 6 : x + 6 + width < f_.postRight - 6;
-  const QRectF box(left == outside ? x - 6 - width : x + 6, f_.axisY - 28, width, 18);
-  p.setPen(Qt::NoPen);
-  p.setBrush(t_[Token::Drawing]);
-  p.drawRoundedRect(box, 3, 3);
+  // Beside its line where the post leaves room, else on the mandrel, or above a mandrel too thin for it.
+  const bool beside = left ? x - 6 - width > f_.postLeft + 6 : x + 6 + width < f_.postRight - 6;
+  const bool within = !beside && radius >= kRadiusForText;
+  const double outwards = beside ? 6 : within ? -kBesideMandrel - 4 - width : -14;
+  const QRectF box(left ? x - outwards - width : x + outwards,
+                   f_.axisY - (beside || within ? 28 : radius + 21), width, 18);
+  if (beside || within) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(t_[Token::Drawing]);
+    p.drawRoundedRect(box, 3, 3);
+  }
   p.setPen(t_[Token::Figures]);
   p.drawText(box, Qt::AlignCenter, text);
 }

@@ -104,15 +104,16 @@ QWidget* PartPanel::MakeRow() {
   if (panel_ == 1) {
     gap();
     line = AddGroup(*boxes, QStringLiteral("Winding Rate"));
-    AddSized(*line, new FieldList(desk_, s.cmbRate), {76, 70});
+    AddSized(*line, new FieldList(desk_, s.cmbRate), {84, 72});
     stops_.push_back(sized_.back().widget);
   }
   boxes->addStretch(1);
   line = AddGroup(*boxes, QStringLiteral("Shift part"));
-  const Widths shift = panel_ == 0 ? Widths{122, 102} : Widths{102, 100};
-  AddSized(*line,
-           new Stepper(desk_, panel_ == 0 ? s.txtStepSize2Ax : s.txtStepSize4Ax, shift.open, PartJog(panel_)),
-           shift);
+  const Widths shift = panel_ == 0 ? Widths{122, 102} : Widths{102, 96};
+  auto* jog =
+      new Stepper(desk_, panel_ == 0 ? s.txtStepSize2Ax : s.txtStepSize4Ax, shift.open, PartJog(panel_));
+  jog->edit()->setTextMargins(0, 0, 0, 0);
+  AddSized(*line, jog, shift);
   line->addWidget(MakeDesignUnit(desk_, row));
   gap();
   line = AddGroup(*boxes, Shown(s.lblNumberOfLayers(panel_).caption()),

@@ -28,11 +28,8 @@ PlacedField Surround(Desk desk, QWidget* shown, const Field& field, const QStrin
   return {word, shown, unit};
 }
 
-PlacedField MakePlacedInput(Desk desk, Field& field, const QString& caption, const QString& name,
-                            QWidget* owner) {
-  auto* edit = new FieldEdit(desk, field, Place::Panel, owner);
-  edit->setAccessibleName(name);
-  return Surround(desk, edit, field, caption, owner);
+PlacedField MakePlacedInput(Desk desk, Field& field, const QString& caption, QWidget* owner) {
+  return Surround(desk, new FieldEdit(desk, field, Place::Panel, owner), field, caption, owner);
 }
 
 }  // namespace torvane

@@ -21,8 +21,7 @@ Word* MakeDesignUnit(Desk desk, QWidget* owner);
 // Puts caption and unit beside a widget that shows a field in the design's unit.
 PlacedField Surround(Desk desk, QWidget* shown, const Field& field, const QString& caption, QWidget* owner);
 
-// An input with both; `name` is what a screen reader calls it.
-PlacedField MakePlacedInput(Desk desk, Field& field, const QString& caption, const QString& name,
-                            QWidget* owner);
+// An input with both.
+PlacedField MakePlacedInput(Desk desk, Field& field, const QString& caption, QWidget* owner);
 
 }  // namespace torvane

@@ -1,6 +1,7 @@
 #include "window/tool_bar.h"
 
 #include <QBoxLayout>
+#include <algorithm>
 
 #include "look/paint.h"
 #include "look/text.h"
@@ -12,7 +13,9 @@ namespace {
 
 constexpr int kHeight = 50, kLargeHeight = 60, kLargeTool = 46;
 constexpr int kBesideSegments = 6;
-constexpr int kDocument = 170;  // what the design's name keeps while tools give up their words
+constexpr int kBehindName = 22;  // for the unsaved dot
+// What the design's name keeps while tools give up their words: its own width between these.
+constexpr int kDocument = 170, kLongDocument = 320;
 
 // Two choices of which one is filled.
 class Segments : public QWidget {
@@ -59,6 +62,10 @@ class Document : public QWidget {
     });
   }
 
+  QSize sizeHint() const override {
+    return {QFontMetrics(NameFont()).horizontalAdvance(Name()) + kBesideSegments + kBehindName, height()};
+  }
+
  protected:
   void mouseReleaseEvent(QMouseEvent*) override { desk_.binder.Run("lblStatusBar2"); }
   void paintEvent(QPaintEvent*) override {
@@ -66,12 +73,10 @@ class Document : public QWidget {
     const DesignState& s = desk_.station.s;
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setFont(t.FigureFont(15, Weight::Medium));
+    p.setFont(NameFont());
     p.setPen(t[Token::Text]);
-    const bool named = !s.lblStatusBar2.empty() || !s.gFileName.empty();
-    QString name = Shown(s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text());
-    if (!named) name = QStringLiteral("New design");
-    name = p.fontMetrics().elidedText(name, Qt::ElideMiddle, width() - 22 - kBesideSegments);
+    const QString name =
+        p.fontMetrics().elidedText(Name(), Qt::ElideMiddle, width() - kBehindName - kBesideSegments);
     const QRect line = t.large() ? rect() : QRect(kBesideSegments, 4, width() - kBesideSegments, 20);
     p.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, name);
     if (s.gDirty) {
@@ -85,14 +90,22 @@ class Document : public QWidget {
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
     QString state = s.gShow4Axis ? QStringLiteral("4-axis design, ") : QStringLiteral("2-axis design, ");
-    state += s.gDirty ? QStringLiteral("not saved")
-             : named  ? QStringLiteral("saved")
-                      : QStringLiteral("nothing to save");
+    state += s.gDirty  ? QStringLiteral("not saved")
+             : Named() ? QStringLiteral("saved")
+                       : QStringLiteral("nothing to save");
     p.drawText(QRect(kBesideSegments, 23, width() - kBesideSegments, 17), Qt::AlignVCenter | Qt::AlignLeft,
                p.fontMetrics().elidedText(state, Qt::ElideRight, width()));
   }
 
  private:
+  bool Named() const { return !desk_.station.s.lblStatusBar2.empty() || !desk_.station.s.gFileName.empty(); }
+  QString Name() const {
+    const DesignState& s = desk_.station.s;
+    if (!Named()) return QStringLiteral("New design");
+    return Shown(s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text());
+  }
+  QFont NameFont() const { return desk_.theme.FigureFont(15, Weight::Medium); }
+
   Desk desk_;
 };
 
@@ -173,6 +186,9 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   worded_.push_back({leave_, leave_->text(), 1});
   row->addWidget(leave_);
   Arrange(Arrangement::Open);
+  desk.binder.BindAll(this, [this] {
+    if (document_->sizeHint().width() != room_) ShowWords();
+  });
 }
 
 Button* ToolBar::Tool(Icon icon, const QString& word, const char* control, const QString& tip, int rank) {
@@ -202,11 +218,13 @@ void ToolBar::Arrange(Arrangement arrangement) {
 }
 
 void ToolBar::ShowWords() {
+  room_ = document_->sizeHint().width();
+  const int document = std::clamp(room_, kDocument, kLongDocument);
   // The tools give up their words one rank after the other, until the design's name has its room.
   for (int most = 3; most >= 0; --most) {
     for (const Worded& worded : worded_)
       worded.button->setText(worded.rank <= most ? worded.word : QString());
-    int wanted = layout()->contentsMargins().left() + layout()->contentsMargins().right() + kDocument;
+    int wanted = layout()->contentsMargins().left() + layout()->contentsMargins().right() + document;
     for (int i = 0; i < layout()->count(); ++i) {
       const QLayoutItem* item = layout()->itemAt(i);
       if (item->isEmpty()) continue;

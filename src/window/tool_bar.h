@@ -43,6 +43,7 @@ class ToolBar : public QWidget {
   std::vector<QWidget*> small_;  // what large figures leave out
   std::vector<QWidget*> dividers_;
   QWidget* document_ = nullptr;
+  int room_ = 0;  // what the design's name asked for when the words were chosen
   Button* leave_ = nullptr;
 };
 
