@@ -101,10 +101,10 @@ class Machine {
   }
 
   void Arrow(const QPointF& from, const QPointF& to) {
-    p_.setPen(t_.Pen(Token::Accent, 1.4));
-    p_.drawLine(from, to);
     const QPointF way = to - from;
     const QPointF along = way / std::hypot(way.x(), way.y()) * 8;
+    p_.setPen(t_.Pen(Token::Accent, 1.4));
+    p_.drawLine(from, to - along * 0.6);
     const QPointF across(-along.y() * 0.4, along.x() * 0.4);
     p_.setBrush(t_[Token::Accent]);
     p_.setPen(Qt::NoPen);
@@ -117,9 +117,12 @@ class Machine {
     p_.setPen(t_.Pen(Token::Accent, 1.4));
     QPainterPath round;
     round.arcMoveTo(QRectF(x - 9, 30, 18, 64), 60);
-    round.arcTo(QRectF(x - 9, 30, 18, 64), 60, 240);
+    round.arcTo(QRectF(x - 9, 30, 18, 64), 60, 215);
     p_.drawPath(round);
-    Arrow(round.pointAtPercent(0.97), round.currentPosition() + QPointF(2, 2));
+    // The head goes on where the arc points to.
+    const QPointF end = round.currentPosition(), before = round.pointAtPercent(0.95);
+    const QPointF ahead = end - before;
+    Arrow(end, end + ahead * (8 / std::hypot(ahead.x(), ahead.y())));
     Letter({x - 9, kAxis}, letter);
   }
 
