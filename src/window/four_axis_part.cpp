@@ -206,7 +206,7 @@ void FourAxisPart::PlaceOpen() {
   }
   places_->setGeometry(area.left() + edge - 2, height() - 54, area.width() - edge, 54);
   // The length and the colours stand in the middle between three places at either side.
-  const int pitch = std::clamp(places_->width() / 7, 88, 100);
+  const int pitch = std::clamp(places_->width() / 7, 88, 96);
   for (int i = 0; i < 6; ++i)
     z_[static_cast<std::size_t>(i)].MoveTo(i < 3 ? 2 + i * pitch : places_->width() - (6 - i) * pitch, 19,
                                            std::min(kField, pitch - 28));

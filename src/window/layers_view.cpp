@@ -21,7 +21,6 @@ constexpr int kTallHead = 54;
 constexpr int kTallBelow = 880;
 constexpr int kLeastRow = 22, kMostRow = 36;
 constexpr int kLargeRow = 53, kLeastLargeRow = 46;
-constexpr double kMostStretch = 1.4;
 
 // Two lines: caption and unit; three where the caption has to be broken.
 class Head : public QHeaderView {
@@ -142,7 +141,7 @@ void LayersView::Arrange() {
   const auto columns = LayerColumns(fourAxis_);
   const int bar = rows * rowHeight() > height() - head ? 12 : 0;
   const int present = width() - bar;
-  const double share = std::min(kMostStretch, static_cast<double>(present) / wanted);
+  const double share = static_cast<double>(present) / wanted;
   int used = 0, last = 0;
   for (int i = 0; i < model_->columnCount(); ++i) {
     if (isColumnHidden(i)) continue;

@@ -219,7 +219,9 @@ void ToolBar::Arrange(Arrangement arrangement) {
 
 void ToolBar::ShowWords() {
   room_ = document_->sizeHint().width();
-  const int document = std::clamp(room_, kDocument, kLongDocument);
+  // Among large figures a tool keeps its word before a long name its middle: these tools move the machine.
+  const int document =
+      std::clamp(room_, kDocument, arrangement_ == Arrangement::Large ? kDocument : kLongDocument);
   // The tools give up their words one rank after the other, until the design's name has its room.
   for (int most = 3; most >= 0; --most) {
     for (const Worded& worded : worded_)
