@@ -107,6 +107,7 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
 
 int Main(int argc, char** argv) {
   CLI::App app("Torvane Designer on the command line", "torvane");
+  app.allow_windows_style_options(false);  // a path may begin with a slash there too
   app.require_subcommand(1);
   Arguments arguments;
   Command chosen;

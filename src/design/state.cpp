@@ -51,6 +51,15 @@ Snapshot DesignState::TakeSnapshot() {
   return snapshot;
 }
 
+bool DesignState::HasTextsOf(const Snapshot& snapshot) {
+  auto text = snapshot.texts.begin();
+  bool same = true;
+  ForEachField(*this, [&](const Field& field) {
+    if (IsOfDesign(field.row())) same = field.text() == *text++ && same;
+  });
+  return same;
+}
+
 void DesignState::Restore(const Snapshot& snapshot) {
   auto text = snapshot.texts.begin();
   auto looks = snapshot.looks.begin();

@@ -47,8 +47,6 @@ struct Snapshot {
   LayerTable table2Ax, table4Ax;
   bool mnuINCH = true;
   std::int32_t gBuildHours = 0, gBuildMinutes = 0;
-
-  bool SameTexts(const Snapshot& other) const { return texts == other.texts; }
 };
 
 // All fields, with the values that stand behind them in no field.
@@ -113,6 +111,8 @@ struct DesignState : FieldOwner, Fields {
   Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
 
   Snapshot TakeSnapshot();
+  // Whether the design's fields hold the texts of a snapshot.
+  bool HasTextsOf(const Snapshot& snapshot);
   // Sets everything of the design at once; no operation runs.
   void Restore(const Snapshot& snapshot);
 };

@@ -100,6 +100,8 @@ Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::s
   const DWORD attributes = GetFileAttributesW(path.c_str());
   const bool made = attributes == INVALID_FILE_ATTRIBUTES;
   if (!made && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
+  // Not every file system keeps an administrator from writing there.
+  if (!made && (attributes & FILE_ATTRIBUTE_READONLY) != 0) return Refused(ERROR_ACCESS_DENIED);
   Handle file(Opened(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS));
   if (!file) return Refused(GetLastError());
   LARGE_INTEGER former{};

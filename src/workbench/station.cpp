@@ -85,7 +85,7 @@ auto Station::Remembered(const Field* typed, Doing doing) {
 
 bool Station::Remember(Snapshot before, const Field* typed) {
   constexpr std::size_t kLongestHistory = 100;
-  if (before.SameTexts(s.TakeSnapshot())) return false;
+  if (s.HasTextsOf(before)) return false;
   const bool goesOn = typed != nullptr && typed == lastTyped_ && !undo_.empty();
   lastTyped_ = typed;
   redo_.clear();

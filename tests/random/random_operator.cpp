@@ -461,8 +461,7 @@ void RandomOperator::CheckDesign() {
   int steps = 0;
   for (; station_->CanUndo(); ++steps) station_->Undo();
   for (; steps > 0; --steps) station_->Redo();
-  const Snapshot after = station_->s.TakeSnapshot();
-  if (!before.SameTexts(after)) throw Broken("undone and done again it is another design");
+  if (!station_->s.HasTextsOf(before)) throw Broken("undone and done again it is another design");
 
   repaints_ = 0;
   reports_ = 0;

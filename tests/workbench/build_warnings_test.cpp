@@ -168,7 +168,7 @@ TEST_F(BuildWarningsTest, LooksWithoutTouching) {
   const Snapshot before = s.TakeSnapshot();
   const std::string fields = s.gTagFields(0);
   BuildWarnings(station);
-  EXPECT_TRUE(before.SameTexts(s.TakeSnapshot()));
+  EXPECT_TRUE(s.HasTextsOf(before));
   EXPECT_EQ(s.gTagFields(0), fields);
 }
 

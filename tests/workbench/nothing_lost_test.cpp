@@ -133,7 +133,7 @@ TEST_F(RecoveryTest, BringsBackEveryTextMarkAndList) {
 
   StationOnStage other;
   DesignState& t = other.Started().s;
-  ASSERT_FALSE(before.SameTexts(t.TakeSnapshot()));
+  ASSERT_FALSE(t.HasTextsOf(before));
   const auto design = ReadRecovery(text);
   ASSERT_TRUE(design);
   Restore(t, *design);

@@ -152,6 +152,7 @@ int Window(int& argc, char** argv, [[maybe_unused]] const Arguments& arguments) 
 
 int Main(int argc, char** argv) {
   CLI::App app("Runs a winding program without a machine", "Torvane_Executor.exe");
+  app.allow_windows_style_options(false);  // a path may begin with a slash there too
   Arguments arguments;
   app.add_flag("--check", arguments.check, "Print the proof of the program and leave");
   app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
