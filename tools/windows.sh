@@ -1,22 +1,23 @@
 # The Windows build on Debian; sourced behind tools/setup.sh.
 
-# check_windows: torvane and the executor by mingw-w64. Under wine the first writes the program of each sample as
-# the release build does, which stands.
+# check_windows: torvane, the executor and their tests by mingw-w64. Under wine the first writes the program of each
+# sample as the release build does, which stands, and the tests run.
 check_windows() {
   packages=(g++-mingw-w64-x86-64-posix googletest libcli11-dev nlohmann-json3-dev wine64)
   install_packages
   configure windows
-  cmake --build build/windows --target torvane torvane_executor_program >&2 || fail "the windows build failed"
+  cmake --build build/windows --target torvane_tests >&2 || fail "the windows build failed"
   if on_windows cmd /c exit >/dev/null 2>&1; then
     compare_programs
+    on_windows build/windows/tests/torvane_tests.exe --gtest_brief=1 || fail "tests failed under wine"
   else
-    say "wine starts nothing here: the Windows programs are built and not compared"
+    say "wine starts nothing here: the Windows programs are built and not run"
   fi
 }
 
 # A Windows of its own, without the parts that show web pages and run other machines' code.
 on_windows() {
-  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= timeout 120 /usr/lib/wine/wine64 "$@"
+  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= timeout 600 /usr/lib/wine/wine64 "$@"
 }
 
 compare_programs() {
