@@ -35,12 +35,9 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
   recalculate->setFixedHeight(28);
   recalculate_ = recalculate;
   add_ = new Button(desk, ButtonLook::Flat, Icon::Plus, {}, this);
+  add_->Runs("btnMoreLayers");
   add_->setObjectName(QStringLiteral("addLayer"));
   add_->setFixedHeight(28);
-  connect(add_, &QAbstractButton::clicked, this, [this] {
-    DesignState& state = desk_.station.s;
-    desk_.binder.Type(state.txtNumberOfLayers(state.Panel()), QString::number(LayerRows(state) + 1));
-  });
   allRows_ = new QWidget(this);
   MakeAllRows();
   view_->arranged = [this] { Place(); };
@@ -66,15 +63,9 @@ void LayersPanel::MakeAllRows() {
   }
 }
 
-void LayersPanel::ShowAllRows(bool shown) {
-  allRowsWanted_ = shown;
-  for (const auto& [column, cell] : allRowsCells_)
-    if (column > 0) (desk_.station.s.*view_->layers().Column(column).cells)(kAllRows).Show(shown);
-  desk_.binder.Flush();
-}
-
 bool LayersPanel::AllRowsInView() const {
-  return allRowsWanted_ && arrangement_ != Arrangement::Large && LayerRows(desk_.station.s) > 0;
+  return !fourAxis_ && desk_.station.allRowsShown && arrangement_ != Arrangement::Large &&
+         LayerRows(desk_.station.s) > 0;
 }
 
 void LayersPanel::FollowState() {
@@ -84,10 +75,6 @@ void LayersPanel::FollowState() {
   recalculate_->setVisible(rows > 0 && open);
   add_->setVisible(rows > 0 && rows < kMostLayers && arrangement_ != Arrangement::Large);
   add_->setText(QStringLiteral("Add layer %1").arg(rows + 1));
-  // A new design hides them by its own rule; the operator's switch stands.
-  if (allRowsWanted_)
-    for (const auto& [column, cell] : allRowsCells_)
-      if (column > 0) (desk_.station.s.*view_->layers().Column(column).cells)(kAllRows).Show(true);
   if (allRows_->isHidden() == AllRowsInView()) {
     allRows_->setVisible(AllRowsInView());
     view_->setGeometry(1, 1, width() - 2, AllRowsTop() - 1);
@@ -175,7 +162,7 @@ void LayersPanel::PaintFooter(QPainter& p) const {
   const int before = view_->columnViewportPosition(columns - 3);
   p.drawText(QRect(before - 70, y, 62, kFooter - 1), Qt::AlignRight | Qt::AlignVCenter,
              QStringLiteral("Total"));
-  if (fourAxis_ || s.gCurrentRow < 1 || s.gCurrentRow > LayerRows(s)) return;
+  if (fourAxis_ || PressedRow(s) == 0) return;
   double x = recalculate_->geometry().right() + 14;
   const auto word = [&](const QString& text, bool figure) {
     p.setFont(t.Font(12, figure ? Weight::Medium : Weight::Regular));

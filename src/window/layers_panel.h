@@ -15,8 +15,6 @@ class LayersPanel : public QWidget {
 
   LayersView* view() const { return view_; }
   void Arrange(Arrangement arrangement);
-  // The row whose entries go to every row, apart from them. Two axes alone have rules for it.
-  void ShowAllRows(bool shown);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -35,7 +33,6 @@ class LayersPanel : public QWidget {
   Desk desk_;
   bool fourAxis_;
   Arrangement arrangement_ = Arrangement::Open;
-  bool allRowsWanted_ = false;
   LayersView* view_;
   QWidget* card_;
   QWidget* recalculate_;

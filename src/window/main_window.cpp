@@ -53,10 +53,9 @@ MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(de
   setMinimumSize(kLeastWindow);
   setAcceptDrops(true);
   AddMenus(*this, desk, [this](QMenu& view) {
-    FillViewMenu(view, desk_,
-                 {[this](bool large) { UseLargeFigures(large); },
-                  [this](bool shown) { layers_[0]->ShowAllRows(shown); },
-                  [this](Appearance appearance) { Use(appearance); }});
+    FillViewMenu(
+        view, desk_,
+        {[this](bool large) { UseLargeFigures(large); }, [this](Appearance appearance) { Use(appearance); }});
   });
   // The keys of the menu bar work where large figures leave it out.
   for (QAction* action : menuBar()->findChildren<QAction*>())

@@ -7,6 +7,7 @@
 #include "design/text.h"
 #include "look/text.h"
 #include "workbench/recent_files.h"
+#include "workbench/row_menu.h"
 
 namespace torvane {
 
@@ -34,7 +35,8 @@ constexpr Entry kMachine[] = {{"&Trace", "lblGoTrace", ""},
                               {"Operate Torvane &Manually", "mnuManually", ""},
                               {"&Launch Executor w/o G-Code", "mnuLaunchExecutor", ""}};
 constexpr Entry kBuild[] = {{"&Begin Build Process w/G-Code", "mnuBeginWinding", "F9"},
-                            {"&View G-Code", "Command2", ""}};
+                            {"&View G-Code", "Command2", ""},
+                            {"&ReCalc All Rows", "mnuRefresh", "F5"}};
 constexpr Entry kHelp[] = {{"&2-Axis Software Overview", "mnuVideo2AX", ""},
                            {"&4-Axis Software Overview", "mnuVideo4AX", ""},
                            {nullptr, nullptr, nullptr},
@@ -42,11 +44,6 @@ constexpr Entry kHelp[] = {{"&2-Axis Software Overview", "mnuVideo2AX", ""},
 constexpr Entry kSettings[] = {{"&Settings...", "mnuProperties", ""},
                                {"S&peeds...", "mnuSpeeds", ""},
                                {"&Machine...", "mnuMachine", ""}};
-// Beside the told row menu, which works on two-axis rows alone.
-constexpr Entry kFourAxisRow[] = {{"Copy 4-Axis Row", "mnuCopy4Ax", ""},
-                                  {"Paste 4-Axis Row", "mnuPaste4Ax", ""},
-                                  {"Clear 4-Axis Row", "mnuClear4Ax", ""},
-                                  {"Delete 4-Axis Row", "mnuDelete4Ax", ""}};
 
 QAction* Add(QMenu& menu, Desk desk, const Entry& entry) {
   if (entry.caption == nullptr) return menu.addSeparator();
@@ -66,20 +63,16 @@ QMenu* AddMenu(QMainWindow& window, Desk desk, const char* title, const Entry (&
 }
 
 void AddRowEntries(QMenu& menu, Desk desk) {
-  DesignState& s = desk.station.s;
-  for (const Field* entry :
-       {&s.mnuCopy, &s.mnuPaste, &s.mnuClearRow, &s.mnuDeleteRow, &s.mnuReCalcSpeeds, &s.mnuRecalcAllRows}) {
-    if (entry == &s.mnuReCalcSpeeds) menu.addSeparator();
-    QAction* action = menu.addAction(Shown(entry->caption()));
-    action->setObjectName(QString::fromLatin1(entry->row().name.data()));
-    if (s.gShow4Axis) action->setToolTip(QStringLiteral("Works on the row of the 2-axis schedule."));
+  for (const RowMenuEntry& entry : RowMenu(desk.station.s)) {
+    if (entry.beginsGroup) menu.addSeparator();
+    QAction* action = menu.addAction(Shown(entry.caption));
+    action->setObjectName(Shown(entry.control));
+    action->setEnabled(entry.usable);
+    if (!entry.tip.empty()) action->setToolTip(Shown(entry.tip));
     QObject::connect(action, &QAction::triggered, &menu,
-                     [desk, control = entry->row().name] { desk.binder.Run(control); });
+                     [desk, control = entry.control] { desk.binder.Run(control); });
   }
   menu.setToolTipsVisible(true);
-  if (!s.gShow4Axis) return;
-  menu.addSeparator();
-  for (const Entry& entry : kFourAxisRow) Add(menu, desk, entry);
 }
 
 // The designs last opened or saved, as they stand when the menu opens.
@@ -124,9 +117,6 @@ void AddEditMenu(QMainWindow& window, Desk desk) {
   QObject::connect(edit, &QMenu::aboutToShow, edit, [edit, undo, redo, desk] {
     edit->clear();
     AddRowEntries(*edit, desk);
-    const bool pressed = desk.station.s.gCurrentRow > 0;
-    for (QAction* action : edit->actions())
-      action->setEnabled(pressed || action->objectName() == QStringLiteral("mnuRecalcAllRows"));
     QAction* first = edit->actions().front();
     edit->insertAction(first, undo);
     edit->insertAction(first, redo);
@@ -147,11 +137,7 @@ void AddMenus(QMainWindow& window, Desk desk, const std::function<void(QMenu& vi
   AddEditMenu(window, desk);
   fillView(*window.menuBar()->addMenu(QStringLiteral("&View")));
   AddMenu(window, desk, "&Machine", kMachine);
-  QMenu* build = AddMenu(window, desk, "&Build", kBuild);
-  QAction* recalculate = build->addAction(QStringLiteral("&ReCalc All Rows"));
-  recalculate->setShortcut(QKeySequence(Qt::Key_F5));
-  QObject::connect(recalculate, &QAction::triggered, build,
-                   [desk] { desk.binder.Run(desk.station.s.gShow4Axis ? "lblRefresh" : "btnReCalc"); });
+  AddMenu(window, desk, "&Build", kBuild);
   AddMenu(window, desk, "&Settings", kSettings);
   AddMenu(window, desk, "&Help", kHelp);
 }
@@ -161,8 +147,7 @@ void OpenRowMenu(QWidget& parent, Desk desk, const QPoint& at) {
   menu.setObjectName(QStringLiteral("mnuPopMenu"));
   AddRowEntries(menu, desk);
   menu.exec(at);
-  desk.station.s.mnuPopMenu.Show(false);
-  desk.binder.Flush();
+  desk.binder.Do([&] { CloseRowMenu(desk.station); });
 }
 
 }  // namespace torvane

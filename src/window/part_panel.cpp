@@ -9,7 +9,6 @@
 #include "window/part_drawing.h"
 #include "window/placed_field.h"
 #include "window/stepper.h"
-#include "workbench/layer_count.h"
 
 namespace torvane {
 
@@ -147,14 +146,10 @@ void PartPanel::AddInput(QHBoxLayout& line, Field& field, Widths widths, const Q
 }
 
 void PartPanel::AddCount(QHBoxLayout& line) {
-  Binder& binder = desk_.binder;
-  Field& layers = desk_.station.s.txtNumberOfLayers(panel_);
   const Widths widths{panel_ == 0 ? 120 : 98, 98};
-  auto* count =
-      new Stepper(desk_, layers, widths.open, Icon::Minus, Icon::Plus, [&binder, &layers](bool more) {
-        const int rows = RowsOf(layers) + (more ? 1 : -1);
-        if (rows >= 0 && rows <= kMostLayers) binder.Type(layers, QString::number(rows));
-      });
+  auto* count = new Stepper(
+      desk_, desk_.station.s.txtNumberOfLayers(panel_), widths.open, Icon::Minus, Icon::Plus,
+      [&binder = desk_.binder](bool more) { binder.Run(more ? "btnMoreLayers" : "btnFewerLayers"); });
   AddSized(line, count, widths);
   stops_.push_back(count->edit());
 }

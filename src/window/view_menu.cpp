@@ -26,10 +26,13 @@ void FillViewMenu(QMenu& menu, Desk desk, const ViewChoices& choices) {
   QObject::connect(large, &QAction::triggered, &menu, [choices](bool on) { choices.largeFigures(on); });
   desk.binder.BindAll(large, [large, desk] { large->setChecked(desk.theme.large()); });
 
-  QAction* rows = AddSwitch(menu, QStringLiteral("&All-Rows Row"), QStringLiteral("viewAllRows"),
+  QAction* rows = AddSwitch(menu, QStringLiteral("&All-Rows Row"), QStringLiteral("mnuAllRows"),
                             QStringLiteral("A row below the 2-axis schedule whose entries go to every row."));
-  QObject::connect(rows, &QAction::triggered, &menu, [choices](bool on) { choices.allRows(on); });
-  desk.binder.BindAll(rows, [rows, desk] { rows->setEnabled(!desk.station.s.gShow4Axis); });
+  QObject::connect(rows, &QAction::triggered, &menu, [desk] { desk.binder.Run("mnuAllRows"); });
+  desk.binder.BindAll(rows, [rows, desk] {
+    rows->setEnabled(!desk.station.s.gShow4Axis);
+    rows->setChecked(desk.station.allRowsShown);
+  });
 
   QMenu* looks = menu.addMenu(QStringLiteral("A&ppearance"));
   auto* group = new QActionGroup(looks);

@@ -12,7 +12,6 @@ namespace torvane {
 
 struct ViewChoices {
   std::function<void(bool)> largeFigures;
-  std::function<void(bool)> allRows;
   std::function<void(Appearance)> appearance;
 };
 

@@ -3,6 +3,7 @@
 #include "design/reset.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
+#include "workbench/all_rows.h"
 #include "workbench/checklist.h"
 #include "workbench/design_commands.h"
 #include "workbench/messages.h"
@@ -26,12 +27,6 @@ void UpgradeStore(DesignState& s, SettingsStore& store) {
                                          {"iMaxCarriageSpeeds(3)", "6"}, {"iMaxMandrelRPM(1)", "20"},
                                          {"iMaxMandrelRPM(2)", "40"},    {"iMaxMandrelRPM(3)", "60"}};
   for (const auto& [key, value] : kClasses) SaveSetting(store, kSettings, key, value);
-}
-
-void HideAllRowsFields(DesignState& s) {
-  for (FieldArray* column : {&s.cmb3D, &s.chkPause, &s.txtWA, &s.txtLeft, &s.txtRight, &s.cmbSpeed,
-                             &s.cmbMethod, &s.txtAddRevs, &s.txtMRPM})
-    (*column)(IndexSet::kAllRows).Show(false);
 }
 
 std::vector<std::string> WholeDegrees(int first, int last) {
@@ -99,7 +94,7 @@ void Station::Form_Load() {
   s.lblStatusBar1.Show(false);
   s.gDecimalComma = NumberToText(s.signs, 5.0 / 2).find(',') != std::string::npos;
   s.gIsLHDrive = ReadsAsTrue(GetSetting(store, kSettings, "gIsLHDrive", "False"));
-  HideAllRowsFields(s);
+  ShowAllRowsFields(s, false);
   for (int i = 0; i <= 2; ++i) MarkIfZero(s.txtZ2(i));
   s.txtDiameterLeft.SetMark(Mark::NeedsInput);
   s.txtDiameterRight.SetMark(Mark::NeedsInput);

@@ -1,6 +1,7 @@
 #include "workbench/station.h"
 
 #include "design/catalogue.h"
+#include "workbench/all_rows.h"
 #include "workbench/captions.h"
 #include "workbench/recovery.h"
 
@@ -111,6 +112,7 @@ bool Station::GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
   to.push_back(s.TakeSnapshot());
   s.Restore(from.back());
   from.pop_back();
+  ShowAllRowsFields(s, allRowsShown);
   lastTyped_ = nullptr;
   ++history_;  // going back is no operation to remember
   s.gDirty = true;

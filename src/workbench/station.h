@@ -114,6 +114,8 @@ class Station : private ChangeOperations {
   bool gWrapValuesAccepted = false;
   // Turns at each click, so that the message of a stop that is too low comes at every other one.
   bool gSlamMessageShown = false;
+  // The operator's switch of the all-rows row.
+  bool allRowsShown = false;
   // A millimetre twin is being typed: the inch field that follows it is not mirrored back.
   bool twinIsTyped = false;
 

@@ -4,6 +4,7 @@
 #include "design/reset.h"
 #include "design/text.h"
 #include "persist/settings.h"
+#include "workbench/all_rows.h"
 #include "workbench/layer_count.h"
 #include "workbench/messages.h"
 #include "workbench/settings_dialog.h"
@@ -175,6 +176,7 @@ void txtNumberOfLayers_Change(Station& station, int panel) {
   LimitLayers(s, panel);
   if (panel == 1) return ChangeFourAxisCount(station);
   ShowTwoAxisRows(s);
+  KeepAllRows(station);
   EstimateThickness(s, panel);
   if (station.StartGuardPassed()) RecalculateTwoAxisLayers(s, -1);
 }
@@ -252,6 +254,19 @@ void mnuReCalcSpeeds_Click(Station& station, int) {
 
 void mnuRecalcAllRows_Click(Station& station, int) { RecalculateTwoAxisLayers(station.s, -1); }
 
+void mnuAllRows_Click(Station& station, int) {
+  station.allRowsShown = !station.allRowsShown;
+  ShowAllRowsFields(station.s, station.allRowsShown);
+}
+
+// The two controls beside the count.
+template <int by>
+void StepLayers(Station& station, int) {
+  Field& count = station.s.txtNumberOfLayers(station.s.Panel());
+  const int rows = LayerRows(station.s) + by;
+  if (rows >= 0 && rows <= kMostLayers) station.Type(count, std::to_string(rows));
+}
+
 constexpr Operation kOperations[] = {
     {"txtWA", Event::Change, Cell_Change},
     {"txtWA", Event::Key, txtWA_Key},
@@ -298,6 +313,9 @@ constexpr Operation kOperations[] = {
     {"mnuReCalcSpeeds", Event::Click, mnuReCalcSpeeds_Click},
     {"mnuRecalcAllRows", Event::Click, mnuRecalcAllRows_Click},
     {"btnReCalc", Event::Click, mnuRecalcAllRows_Click},
+    {"mnuAllRows", Event::Click, mnuAllRows_Click},
+    {"btnMoreLayers", Event::Click, StepLayers<1>},
+    {"btnFewerLayers", Event::Click, StepLayers<-1>},
 };
 
 }  // namespace

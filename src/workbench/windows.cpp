@@ -88,6 +88,11 @@ void OpenSettingsAtLastTab(Station& station, int) {
   OpenSettings(station, holds(tab >= 0) && holds(tab <= 3) ? static_cast<int>(tab.value()) : 0);
 }
 
+// Works the schedule in use out anew.
+void mnuRefresh_Click(Station& station, int) {
+  station.Run(station.s.gShow4Axis ? "lblRefresh" : "btnReCalc", Event::Click);
+}
+
 template <int tab>
 void OpenSettingsAt(Station& station, int) {
   OpenSettings(station, tab);
@@ -111,6 +116,7 @@ constexpr Operation kOperations[] = {
     {"lblStatusBar2", Event::Click, lblStatusBar2_Click},
     {"frmSplash", Event::Click, [](Station& station, int) { OpenWebLink(station, kHomeLink); }},
     {"mnuAbout", Event::Click, [](Station& station, int) { OpenOnce<AboutBox>(station, "frmAbout"); }},
+    {"mnuRefresh", Event::Click, mnuRefresh_Click},
     {"mnuQuit", Event::Click, [](Station& station, int) { station.Form_Unload(); }},
     {"Form", Event::Resize, Form_Resize},
     {"Command3", Event::Click, OpenSettingsAtLastTab},

@@ -334,7 +334,7 @@ void Layout::AppearanceReachesEveryWidget() {
 void Layout::AllRowsRowStandsUnderItsColumns() {
   const Shown shown("Tube-4x24.t2d", {1280, 800});
   QVERIFY(shown.Find("txtWA(26)") == nullptr);
-  shown.Action("viewAllRows")->trigger();
+  shown.Action("mnuAllRows")->trigger();
   QCoreApplication::processEvents();
   const LayersView* grid = shown.Grid();
   const struct {
@@ -354,7 +354,7 @@ void Layout::AllRowsRowStandsUnderItsColumns() {
   QTest::keyClicks(angle, QStringLiteral("45"));
   for (int row = 1; row <= RowsOf(shown.s().txtNumberOfLayers(0)); ++row)
     QCOMPARE(shown.s().txtWA(row).text(), std::string("45.00"));
-  shown.Action("viewAllRows")->trigger();
+  shown.Action("mnuAllRows")->trigger();
   QVERIFY(shown.Find("txtWA(26)") == nullptr);
 }
 

@@ -138,7 +138,7 @@ void TakeSizes(Pictures& pictures, const QString& end) {
                 });
   pictures.Take(
       QStringLiteral("2axis-all-rows") + end, "Tube-4x24.t2d", {1280, 800}, 3,
-      [](WindowProgram& p) { p.mainWindow().findChild<QAction*>(QStringLiteral("viewAllRows"))->trigger(); });
+      [](WindowProgram& p) { p.mainWindow().findChild<QAction*>(QStringLiteral("mnuAllRows"))->trigger(); });
 }
 
 }  // namespace
