@@ -1,6 +1,6 @@
 #include "window/build_button.h"
 
-#include "design/text.h"
+#include "gcode/session.h"
 #include "look/icons.h"
 #include "look/paint.h"
 #include "look/text.h"
@@ -43,9 +43,7 @@ QString BuildButton::SecondLine() const {
 
 QString BuildButton::WhatItDoes() const {
   const DesignState& s = desk_.station.s;
-  return QStringLiteral("writes and runs %1%2")
-      .arg(Shown(WithoutLast(s.gFileName.text(), 4)),
-           s.gShow4Axis ? QStringLiteral(".T4G") : QStringLiteral(".T2G"));
+  return QStringLiteral("writes and runs %1").arg(Shown(ProgramName(s)));
 }
 
 void BuildButton::paintEvent(QPaintEvent*) {

@@ -55,5 +55,21 @@ TEST_F(UndoTest, LeavesTheStationsChoicesAlone) {
   EXPECT_FALSE(station.Undo());
 }
 
+TEST_F(UndoTest, LeavesTheSwitchOfTheAllRowsRowAlone) {
+  TypeTube(station, 2, "45");
+  station.Run("mnuAllRows", Event::Click);
+  EXPECT_TRUE(s.txtWA(IndexSet::kAllRows).shown());
+  station.Run("btnMoreLayers", Event::Click);
+  EXPECT_EQ(s.txtNumberOfLayers(0).text(), "3");
+  EXPECT_TRUE(s.cmbSpeed(IndexSet::kAllRows).shown()) << "a new count hides it by its own rule";
+  ASSERT_TRUE(station.Undo());
+  EXPECT_EQ(s.txtNumberOfLayers(0).text(), "2");
+  EXPECT_TRUE(s.cmbSpeed(IndexSet::kAllRows).shown());
+  station.Run("mnuAllRows", Event::Click);
+  EXPECT_FALSE(s.txtWA(IndexSet::kAllRows).shown());
+  for (int i = 0; i < 20; ++i) station.Run("btnMoreLayers", Event::Click);
+  EXPECT_EQ(s.txtNumberOfLayers(0).text(), "15");
+}
+
 }  // namespace
 }  // namespace torvane
