@@ -132,6 +132,12 @@ void SplitPatternFields(DesignState& s, std::string_view text) {
   s.gTagFields.Split(text, text.find(';') != std::string_view::npos ? "|" : kPatternSeparators);
 }
 
+Number ShownAngle(const DesignState& s, int row) {
+  if (s.cmb3D(row).text() == "HOOP") return 90;
+  const std::string_view pattern = s.cmbPattern(row).text();
+  return s.Read(Trim(pattern.substr(0, pattern.find_first_of(kPatternSeparators))));
+}
+
 Number Degrees(const DesignState& s, const Field& field) { return s.Read(WithoutLast(field.text(), 1)); }
 
 Number GrazingAngle(Number diameter, Number openingDiameter) {

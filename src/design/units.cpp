@@ -16,9 +16,11 @@ Number InUnits(const DesignState& s, Number value, bool alreadyInUnits) {
   return text.good ? s.Read(text.text) : Number::Failure();
 }
 
-Number BandWidth(const DesignState& s, int panel) {
-  return number(s.InInches() ? s.txtBandWidth(panel) : s.txtBandWidthMM(panel));
+const Field& BandWidthField(const DesignState& s, int panel) {
+  return s.InInches() ? s.txtBandWidth(panel) : s.txtBandWidthMM(panel);
 }
+
+Number BandWidth(const DesignState& s, int panel) { return number(BandWidthField(s, panel)); }
 
 void ShowUnits(DesignState& s, std::string_view inches) {
   const bool isInches = inches == "Y";

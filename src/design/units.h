@@ -17,7 +17,9 @@ MaybeText FormatForUnits(const DesignState& s, const Field& value, bool alreadyI
 // The number that the text of FormatForUnits reads as: rounded to three decimals.
 Number InUnits(const DesignState& s, Number value, bool alreadyInUnits);
 
-// Band width in the design's unit, of the panel given: 0 two axes, 1 four.
+// Band width in the design's unit, of the panel given: 0 two axes, 1 four. The field that shows it:
+const Field& BandWidthField(const DesignState& s, int panel);
+// and its value.
 Number BandWidth(const DesignState& s, int panel);
 
 // Sets the unit, its menu marks and the captions that name it; "Y" for inches, any other text millimetres.

@@ -29,8 +29,7 @@ bool Start(Station& station, const std::string& commandLine) {
 // False, with the settings dialog open, until the operator has confirmed the carriage offset. Where the
 // message is silenced the last answer to any question decides.
 bool OffsetIsConfirmed(Station& station, const std::string& message) {
-  if (GetSetting(station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0") != "0")
-    return true;
+  if (IsCarriageOffsetConfirmed(station.platform.store)) return true;
   if (ShowMessageDialog(station, message, 33, {.okOnly = true, .beep = true, .offer = true})) return true;
   OpenSettings(station, station.s.mnu2Axis ? 1 : 2);
   return false;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr bool kYes = true;
 constexpr bool kNo = false;
+constexpr std::string_view kOffsetConfirmed = "gHasUserCheckedCarriageZOffset";
 
 template <Field Fields::*field>
 constexpr SettingTarget Of() {
@@ -86,7 +87,7 @@ constexpr Setting kTable[] = {
     {"chkLaunchwLastFile", "", {}, Form::Text, kNo, 0, kNo, "each start sets it to 1; nothing reads it"},
     {"DontShowYouTubeDialogueAgain", "0", {}, Form::Text, kNo, 0, kNo, "the video link"},
     {"LastSettingsTab", "0", {}, Form::Text, kNo, 0, kNo, "tab on which the settings open"},
-    {"gHasUserCheckedCarriageZOffset", "0", {}, Form::Text, kNo, 0, kNo, "1: the operator has measured the carriage offset"},
+    {kOffsetConfirmed, "0", {}, Form::Text, kNo, 0, kNo, "1: the operator has measured the carriage offset"},
     {"strTRACE", "", {}, Form::Text, kNo, 0, kNo, "last trace text of the pattern preview"},
     {"cmbSpeed", "1x", {}, Form::Text, kNo, 0, kNo, "drawing speed of the pattern preview"},
     {"Me.Top", "400", Of<&Fields::meTop>(), Form::Text, kYes, 23, kNo, "place of the window, twips"},
@@ -212,6 +213,12 @@ void SaveStoredSettings(const DesignState& s, SettingsStore& store) {
   for (const Setting* setting : written)
     SaveSetting(store, kSettings, setting->key, std::visit(Writer{s}, setting->target));
 }
+
+bool IsCarriageOffsetConfirmed(const SettingsStore& store) {
+  return GetSetting(store, kSettings, kOffsetConfirmed, "0") != "0";
+}
+
+void ConfirmCarriageOffset(SettingsStore& store) { SaveSetting(store, kSettings, kOffsetConfirmed, "1"); }
 
 void SetUnits(DesignState& s, SettingsStore& store, std::string_view inches) {
   ShowUnits(s, inches);

@@ -63,6 +63,10 @@ void ReadStoredSettings(DesignState& s, const SettingsStore& store);
 // Writes what a start reads back: the constants as they stand at exit.
 void SaveStoredSettings(const DesignState& s, SettingsStore& store);
 
+// Whether the operator has confirmed where the carriage stands at home; builds and work by hand ask for it.
+bool IsCarriageOffsetConfirmed(const SettingsStore& store);
+void ConfirmCarriageOffset(SettingsStore& store);
+
 // Sets the unit ("Y" inches, any other text millimetres) with its captions, and stores it.
 void SetUnits(DesignState& s, SettingsStore& store, std::string_view inches);
 

@@ -1,7 +1,7 @@
 #include "window/four_axis_scene.h"
 
 #include "calc/patterns.h"
-#include "design/text.h"
+#include "design/units.h"
 #include "look/text.h"
 #include "window/part_sketch.h"
 #include "workbench/layer_count.h"
@@ -10,18 +10,10 @@ namespace torvane {
 
 namespace {
 
-// A row's angle stands alone in its cell, or in front of its pattern.
 void TakeRow(FourAxisScene& scene, const DesignState& s, int row) {
-  if (row < 1 || row > LayerRows(s)) return;
-  const std::string& pattern = s.cmbPattern(row).text();
-  const std::string_view first = std::string_view(pattern).substr(0, pattern.find('|'));
-  const Number angle = s.Read(Trim(first));
-  if (s.cmb3D(row).text() == "HOOP")
-    scene.angle = 90;
-  else if (holds(angle > 0) && holds(angle <= 90))
-    scene.angle = angle.value();
-  else
-    return;
+  const Number angle = ShownAngle(s, row);
+  if (!holds(angle > 0) || !holds(angle <= 90)) return;
+  scene.angle = angle.value();
   const Number wrap = Degrees(s, s.cmbPhiW(row));
   if (holds(wrap > 0)) scene.endWrap = wrap.value();
 }
@@ -40,12 +32,12 @@ FourAxisScene SceneOfFourAxes(const Station& station) {
     scene.opening[static_cast<std::size_t>(i)] = DrawnValue(s.txtPODia(i));
   }
   for (int i = 0; i < 7; ++i) scene.offset[static_cast<std::size_t>(i)] = DrawnValue(s.txtAdjust(i));
-  scene.band = DrawnValue(s.InInches() ? s.txtBandWidth(1) : s.txtBandWidthMM(1));
+  scene.band = DrawnValue(BandWidthField(s, 1));
   if (!s.lblLengthTotal.empty())
     scene.length = Shown(s.lblLengthTotal.text()) + QStringLiteral(" ") + Shown(s.gUnits.text());
   scene.leftText = Shown(s.txtZ4(0).text());
   scene.rightText = Shown(s.txtZ4(3).text());
-  TakeRow(scene, s, s.gCurrentRow);
+  if (const int row = PressedRow(s); row > 0) TakeRow(scene, s, row);
   return scene;
 }
 

@@ -1,7 +1,9 @@
 #include "window/part_scene.h"
 
+#include "design/units.h"
 #include "look/text.h"
 #include "window/part_sketch.h"
+#include "workbench/layer_count.h"
 
 namespace torvane {
 
@@ -13,7 +15,7 @@ PartScene SceneOfTwoAxes(const Station& station) {
   scene.length = DrawnValue(s.txtLengthTotal(0));
   scene.leftDiameter = DrawnValue(s.txtDiameterLeft);
   scene.rightDiameter = DrawnValue(s.txtDiameterRight);
-  scene.band = DrawnValue(s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0));
+  scene.band = DrawnValue(BandWidthField(s, 0));
   scene.offset = DrawnValue(s.gCarriageOffsetFromRMPFace);
   scene.homeRight = !s.gIsLHDrive;
   scene.stopTooLow = s.txtZ2(1).mark() == Mark::StopTooLow;
@@ -27,15 +29,13 @@ PartScene SceneOfTwoAxes(const Station& station) {
   const QString diameter = QString(QChar(0x2300)) + QStringLiteral(" ");
   if (!s.txtDia(3).empty()) scene.leftDiameterText = diameter + Shown(s.txtDia(3).text());
   if (!s.txtDia(2).empty()) scene.rightDiameterText = diameter + Shown(s.txtDia(2).text());
-  const int row = s.gCurrentRow;
-  if (row >= 1 && row <= RowsOf(s.txtNumberOfLayers(0)) && !s.txtWA(row).empty()) {
+  if (const int row = PressedRow(s); row > 0 && !s.txtWA(row).empty()) {
     const Number angle = number(s.txtWA(row));
     if (holds(angle > 0) && holds(angle <= 90)) scene.angle = angle.value();
     scene.legend = QStringLiteral("Layer %1, %2%3").arg(row).arg(Shown(s.txtWA(row).text()), QChar(0xB0));
     if (scene.band)
-      scene.bandText = QStringLiteral("band ") +
-                       Shown((s.InInches() ? s.txtBandWidth(0) : s.txtBandWidthMM(0)).text()) + unit +
-                       QStringLiteral(", to scale");
+      scene.bandText =
+          QStringLiteral("band ") + Shown(BandWidthField(s, 0).text()) + unit + QStringLiteral(", to scale");
   }
   return scene;
 }

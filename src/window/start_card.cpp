@@ -71,7 +71,7 @@ void StartCard::resizeEvent(QResizeEvent*) {
   for (QWidget* link : links_) link->setFixedHeight(low ? 26 : 34);
   for (QWidget* second : seconds_) second->setVisible(!low);
   strip_->setFixedHeight(low ? 48 : 62);
-  strip_->setVisible(!offsetMeasured_ && height() >= kLowest);
+  strip_->setVisible(!offsetConfirmed_ && height() >= kLowest);
 }
 
 QWidget* StartCard::MakeCounts() {
@@ -151,10 +151,8 @@ QWidget* StartCard::MakeOffset(bool fourAxis) {
   measure->Runs(fourAxis ? "Label9" : "Label10");
   row->addWidget(measure);
   desk_.binder.BindAll(strip, [this, strip] {
-    const std::string confirmed =
-        GetSetting(desk_.station.platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0");
-    offsetMeasured_ = confirmed != "0";
-    ShowAs(*strip, !offsetMeasured_ && height() >= kLowest);
+    offsetConfirmed_ = IsCarriageOffsetConfirmed(desk_.station.platform.store);
+    ShowAs(*strip, !offsetConfirmed_ && height() >= kLowest);
   });
   return strip;
 }

@@ -26,7 +26,7 @@ class StartCard : public QWidget {
   QHBoxLayout* columns_ = nullptr;
   QWidget* strip_ = nullptr;
   std::vector<QWidget*> counts_, links_, seconds_;
-  bool offsetMeasured_ = false;
+  bool offsetConfirmed_ = false;
 };
 
 }  // namespace torvane

@@ -166,9 +166,8 @@ void SettingsDialog::Load() {
     field(At("txtmSpeed", i)) = Number(state.iMaxMandrelRPM[static_cast<std::size_t>(i)]).plain();
   }
   state.gMirrorOnChange = false;
-  const bool measured =
-      GetSetting(station().platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "0") != "0";
-  for (const std::size_t shown : {0U, 1U}) MarkOffset(shown, measured ? Mark::Plain : Mark::NeedsInput);
+  const bool confirmed = IsCarriageOffsetConfirmed(station().platform.store);
+  for (const std::size_t shown : {0U, 1U}) MarkOffset(shown, confirmed ? Mark::Plain : Mark::NeedsInput);
 }
 
 void SettingsDialog::MarkOffset(std::size_t tab, Mark mark) {
@@ -263,7 +262,7 @@ void SettingsDialog::OffsetKey(const Field& typed, bool inches) {
       field(kOffsetInches[i]) = inInches;
     }
   }
-  SaveSetting(station().platform.store, kSettings, "gHasUserCheckedCarriageZOffset", "1");
+  ConfirmCarriageOffset(station().platform.store);
 }
 
 void SettingsDialog::SpeedKey(int index, std::string_view name, std::string_view twin, double factor,
