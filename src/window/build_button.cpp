@@ -1,12 +1,9 @@
 #include "window/build_button.h"
 
-#include "gcode/session.h"
 #include "look/icons.h"
 #include "look/paint.h"
 #include "look/text.h"
-#include "workbench/build_warnings.h"
-#include "workbench/layer_count.h"
-#include "workbench/marks.h"
+#include "workbench/build_outlook.h"
 
 namespace torvane {
 
@@ -18,41 +15,21 @@ BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), 
   setFocusPolicy(Qt::TabFocus);
   connect(this, &QAbstractButton::clicked, this, [this] { desk_.binder.Run("imgBUILD"); });
   desk.binder.BindAll(this, [this] {
-    setAccessibleDescription(SecondLine());
-    setToolTip(SecondLine() + QStringLiteral(" (F9)"));
+    const QString sentence = Shown(OutlookOf(desk_.station).sentence);
+    setAccessibleDescription(sentence);
+    setToolTip(sentence + QStringLiteral(" (F9)"));
     update();
   });
-}
-
-bool BuildButton::Ready() const {
-  const DesignState& s = desk_.station.s;
-  return LayerRows(s) > 0 && !s.gFileName.empty();
-}
-
-QString BuildButton::SecondLine() const {
-  DesignState& s = desk_.station.s;
-  if (!Ready()) return QStringLiteral("once the design has layers and a name");
-  const auto marked = MarkedFields(s).size();
-  if (marked == 1) return QStringLiteral("1 marked value, look first");
-  if (marked > 1) return QStringLiteral("%1 marked values, look first").arg(marked);
-  const auto warnings = BuildWarnings(desk_.station).size();
-  if (warnings == 1) return QStringLiteral("1 warning, look first");
-  if (warnings > 1) return QStringLiteral("%1 warnings, look first").arg(warnings);
-  return WhatItDoes();
-}
-
-QString BuildButton::WhatItDoes() const {
-  const DesignState& s = desk_.station.s;
-  return QStringLiteral("writes and runs %1").arg(Shown(ProgramName(s)));
 }
 
 void BuildButton::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  const bool ready = Ready();
+  const BuildOutlook outlook = OutlookOf(desk_.station);
+  const QString sentence = Shown(outlook.sentence);
   QColor ink = t[Token::OnAccent];
-  if (ready) {
+  if (outlook.ready) {
     p.setPen(Qt::NoPen);
     p.setBrush(isDown() ? t[Token::Accent].darker(115) : t[Token::Accent]);
     p.drawRoundedRect(rect(), 6, 6);
@@ -62,7 +39,7 @@ void BuildButton::paintEvent(QPaintEvent*) {
     p.setBrush(t[Token::Panel]);
     p.drawRoundedRect(Inset(rect(), 0.5), 6, 6);
   }
-  if (hasFocus()) PaintFocus(p, t[ready ? Token::OnAccent : Token::Focus], Inset(rect(), 3));
+  if (hasFocus()) PaintFocus(p, t[outlook.ready ? Token::OnAccent : Token::Focus], Inset(rect(), 3));
   p.setPen(ink);
   if (height() < 50 || height() > 100) {
     // In the bar of a small window, or to be seen from the machine: icon and word in the middle.
@@ -71,14 +48,14 @@ void BuildButton::paintEvent(QPaintEvent*) {
     p.setFont(t.Font(far ? 38 : 16, Weight::Medium));
     const double words = p.fontMetrics().horizontalAdvance(text());
     const double x = (width() - icon - gap - words) / 2;
-    const double second = far && SecondLine() != WhatItDoes() ? 14 : 0;
+    const double second = far && !outlook.clear ? 14 : 0;
     PaintIcon(p, Icon::Play, {x, (height() - icon) / 2 - second, icon, icon}, ink);
     p.drawText(QRectF(x + icon + gap, -second, words + 4, height()), Qt::AlignVCenter | Qt::AlignLeft,
                text());
     if (second > 0) {
       p.setFont(t.Font(17));
       p.drawText(QRectF(12, height() - 44, width() - 24, 24), Qt::AlignCenter,
-                 p.fontMetrics().elidedText(SecondLine(), Qt::ElideRight, width() - 24));
+                 p.fontMetrics().elidedText(sentence, Qt::ElideRight, width() - 24));
     }
     return;
   }
@@ -86,10 +63,10 @@ void BuildButton::paintEvent(QPaintEvent*) {
   p.setFont(t.Font(20, Weight::Medium));
   p.drawText(QRect(59, 8, width() - 70, 28), Qt::AlignVCenter | Qt::AlignLeft, text());
   p.setFont(t.Font(12));
-  if (!ready) p.setPen(t[Token::Second]);
+  if (!outlook.ready) p.setPen(t[Token::Second]);
   const QRect second(59, 34, width() - 68, 18);
   p.drawText(second, Qt::AlignVCenter | Qt::AlignLeft,
-             p.fontMetrics().elidedText(SecondLine(), Qt::ElideRight, second.width()));
+             p.fontMetrics().elidedText(sentence, Qt::ElideRight, second.width()));
 }
 
 }  // namespace torvane

@@ -15,11 +15,6 @@ class BuildButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  // What stands in the way, or else what it does.
-  QString SecondLine() const;
-  QString WhatItDoes() const;
-  bool Ready() const;
-
   Desk desk_;
 };
 

@@ -10,7 +10,7 @@
 #include "look/text.h"
 #include "window/field_paint.h"
 #include "window/help.h"
-#include "workbench/build_warnings.h"
+#include "workbench/build_outlook.h"
 #include "workbench/marks.h"
 
 namespace torvane {
@@ -26,9 +26,8 @@ std::vector<Note> NotesOf(Station& station) {
   for (const Field* field : MarkedFields(station.s))
     notes.push_back({field, field->mark(), HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),
                      QString::fromLatin1(WordsOf(field->mark()))});
-  for (const BuildWarning& warning : BuildWarnings(station))
-    if (warning.field->mark() == Mark::Plain)
-      notes.push_back({warning.field, Mark::Plain, Shown(warning.what), Shown(warning.why)});
+  for (const BuildWarning& warning : WarningsBesideMarks(station))
+    notes.push_back({warning.field, Mark::Plain, Shown(warning.what), Shown(warning.why)});
   return notes;
 }
 

@@ -1,6 +1,4 @@
 // Each warning is held against the program that a build would write.
-#include "workbench/build_warnings.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,6 +6,7 @@
 #include "design/catalogue.h"
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
+#include "workbench/build_outlook.h"
 
 namespace torvane {
 namespace {
@@ -161,6 +160,28 @@ TEST_F(BuildWarningsTest, TheFileAndItsProgram) {
   Save("my flat.t4d");
   ASSERT_EQ(Fields(), std::vector<std::string>{"gFileName"});
   EXPECT_NE(BuildWarnings(station).front().what.find("blank"), std::string::npos);
+}
+
+TEST_F(BuildWarningsTest, TheOutlookNamesWhatStandsInTheWay) {
+  const auto sentence = [this] { return OutlookOf(station).sentence; };
+  EXPECT_FALSE(OutlookOf(station).ready) << "no layers";
+  TypeTube(station, 2, "45");
+  EXPECT_FALSE(OutlookOf(station).ready) << "no name";
+  Name("tube.t2d");
+  EXPECT_TRUE(OutlookOf(station).ready && OutlookOf(station).clear);
+  EXPECT_EQ(sentence(), "writes and runs tube.T2G");
+  SetEnds(1, "");
+  EXPECT_TRUE(OutlookOf(station).ready && !OutlookOf(station).clear) << "a warning stops nothing";
+  EXPECT_EQ(sentence(), "1 warning, look first");
+  Name("my tube.t2d");
+  EXPECT_EQ(sentence(), "2 warnings, look first");
+  s.txtZ2(1) = "";
+  ASSERT_NE(s.txtZ2(1).mark(), Mark::Plain);
+  EXPECT_EQ(sentence(), "1 marked value, look first") << "marks come before warnings";
+  EXPECT_TRUE(Warns("txtZ2(1)"));
+  for (const BuildWarning& warning : WarningsBesideMarks(station))
+    EXPECT_NE(warning.field, &s.txtZ2(1)) << "the mark has said it";
+  EXPECT_EQ(WarningsBesideMarks(station).size(), 2U);
 }
 
 TEST_F(BuildWarningsTest, LooksWithoutTouching) {
