@@ -3,6 +3,7 @@
 #include "cli/designs.h"
 #include "host/code_page.h"
 #include "host/paths.h"
+#include "workbench/picture_file.h"
 #include "workbench/polar_svg.h"
 #include "workbench/preview.h"
 
@@ -25,9 +26,8 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   DrawPolarCircPattern(station, row);
   const Result<std::string> path = AbsoluteStationPath(out);
   if (!path) throw UsageError{Because(out, path.reason())};
-  const std::string title =
-      ToUtf8(s.gFileName.text() + ", layer " + std::to_string(row) + ": " + station.polarTag);
-  const std::string svg = SvgOf(station.polarPicture, pattern->radius, title);
+  const std::string title = PictureTitle(s, std::to_string(row), station.polarTag);
+  const std::string svg = SvgOf(station.polarPicture, pattern->radius, ToUtf8(title));
   const Outcome written = station.platform.files.WriteWhole(path.value(), {svg});
   if (written) return kDone;
   Complain(Because(out, written.reason()));

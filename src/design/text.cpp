@@ -78,6 +78,11 @@ std::string BehindLastBackslash(std::string_view path) {
   return std::string(path.substr(path.rfind('\\') + 1));
 }
 
+std::string_view BeforeLastBackslash(std::string_view path) {
+  const auto end = path.rfind('\\');
+  return end == std::string_view::npos ? std::string_view{} : path.substr(0, end);
+}
+
 std::optional<IndexedName> TakeApart(std::string_view text) {
   const auto open = text.find('(');
   if (open == std::string_view::npos) return IndexedName{text};

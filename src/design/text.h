@@ -22,6 +22,9 @@ std::string Replaced(std::string_view text, char from, char to);
 // The name in a path: what stands behind its last backslash, all of it if it holds none.
 std::string BehindLastBackslash(std::string_view path);
 
+// The folder in a path: what stands before its last backslash, nothing if it holds none.
+std::string_view BeforeLastBackslash(std::string_view path);
+
 // A name with none, one or two whole numbers behind it: "gDirty", "txtWA(3)", "LayerTable2Ax(3,1)".
 struct IndexedName {
   std::string_view name;

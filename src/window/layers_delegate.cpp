@@ -10,6 +10,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
+#include "workbench/preview.h"
 
 namespace torvane {
 
@@ -52,7 +53,7 @@ void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) co
   }
   // Numbers stand below each other, whether a row shows a pattern or not.
   p.drawText(box.adjusted(0, 0, -t.Figure(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
-  if (!s.btn4XRow(layer).shown() || s.cmb3D(layer).text() != "REG") return;
+  if (!s.btn4XRow(layer).shown() || !HasPreview(s, layer)) return;
   const double size = t.Figure(15);
   PaintIcon(p, Icon::Pattern, {box.right() - t.Figure(20) + 0.5, box.center().y() - size / 2, size, size},
             p.pen().color());

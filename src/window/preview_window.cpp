@@ -4,8 +4,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
-#include <cmath>
-#include <numbers>
 
 #include "look/paint.h"
 #include "look/text.h"
@@ -14,6 +12,7 @@
 #include "window/polar_picture.h"
 #include "window/segments.h"
 #include "window/station_dialog.h"
+#include "workbench/picture_file.h"
 #include "workbench/polar_svg.h"
 #include "workbench/preview.h"
 
@@ -26,7 +25,7 @@ constexpr int kFigures = 174;
 // The drawing itself. It tells where the pointer stands, and its context menu saves the picture.
 class Canvas : public QWidget {
  public:
-  explicit Canvas(Desk desk) : desk_(desk) {
+  Canvas(Desk desk, const Field& layer) : desk_(desk), layer_(layer) {
     setObjectName(QStringLiteral("picPreview"));
     setAccessibleName(QStringLiteral("Pattern seen from the end of the part"));
     setToolTip(QStringLiteral("The right button saves the picture."));
@@ -66,35 +65,18 @@ class Canvas : public QWidget {
     PaintPolar(p, desk_.theme, figures, Picture(box));
   }
 
-  // The picture as it stands when the menu is opened.
+  // The picture as it stands when the entry is chosen.
   void Save(bool svg) {
-    const Platform& platform = desk_.station.platform;
-    DesignState& s = desk_.station.s;
     const std::vector<PolarFigure> figures = LastDrawing(desk_.station);
-    std::string name = s.gFileName.empty() ? "Pattern" : s.gFileName.text();
-    name = name.substr(0, name.rfind('.')) + "-layer-" + s.lblLayer.text() + (svg ? ".svg" : ".png");
-    const auto path = platform.fileDialog.AskSave(svg ? "Pictures (*.svg)|*.svg|" : "Pictures (*.png)|*.png|",
-                                                  FolderOf(s.gFilePath.text()), name);
-    if (!path) return;
     const QByteArray bytes = svg ? SvgBytes(figures) : PngBytes(figures);
-    const Outcome written = platform.files.WriteWhole(
-        *path, {std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))});
-    if (!written)
-      platform.messageBox.Show("Torvane Designer", "The picture was not saved: " + written.reason(),
-                               BoxIcon::Stop);
-  }
-
-  static std::string FolderOf(const std::string& path) {
-    const auto end = path.rfind('\\');
-    return end == std::string::npos ? "" : path.substr(0, end);
+    SavePicture(desk_.station, layer_.text(), svg ? "svg" : "png",
+                {bytes.constData(), static_cast<std::size_t>(bytes.size())});
   }
 
   QByteArray SvgBytes(const std::vector<PolarFigure>& figures) const {
-    const DesignState& s = desk_.station.s;
-    const QString title =
-        Shown(s.gFileName.text() + ", layer " + s.lblLayer.text() + ": " + desk_.station.polarTag);
+    const std::string title = PictureTitle(desk_.station.s, layer_.text(), desk_.station.polarTag);
     const double radius = figures.empty() ? 1 : figures.front().radius;
-    return QByteArray::fromStdString(SvgOf(figures, radius, title.toStdString()));
+    return QByteArray::fromStdString(SvgOf(figures, radius, Shown(title).toStdString()));
   }
 
   QByteArray PngBytes(const std::vector<PolarFigure>& figures) const {
@@ -114,6 +96,7 @@ class Canvas : public QWidget {
   }
 
   Desk desk_;
+  const Field& layer_;
 };
 
 class Line : public QWidget {
@@ -164,9 +147,8 @@ class Progress : public QWidget {
     setFixedHeight(32);
   }
 
-  void Show(int drawn, int all) {
-    drawn_ = drawn;
-    all_ = all;
+  void Show(DrawnPasses passes) {
+    passes_ = passes;
     setAccessibleName(Words());
     update();
   }
@@ -180,7 +162,8 @@ class Progress : public QWidget {
     p.setBrush(t[Token::Hairline]);
     p.drawRoundedRect(QRectF(0, 0, width(), 6), 3, 3);
     p.setBrush(t[Token::Accent]);
-    if (drawn_ > 0) p.drawRoundedRect(QRectF(0, 0, width() * std::min(1.0, 1.0 * drawn_ / all_), 6), 3, 3);
+    if (passes_.drawn > 0)
+      p.drawRoundedRect(QRectF(0, 0, 1.0 * width() * passes_.drawn / passes_.all, 6), 3, 3);
     p.setPen(t[Token::Second]);
     p.setFont(t.Font(12));
     p.drawText(rect().adjusted(0, 12, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, Words());
@@ -188,12 +171,12 @@ class Progress : public QWidget {
 
  private:
   QString Words() const {
-    return all_ == 0 ? QStringLiteral("No pattern to draw")
-                     : QStringLiteral("%1 of %2 passes drawn").arg(drawn_).arg(all_);
+    return passes_.all == 0 ? QStringLiteral("No pattern to draw")
+                            : QStringLiteral("%1 of %2 passes drawn").arg(passes_.drawn).arg(passes_.all);
   }
 
   Desk desk_;
-  int drawn_ = 0, all_ = 0;
+  DrawnPasses passes_;
 };
 
 class PreviewDialog : public StationDialog {
@@ -208,7 +191,7 @@ class PreviewDialog : public StationDialog {
     rows->addWidget(MakeHead());
     auto* upper = new QHBoxLayout;
     upper->setSpacing(8);
-    canvas_ = new Canvas(desk);
+    canvas_ = new Canvas(desk, Of("lbllayerNo"));
     canvas_->pointed = [this](QPointF at) { Point(at); };
     upper->addWidget(canvas_, 1);
     upper->addWidget(MakeFigures());
@@ -309,12 +292,8 @@ class PreviewDialog : public StationDialog {
     column->addWidget(new Line(desk_));
     AddLine(*column, "X", Figure("lblX", 14));
     AddLine(*column, "Y", Figure("lblY", 14));
-    radius_ = new Word(desk_, QString(QChar(0x2013)), 14, Token::Figures, Weight::Medium);
-    radius_->setObjectName(QStringLiteral("pointerRadius"));
-    angle_ = new Word(desk_, QString(QChar(0x2013)), 14, Token::Figures, Weight::Medium);
-    angle_->setObjectName(QStringLiteral("pointerAngle"));
-    AddLine(*column, "Radius", radius_);
-    AddLine(*column, "Angle", angle_);
+    AddLine(*column, "Radius", Figure("lblRadius", 14));
+    AddLine(*column, "Angle", Figure("lblAngle", 14));
     column->addStretch(1);
     return panel;
   }
@@ -351,32 +330,18 @@ class PreviewDialog : public StationDialog {
     if (desk_.station.OpenWindow("frmPolar") != &window_) return;
     pause_->SetFilled(Of("btnPause").enabled());
     play_->SetFilled(Of("btnPlay").enabled());
-    const auto whole = [this](const char* name) {
-      const Number value = number(Of(name));
-      return holds(value > 0) && holds(value <= kMostPolarPasses) ? static_cast<int>(value.value()) : 0;
-    };
-    const int groups = whole("lblC");
-    progress_->Show(std::max(0, whole("lblCircuitNo") - 1) * groups + whole("lblPassNo"),
-                    groups * whole("lblP"));
+    progress_->Show(PassesDrawn(desk_.station));
     canvas_->update();
   }
 
   void Point(QPointF at) {
     desk_.binder.Do([&] { ShowPointer(desk_.station, at.x(), at.y()); });
-    const double turn = std::atan2(at.y(), at.x()) * 180 / std::numbers::pi;
-    const QString unit = QStringLiteral(" ") + Shown(desk_.station.s.gUnits.text());
-    const QString radius = QString::number(std::hypot(at.x(), at.y()), 'f', 2) + unit;
-    radius_->SetText(radius);
-    radius_->setAccessibleName(radius);
-    angle_->SetText(QString::number(turn < 0 ? turn + 360 : turn, 'f', 1) + QChar(0xB0));
   }
 
   Canvas* canvas_ = nullptr;
   Progress* progress_ = nullptr;
   Button* pause_ = nullptr;
   Button* play_ = nullptr;
-  Word* radius_ = nullptr;
-  Word* angle_ = nullptr;
 };
 
 }  // namespace

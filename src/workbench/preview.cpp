@@ -1,5 +1,8 @@
 #include "workbench/preview.h"
 
+#include <cmath>
+#include <numbers>
+
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "design/text.h"
@@ -22,6 +25,8 @@ constexpr WindowField kFields[] = {
     {"lblPassNo", Kind::ReadOut},
     {"lblX", Kind::ReadOut},
     {"lblY", Kind::ReadOut},
+    {"lblRadius", Kind::ReadOut},
+    {"lblAngle", Kind::ReadOut},
     {"cmbSpeed", Kind::List},
     {"btnPause", Kind::Control, {}, false, "PAUSE"},
     {"btnPlay", Kind::Control, {}, false, "PLAY"},
@@ -71,8 +76,13 @@ class PreviewWindow : public Window {
   void ShowPointer(double x, double y) {
     field("lblX") = Number(x).as("####.0#"_mask);
     field("lblY") = Number(y).as("####.0#"_mask);
+    const DesignState& s = station().s;
+    const double turn = std::atan2(y, x) * 180 / std::numbers::pi;
+    field("lblRadius") = FormatNumberText(s.signs, std::hypot(x, y), "0.00"_mask) + " " + s.gUnits.text();
+    field("lblAngle") = FormatNumberText(s.signs, turn < 0 ? turn + 360 : turn, "0.0"_mask) + "\xB0";
   }
 
+  DrawnPasses passesDrawn() const { return passes_; }
   const std::vector<PolarFigure>& picture() const { return picture_; }
 
   bool Run(std::string_view control, Event event, int) override {
@@ -122,6 +132,7 @@ class PreviewWindow : public Window {
   void GoOn();
 
   std::vector<PolarFigure> picture_;
+  DrawnPasses passes_;
   std::optional<PolarWalk> walk_;
   Number splitAngle_ = Number::Failure();
   bool paused_ = false;
@@ -137,6 +148,7 @@ void PreviewWindow::Begin() {
   walk_.reset();
   held_ = false;
   picture_ = PolarBase(s);
+  passes_ = {};
   if (station().polarTag.empty()) return;
   const auto pattern = PolarPatternOf(s, station().polarTag);
   if (!pattern) return;
@@ -147,6 +159,7 @@ void PreviewWindow::Begin() {
   field("lblG") = FormatNumberText(s.signs, grazing.valueOr0(), "###.0"_mask) + " \xB0";
   Append(picture_, PolarArcs(*pattern, splitAngle_));
   picture_.push_back(PolarFirstBand(*pattern));
+  passes_.all = static_cast<int>(pattern->groups * pattern->circuits);
   walk_.emplace(*pattern, PolarMarks::ByDivision);
   DrawPass();
 }
@@ -160,6 +173,7 @@ void PreviewWindow::DrawPass() {
   field("lblCircuitNo") = Number(step->circuit).plain();
   field("lblPassNo") = Number(step->pass).plain();
   Append(picture_, step->figures);
+  ++passes_.drawn;
   closedCircuit_ = step->closesCircuit;
   waitsForCircuit_ = false;
   WaitBySpeed();
@@ -175,6 +189,8 @@ void PreviewWindow::GoOn() {
   }
   DrawPass();
 }
+
+bool IsHoop(const DesignState& s, int row) { return EqualNoCase(s.cmb3D(row).text(), "HOOP"); }
 
 PreviewWindow& OpenPreview(Station& station) {
   // A second press shows another pattern: the window begins anew.
@@ -222,14 +238,16 @@ void ShowPreview(Station& station) {
   window.Describe(station.polarTag, station.s.gPolarRow);
 }
 
+bool HasPreview(const DesignState& s, int row) { return !IsHoop(s, row) && !s.cmbPattern(row).empty(); }
+
 void ShowPreviewOfRow(Station& station, int row) {
   DesignState& s = station.s;
   s.gPolarRow = row;
   s.lblLayer = std::to_string(row);
   station.Run("lbl4xLayerNo", Event::Release, row);
-  if (EqualNoCase(s.cmb3D(row).text(), "HOOP")) return;
+  if (IsHoop(s, row)) return;
   station.polarTag = s.cmbPattern(row).text();
-  if (station.polarTag.empty()) return;
+  if (!HasPreview(s, row)) return;
   DrawPolarCircPattern(station, row);
   PreviewWindow& window = OpenPreview(station);
   window.Describe(station.polarTag, row);
@@ -238,6 +256,11 @@ void ShowPreviewOfRow(Station& station, int row) {
 
 void ShowPointer(Station& station, double x, double y) {
   if (Window* open = station.OpenWindow("frmPolar")) static_cast<PreviewWindow*>(open)->ShowPointer(x, y);
+}
+
+DrawnPasses PassesDrawn(const Station& station) {
+  const Window* open = station.OpenWindow("frmPolar");
+  return open != nullptr ? static_cast<const PreviewWindow*>(open)->passesDrawn() : DrawnPasses{};
 }
 
 const std::vector<PolarFigure>& LastDrawing(const Station& station) {

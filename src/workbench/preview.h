@@ -9,14 +9,25 @@ namespace torvane {
 // pattern's trace text if it has as many circuits as the row pressed has a number.
 void DrawPolarCircPattern(Station& station, int row);
 
-// A press of a row's button: selects it and, unless it is a hoop or has no pattern, shows its preview.
+// Whether a four-axis row can be previewed: it is no hoop, and its pattern's cell is not empty.
+bool HasPreview(const DesignState& s, int row);
+
+// A press of a row's button: selects it and shows its preview, if it has one.
 void ShowPreviewOfRow(Station& station, int row);
 
 // Opens the preview of the pattern already shown.
 void ShowPreview(Station& station);
 
-// The pointer stands at a point of the preview's picture, in the picture's units.
+// The pointer stands at a point of the preview's picture, in the picture's units. Shows the point, and how
+// far from the axis and at which angle of the mandrel it lies.
 void ShowPointer(Station& station, double x, double y);
+
+// How far the preview's drawing has come; no passes without a pattern.
+struct DrawnPasses {
+  int drawn = 0;
+  int all = 0;
+};
+DrawnPasses PassesDrawn(const Station& station);
 
 // The picture last drawn: the preview's while it is open, else the main window's.
 const std::vector<PolarFigure>& LastDrawing(const Station& station);
