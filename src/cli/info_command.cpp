@@ -6,6 +6,7 @@
 #include "cli/designs.h"
 #include "design/catalogue.h"
 #include "host/code_page.h"
+#include "workbench/totals.h"
 
 namespace torvane {
 
@@ -48,9 +49,10 @@ std::string Padded(const std::string& text, int width, bool right) {
   return right ? blanks + text : text + blanks;
 }
 
-// `value` is the station's text.
-void PrintPair(const char* caption, const std::string& value, const char* unit) {
-  std::printf("  %-20s %s %s\n", caption, Padded(ToUtf8(value), 10, true).c_str(), unit);
+// All three are the station's text.
+void PrintPair(std::string_view caption, std::string_view value, std::string_view unit) {
+  std::printf("  %s %s %s\n", Padded(ToUtf8(caption), 20, false).c_str(),
+              Padded(ToUtf8(value), 10, true).c_str(), ToUtf8(unit).c_str());
 }
 
 // A column of the layers; its unit follows the design's where there are two.
@@ -139,8 +141,7 @@ void PrintFourAxisPart(const DesignState& s, const char* length) {
 }
 
 void PrintTable(const DesignState& s) {
-  const bool inches = s.InInches();
-  const char* length = inches ? "in" : "mm";
+  const char* length = s.InInches() ? "in" : "mm";
   const int panel = s.Panel();
   std::printf("%s\n", ToUtf8(s.gFileName.text()).c_str());
   if (s.gShow4Axis)
@@ -153,14 +154,8 @@ void PrintTable(const DesignState& s) {
   PrintPair("", s.txtBandThicknessMM(panel).text(), "mm");
   PrintPair("Number of Layers", s.txtNumberOfLayers(panel).text(), "");
   PrintLayers(s, s.gShow4Axis ? Columns(kFourAxisColumns) : Columns(kTwoAxisColumns));
-  if (!s.gShow4Axis) {
-    PrintPair("Est. Build Time", s.lblBuildTime(0).text(), "min");
-    PrintPair("Filament Length", s.lblLengthRequired(0).text(), inches ? "ft" : "m");
-    PrintPair("Wall Thickness", s.lblFinalThickness(0).text(), "in");
-    PrintPair("Part Volume", s.lblFilamentVOlume(0).text(), inches ? "cu in" : "cc");
-    PrintPair("Est. Total Wgt.", s.lblEstWeight(0).text(), "lb");
-    PrintPair("Est. Glue Wgt.", s.lblTotalGlueWgt(0).text(), "g");
-  }
+  for (const Total& total : TotalsOf(s, s.gShow4Axis))
+    PrintPair(total.caption, total.figure->text(), total.unit);
   std::printf("  Program declares %d h %d min\n", s.gBuildHours, s.gBuildMinutes);
 }
 

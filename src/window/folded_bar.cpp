@@ -9,8 +9,8 @@
 #include "window/button.h"
 #include "window/field_paint.h"
 #include "window/help.h"
-#include "window/totals.h"
 #include "workbench/marks.h"
+#include "workbench/totals.h"
 
 namespace torvane {
 
@@ -50,16 +50,16 @@ void FoldedBar::paintEvent(QPaintEvent*) {
   const int end = checklist_->x() - 12;
   int x = 14;
   for (const Total& total : TotalsOf(s, s.gShow4Axis)) {
+    const QString words = Shown(total.caption), unit = Shown(total.unit);
     const QString figure = FigureOf(*total.figure);
     const QFontMetrics caption(t.Font(12)), figures(t.Font(20, Weight::Medium));
     const int tall = figures.horizontalAdvance(figure);
-    const int wide =
-        std::max(caption.horizontalAdvance(total.caption), tall + 5 + caption.horizontalAdvance(total.unit));
+    const int wide = std::max(caption.horizontalAdvance(words), tall + 5 + caption.horizontalAdvance(unit));
     if (x + wide + 20 + kMarks > end) break;
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
-    p.drawText(QRect(x, 7, wide + 2, 16), Qt::AlignLeft | Qt::AlignVCenter, total.caption);
-    p.drawText(QRect(x + tall + 5, 28, wide, 18), Qt::AlignLeft | Qt::AlignVCenter, total.unit);
+    p.drawText(QRect(x, 7, wide + 2, 16), Qt::AlignLeft | Qt::AlignVCenter, words);
+    p.drawText(QRect(x + tall + 5, 28, wide, 18), Qt::AlignLeft | Qt::AlignVCenter, unit);
     p.setFont(t.Font(20, Weight::Medium));
     p.setPen(t[total.figure->empty() ? Token::Off : Token::Figures]);
     p.drawText(QRect(x, 22, wide + 2, 28), Qt::AlignLeft | Qt::AlignVCenter, figure);

@@ -29,11 +29,11 @@
 #include "window/status_line.h"
 #include "window/stored_place.h"
 #include "window/tool_bar.h"
-#include "window/totals.h"
 #include "window/totals_panel.h"
 #include "window/view_menu.h"
 #include "workbench/design_commands.h"
 #include "workbench/number_hint.h"
+#include "workbench/totals.h"
 
 namespace torvane {
 

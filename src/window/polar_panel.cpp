@@ -7,8 +7,8 @@
 #include "window/button.h"
 #include "window/field_widgets.h"
 #include "window/polar_picture.h"
-#include "window/totals.h"
 #include "workbench/preview.h"
+#include "workbench/totals.h"
 
 namespace torvane {
 
@@ -68,7 +68,8 @@ void PolarPanel::paintEvent(QPaintEvent*) {
   for (std::size_t i = 0; i < 3; ++i) {
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
-    p.drawText(QRect(shares[i], top + 6, 120, 16), Qt::AlignLeft | Qt::AlignVCenter, totals[i].caption);
+    p.drawText(QRect(shares[i], top + 6, 120, 16), Qt::AlignLeft | Qt::AlignVCenter,
+               Shown(totals[i].caption));
     p.setFont(t.Font(20, Weight::Medium));
     p.setPen(t[totals[i].figure->empty() ? Token::Off : Token::Figures]);
     const QString figure = FigureOf(*totals[i].figure);
@@ -76,7 +77,7 @@ void PolarPanel::paintEvent(QPaintEvent*) {
     const int after = shares[i] + p.fontMetrics().horizontalAdvance(figure) + 5;
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
-    p.drawText(QRect(after, top + 28, 40, 18), Qt::AlignLeft | Qt::AlignVCenter, totals[i].unit);
+    p.drawText(QRect(after, top + 28, 40, 18), Qt::AlignLeft | Qt::AlignVCenter, Shown(totals[i].unit));
   }
 }
 

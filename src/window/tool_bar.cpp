@@ -6,6 +6,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/button.h"
+#include "workbench/design_commands.h"
 
 namespace torvane {
 
@@ -98,12 +99,8 @@ class Document : public QWidget {
   }
 
  private:
-  bool Named() const { return !desk_.station.s.lblStatusBar2.empty() || !desk_.station.s.gFileName.empty(); }
-  QString Name() const {
-    const DesignState& s = desk_.station.s;
-    if (!Named()) return QStringLiteral("New design");
-    return Shown(s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text());
-  }
+  bool Named() const { return !DesignName(desk_.station.s).empty(); }
+  QString Name() const { return Named() ? Shown(DesignName(desk_.station.s)) : QStringLiteral("New design"); }
   QFont NameFont() const { return desk_.theme.FigureFont(15, Weight::Medium); }
 
   Desk desk_;

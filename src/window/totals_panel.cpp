@@ -5,7 +5,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
-#include "window/totals.h"
+#include "workbench/totals.h"
 
 namespace torvane {
 
@@ -22,14 +22,14 @@ TotalsPanel::TotalsPanel(Desk desk, bool fourAxis, QWidget* parent) : QWidget(pa
   for (std::size_t i = 0; i < totals.size(); ++i) {
     // A hairline stands between the first and the others.
     const int row = static_cast<int>(i == 0 ? 0 : i + 1);
-    grid->addWidget(new Word(desk_, totals[i].caption, 13, Token::Second), row, 0, Qt::AlignVCenter);
+    grid->addWidget(new Word(desk_, Shown(totals[i].caption), 13, Token::Second), row, 0, Qt::AlignVCenter);
     auto* figure = new ReadOut(desk_, *totals[i].figure, i == 0 ? 32 : 15);
     figure->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     grid->addWidget(figure, row, 1);
     auto* unit = new Word(desk_, {}, 12, Token::Second);
     grid->addWidget(unit, row, 2, Qt::AlignVCenter);
     desk_.binder.Bind(s.gUnits, unit,
-                      [unit, &s, fourAxis, i] { unit->SetText(TotalsOf(s, fourAxis)[i].unit); });
+                      [unit, &s, fourAxis, i] { unit->SetText(Shown(TotalsOf(s, fourAxis)[i].unit)); });
   }
   grid->setRowMinimumHeight(1, 8);
 }
@@ -65,7 +65,7 @@ void LargeTotals::paintEvent(QPaintEvent*) {
     }
     p.setFont(t.Font(17));
     p.setPen(t[Token::Second]);
-    p.drawText(QRectF(18, y + 6, width() - 30, 24), Qt::AlignLeft | Qt::AlignVCenter, total.caption);
+    p.drawText(QRectF(18, y + 6, width() - 30, 24), Qt::AlignLeft | Qt::AlignVCenter, Shown(total.caption));
     const QString figure = FigureOf(*total.figure);
     // Seven digits at full size are wider than the panel.
     int size = static_cast<int>(std::min(tall - 34, i == 0 ? 72.0 : 42.0));
@@ -79,7 +79,7 @@ void LargeTotals::paintEvent(QPaintEvent*) {
     const double base = box.center().y() + p.fontMetrics().ascent() / 2.0 - p.fontMetrics().descent() / 2.0;
     p.setFont(t.Font(20));
     p.setPen(t[Token::Second]);
-    p.drawText(QPointF(18 + after, base), total.unit);
+    p.drawText(QPointF(18 + after, base), Shown(total.unit));
     y += tall;
   }
 }

@@ -50,6 +50,10 @@ void ChooseFamily(Station& station, bool fourAxis) {
   if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
 }
 
+const std::string& DesignName(const DesignState& s) {
+  return s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text();
+}
+
 void mnuNewFile_Click(Station& station) {
   DesignState& s = station.s;
   s.gGridSync = false;

@@ -9,6 +9,9 @@ namespace torvane {
 // Of the designs, below the station's folder.
 inline constexpr std::string_view kDesignFolder = "\\TV_Design_Files";
 
+// Name of the design in hand, as its line in the window says it; empty of a new one.
+const std::string& DesignName(const DesignState& s);
+
 // New: asks about unsaved changes, then blanks the design of both families.
 void mnuNewFile_Click(Station& station);
 // Open: asks about unsaved changes, then for a file of the family in use; nothing happens if it is cancelled.

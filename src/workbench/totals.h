@@ -1,7 +1,7 @@
 // The totals of a design, one table for every place that shows them.
 #pragma once
 
-#include <QString>
+#include <string_view>
 #include <vector>
 
 #include "design/state.h"
@@ -9,14 +9,14 @@
 namespace torvane {
 
 struct Total {
-  QString caption;
+  std::string_view caption;
   const Field* figure;
-  QString unit;
+  std::string_view unit;  // in the station's characters; empty of a count
 };
 
 // The most wanted first.
 std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis);
-// Those that are to be read from the machine.
+// Those of the family in use that are to be read from the machine.
 std::vector<Total> LargeTotalsOf(const DesignState& s);
 
 // Four axes with patterns show the end view instead of a list of totals.
