@@ -54,11 +54,12 @@ struct Bench {
   QImage picture;
 };
 
-// Hoops of a quarter of an inch round 4 in at 90 revolutions a minute.
+// Layers of hoops a quarter of an inch wide, round 4 in at 90 revolutions a minute: each is laid from new.
 std::string Hoops() {
+  constexpr int kLayers = 80;
   std::string text = executor::Begun();
-  for (int pass = 1; pass <= 40; ++pass)
-    text += executor::PassLine(pass, 40) + "M4 S90\nG1 F0.375 Z28\nG1 Z4\n";
+  for (int layer = 1; layer <= kLayers; ++layer)
+    text += executor::PassLine(1, 1, "ms", layer, kLayers) + "M4 S90\nG1 F0.375 Z28\nG1 Z4\n";
   return text + executor::Ended();
 }
 

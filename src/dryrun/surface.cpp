@@ -19,6 +19,8 @@ namespace {
 constexpr double kThinBand = 2.5;
 constexpr double kEdge = 0.24;  // of half the width, at most
 constexpr double kEdgeRows = 5;
+// From so many turns on within one column a pixel is covered as much as any other.
+constexpr double kEvenTurns = 8;
 
 QColor Mixed(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](int x, int y) { return static_cast<int>(std::lround(x + (y - x) * share)); };
@@ -28,8 +30,25 @@ QColor Mixed(const QColor& a, const QColor& b, double share) {
 // Half of what a band reaches round the mandrel at that Z, in degrees.
 double HalfReach(const Stroke& stroke, const LayerPlace& place, double z) {
   const double radius = place.mandrel.RadiusAt(z);
-  const double tangent = executor::Tangent(stroke, radius);
-  return place.band * std::sqrt(1 + tangent * tangent) / radius / executor::kRadians / 2;
+  return executor::BandDegrees(place.band, executor::Tangent(stroke, radius), radius) / 2;
+}
+
+// Of a pixel that begins at `row`, what lies below an edge that runs straight through its column.
+double ShareBelow(const Edge& edge, double row) {
+  const double low = std::min(edge.from, edge.to) - row, high = std::max(edge.from, edge.to) - row;
+  if (high - low < 1e-6) return std::clamp(low, 0.0, 1.0);
+  // The integral of what lies below a level edge, over the heights that the edge passes.
+  const auto below = [](double height) {
+    return height <= 0 ? 0 : height < 1 ? height * height / 2 : height - 0.5;
+  };
+  return (below(high) - below(low)) / (high - low);
+}
+
+QRgb Over(QRgb ground, QRgb colour, double share) {
+  const auto part = static_cast<int>(std::lround(std::min(share, 1.0) * 255));
+  const auto mix = [part](int above, int below) { return (above * part + below * (255 - part) + 127) / 255; };
+  return qRgba(mix(qRed(colour), qRed(ground)), mix(qGreen(colour), qGreen(ground)),
+               mix(qBlue(colour), qBlue(ground)), mix(255, qAlpha(ground)));
 }
 
 }  // namespace
@@ -47,6 +66,7 @@ void Columns::Add(int from, int to) {
 
 void Surface::Reshape(const QSize& pixels, const ZScale& scale) {
   image_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+  shares_.assign(static_cast<std::size_t>(pixels.height()), 0);
   scale_ = scale;
   Clear();
 }
@@ -83,17 +103,14 @@ Columns Surface::Follow(const executor::Player& player, int milliseconds) {
   }
   QElapsedTimer spent;
   spent.start();
-  QPainter painter(&image_);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
   // A stroke at a time, so that the time can be kept.
   while (upToDate_ && laid_.strokes <= now.strokes) {
     const Laid next = laid_.strokes == now.strokes ? now : Laid{laid_.strokes + 1, false, 0};
     const bool begins = !laid_.partly && (next.partly || next.strokes > laid_.strokes);
     if (layer->wraps && player.course().domes && begins && laid_.strokes > 0)
-      LayWrap(painter, layer->strokes[laid_.strokes - 1], layer->strokes[laid_.strokes], *place, changed);
+      LayWrap(layer->strokes[laid_.strokes - 1], layer->strokes[laid_.strokes], *place, changed);
     executor::ForEachPiece(*layer, laid_, next, [&](const Stroke& stroke, double z0, double z1) {
-      Lay(painter, stroke, z0, z1, *place, changed);
+      Lay(stroke, z0, z1, *place, changed);
     });
     laid_ = next;
     if (next.strokes == now.strokes && next.partly == now.partly && next.z == now.z) break;
@@ -102,60 +119,74 @@ Columns Surface::Follow(const executor::Player& player, int milliseconds) {
   return changed;
 }
 
-void Surface::Lay(QPainter& painter, const Stroke& stroke, double z0, double z1, const LayerPlace& place,
-                  Columns& changed) const {
+void Surface::Lay(const Stroke& stroke, double z0, double z1, const LayerPlace& place, Columns& changed) {
   const QColor band = theme_[stroke.out ? Token::BandOut : Token::BandBack];
-  painter.setBrush(band);
-  Fill(painter, stroke, z0, z1, place, -1, 1);
+  Fill(band, stroke, z0, z1, place, -1, 1);
   const double thickness = HalfReach(stroke, place, (z0 + z1) / 2) * 2 / 360 * image_.height();
   // Seen in the unrolled picture, which is lower than this image.
-  if (thickness / 5 > kThinBand / 2) {
-    painter.setBrush(Mixed(band, theme_[Token::Drawing], 0.5));
-    Fill(painter, stroke, z0, z1, place, 1 - std::min(kEdge, 2 * kEdgeRows / thickness), 1);
-  }
+  if (thickness / 5 > kThinBand / 2)
+    Fill(Mixed(band, theme_[Token::Drawing], 0.5), stroke, z0, z1, place,
+         1 - std::min(kEdge, 2 * kEdgeRows / thickness), 1);
   changed.Add(std::max(0, static_cast<int>(std::floor(scale_.XAt(std::max(z0, z1)))) - 1),
               std::min(image_.width(), static_cast<int>(std::ceil(scale_.XAt(std::min(z0, z1)))) + 1));
 }
 
-// Each turn is cut out by itself: a hoop goes round a hundred times.
-void Surface::Fill(QPainter& painter, const Stroke& stroke, double z0, double z1, const LayerPlace& place,
-                   double low, double high) const {
+void Surface::Fill(const QColor& colour, const Stroke& stroke, double z0, double z1, const LayerPlace& place,
+                   double low, double high) {
   const double half0 = HalfReach(stroke, place, z0), half1 = HalfReach(stroke, place, z1);
   const double a0 = stroke.AngleAt(z0), a1 = stroke.AngleAt(z1);
-  const double low0 = a0 + low * half0, high0 = a0 + high * half0;
-  const double low1 = a1 + low * half1, high1 = a1 + high * half1;
-  const double rows = image_.height();
-  const int firstTurn = static_cast<int>(std::floor(std::min(low0, low1) / 360));
-  const int lastTurn = static_cast<int>(std::floor(std::max(high0, high1) / 360));
-  // The shares of the way at which a rising edge comes to an angle.
-  const auto shareAt = [](double from, double to, double angle, double flat) {
-    return to == from ? flat : std::clamp((angle - from) / (to - from), 0.0, 1.0);
-  };
-  for (int turn = firstTurn; turn <= lastTurn; ++turn) {
-    const double bottom = turn * 360.0, top = bottom + 360;
-    double from = 0, to = 1;
-    if (a1 >= a0) {
-      from = shareAt(high0, high1, bottom, 0);
-      to = shareAt(low0, low1, top, 1);
-    } else {
-      from = shareAt(low0, low1, top, 0);
-      to = shareAt(high0, high1, bottom, 1);
-    }
-    if (from >= to) continue;
-    const auto point = [&](double share, double edge0, double edge1) {
-      const double angle = edge0 + (edge1 - edge0) * share;
-      return QPointF(scale_.XAt(z0 + (z1 - z0) * share), rows * (1 - (angle - bottom) / 360));
+  const double turns = std::floor(std::min(a0, a1) / 360) * 360;
+  const double perDegree = image_.height() / 360.0;
+  const Edge lower{(a0 + low * half0 - turns) * perDegree, (a1 + low * half1 - turns) * perDegree};
+  const Edge upper{(a0 + high * half0 - turns) * perDegree, (a1 + high * half1 - turns) * perDegree};
+  const double x0 = scale_.XAt(z0), x1 = scale_.XAt(z1);
+  const double left = std::max(0.0, std::min(x0, x1));
+  const double right = std::min<double>(image_.width(), std::max(x0, x1));
+  for (double x = left; x < right; x = std::floor(x) + 1) {
+    const double end = std::min(std::floor(x) + 1, right);
+    const auto within = [&](const Edge& edge) {
+      const double slope = (edge.to - edge.from) / (x1 - x0);
+      return Edge{edge.from + slope * (x - x0), edge.from + slope * (end - x0)};
     };
-    const QPointF corners[] = {point(from, low0, low1), point(to, low0, low1), point(to, high0, high1),
-                               point(from, high0, high1)};
-    painter.drawConvexPolygon(corners, 4);
+    FillColumn(static_cast<int>(x), end - x, within(lower), within(upper), colour.rgb());
   }
 }
 
-void Surface::LayWrap(QPainter& painter, const Stroke& before, const Stroke& behind, const LayerPlace& place,
-                      Columns& changed) const {
+// A hoop comes through a column many times: what its turns take of a pixel adds up before it is painted, or
+// their edges would show. Very many of them take the same of every pixel.
+void Surface::FillColumn(int x, double width, const Edge& lower, const Edge& upper, QRgb colour) {
+  const int rows = image_.height();
+  const double foot = std::min(lower.from, lower.to), head = std::max(upper.from, upper.to);
+  const bool even = !(head - foot < kEvenTurns * rows);
+  const int first = even ? 0 : static_cast<int>(std::floor(foot));
+  const int end = even ? rows : static_cast<int>(std::ceil(head));
+  const int begin = (first % rows + rows) % rows;
+  const auto next = [rows](int row) { return row + 1 == rows ? 0 : row + 1; };
+  const double thickness = (upper.from + upper.to - lower.from - lower.to) / 2;
+  const double wholeFrom = std::max(lower.from, lower.to), wholeTo = std::min(upper.from, upper.to) - 1;
+  for (int row = first, at = begin; row < end; ++row, at = next(at)) {
+    double share = 1;
+    if (even)
+      share = thickness < rows ? thickness / rows : 1;
+    else if (row < wholeFrom || row > wholeTo)
+      share = ShareBelow(upper, row) - ShareBelow(lower, row);
+    shares_[static_cast<std::size_t>(at)] += width * share;
+  }
+  const int touched = std::min(end - first, rows);
+  for (int i = 0, at = begin; i < touched; ++i, at = next(at)) {
+    double& share = shares_[static_cast<std::size_t>(at)];
+    QRgb& pixel = reinterpret_cast<QRgb*>(image_.scanLine(rows - 1 - at))[x];
+    pixel = Over(pixel, colour, share);
+    share = 0;
+  }
+}
+
+void Surface::LayWrap(const Stroke& before, const Stroke& behind, const LayerPlace& place, Columns& changed) {
   const double turn = behind.m0 - before.m1;
   if (std::abs(before.z1 - behind.z0) > place.band || turn < 90 || turn > 400) return;
+  QPainter painter(&image_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
   FillWrap(painter, before, behind, place, -1, 1);
   FillWrap(painter, before, behind, place, 1 - kEdge, 1);
   const double radius = place.mandrel.RadiusAt(before.z1);

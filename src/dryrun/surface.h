@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <vector>
 
 #include "executor/player.h"
 #include "look/theme.h"
@@ -26,6 +27,11 @@ struct Columns {
   void Add(int from, int to);
 };
 
+// A straight edge by its heights at both ends, in rows from the foot of the picture; turns count on.
+struct Edge {
+  double from = 0, to = 0;
+};
+
 class Surface {
  public:
   explicit Surface(const Theme& theme) : theme_(theme) {}
@@ -42,19 +48,22 @@ class Surface {
   const QImage& Image() const { return image_; }
 
  private:
-  void Lay(QPainter& painter, const executor::Stroke& stroke, double z0, double z1,
-           const executor::LayerPlace& place, Columns& changed) const;
+  void Lay(const executor::Stroke& stroke, double z0, double z1, const executor::LayerPlace& place,
+           Columns& changed);
   // The part of a band between two shares of its width, -1 to 1.
-  void Fill(QPainter& painter, const executor::Stroke& stroke, double z0, double z1,
-            const executor::LayerPlace& place, double low, double high) const;
+  void Fill(const QColor& colour, const executor::Stroke& stroke, double z0, double z1,
+            const executor::LayerPlace& place, double low, double high);
+  // What lies between two edges within a column, of which the band takes `width`.
+  void FillColumn(int x, double width, const Edge& lower, const Edge& upper, QRgb colour);
   // The band round a hemispherical end, from one traverse to the next.
-  void LayWrap(QPainter& painter, const executor::Stroke& before, const executor::Stroke& behind,
-               const executor::LayerPlace& place, Columns& changed) const;
+  void LayWrap(const executor::Stroke& before, const executor::Stroke& behind,
+               const executor::LayerPlace& place, Columns& changed);
   void FillWrap(QPainter& painter, const executor::Stroke& before, const executor::Stroke& behind,
                 const executor::LayerPlace& place, double low, double high) const;
 
   const Theme& theme_;
   QImage image_;
+  std::vector<double> shares_;  // of a column's pixels, while it is filled
   ZScale scale_;
   int run_ = -1;
   std::size_t layer_ = 0;

@@ -41,6 +41,8 @@ class DryRun : public QObject {
   void TellsWhatCannotBeOpened();
   void OpensALongProgramAtOnce();
   void FillsTheUnrolledView();
+  void PaintsWhatABandCovers_data();
+  void PaintsWhatABandCovers();
 
  private:
   std::string Write(const char* name, const std::string& text) {
@@ -293,6 +295,53 @@ void DryRun::FillsTheUnrolledView() {
   // Other colours, other size: drawn anew.
   stage.window.resize(1500, 900);
   QVERIFY(colours(Token::BandOut) > 50);
+}
+
+void DryRun::PaintsWhatABandCovers_data() {
+  QTest::addColumn<QString>("width");
+  QTest::addColumn<QString>("feed");
+  QTest::addColumn<double>("share");
+  // Round 4 in at 60 RPM. A turn of 2 in rises at 80.96 degrees: the band takes 0.25 / cos(80.96) of 4 pi.
+  QTest::newRow("helix") << "0.25"
+                         << "2" << 0.1266;
+  QTest::newRow("hoops that close, without seams") << "0.25"
+                                                   << "0.25" << 1.0;
+  QTest::newRow("hoops with gaps") << "0.25"
+                                   << "0.5" << 0.5002;
+  QTest::newRow("hoops over each other") << "0.25"
+                                         << "0.1" << 1.0;
+  QTest::newRow("hundreds of turns in a column") << "0.25"
+                                                 << "0.0001" << 1.0;
+  QTest::newRow("as many of a thread") << "0.00005"
+                                       << "0.0001" << 0.5;
+}
+
+// One traverse of 10 in: what of the surface is painted, whatever the band looks like.
+void DryRun::PaintsWhatABandCovers() {
+  QFETCH(const QString, width);
+  QFETCH(const QString, feed);
+  QFETCH(const double, share);
+  Staged stage;
+  stage.Open(Write("band.T2G",
+                   "C C0\r\nG20\r\nG90\r\nX V420.000 T2 Z1.875\r\nM17\r\nG1 F1 Z3.875\r\n"
+                   "D0 ST=Winding Schedule\r\n"
+                   "D0 LA=1_of_1 PA=1_of_1 RPM=60 CS=2 WA=45 WM=ms TI=0.2 LD=4 FW=" +
+                       width.toStdString() + " HL=2\r\nM4 S60\r\nG1 F" + feed.toStdString() +
+                       " Z13.875\r\n"));
+  stage.session.SetSpeed(Player::kToTheEnd);
+  stage.session.Run();
+  stage.session.Advance(1);
+  QCOMPARE(stage.player().State(), RunState::Finished);
+  Surface surface(stage.theme);
+  surface.Reshape({200, 720}, {13.875, 3.875, 0, 200});
+  while (!surface.UpToDate()) surface.Follow(stage.player(), 1000);
+  const QImage& image = surface.Image();
+  double painted = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) painted += qAlpha(image.pixel(x, y)) / 255.0;
+  painted /= image.width() * image.height();
+  // The light edge lies over the band, so the pixels at its rim are a little fuller than they should be.
+  QVERIFY2(painted > share - 0.001 && painted < share + 0.006, qPrintable(QString::number(painted)));
 }
 
 }  // namespace
