@@ -11,9 +11,8 @@ namespace torvane {
 // "tube.t4d, layer 2: 18.12 | 4 x 12 | 180" and the degree sign, in the station's characters.
 std::string PictureTitle(const DesignState& s, std::string_view layer, std::string_view pattern);
 
-// Asks where the picture of a layer is to go, beside the design and under its name, and writes it.
-// `extension`
-// ("png", "svg") says what `bytes` are. A refusal is told.
+// Asks where the picture of a layer is to go, beside the design and under its name, and writes it. What
+// `bytes` are `extension` says, "png" or "svg". A refusal is told.
 void SavePicture(const Station& station, std::string_view layer, std::string_view extension,
                  std::string_view bytes);
 

@@ -49,7 +49,9 @@ TEST(PreviewTest, CountsItsPassesFromTheFirstToTheLast) {
   for (; steps < 100 && (station.tmrStartDraw.due || station.tmrDraw.due); ++steps) {
     onStage.stage.clock.Set(*(station.tmrStartDraw.due ? station.tmrStartDraw.due : station.tmrDraw.due));
     station.Tick();
-    if (steps == 0) EXPECT_EQ(PassesDrawn(station).drawn, 1);
+    if (steps == 0) {
+      EXPECT_EQ(PassesDrawn(station).drawn, 1);
+    }
   }
   EXPECT_LT(steps, 100);
   EXPECT_EQ(PassesDrawn(station).drawn, 12);
