@@ -79,8 +79,7 @@ void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
 void WriteCarriageShiftPass(const Layer& layer, int pass) {
   const DesignState& s = layer.s;
   Program& p = layer.p;
-  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
-  const Number shift = (pass - 1) * (bandWidth / Sin(layer.windingAngle * kPi / 180));
+  const Number shift = CarriageShift(s, layer.windingAngle, pass);
   const Number right = number(s.txtRight(layer.number));
   const Number left = number(s.txtLeft(layer.number));
 
@@ -186,6 +185,11 @@ void WriteLayer(Schedule& schedule, int n) {
 }
 
 }  // namespace
+
+Number CarriageShift(const DesignState& s, Number windingAngle, Number pass) {
+  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
+  return (pass - 1) * (bandWidth / Sin(windingAngle * kPi / 180));
+}
 
 void SetPassEnds(DesignState& s) {
   const std::string left = s.gLeftStopText.through("###0.00"_mask);

@@ -24,6 +24,10 @@ void WriteAdvanceToNextLayer(GCodeSession& session, int layer, const MaybeText& 
 // has left.
 MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, int layers, Kept& timeLeft);
 
+// How far along Z a pass of a carriage shift lies from the first one, design units: a band as it stands on
+// the axis, its width over the sine of its angle, for each pass between.
+Number CarriageShift(const DesignState& s, Number windingAngle, Number pass);
+
 // Mandrel angle in degrees, counted from the register of an end ("H" home, any other far), at which pass
 // `stepCount` reverses, so that its band comes to lie beside the last one. The step is the band's width
 // measured round the mandrel, or the equal part of the circle that holds one band more than fit whole.

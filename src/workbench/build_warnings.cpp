@@ -6,6 +6,7 @@
 #include "design/catalogue.h"
 #include "design/text.h"
 #include "gcode/session.h"
+#include "gcode/two_axis_program.h"
 #include "workbench/layer_count.h"
 #include "workbench/number_hint.h"
 
@@ -41,6 +42,7 @@ class Warnings {
   void LookAtStop(const Field& stop, const std::string& name);
   void LookAtTwoAxes(int layers);
   void LookAtTwoAxisLayer(int layer);
+  void LookAtCarriageShift(int layer, Number passes);
   void NameHiddenEnds();
   void LookAtFourAxes(int layers);
   void LookAtAngleLayer(int layer);
@@ -107,13 +109,29 @@ void Warnings::LookAtTwoAxisLayer(int layer) {
       Warn(*shown, LayerName(layer) + " shows nothing on the machine", "A figure of that line is missing.");
       return;
     }
-  const bool leftKnown = number(s_.txtLeft(layer)).good();
-  const bool shifts = EqualNoCase(s_.cmbMethod(layer).text(), "cs") && holds(passes >= 2);
-  if (shifts && !(leftKnown && number(s_.txtRight(layer)).good()))
-    Warn(s_.cmbMethod(layer), LayerName(layer) + " would not move behind its first pass",
-         "Save the design and open it again: carriage shift needs the row's ends.");
-  else if (!leftKnown)
+  if (EqualNoCase(s_.cmbMethod(layer).text(), "cs") && holds(passes >= 2))
+    LookAtCarriageShift(layer, passes);
+  else if (!number(s_.txtLeft(layer)).good())
     withoutEnds_.push_back(layer);
+}
+
+// By carriage shift later passes leave the stops: each turns round a band further along, counted from the
+// row's ends, which are empty in a design typed from scratch and the stops in one that was opened.
+void Warnings::LookAtCarriageShift(int layer, Number passes) {
+  const Field& method = s_.cmbMethod(layer);
+  const Number right = number(s_.txtRight(layer)), left = number(s_.txtLeft(layer));
+  if (!left.good() || !right.good()) {
+    Warn(method, LayerName(layer) + " would not move behind its first pass",
+         "Choose ms: carriage shift needs ends that the row does not have.");
+    return;
+  }
+  const Number shift = CarriageShift(s_, number(s_.txtWA(layer)), passes);
+  const Number home = left + shift, far = number(s_.Length_Total) - right + shift;
+  const Number reach = holds(home > far) ? home : far;
+  if (holds(reach > number(s_.txtZ2(0))))
+    Warn(method,
+         LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), "0.00"_mask),
+         "Choose ms: carriage shift goes a band further with each pass, past the left stop.");
 }
 
 // A design typed from scratch has no ends in its rows; its file gives them the design's stops.

@@ -91,16 +91,21 @@ TEST_F(BuildWarningsTest, RowsTypedFromScratchShowNoLineUntilTheirFileIsOpened) 
   EXPECT_NE(Program().find("D0 LA=2_of_2"), std::string::npos);
 }
 
-TEST_F(BuildWarningsTest, CarriageShiftWithoutEndsDoesNotMove) {
+TEST_F(BuildWarningsTest, CarriageShiftDoesNotMoveOrLeavesTheStops) {
   TypeTube(station, 1, "45");
   SetEnds(1, "");
   station.Choose(s.cmbMethod(1), "cs");
   Name("tube.t2d");
   EXPECT_TRUE(Warns("cmbMethod(1)"));
   EXPECT_EQ(Program().find("Carriage Shift Distance"), std::string::npos);
-  SetEnds(1, "0");
-  EXPECT_FALSE(Warns("cmbMethod(1)"));
-  EXPECT_NE(Program().find("Carriage Shift Distance"), std::string::npos);
+  // 36 passes of 45 degrees: 35 bands of 0.25 in on the slant are 12.37 in beyond the row's end at 28.
+  Save("tube.t2d");
+  Open("tube.t2d");
+  ASSERT_EQ(Fields(), std::vector<std::string>{"cmbMethod(1)"});
+  EXPECT_NE(BuildWarnings(station).front().what.find("Z=40.37"), std::string::npos);
+  EXPECT_NE(Program().find("G1 Z40.37 [Move to L1 Home End"), std::string::npos);
+  station.Choose(s.cmbMethod(1), "ms");
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
 }
 
 TEST_F(BuildWarningsTest, ARowWithoutAnAngleAndEmptyStopsAreNamed) {
