@@ -16,11 +16,20 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
       ->envname("TORVANE_HOME");
   app.add_option("--store", options.store, "Settings in this INI file [the user's own store]")
       ->envname("TORVANE_STORE");
-  app.add_option("--setting", options.settings, "KEY=VALUE: this run's value of a setting or calibration key")
-      ->allow_extra_args(false);
   app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")
       ->check(CLI::IsMember({"point", "comma"}));
   app.add_option("--now", options.now, "\"YYYY-MM-DD hh:mm:ss\": the time of the run [the clock]");
+}
+
+// Of the commands that calculate.
+void AddSettings(CLI::App& app, CommonOptions& options) {
+  app.add_option("--setting", options.settings, "KEY=VALUE: this run's value of a setting or calibration key")
+      ->allow_extra_args(false);
+}
+
+// Of those that open a design.
+void AddDesignOptions(CLI::App& app, CommonOptions& options) {
+  AddSettings(app, options);
   app.add_option("--field", options.fields, "NAME=TEXT: a field's text, set after the design is open")
       ->allow_extra_args(false);
 }
@@ -41,7 +50,13 @@ struct Arguments {
 using Command = std::function<int(Computer&)>;
 
 void AddDesigns(CLI::App& command, Arguments& a) {
+  AddDesignOptions(command, a.common);
   command.add_option("DESIGN", a.designs, "Design files (.t2d, .t4d)")->required();
+}
+
+void AddDesign(CLI::App& command, Arguments& a) {
+  AddDesignOptions(command, a.common);
+  command.add_option("DESIGN", a.design, "The design file")->required();
 }
 
 void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
@@ -66,7 +81,7 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
 
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
-  convert->add_option("DESIGN", a.design, "The design file")->required();
+  AddDesign(*convert, a);
   convert->add_option("OUT", a.out, "The file to write")->required();
 
   CLI::App* patterns = add(app, "patterns", "List the winding patterns that close on a part",
@@ -77,12 +92,13 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   patterns->add_option("--wrap", a.patterns.wrap, "End wrap angle, degrees [180]");
   patterns->add_option("--limit", a.patterns.limit, "Patterns below this winding angle, degrees [25]");
   patterns->add_option("--opening", a.patterns.opening, "Polar opening diameter [0]");
+  AddSettings(*patterns, a.common);
   patterns->add_flag("--mm", a.patterns.millimetres, "Lengths are millimetres, not inches");
   patterns->add_flag("--json", a.patterns.json, "As one JSON object");
 
   CLI::App* preview = add(app, "preview", "Draw a row's winding pattern into an SVG file",
                           [&a](Computer& c) { return RunPreview(c, a.design, a.row, a.out); });
-  preview->add_option("DESIGN", a.design, "The design file")->required();
+  AddDesign(*preview, a);
   preview->add_option("--row", a.row, "The layer row")->required();
   preview->add_option("--out", a.out, "The picture to write")->required();
 
