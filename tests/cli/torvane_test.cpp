@@ -87,6 +87,7 @@ TEST_F(Torvane, ShowsFiguresAsWorkedOutByHand) {
   const std::vector<std::string> fourAxes = {"lblRPM", "lblcSpeed", "lblNPasses", "lblMinutes", "lblLength"};
   std::vector<std::string> lines = LinesOfFile(kCases / "programs" / "figures.txt");
   for (const std::string& line : LinesOfFile(kCases / "programs" / "figures4.txt")) lines.push_back(line);
+  EXPECT_GE(lines.size(), 48U);
   for (const std::string& line : lines) {
     std::vector<std::string> cells;
     std::stringstream stream(line + "\t");
@@ -115,8 +116,10 @@ TEST_F(Torvane, ShowsFiguresAsWorkedOutByHand) {
 
 // Each script is one situation that an operator would recognise, with what it prints beside it.
 TEST_F(Torvane, FollowsScripts) {
+  int cases = 0;
   for (const auto& entry : fs::directory_iterator(kCases / "scripts")) {
     SCOPED_TRACE(entry.path().filename().string());
+    ++cases;
     fs::remove_all(folder_);
     fs::create_directories(home());
     const Ended run = Start("script --locale point " + Quoted((entry.path() / "script").string()));
@@ -124,6 +127,7 @@ TEST_F(Torvane, FollowsScripts) {
               Bytes(entry.path() / "expected"))
         << run.err;
   }
+  EXPECT_GE(cases, 50);
 }
 
 // The whole working days among the samples print what stands beside them.

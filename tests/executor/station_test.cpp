@@ -53,7 +53,6 @@ TEST_F(Station, ProvesItsSamples) {
       {"Launch-Tube-Full-Finish.t2d", {{"hoop-dwell", 1}, {"hoop-dwell", 4}}},
       // Its rows' ends are stops, and the last of them leaves the carriage where layer 3 does not begin.
       {"Carriage-Shift-Sleeve.t2d", {{"shift-ends", 1}, {"shift-ends", 2}, {"first-traverse", 3}}},
-      // The tape runs between the inner ends, which a flat part has at 0.
       {"Flat-Tube-4x24.t4d", {{"rounding", 1}, {"first-traverse", 2}}},
       {"Hoop-First-Tube.t4d", {{"first-traverse", 2}}},
       {"Hemi-Vessel-150mm.t4d", {{"first-traverse", 1}, {"first-traverse", 3}}},

@@ -6,12 +6,15 @@
 #include <set>
 
 #include "design/catalogue.h"
+#include "look/text.h"
 #include "on_stage.h"
 #include "window/field_widgets.h"
 #include "window/segments.h"
 #include "workbench/design_commands.h"
 #include "workbench/links.h"
+#include "workbench/machine_dialog.h"
 #include "workbench/preview.h"
+#include "workbench/row_menu.h"
 
 namespace torvane {
 
@@ -158,7 +161,12 @@ void NamesInWindow::EveryControlStandsWhereTheTableSays() {
     } else if (good && named.kind == QStringLiteral("cell")) {
       const Field* field = FindField(station.s(), named.name.toStdString());
       good = field != nullptr && Bound(station, *field) == 1;
-    } else if (good && named.kind != QStringLiteral("no place") && named.kind != QStringLiteral("row menu")) {
+    } else if (good && named.kind == QStringLiteral("row menu")) {
+      const auto entries = RowMenu(station.s());
+      good = named.name == QStringLiteral("mnuPopMenu") ||
+             std::any_of(entries.begin(), entries.end(),
+                         [&](const RowMenuEntry& entry) { return Shown(entry.control) == named.name; });
+    } else if (good && named.kind != QStringLiteral("no place")) {
       QWidget* widget = find(*window, named.name);
       good = widget != nullptr && IsKind(*widget, named.kind);
     }
@@ -179,6 +187,10 @@ void NamesInWindow::TheTableKnowsEveryFieldOfTheStation() {
     const QString name = QString::fromStdString(NameOf(field));
     if (!known.contains(name)) missing << name;
   });
+  for (const RowMenuEntry& entry : RowMenu(station.s()))
+    if (!known.contains(Shown(entry.control))) missing << Shown(entry.control);
+  for (const MachineLine& line : MachineLines())
+    if (const QString name = QString::fromStdString(line.field); !known.contains(name)) missing << name;
   QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QStringLiteral(", "))));
 }
 

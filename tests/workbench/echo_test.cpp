@@ -10,7 +10,7 @@
 namespace torvane {
 namespace {
 
-void* ChangeEveryFigure(void*) {
+void* ChangeEveryFigure(void* cutEchoes) {
   StationOnStage onStage;
   Station& station = onStage.Started();
   TypeTube(station, 15, "45");
@@ -22,6 +22,7 @@ void* ChangeEveryFigure(void*) {
   station.s.txtNumberOfLayers(1) = "15";
   for (int row = 1; row <= 15; ++row) station.Type(station.s.cmbPattern(row), "45");
   station.Type(station.s.txtDia(0), "5");
+  *static_cast<int*>(cutEchoes) = station.cutEchoes;
   return nullptr;
 }
 
@@ -35,8 +36,10 @@ TEST(Echo, ComesToRestOnASmallStack) {
   pthread_attr_init(&attributes);
   ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
   pthread_t thread;
-  ASSERT_EQ(pthread_create(&thread, &attributes, ChangeEveryFigure, nullptr), 0);
+  int cutEchoes = -1;
+  ASSERT_EQ(pthread_create(&thread, &attributes, ChangeEveryFigure, &cutEchoes), 0);
   pthread_join(thread, nullptr);
+  EXPECT_EQ(cutEchoes, 0) << "the echoes end by themselves";
   pthread_attr_destroy(&attributes);
 }
 
