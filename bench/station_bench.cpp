@@ -23,7 +23,7 @@ void Recalculate15Rows(benchmark::State& state) {
 }
 BENCHMARK(Recalculate15Rows)->Unit(benchmark::kMicrosecond);
 
-// Nearly a hoop on a thin rod: the search that takes hundreds of thousands of steps where it is told.
+// Nearly a hoop on a thin rod: the search that takes hundreds of thousands of steps one by one.
 void Recalculate15RowsNearlyHoops(benchmark::State& state) {
   StationOnStage onStage;
   DesignState& s = onStage.Started().s;

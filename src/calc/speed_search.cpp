@@ -24,7 +24,7 @@ struct Stretch {
   double change = 0;  // what that comes to
   double count = 0;   // how many changes it is sure of; 0 if the value no longer moves
 
-  // The first may leave the power of two, so it is taken as told.
+  // The first may leave the power of two, so it is taken as it comes.
   double At(double k) const { return k == 1 ? start + step : start + k * change; }
 };
 
@@ -81,7 +81,7 @@ struct Speeds {
   double carriage = 0;
 };
 
-// The search told step by step, found faster. The sequence of carriage speeds is the same in every round
+// What a search step by step comes to, found faster. The sequence of carriage speeds is the same in every round
 // and only the limit grows, so the limit that the slowest speed of the sequence meets is found first, then
 // the first speed of the sequence under it.
 std::optional<Speeds> Search(const MandrelSpeed& mandrel, double classSpeed, double limit, double ceiling) {

@@ -27,12 +27,12 @@ struct Tube {
   void Search(double angle) { CalculateSpeedsForAngle(s, rpm, speed, angle, 1); }
 };
 
-// The search as it is told to an operator, one step of 0.025 after the other.
-struct Told {
+// The search as an operator would do it, one step of 0.025 after the other.
+struct Stepped {
   double rpm, speed;
   bool ends;
 };
-Told StepByStep(const DesignState& s, double angle, double limit) {
+Stepped StepByStep(const DesignState& s, double angle, double limit) {
   const double classSpeed = InUnits(s, s.iMaxCarriageSpeeds[0], false).value();
   const double circumference = (number(s.Diameter_Right).value() + number(s.Diameter_Left).value()) * kPi / 2;
   const double ceiling = s.InInches() ? 20.0 : 500.0;
@@ -50,7 +50,7 @@ Told StepByStep(const DesignState& s, double angle, double limit) {
   return {0, 0, false};
 }
 
-TEST(SpeedSearch, GivesTheDigitsOfTheToldSteps) {
+TEST(SpeedSearch, GivesTheDigitsOfTheSteps) {
   std::mt19937 random(20261124);
   const auto pick = [&random](std::initializer_list<double> values) {
     return values.begin()[random() % values.size()];
@@ -63,12 +63,12 @@ TEST(SpeedSearch, GivesTheDigitsOfTheToldSteps) {
     const double limit = pick({0.1, 1, 15, 30, 45, 60, 90.2, -7.3});
     const double angle = random() % 4 == 0 ? pick({80, 85, 88.5, 89.5, 0.5, 91, -10, 179}) : anyAngle(random);
     Tube tube(anyDiameter(random) * (inches ? 1 : 25.4), classSpeed, limit, inches);
-    const Told told = StepByStep(tube.s, angle, limit);
-    if (!told.ends) continue;
+    const Stepped stepped = StepByStep(tube.s, angle, limit);
+    if (!stepped.ends) continue;
     tube.Search(angle);
     ASSERT_TRUE(tube.rpm.good());
-    ASSERT_EQ(tube.rpm.value(), told.rpm) << angle << " at " << classSpeed << " under " << limit;
-    ASSERT_EQ(tube.speed.value(), told.speed) << angle << " at " << classSpeed << " under " << limit;
+    ASSERT_EQ(tube.rpm.value(), stepped.rpm) << angle << " at " << classSpeed << " under " << limit;
+    ASSERT_EQ(tube.speed.value(), stepped.speed) << angle << " at " << classSpeed << " under " << limit;
     ++compared;
   }
   EXPECT_GT(compared, 2900);
@@ -77,10 +77,10 @@ TEST(SpeedSearch, GivesTheDigitsOfTheToldSteps) {
 TEST(SpeedSearch, NearlyAHoopRaisesTheLimitFarAndEndsAtOnce) {
   Tube tube(1, 6, 15, true);
   tube.Search(89.99);
-  const Told told = StepByStep(tube.s, 89.99, 15);
-  ASSERT_TRUE(told.ends);
-  EXPECT_EQ(tube.rpm.value(), told.rpm);
-  EXPECT_EQ(tube.speed.value(), told.speed);
+  const Stepped stepped = StepByStep(tube.s, 89.99, 15);
+  ASSERT_TRUE(stepped.ends);
+  EXPECT_EQ(tube.rpm.value(), stepped.rpm);
+  EXPECT_EQ(tube.speed.value(), stepped.speed);
   // The tangent just below a right angle is past any machine: a limit in steps of 5 still gets there.
   tube.Search(89.9999999);
   EXPECT_TRUE(tube.rpm.good());

@@ -214,8 +214,8 @@ class MessagesOnScreen : public QObject {
   Q_OBJECT
 
  private slots:
-  void EachIsShownAsTold_data();
-  void EachIsShownAsTold();
+  void EachIsShownAsAsked_data();
+  void EachIsShownAsAsked();
   void InchesAreAskedForToo();
   void KeysAnswer();
   void TickSilences();
@@ -223,13 +223,13 @@ class MessagesOnScreen : public QObject {
   void SystemBoxesSayWhatFailed();
 };
 
-void MessagesOnScreen::EachIsShownAsTold_data() {
+void MessagesOnScreen::EachIsShownAsAsked_data() {
   QTest::addColumn<int>("index");
   int index = 0;
   for (const Case& message : Cases()) QTest::newRow(message.name) << index++;
 }
 
-void MessagesOnScreen::EachIsShownAsTold() {
+void MessagesOnScreen::EachIsShownAsAsked() {
   QFETCH(int, index);
   const Case message = Cases()[static_cast<std::size_t>(index)];
   Theme theme{false};

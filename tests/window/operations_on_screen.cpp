@@ -122,7 +122,7 @@ void OperationsOnScreen::FourAxisRowsHaveEntriesOfTheirOwn() {
   QVERIFY(!entry()->isEnabled());
   desktop.binder().Run("btn4XRow", Event::Press, 2);
   QVERIFY(entry()->isEnabled());
-  QVERIFY2(entry()->shortcut().isEmpty(), "no keys where the told ones work on two-axis rows");
+  QVERIFY2(entry()->shortcut().isEmpty(), "no keys where these entries work on two-axis rows");
   entry()->trigger();
   QCOMPARE(desktop.s().txtNumberOfLayers(1).text(), std::string("2"));
 }
