@@ -81,9 +81,9 @@ struct Speeds {
   double carriage = 0;
 };
 
-// What a search step by step comes to, found faster. The sequence of carriage speeds is the same in every round
-// and only the limit grows, so the limit that the slowest speed of the sequence meets is found first, then
-// the first speed of the sequence under it.
+// What a search step by step comes to, found faster. The sequence of carriage speeds is the same in every
+// round and only the limit grows, so the limit that the slowest speed of the sequence meets is found first,
+// then the first speed of the sequence under it.
 std::optional<Speeds> Search(const MandrelSpeed& mandrel, double classSpeed, double limit, double ceiling) {
   const double first = classSpeed;
   const double second = first - kStep;
