@@ -46,8 +46,7 @@ void Binder::Choose(Field& field, std::string_view text) {
 }
 
 void Binder::Check(Field& field, bool on) {
-  station_.Check(field, on);
-  Flush();
+  Do([&] { station_.Check(field, on); });
 }
 
 bool Binder::Run(std::string_view control, Event event, int index) {
@@ -67,6 +66,8 @@ void Binder::Do(const std::function<void()>& doing) {
 }
 
 void Binder::Discard(QObject* widget) {
+  for (QObject* child : widget->findChildren<QObject*>()) Forget(child);
+  Forget(widget);
   if (doings_ > 0)
     discarded_.emplace_back(widget);
   else

@@ -20,8 +20,6 @@ class Binder : public QObject, private FieldWatcher {
   explicit Binder(Station& station);
   ~Binder() override;
 
-  Station& station() const { return station_; }
-
   // `show` runs whenever the field has changed, as long as its owner lives, and once at once.
   void Bind(const Field& field, QObject* owner, std::function<void()> show);
   // `show` runs after every doing, for what hangs on more than one field or on no field at all.
@@ -36,8 +34,9 @@ class Binder : public QObject, private FieldWatcher {
   bool Run(std::string_view control, Event event = Event::Click, int index = 0);
   // Any other doing.
   void Do(const std::function<void()>& doing);
-  // Deletes a widget once no doing is on its way: a message waits for its answer in the middle of the key
-  // that brought it up, and what the key was pressed in is still needed afterwards.
+  // Unties a widget with all in it, and deletes it once no doing is on its way: a message waits for its
+  // answer in the middle of the key that brought it up, and what the key was pressed in is still needed
+  // afterwards.
   void Discard(QObject* widget);
   // Shows what has changed so far.
   void Flush();

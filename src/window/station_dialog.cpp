@@ -34,26 +34,28 @@ void StationDialog::FillFoot(QWidget* bar, const std::vector<Button*>& left) {
 }
 
 DialogHost::DialogHost(Desk desk, QWidget* parent) : desk_(desk), parent_(parent) {
+  desk.station.windowCloses = [this](const Window& window) { Drop(window); };
   desk.binder.BindAll(this, [this] { Follow(); });
 }
+
+DialogHost::~DialogHost() { desk_.station.windowCloses = nullptr; }
 
 QWidget* DialogHost::DialogOf(const Window& window) const {
   const auto found = dialogs_.find(&window);
   return found == dialogs_.end() ? nullptr : found->second;
 }
 
+// At once: a message may come up before the doing that closes it has run to its end, and the next window may
+// lie where this one did.
+void DialogHost::Drop(const Window& window) {
+  const auto found = dialogs_.find(&window);
+  if (found == dialogs_.end()) return;
+  found->second->hide();
+  desk_.binder.Discard(found->second);
+  dialogs_.erase(found);
+}
+
 void DialogHost::Follow() {
-  const auto isOpen = [this](const Window* window) {
-    for (const auto& open : desk_.station.windows)
-      if (open.get() == window) return true;
-    return false;
-  };
-  std::erase_if(dialogs_, [&](const auto& entry) {
-    if (isOpen(entry.first)) return false;
-    entry.second->hide();
-    desk_.binder.Discard(entry.second);
-    return true;
-  });
   for (std::size_t i = 0; i < desk_.station.windows.size(); ++i) {
     Window& window = *desk_.station.windows[i];
     if (dialogs_.contains(&window)) continue;

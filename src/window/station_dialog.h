@@ -16,8 +16,6 @@ class StationDialog : public QDialog {
  public:
   StationDialog(Desk desk, Window& window, const QString& title, QWidget* parent);
 
-  Window& window() const { return window_; }
-
  protected:
   // Its cross and Esc press this control.
   virtual const char* Leaving() const = 0;
@@ -38,10 +36,12 @@ class StationDialog : public QDialog {
 class DialogHost : public QObject {
  public:
   DialogHost(Desk desk, QWidget* parent);
+  ~DialogHost() override;
 
   QWidget* DialogOf(const Window& window) const;
 
  private:
+  void Drop(const Window& window);
   void Follow();
 
   Desk desk_;

@@ -120,6 +120,7 @@ bool Station::GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
 }
 
 void Station::Type(Field& field, std::string_view text) {
+  if (field.row().kind == Kind::Check || field.row().kind == Kind::Option) return;
   Remembered(&field, [&] {
     lastKey = text.empty() ? '\0' : text.back();
     RunFor(field, Event::Typing);
@@ -179,6 +180,7 @@ Window* Station::OpenWindow(std::string_view name) const {
 
 void Station::Close(Window& window) {
   window.Closing();
+  if (windowCloses) windowCloses(window);
   std::erase_if(windows, [&window](const auto& open) { return open.get() == &window; });
 }
 

@@ -54,7 +54,7 @@ class Station : private ChangeOperations {
   // Ends it: asks about unsaved changes, writes the store.
   void Form_Unload();
 
-  // The operator replaces the whole text of a field and releases a key in it.
+  // The operator replaces the whole text of a field and releases a key in it. A check box takes no keys.
   void Type(Field& field, std::string_view text);
   // The operator picks an entry of a list.
   void Choose(Field& field, std::string_view text);
@@ -138,6 +138,8 @@ class Station : private ChangeOperations {
   // A flag or value of the station.
   NamedValue FindValue(std::string_view name) const;
 
+  // Told of a window that is about to be destroyed: whoever shows it must not look at its fields any more.
+  std::function<void(const Window& window)> windowCloses;
   // Told when the settings dialog opens, with its tab.
   std::function<void(int tab)> settingsOpened;
   // Follows each program while it is formed, and may cancel it; null if nobody looks.

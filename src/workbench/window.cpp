@@ -27,6 +27,7 @@ Window::Window(Station& station, std::string_view name, std::span<const WindowFi
 }
 
 Window::~Window() {
+  if (station_.s.focus != nullptr && Owns(*station_.s.focus)) station_.s.focus = nullptr;
   if (station_.s.watcher == nullptr) return;
   for (const Field& gone : fields_) station_.s.watcher->Gone(gone);
 }

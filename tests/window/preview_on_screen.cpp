@@ -70,6 +70,7 @@ class PreviewOnScreen : public QObject {
   void SpeedIsChosenByKeysAndKept();
   void TellsWhereThePointerStands();
   void SavesItsPicture();
+  void AnotherRowTakesItsPlace();
   void SaysWhyAPictureWasNotSaved();
 };
 
@@ -191,6 +192,21 @@ void PreviewOnScreen::SavesItsPicture() {
   QCOMPARE(png.pixelColor(800, 800 - reach), preview.theme[Token::BandBack]);
   QCOMPARE(png.pixelColor(801 - reach / 2, 800 + static_cast<int>(reach * 0.866)),
            preview.theme[Token::Panel]);
+}
+
+void PreviewOnScreen::AnotherRowTakesItsPlace() {
+  Preview preview;
+  for (const int row : {3, 1, 3, 1, 3, 3}) {
+    preview.program->binder().Run("btn4XRow", Event::Click, row);
+    const QWidget* dialog = preview.DialogOf("frmPolar");
+    QVERIFY(dialog != nullptr && dialog->isVisible());
+    const auto shown = [dialog](const char* field) {
+      return dialog->findChild<QWidget*>(QString::fromLatin1(field))->accessibleDescription().toStdString();
+    };
+    QCOMPARE(shown("lbllayerNo"), std::to_string(row));
+    QCOMPARE(QString::fromLatin1(shown("lblPolarTag").substr(0, 5)),
+             QString::fromLatin1(preview.s().cmbPattern(row).text().substr(0, 5)));
+  }
 }
 
 void PreviewOnScreen::SaysWhyAPictureWasNotSaved() {
