@@ -144,8 +144,7 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
 void DryRunWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::ThemeChange) return;
-  QApplication::setPalette(QPalette());
-  theme_.SetDark(QApplication::palette().color(QPalette::Window).lightness() < 128);
+  theme_.SetDark(DesktopIsDark());
   QApplication::setPalette(theme_.Palette());
 }
 

@@ -125,6 +125,7 @@ void RunBar::RunOrPause() {
 }
 
 void RunBar::Step(int by) {
+  if (by > 0 && stand_.player().Speed() >= Player::kToTheEnd) return;
   const auto& speeds = Speeds();
   const auto at = std::lower_bound(speeds.begin(), speeds.end(), stand_.player().Speed()) - speeds.begin();
   // To the end is a choice of its own, not one step more.

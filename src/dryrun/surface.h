@@ -38,8 +38,6 @@ class Surface {
 
   // A row for each step of the angle, 360 degrees at the top. `scale` is in the image's pixels.
   void Reshape(const QSize& pixels, const ZScale& scale);
-  // Forgets what is painted: other colours, another program.
-  void Clear();
   // Lays what has been wound since the last time, for some milliseconds at most: what is left over comes the
   // next time. The columns that have changed.
   Columns Follow(const executor::Player& player, int milliseconds);
@@ -48,6 +46,8 @@ class Surface {
   const QImage& Image() const { return image_; }
 
  private:
+  // Forgets what is painted: other colours, another program.
+  void Clear();
   void Lay(const executor::Stroke& stroke, double z0, double z1, const executor::LayerPlace& place,
            Columns& changed);
   // The part of a band between two shares of its width, -1 to 1.

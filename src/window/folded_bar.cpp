@@ -8,8 +8,7 @@
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_paint.h"
-#include "window/help.h"
-#include "workbench/marks.h"
+#include "window/marks_panel.h"
 #include "workbench/totals.h"
 
 namespace torvane {
@@ -70,7 +69,7 @@ void FoldedBar::paintEvent(QPaintEvent*) {
 
 void FoldedBar::PaintMarks(QPainter& p, int from, int to) const {
   const Theme& t = desk_.theme;
-  const auto marked = MarkedFields(desk_.station.s);
+  const auto notes = NotesOf(desk_.station);
   const auto line = [&](int y, const QString& text, int size, Token token, Weight weight) {
     p.setFont(t.Font(size, weight));
     p.setPen(t[token]);
@@ -78,21 +77,20 @@ void FoldedBar::PaintMarks(QPainter& p, int from, int to) const {
     p.drawText(box, Qt::AlignLeft | Qt::AlignVCenter,
                p.fontMetrics().elidedText(text, Qt::ElideRight, box.width()));
   };
-  if (marked.empty()) {
+  if (notes.empty()) {
     PaintIcon(p, Icon::Check, {from + 4.0, 19, 20, 20}, t[Token::Ok]);
     line(20, QStringLiteral("Nothing marked"), 13, Token::Text, Weight::Regular);
     return;
   }
-  PaintInput(p, t, QRectF(from, 16, 26, 26), {marked.front()->mark(), true, false, false});
-  line(11, HelpOf(*marked.front()).name, 13, Token::Text, Weight::Medium);
-  const QString words = marked.size() == 1 ? QString::fromLatin1(WordsOf(marked.front()->mark()))
-                                           : QStringLiteral("and %1 more").arg(marked.size() - 1);
-  line(28, words, 12, Token::Second, Weight::Regular);
+  PaintNoteIcon(p, t, {static_cast<double>(from), 16}, notes.front().mark);
+  line(11, notes.front().title, 13, Token::Text, Weight::Medium);
+  line(28, notes.size() == 1 ? notes.front().second : QStringLiteral("and %1 more").arg(notes.size() - 1), 12,
+       Token::Second, Weight::Regular);
 }
 
 void FoldedBar::mousePressEvent(QMouseEvent*) {
-  const auto marked = MarkedFields(desk_.station.s);
-  if (!marked.empty() && goTo) goTo(*marked.front());
+  const auto notes = NotesOf(desk_.station);
+  if (!notes.empty() && goTo) goTo(*notes.front().field);
 }
 
 }  // namespace torvane

@@ -31,6 +31,13 @@ std::vector<Note> NotesOf(Station& station) {
   return notes;
 }
 
+void PaintNoteIcon(QPainter& p, const Theme& t, const QPointF& at, Mark mark) {
+  if (mark == Mark::Plain)
+    PaintIcon(p, Icon::Warning, {at.x() + 1, at.y() + 1, 24, 24}, t[Token::Note]);
+  else
+    PaintInput(p, t, QRectF(at, QSizeF(26, 26)), {mark, true, false, false});
+}
+
 MarksPanel::MarksPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   setObjectName(QStringLiteral("marks"));
   setMinimumHeight(50);
@@ -64,10 +71,7 @@ void MarksPanel::paintEvent(QPaintEvent*) {
   for (int i = 0; i < static_cast<int>(notes.size()); ++i) {
     const Note& note = notes[static_cast<std::size_t>(i)];
     const int left = static_cast<int>(notes.size()) - i;
-    if (note.mark == Mark::Plain)
-      PaintIcon(p, Icon::Warning, {15, y + 1.0, 24, 24}, t[Token::Note]);
-    else
-      PaintInput(p, t, QRectF(14, y, 26, 26), {note.mark, true, false, false});
+    PaintNoteIcon(p, t, QPointF(14, y), note.mark);
     if (i == room - 1 && left > 1) {
       const QString count = i == 0 ? QStringLiteral("%1 to look at") : QStringLiteral("%1 more to look at");
       line(y - 2, count.arg(left), note.title + QStringLiteral(" ..."));

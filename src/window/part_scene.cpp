@@ -16,7 +16,11 @@ PartScene SceneOfTwoAxes(const Station& station) {
   scene.leftDiameter = DrawnValue(s.txtDiameterLeft);
   scene.rightDiameter = DrawnValue(s.txtDiameterRight);
   scene.band = DrawnValue(BandWidthField(s, 0));
-  scene.offset = DrawnValue(s.gCarriageOffsetFromRMPFace);
+  // The machine's own figures are inches.
+  if (const Number offset = InUnits(s, number(s.gCarriageOffsetFromRMPFace), false); holds(offset > 0)) {
+    scene.offset = offset.value();
+    scene.offsetText = Shown(NumberToText(s.signs, offset.value()));
+  }
   scene.homeRight = !s.gIsLHDrive;
   scene.stopTooLow = s.txtZ2(1).mark() == Mark::StopTooLow;
   const QString unit = QStringLiteral(" ") + Shown(s.gUnits.text());
@@ -25,7 +29,6 @@ PartScene SceneOfTwoAxes(const Station& station) {
   if (!s.txtZ2(2).empty()) scene.winding += QStringLiteral(" ") + Shown(s.txtZ2(2).text()) + unit;
   scene.leftStopText = Shown(s.txtZ2(0).text());
   scene.rightStopText = Shown(s.txtZ2(1).text());
-  scene.offsetText = Shown(s.gCarriageOffsetFromRMPFace.text());
   const QString diameter = QString(QChar(0x2300)) + QStringLiteral(" ");
   if (!s.txtDia(3).empty()) scene.leftDiameterText = diameter + Shown(s.txtDia(3).text());
   if (!s.txtDia(2).empty()) scene.rightDiameterText = diameter + Shown(s.txtDia(2).text());

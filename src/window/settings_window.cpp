@@ -233,6 +233,7 @@ class SettingsWindow : public StationDialog {
     if (setting.yesNo) {
       auto* choice = new ChoiceSegments(desk_, Of(setting.field), {"Y", "N"}, {49, 34}, line);
       choice->setAccessibleName(QString::fromLatin1(setting.sentence));
+      choice->setWhatsThis(QString::fromLatin1(setting.sentence));
       choice->move(432, y - 2);
       return line;
     }
@@ -250,6 +251,7 @@ class SettingsWindow : public StationDialog {
       figure = new FieldEdit(desk_, Of(field), Place::Panel, &line);
     figure->setAccessibleName(QString::fromLatin1(setting.sentence) + QStringLiteral(", ") +
                               QString::fromLatin1(unit));
+    figure->setWhatsThis(QString::fromLatin1(setting.sentence));
     figure->setGeometry(x, y, 72, 30);
     if (*unit == '\0') return;
     auto* word = new Word(desk_, QString::fromLatin1(unit), 12, Token::Second, Weight::Regular, &line);

@@ -12,7 +12,6 @@ QAction* AddSwitch(QMenu& menu, const QString& caption, const QString& name, con
   action->setObjectName(name);
   action->setCheckable(true);
   action->setToolTip(tip);
-  action->setStatusTip(tip);
   return action;
 }
 
