@@ -11,6 +11,7 @@
 #include "host/station_folder.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
+#include "workbench/design_commands.h"
 
 namespace torvane {
 
@@ -130,10 +131,9 @@ void Computer::MakeStationFolders() {
     const Outcome ready = PrepareStationFolder(usualFolder_->station, usualFolder_->program);
     if (!ready) Complain(Because(usualFolder_->station, ready.reason()));
   }
-  for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
-    const Outcome made = files_->MakeFolder(files_->ProgramFolder() + folder);
-    if (!made) Complain(Because(ToUtf8(files_->ProgramFolder() + folder), made.reason()));
-  }
+  torvane::MakeStationFolders(*files_, [](const std::string& folder, const std::string& reason) {
+    Complain(Because(ToUtf8(folder), reason));
+  });
 }
 
 }  // namespace torvane

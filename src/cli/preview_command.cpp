@@ -27,7 +27,7 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   const Result<std::string> path = AbsoluteStationPath(out);
   if (!path) throw UsageError{Because(out, path.reason())};
   const std::string title = PictureTitle(s, std::to_string(row), station.polarTag);
-  const std::string svg = SvgOf(station.polarPicture, pattern->radius, ToUtf8(title));
+  const std::string svg = SvgOf(station.polarPicture, ToUtf8(title));
   const Outcome written = station.platform.files.WriteWhole(path.value(), {svg});
   if (written) return kDone;
   Complain(Because(out, written.reason()));

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "workbench/design_commands.h"
+
 namespace torvane {
 
 WindowComputer::WindowComputer(HostFiles files_, std::unique_ptr<SettingsStore> store_, const Theme& theme)
@@ -12,11 +14,9 @@ WindowComputer::WindowComputer(HostFiles files_, std::unique_ptr<SettingsStore> 
       messageBox(theme),
       fileDialog(messageBox) {
   files.MakeProgramFolderCurrent();
-  for (const char* folder : {"\\TV_Design_Files", "\\TV_G-Code_Files"}) {
-    const std::string path = files.ProgramFolder() + folder;
-    const Outcome made = files.MakeFolder(path);
-    if (!made) messageBox.Show("Torvane Designer", path + ": " + made.reason(), BoxIcon::Stop);
-  }
+  MakeStationFolders(files, [this](const std::string& folder, const std::string& reason) {
+    messageBox.Show("Torvane Designer", folder + ": " + reason, BoxIcon::Stop);
+  });
 }
 
 Platform WindowComputer::AsPlatform() {

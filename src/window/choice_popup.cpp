@@ -21,8 +21,7 @@ constexpr int kMostRows = 14;
 
 class ChoicePopup : public QListWidget {
  public:
-  ChoicePopup(Desk desk, Field& field, QWidget* parent, std::function<void()> closed)
-      : QListWidget(parent), desk_(desk), field_(field), closed_(std::move(closed)) {
+  ChoicePopup(Desk desk, Field& field, QWidget* parent) : QListWidget(parent), desk_(desk), field_(field) {
     setWindowFlags(Qt::Popup);
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("choices"));
@@ -41,9 +40,6 @@ class ChoicePopup : public QListWidget {
     connect(this, &QListWidget::itemEntered, this, [this](QListWidgetItem* item) {
       if (item->flags() != Qt::NoItemFlags) setCurrentItem(item);
     });
-  }
-  ~ChoicePopup() override {
-    if (closed_) closed_();
   }
 
   QSize Wanted(int least) const {
@@ -93,13 +89,12 @@ class ChoicePopup : public QListWidget {
 
   Desk desk_;
   Field& field_;
-  std::function<void()> closed_;
 };
 
 }  // namespace
 
-void OpenChoices(Desk desk, Field& field, QWidget* parent, const QRect& box, std::function<void()> closed) {
-  auto* popup = new ChoicePopup(desk, field, parent, std::move(closed));
+void OpenChoices(Desk desk, Field& field, QWidget* parent, const QRect& box) {
+  auto* popup = new ChoicePopup(desk, field, parent);
   const QSize size = popup->Wanted(box.width());
   QPoint at = box.bottomLeft() + QPoint(0, 1);
   const QRect screen = parent->screen()->availableGeometry();
@@ -110,16 +105,22 @@ void OpenChoices(Desk desk, Field& field, QWidget* parent, const QRect& box, std
   if (popup->currentItem() != nullptr) popup->scrollToItem(popup->currentItem());
 }
 
-const std::string* EntryOf(const Field& field, char letter) {
+bool IsCharacter(const QKeyEvent& key) {
+  const bool plain = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  return plain && key.text().size() == 1 && key.text()[0].isPrint();
+}
+
+std::string EntryOf(const Field& field, const QKeyEvent& key) {
+  if (!IsCharacter(key)) return {};
   const auto& entries = field.entries();
   const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
   const auto present = std::find(entries.begin(), entries.end(), field.text()) - entries.begin();
   const auto count = static_cast<std::ptrdiff_t>(entries.size());
   for (std::ptrdiff_t step = 1; step <= count; ++step) {
     const std::string& entry = entries[static_cast<std::size_t>((present + step) % count)];
-    if (!entry.empty() && lower(entry.front()) == lower(letter)) return &entry;
+    if (!entry.empty() && lower(entry.front()) == lower(key.text()[0].toLatin1())) return entry;
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace torvane

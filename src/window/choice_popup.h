@@ -1,6 +1,7 @@
 // The entries of a list, open below what they belong to.
 #pragma once
 
+#include <QKeyEvent>
 #include <QRect>
 
 #include "window/binder.h"
@@ -8,11 +9,12 @@
 namespace torvane {
 
 // Opens it below a box in screen coordinates and returns at once. Blank entries are hairlines that the keys
-// skip. What is chosen reaches the station as the operator's choice; `closed` runs in any case.
-void OpenChoices(Desk desk, Field& field, QWidget* parent, const QRect& box,
-                 std::function<void()> closed = {});
+// skip. What is chosen reaches the station as the operator's choice.
+void OpenChoices(Desk desk, Field& field, QWidget* parent, const QRect& box);
 
-// The entry that a letter means: the next behind the present one that begins with it; null if none does.
-const std::string* EntryOf(const Field& field, char letter);
+// Whether a key by itself writes a character.
+bool IsCharacter(const QKeyEvent& key);
+// The entry that such a key means: the next behind the present one that begins with it; empty if none does.
+std::string EntryOf(const Field& field, const QKeyEvent& key);
 
 }  // namespace torvane

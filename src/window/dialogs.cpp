@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 
@@ -165,10 +166,31 @@ QString Filters(std::string_view filter) {
   return captions.join(QStringLiteral(";;"));
 }
 
+// "t2d" of "Designs (*.t2d)|*.t2d|".
 QString Suffix(std::string_view filter) {
   const QStringList parts = Shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
   return parts.size() < 2 ? QString() : parts[1].mid(parts[1].lastIndexOf(QLatin1Char('.')) + 1);
 }
+
+// The toolkit completes names without any dot; "Tube 1.5" lacks its ending as well.
+class SaveDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+  void accept() override {
+    auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (name != nullptr) name->setText(WithEnding(name->text()));
+    QFileDialog::accept();
+  }
+
+ private:
+  // A folder that the operator goes to by its name gets none.
+  QString WithEnding(const QString& name) const {
+    const QString ending = QLatin1Char('.') + defaultSuffix();
+    const bool folder = name.endsWith(QLatin1Char('/')) || QFileInfo(directory(), name).isDir();
+    return name.isEmpty() || folder || name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
+  }
+};
 
 QString HostFolder(std::string_view folder) {
   const Result<std::string> path = HostPath(folder);
@@ -177,13 +199,17 @@ QString HostFolder(std::string_view folder) {
 
 }  // namespace
 
+void TellRefusedName(MessageBox& box, std::string_view reason) {
+  box.Show("Torvane Designer", "This file's name cannot be used: " + std::string(reason), BoxIcon::Stop);
+}
+
 std::optional<std::string> QtFileDialog::Ask(QFileDialog& dialog) {
   // Wide enough for sizes and dates beside the names.
   dialog.resize(820, 520);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const Result<std::string> station = StationPath(dialog.selectedFiles().first().toStdString());
   if (station) return station.value();
-  box_.Show("Torvane Designer", "This file's name cannot be used: " + station.reason(), BoxIcon::Stop);
+  TellRefusedName(box_, station.reason());
   return std::nullopt;
 }
 
@@ -196,8 +222,8 @@ std::optional<std::string> QtFileDialog::AskOpen(std::string_view filter, std::s
 
 std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::string_view folder,
                                                  std::string_view proposedName) {
-  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Save"), HostFolder(folder),
-                     Filters(filter));
+  SaveDialog dialog(QApplication::activeWindow(), QStringLiteral("Save"), HostFolder(folder),
+                    Filters(filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(Suffix(filter));

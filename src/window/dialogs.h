@@ -59,6 +59,9 @@ class QtMessageBox : public MessageBox {
   const Theme& theme_;
 };
 
+// A name that the operator chose is none that the station can use.
+void TellRefusedName(MessageBox& box, std::string_view reason);
+
 class QtFileDialog : public FileDialog {
  public:
   explicit QtFileDialog(MessageBox& box) : box_(box) {}

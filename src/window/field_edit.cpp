@@ -45,10 +45,7 @@ void FieldEdit::Show() {
   for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
     palette.setColor(group, QPalette::Text, InputTextColour(desk_.theme, Look()));
   if (palette != this->palette()) setPalette(palette);
-  QString tip =
-      field_.mark() == Mark::Plain ? Shown(field_.tip()) : QString::fromLatin1(WordsOf(field_.mark()));
-  if (const QString hint = Shown(NumberHint(field_, desk_.station.s.signs)); !hint.isEmpty()) tip = hint;
-  if (tip.isEmpty()) tip = HelpOf(field_).sentence;
+  QString tip = TipOf(field_, desk_.station.s.signs);
   if (moves_) tip += QStringLiteral("\nA double click drives the machine there. It moves.");
   setToolTip(tip);
   update();

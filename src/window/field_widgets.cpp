@@ -15,7 +15,6 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
     : QAbstractButton(parent), desk_(desk), field_(field) {
   setObjectName(QString::fromStdString(NameOf(field)));
   Explain(*this, field);
-  setToolTip(HelpOf(field).sentence);
   setFocusPolicy(Qt::StrongFocus);
   setFixedHeight(30);
   connect(this, &QAbstractButton::pressed, this, [this] { Open(); });
@@ -23,6 +22,7 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
     setEnabled(field_.enabled());
     ShowAs(*this, field_.shown());
     setAccessibleDescription(Shown(field_.text()));
+    setToolTip(TipOf(field_, desk_.station.s.signs));
     update();
   });
 }
@@ -52,12 +52,8 @@ void FieldList::paintEvent(QPaintEvent*) {
 
 void FieldList::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Space) return Open();
-  const QString text = event->text();
-  if (text.size() == 1 && text[0].isPrint()) {
-    if (const std::string* entry = EntryOf(field_, text[0].toLatin1())) desk_.binder.Choose(field_, *entry);
-    return;
-  }
-  QAbstractButton::keyPressEvent(event);
+  if (!IsCharacter(*event)) return QAbstractButton::keyPressEvent(event);
+  if (const std::string entry = EntryOf(field_, *event); !entry.empty()) desk_.binder.Choose(field_, entry);
 }
 
 FieldCheck::FieldCheck(Desk desk, Field& field, const QString& caption, QWidget* parent)
@@ -123,8 +119,7 @@ ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
   Explain(*this, field);
   desk.binder.Bind(field, this, [this] {
     ShowAs(*this, field_.shown());
-    const QString tip = Shown(field_.tip());
-    setToolTip(tip.isEmpty() ? HelpOf(field_).sentence : tip);
+    setToolTip(TipOf(field_, desk_.station.s.signs));
     setAccessibleDescription(Shown(field_.text()));
     updateGeometry();
     update();

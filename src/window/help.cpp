@@ -1,6 +1,9 @@
 #include "window/help.h"
 
 #include "design/catalogue.h"
+#include "look/text.h"
+#include "window/field_paint.h"
+#include "workbench/number_hint.h"
 
 namespace torvane {
 
@@ -111,6 +114,12 @@ Help HelpOf(const Field& field) {
     return {name, QString::fromLatin1(row.sentence)};
   }
   return {QString::fromStdString(member), {}};
+}
+
+QString TipOf(const Field& field, NumberSigns signs) {
+  if (const std::string hint = NumberHint(field, signs); !hint.empty()) return Shown(hint);
+  if (field.mark() != Mark::Plain) return QString::fromLatin1(WordsOf(field.mark()));
+  return field.tip().empty() ? HelpOf(field).sentence : Shown(field.tip());
 }
 
 void Explain(QWidget& widget, const Field& field) {

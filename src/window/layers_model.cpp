@@ -56,10 +56,7 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
     return QString(HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()));
   if (role == Qt::WhatsThisRole && field != nullptr)
     return QString(HelpOf(*field).name + QStringLiteral("\n") + HelpOf(*field).sentence);
-  if (role == Qt::ToolTipRole && field != nullptr) {
-    if (field->mark() != Mark::Plain) return QString::fromLatin1(WordsOf(field->mark()));
-    return field->tip().empty() ? HelpOf(*field).sentence : Shown(field->tip());
-  }
+  if (role == Qt::ToolTipRole && field != nullptr) return TipOf(*field, desk_.station.s.signs);
   return {};
 }
 

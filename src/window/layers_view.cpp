@@ -224,7 +224,13 @@ void LayersView::Edit(const QModelIndex& index, const QString& replacement) {
   }
   editor->selectAll();
   editor->insert(replacement);
-  desk_.binder.Type(*field, replacement);
+}
+
+bool LayersView::IsTyped(const QModelIndex& index) const {
+  const Field* field = index.isValid() ? model_->FieldAt(index) : nullptr;
+  const CellKind kind = model_->Column(index.column()).kind;
+  return field != nullptr && field->enabled() && IsInput(kind) && kind != CellKind::Check &&
+         field->entries().empty();
 }
 
 void LayersView::Activate(const QModelIndex& index) {
@@ -294,30 +300,18 @@ void LayersView::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-      if (Field* field = at.isValid() ? model_->FieldAt(at) : nullptr;
-          field != nullptr && model_->Column(at.column()).kind != CellKind::List &&
-          IsInput(model_->Column(at.column()).kind) && event->modifiers() == Qt::NoModifier) {
-        desk_.binder.Type(*field, {});
-        return;
-      }
-      break;
+      if (event->modifiers() != Qt::NoModifier || !IsTyped(at)) break;
+      desk_.binder.Type(*model_->FieldAt(at), {});
+      return;
     default:
       break;
   }
-  const QString text = event->text();
-  const bool plain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
   Field* field = at.isValid() ? model_->FieldAt(at) : nullptr;
-  if (plain && field != nullptr && text.size() == 1 && text[0].isPrint() &&
-      IsInput(model_->Column(at.column()).kind) && field->enabled()) {
-    if (!field->entries().empty()) {
-      if (const std::string* entry = EntryOf(*field, text[0].toLatin1()))
-        desk_.binder.Choose(*field, std::string(*entry));
-    } else if (model_->Column(at.column()).kind != CellKind::Check) {
-      Edit(at, text);
-    }
-    return;
-  }
-  QTableView::keyPressEvent(event);
+  if (field == nullptr || !IsCharacter(*event) || !IsInput(model_->Column(at.column()).kind) ||
+      !field->enabled())
+    return QTableView::keyPressEvent(event);
+  if (IsTyped(at)) Edit(at, event->text());
+  if (const std::string entry = EntryOf(*field, *event); !entry.empty()) desk_.binder.Choose(*field, entry);
 }
 
 void LayersView::mousePressEvent(QMouseEvent* event) {

@@ -42,6 +42,8 @@ class LayersView : public QTableView {
  private:
   void Move(int down, int right);
   void Edit(const QModelIndex& index, const QString& replacement = {});
+  // Whether keys go into the cell as text; a list with entries takes a letter as a choice.
+  bool IsTyped(const QModelIndex& index) const;
   void Activate(const QModelIndex& index);
   // The width that the columns in view want; hides those that a view of large figures has no room for.
   int ChooseColumns();

@@ -18,6 +18,7 @@
 #include "window/build_button.h"
 #include "window/button.h"
 #include "window/checklist_panel.h"
+#include "window/dialogs.h"
 #include "window/field_widgets.h"
 #include "window/folded_bar.h"
 #include "window/help.h"
@@ -358,17 +359,20 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile())
-    event->acceptProposedAction();
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls[0].isLocalFile()) event->acceptProposedAction();
 }
 
+// The questions on the way come once the program that the file was dragged from is free again.
 void MainWindow::dropEvent(QDropEvent* event) {
-  const auto path = StationPath(event->mimeData()->urls().first().toLocalFile().toStdString());
-  if (!path) {
-    desk_.station.platform.messageBox.Show("Torvane Designer", path.reason(), BoxIcon::Stop);
-    return;
-  }
-  desk_.binder.Do([&] { OpenNamedDesign(desk_.station, path.value()); });
+  event->acceptProposedAction();
+  const auto path = StationPath(event->mimeData()->urls()[0].toLocalFile().toStdString());
+  QTimer::singleShot(0, this, [this, path] {
+    if (path)
+      desk_.binder.Do([&] { OpenNamedDesign(desk_.station, path.value()); });
+    else
+      TellRefusedName(desk_.station.platform.messageBox, path.reason());
+  });
 }
 
 void MainWindow::paintEvent(QPaintEvent*) {

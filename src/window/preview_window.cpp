@@ -75,8 +75,7 @@ class Canvas : public QWidget {
 
   QByteArray SvgBytes(const std::vector<PolarFigure>& figures) const {
     const std::string title = PictureTitle(desk_.station.s, layer_.text(), desk_.station.polarTag);
-    const double radius = figures.empty() ? 1 : figures.front().radius;
-    return QByteArray::fromStdString(SvgOf(figures, radius, Shown(title).toStdString()));
+    return QByteArray::fromStdString(SvgOf(figures, Shown(title).toStdString()));
   }
 
   QByteArray PngBytes(const std::vector<PolarFigure>& figures) const {

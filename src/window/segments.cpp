@@ -76,14 +76,11 @@ void ChoiceSegments::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Left) return Choose(std::max(0, chosen - 1));
   if (event->key() == Qt::Key_Right)
     return Choose(std::min(chosen + 1, static_cast<int>(choices_.size()) - 1));
-  const QString text = event->text();
-  const bool plain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
-  if (!plain || text.size() != 1 || !text[0].isPrint()) return QWidget::keyPressEvent(event);
-  if (field_.row().kind != Kind::List) {
-    desk_.binder.Type(field_, text);
-  } else if (const std::string* entry = EntryOf(field_, text[0].toLatin1())) {
-    desk_.binder.Choose(field_, std::string(*entry));
-  }
+  if (!IsCharacter(*event)) return QWidget::keyPressEvent(event);
+  if (field_.row().kind != Kind::List)
+    desk_.binder.Type(field_, event->text());
+  else if (const std::string entry = EntryOf(field_, *event); !entry.empty())
+    desk_.binder.Choose(field_, entry);
 }
 
 void ChoiceSegments::focusInEvent(QFocusEvent* event) {

@@ -50,6 +50,16 @@ void ChooseFamily(Station& station, bool fourAxis) {
   if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
 }
 
+void MakeStationFolders(
+    Files& files, const std::function<void(const std::string& folder, const std::string& reason)>& refused) {
+  constexpr std::string_view kPrograms = kProgramFolder.substr(0, kProgramFolder.size() - 1);
+  for (const std::string_view folder : {kDesignFolder, kPrograms}) {
+    const std::string path = files.ProgramFolder() + std::string(folder);
+    const Outcome made = files.MakeFolder(path);
+    if (!made) refused(path, made.reason());
+  }
+}
+
 const std::string& DesignName(const DesignState& s) {
   return s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text();
 }

@@ -9,6 +9,11 @@ namespace torvane {
 // Of the designs, below the station's folder.
 inline constexpr std::string_view kDesignFolder = "\\TV_Design_Files";
 
+// Makes the folders of designs and programs where they are missing. `refused` hears of one that cannot be
+// made, with its path and the reason.
+void MakeStationFolders(
+    Files& files, const std::function<void(const std::string& folder, const std::string& reason)>& refused);
+
 // Name of the design in hand, as its line in the window says it; empty of a new one.
 const std::string& DesignName(const DesignState& s);
 

@@ -61,7 +61,8 @@ std::string Escaped(const std::string& text) {
 
 }  // namespace
 
-std::string SvgOf(const std::vector<PolarFigure>& figures, double radius, const std::string& title) {
+std::string SvgOf(const std::vector<PolarFigure>& figures, const std::string& title) {
+  const double radius = figures.empty() ? 1 : figures.front().radius;
   const double edge = 1.2 * radius;
   const std::string width = Coordinate(2 * edge);
   std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + Coordinate(-edge) + " " +

@@ -8,7 +8,7 @@
 
 namespace torvane {
 
-// An SVG file of 800 pixels. `radius` is the mandrel's, in the picture's units; `title` is UTF-8.
-std::string SvgOf(const std::vector<PolarFigure>& figures, double radius, const std::string& title);
+// An SVG file of 800 pixels, of a picture that begins with the mandrel; `title` is UTF-8.
+std::string SvgOf(const std::vector<PolarFigure>& figures, const std::string& title);
 
 }  // namespace torvane

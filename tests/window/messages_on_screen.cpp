@@ -1,7 +1,9 @@
 // Every message of the station on the real dialog: text, title, buttons, tick box, keys.
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QLabel>
 
+#include "host/paths.h"
 #include "on_stage.h"
 
 namespace torvane {
@@ -221,6 +223,8 @@ class MessagesOnScreen : public QObject {
   void TickSilences();
   void CellOutlivesTheMessageOfItsOwnKey();
   void SystemBoxesSayWhatFailed();
+  void SavedNamesGetTheirEnding_data();
+  void SavedNamesGetTheirEnding();
 };
 
 void MessagesOnScreen::EachIsShownAsAsked_data() {
@@ -356,6 +360,36 @@ void MessagesOnScreen::SystemBoxesSayWhatFailed() {
     QCOMPARE(seen.buttons, QStringList({"OK"}));
     QVERIFY(!seen.offer);
   }
+}
+
+void MessagesOnScreen::SavedNamesGetTheirEnding_data() {
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("saved");
+  QTest::newRow("bare") << "Tube"
+                        << "Tube.t2d";
+  QTest::newRow("with a dot") << "Tube 1.5"
+                              << "Tube 1.5.t2d";
+  QTest::newRow("whole") << "Tube.T2D"
+                         << "Tube.T2D";
+  QTest::newRow("of the other family") << "Tube.t4d"
+                                       << "Tube.t4d.t2d";
+}
+
+void MessagesOnScreen::SavedNamesGetTheirEnding() {
+  QFETCH(const QString, typed);
+  QFETCH(const QString, saved);
+  const QTemporaryDir folder;
+  Theme theme{false};
+  QtMessageBox box(theme);
+  QtFileDialog dialog(box);
+  WhenShown<QFileDialog>([&typed](QFileDialog& shown) {
+    shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(typed);
+    QTest::keyClick(shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+  });
+  const auto path =
+      dialog.AskSave("Designs (*.t2d)|*.t2d|", StationPath(folder.path().toStdString()).value(), "");
+  QVERIFY(path);
+  QCOMPARE(QString::fromStdString(path->substr(path->rfind('\\') + 1)), saved);
 }
 
 }  // namespace torvane

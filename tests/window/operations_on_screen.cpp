@@ -2,6 +2,8 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -18,6 +20,9 @@ class OperationsOnScreen : public QObject {
   void WarningsAreListedAndStopNothing();
   void RecentDesignsOpenFromTheMenu();
   void MachinePageTakesWhatIsTyped();
+  void APageThatClosesIsGoneBeforeAMessageComes();
+  void DroppedDesignsOpen();
+  void DeleteEmptiesTypedCellsAlone();
   void FourAxisRowsHaveEntriesOfTheirOwn();
   void ALongProgramShowsItselfAndIsCancelled();
   void ANumberSaysWhatItReadsAs();
@@ -106,6 +111,62 @@ void OperationsOnScreen::MachinePageTakesWhatIsTyped() {
   QCOMPARE(desktop.s().mMaxRPM, 47.5);
   QVERIFY(desktop.s().gIsLHDrive);
   QCOMPARE(desktop.stage.store.Read("Settings", "MSG12").value_or(""), std::string("False"));
+}
+
+// Its fields go with it, and what it shows would be painted behind the message.
+void OperationsOnScreen::APageThatClosesIsGoneBeforeAMessageComes() {
+  Desktop desktop;
+  desktop.binder().Run("mnuMachine");
+  const QPointer<QWidget> page = desktop.DialogOf("frmMachine");
+  QVERIFY(page->isVisible());
+  QTest::mouseClick(page->findChild<QWidget*>(QStringLiteral("chkLHDrive")), Qt::LeftButton);
+  desktop.stage.store.FailWrites("the store is locked");
+  int told = 0;
+  bool shown = false;
+  desktop.stage.messageBox.observer = [&](const auto&) {
+    ++told;
+    shown = shown || (page != nullptr && page->isVisible());
+  };
+  QTest::mouseClick(page->findChild<QWidget*>(QStringLiteral("btnOK")), Qt::LeftButton);
+  QVERIFY(told > 0);
+  QVERIFY(!shown);
+}
+
+void OperationsOnScreen::DroppedDesignsOpen() {
+  Desktop desktop;
+  const auto drop = [&desktop](const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QApplication::sendEvent(&desktop.window(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent dropped({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&desktop.window(), &dropped);
+    QCoreApplication::processEvents();
+    return dropped.isAccepted();
+  };
+  QVERIFY(!drop({}));
+  const QUrl missing = QUrl::fromLocalFile(QStringLiteral("/none/a.t2d"));
+  QVERIFY2(!drop({missing, missing}), "one design is open at a time");
+  QVERIFY(drop({missing}));
+  QVERIFY2(!desktop.stage.messageBox.shown.empty(), "a file that is not there is told");
+}
+
+void OperationsOnScreen::DeleteEmptiesTypedCellsAlone() {
+  Desktop desktop;
+  DesignState& s = desktop.s();
+  desktop.binder().Choose(s.optX(1), "True");
+  desktop.binder().Type(s.txtNumberOfLayers(1), QStringLiteral("1"));
+  desktop.binder().Check(s.chkPause(1), true);
+  desktop.GoToCell(s.chkPause(1));
+  desktop.Key(Qt::Key_Delete);
+  QVERIFY(s.chkPause(1).checked());
+  desktop.binder().Run("optType", Event::Click, 2);
+  desktop.binder().Type(s.cmbPattern(1), QStringLiteral("45"));
+  desktop.GoToCell(s.cmbPattern(1));
+  desktop.Key(Qt::Key_Delete);
+  QCOMPARE(s.cmbPattern(1).text(), std::string());
 }
 
 void OperationsOnScreen::FourAxisRowsHaveEntriesOfTheirOwn() {
