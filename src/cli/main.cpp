@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <iostream>
 
 #include "cli/commands.h"
 #include "host/command_line.h"
@@ -137,7 +138,11 @@ int Main(int argc, char** argv) {
   }
   try {
     Computer computer(arguments.common);
-    return chosen(computer);
+    const int status = chosen(computer);
+    std::cout.flush();
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout) return status;
+    Complain("the output could not be written");
+    return kFailed;
   } catch (const UsageError& error) {
     Complain(error.reason);
     return kUsage;

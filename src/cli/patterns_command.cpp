@@ -7,6 +7,7 @@
 #include "design/units.h"
 #include "handoff/launch.h"
 #include "host/code_page.h"
+#include "persist/settings.h"
 
 namespace torvane {
 
@@ -59,6 +60,8 @@ void PrintRow(const nlohmann::ordered_json& pattern) {
 
 int RunPatterns(Computer& computer, const PatternOptions& options) {
   OverlayStore settings = computer.RunSettings();
+  // No design is in hand, the one that was open last neither.
+  SaveSetting(settings, kSettings, "gLastFileInUse", "");
   WholeStation station(computer.AsPlatform(settings));
   station.Form_Load();
   DescribePart(station, options);

@@ -121,8 +121,10 @@ void Script::Watch() {
 
 std::string Script::WithoutHome(std::string line) const {
   const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
-  for (auto at = line.find(home); at != std::string::npos; at = line.find(home, at))
-    line.replace(at, home.size(), "<home>");
+  constexpr std::string_view kHome = "<home>";
+  for (auto at = line.find(home); !home.empty() && at != std::string::npos;
+       at = line.find(home, at + kHome.size()))
+    line.replace(at, home.size(), kHome);
   return OneLine(line);
 }
 

@@ -15,15 +15,16 @@ bool IsMessageKey(std::string_view key) {
 }
 
 // The default of a known key; nothing for an unknown one.
-std::optional<std::string_view> DefaultOf(std::string_view section, std::string_view key) {
+std::optional<std::string> DefaultOf(std::string_view section, std::string_view key) {
   if (section == kSettings) {
     for (const Setting& setting : Settings())
-      if (setting.key == key) return setting.fallback;
+      if (setting.key == key) return std::string(setting.fallback);
     if (IsMessageKey(key)) return "False";
     return std::nullopt;
   }
   for (const CalibrationKey& known : CalibrationKeys())
-    if (known.key == key && known.ofFourAxes == (section == kFourAxisCalibration)) return known.fallback;
+    if (known.key == key && known.ofFourAxes == (section == kFourAxisCalibration))
+      return CalibrationDefault(known, section == kCommaCalibration);
   return std::nullopt;
 }
 

@@ -10,6 +10,8 @@ namespace {
 constexpr std::size_t kLongest = 60;
 // A hoop row under band-width spacing has dwell angles of this order; beyond it no length or angle is meant.
 constexpr double kLargest = 1e13;
+// Nor is a speed below this one; times stay numbers then.
+constexpr double kSmallest = 1e-9;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -51,7 +53,7 @@ std::optional<double> ReadNumber(std::string_view text, char decimal) {
   const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (error != std::errc() || end != plain.data() + plain.size()) return std::nullopt;
   if (!std::isfinite(value) || std::abs(value) > kLargest) return std::nullopt;
-  return value;
+  return std::abs(value) < kSmallest ? 0 : value;
 }
 
 std::string Fixed(double value, int decimals) {

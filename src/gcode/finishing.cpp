@@ -13,8 +13,8 @@ void SetEnds(DesignState& s, bool tape) {
   const bool inner = tape && !s.IsNoWrap();
   const Field& left = s.gShow4Axis ? s.txtZ4(inner ? 1 : 0) : s.txtZ2(0);
   const Field& right = s.gShow4Axis ? s.txtZ4(inner ? 2 : 3) : s.txtZ2(1);
-  s.gFarEndZ.CopyFrom(s.gIsLHDrive ? right : left);
-  s.gHomeEndZ.CopyFrom(s.gIsLHDrive ? left : right);
+  s.gFarEndZ.CopyFrom(FarOf(s, left, right));
+  s.gHomeEndZ.CopyFrom(HomeOf(s, left, right));
 }
 
 void WriteHeatShrinkTape(GCodeSession& session) {

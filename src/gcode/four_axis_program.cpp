@@ -127,7 +127,8 @@ void WritePatternLayer(Schedule& schedule, int n) {
   display.passes = TextOf(s.signs, all.plain());
   display.angle = TextOf(s.signs, Number(s.gWindAngle).plain());
   display.method = "4AX";
-  p.BeginLayer(n, all.value(), kLinesOfPass);
+  p.BeginLayer(n, all, kLinesOfPass);
+  if (!holds(all >= 1)) return;
   for (int group = 1; holds(group <= schedule.groups); ++group)
     for (int pass = 1; holds(pass <= schedule.passes); ++pass) {
       const double done = ((group - 1) * schedule.passes + pass).value() / all.value();

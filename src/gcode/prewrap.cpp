@@ -13,10 +13,10 @@ namespace {
 bool BeginsWithHoop(const DesignState& s) { return s.cmbPattern(1).text() == "HOOP"; }
 
 const Field& FarStop(const DesignState& s) {
-  return s.gShow4Axis ? s.txtZ4(s.gIsLHDrive ? 3 : 0) : s.txtZ2(s.gIsLHDrive ? 1 : 0);
+  return s.gShow4Axis ? FarOf(s, s.txtZ4(0), s.txtZ4(3)) : FarOf(s, s.txtZ2(0), s.txtZ2(1));
 }
 const Field& HomeStop(const DesignState& s) {
-  return s.gShow4Axis ? s.txtZ4(s.gIsLHDrive ? 0 : 3) : s.txtZ2(s.gIsLHDrive ? 0 : 1);
+  return s.gShow4Axis ? HomeOf(s, s.txtZ4(0), s.txtZ4(3)) : HomeOf(s, s.txtZ2(0), s.txtZ2(1));
 }
 
 // The wind angle of the layer that starts here.
@@ -83,7 +83,7 @@ void WriteStartPosition(GCodeSession& session, int mark, int layer) {
   if (s.gShow4Axis) {
     WriteFourAxisStart(session, mark, layer);
   } else {
-    const Field& home = s.gIsLHDrive ? s.gLeftStopText : s.gRightStopText;
+    const Field& home = HomeOf(s, s.gLeftStopText, s.gRightStopText);
     dialect::Move(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false), home.through("###0.000"_mask),
                   "Move Carriage to Starting Position");
   }

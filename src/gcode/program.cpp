@@ -27,15 +27,18 @@ std::string& Program::Room() {
   return blocks_.back();
 }
 
-void Program::BeginLayer(int layer, double passes, int linesOfPass) {
+void Program::BeginLayer(int layer, Number passes, int linesOfPass) {
   layer_ = layer;
-  const double lines = passes * linesOfPass;
+  const Number lines = passes * linesOfPass;
   if (!refusal_.empty() ||
-      (lines_ + lines <= limits_.lines && bytes_ + lines * kBytesOfLine <= limits_.bytes))
+      (holds(lines_ + lines <= limits_.lines) && holds(bytes_ + lines * kBytesOfLine <= limits_.bytes)))
     return;
-  refusal_ = "Layer " + std::to_string(layer) + " has " + Count(passes) + " passes and would make " +
-             Count(lines) + " lines or more. A program holds " + Count(limits_.lines) + " lines and " +
-             Count(limits_.bytes) + " characters at most.";
+  refusal_ = "Layer " + std::to_string(layer) + " has ";
+  refusal_ += lines.good() ? Count(passes.value()) + " passes and would make " + Count(lines.value()) +
+                                 " lines or more."
+                           : "more passes than can be counted.";
+  refusal_ += " A program holds " + Count(limits_.lines) + " lines and " + Count(limits_.bytes) +
+              " characters at most.";
 }
 
 bool Program::GoesOn(double share) {

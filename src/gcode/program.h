@@ -48,8 +48,8 @@ class Program {
   }
 
   // Before a layer is begun: refuses the program if `passes` passes of at least `linesOfPass` lines would
-  // pass the limits.
-  void BeginLayer(int layer, double passes, int linesOfPass);
+  // pass the limits, or are too many to be counted.
+  void BeginLayer(int layer, Number passes, int linesOfPass);
   // Asked before each pass, `share` of the program being formed. False if the program was refused or
   // cancelled: its writers stop.
   bool GoesOn(double share);

@@ -23,6 +23,16 @@ struct GCodeSession {
   Kept ellipseAngle{};        // mandrel turn of an ellipse, degrees
 };
 
+// Of the two ends of the part the one at home, where the drive stands, and the one away from it.
+template <class End>
+const End& HomeOf(const DesignState& s, const End& left, const End& right) {
+  return s.gIsLHDrive ? left : right;
+}
+template <class End>
+const End& FarOf(const DesignState& s, const End& left, const End& right) {
+  return s.gIsLHDrive ? right : left;
+}
+
 // Of the programs, below the station's folder.
 inline constexpr std::string_view kProgramFolder = "\\TV_G-Code_Files\\";
 

@@ -118,7 +118,7 @@ void WriteLaterPass(GCodeSession& session, const Layer& layer, int pass) {
 void WritePasses(Schedule& schedule, Layer& layer) {
   GCodeSession& session = schedule.session;
   Program& p = session.program;
-  if (layer.passes.good()) p.BeginLayer(layer.number, layer.passes.value(), kLinesOfPass);
+  if (layer.passes.good()) p.BeginLayer(layer.number, layer.passes, kLinesOfPass);
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((layer.number - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
@@ -151,8 +151,8 @@ void WriteThreeAxisProgram(GCodeSession& session) {
   if (!s.chkWindingSchedule.checked()) return;
   const std::string left = s.txtZ4(0).through("###0.00"_mask);
   const std::string right = s.txtZ4(3).through("###0.00"_mask);
-  s.gFarEndZ = s.gIsLHDrive ? right : left;
-  s.gHomeEndZ = s.gIsLHDrive ? left : right;
+  s.gFarEndZ = FarOf(s, left, right);
+  s.gHomeEndZ = HomeOf(s, left, right);
   // The dwells are worked from the diameters of the part in hand.
   s.Diameter_Left.CopyFrom(s.txtDia(0));
   s.Diameter_Right.CopyFrom(s.txtDia(1));

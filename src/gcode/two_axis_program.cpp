@@ -164,7 +164,7 @@ void WriteLayer(Schedule& schedule, int n) {
   Layer layer = LayerOf(session, n, schedule.windingAngle);
   Program& p = session.program;
   WriteLayerHead(layer);
-  if (layer.passes.good()) p.BeginLayer(n, layer.passes.value(), kLinesOfPass);
+  if (layer.passes.good()) p.BeginLayer(n, layer.passes, kLinesOfPass);
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((n - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
@@ -194,8 +194,8 @@ Number CarriageShift(const DesignState& s, Number windingAngle, Number pass) {
 void SetPassEnds(DesignState& s) {
   const std::string left = s.gLeftStopText.through("###0.00"_mask);
   const std::string right = s.gRightStopText.through("###0.00"_mask);
-  s.gFarEndZ = s.gIsLHDrive ? right : left;
-  s.gHomeEndZ = s.gIsLHDrive ? left : right;
+  s.gFarEndZ = FarOf(s, left, right);
+  s.gHomeEndZ = HomeOf(s, left, right);
 }
 
 void WriteTwoAxisProgram(GCodeSession& session) {

@@ -44,8 +44,14 @@ void RunTraceFile(Station& station, const Program& p) {
   files.MakeProgramFolderCurrent();
   std::vector<std::string_view> text = p.Text();
   text.push_back("\r\n");
-  files.WriteWhole(files.CurrentFolder() + "\\TV_TRACE.TVG", text);
-  StartExecutor(station, "TRACE");
+  const std::string path = files.CurrentFolder() + "\\TV_TRACE.TVG";
+  const Outcome written = files.WriteWhole(path, text);
+  // The machine would drive to where the former trace went.
+  if (!written)
+    station.platform.messageBox.Show(
+        "Error", "The trace was not written:\r\n" + path + "\r\n" + written.reason(), BoxIcon::Stop);
+  else
+    StartExecutor(station, "TRACE");
 }
 
 // Y of the head while it runs along the part.

@@ -103,13 +103,14 @@ Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::s
   if (!S_ISREG(former.st_mode)) return Refusal{kNotAFile};
 
   int error = Overwrite(file, former.st_size, parts);
+  const bool overwritten = error != 0 && former.st_size > 0 && lseek(file.Number(), 0, SEEK_CUR) > 0;
   const bool lengthLost = error != 0 && ftruncate(file.Number(), former.st_size) != 0;
   const int closing = file.Close();
   if (error == 0) error = closing;
   if (error == 0) return Done{};
   if (made) unlink(LinksFollowed(path).c_str());
   Refusal refusal = Refused(error);
-  if (lengthLost && !made) refusal.reason += " (The former file is lost.)";
+  if ((overwritten || lengthLost) && !made) refusal.reason += " (The former file is lost.)";
   return refusal;
 }
 

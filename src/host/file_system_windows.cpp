@@ -62,7 +62,9 @@ DWORD SetSize(const Handle& file, LONGLONG size) {
   return SetEndOfFile(file.Get()) ? 0 : GetLastError();
 }
 
-DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::string_view>& parts) {
+// `overwritten`: something of the former file was written over before it failed.
+DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::string_view>& parts,
+                bool& overwritten) {
   LONGLONG size = 0;
   for (const auto part : parts) size += static_cast<LONGLONG>(part.size());
   // A longer end takes the room at once.
@@ -70,6 +72,7 @@ DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::
   if (!SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN)) return GetLastError();
   for (const auto part : parts) {
     if (const DWORD error = WriteAll(file, part)) return error;
+    overwritten = formerSize > 0;
   }
   return SetSize(file, size);
 }
@@ -108,13 +111,16 @@ Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::s
   if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
   if (!GetFileSizeEx(file.Get(), &former)) return Refused(GetLastError());
 
-  DWORD error = Overwrite(file, former.QuadPart, parts);
-  if (error != 0) SetSize(file, former.QuadPart);
+  bool overwritten = false;
+  DWORD error = Overwrite(file, former.QuadPart, parts, overwritten);
+  const bool lengthLost = error != 0 && SetSize(file, former.QuadPart) != 0;
   const DWORD closing = file.Close();
   if (error == 0) error = closing;
   if (error == 0) return Done{};
   if (made) DeleteFileW(path.c_str());
-  return Refused(error);
+  Refusal refusal = Refused(error);
+  if ((overwritten || lengthLost) && !made) refusal.reason += " (The former file is lost.)";
+  return refusal;
 }
 
 Outcome ReplaceAtOnce(const std::filesystem::path& path, std::string_view bytes) {

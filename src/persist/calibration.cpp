@@ -62,10 +62,12 @@ std::string_view CalibrationSection(const DesignState& s, const CalibrationKey& 
   return key.key == "gCarriageBoardID" ? kCommaBoardCalibration : kCommaCalibration;
 }
 
+std::string CalibrationDefault(const CalibrationKey& key, bool decimalComma) {
+  return decimalComma && key.isNumber ? Replaced(key.fallback, '.', ',') : std::string(key.fallback);
+}
+
 std::string CalibrationText(const DesignState& s, const SettingsStore& store, const CalibrationKey& key) {
-  const std::string fallback =
-      s.gDecimalComma && key.isNumber ? Replaced(key.fallback, '.', ',') : std::string(key.fallback);
-  return GetSetting(store, CalibrationSection(s, key), key.key, fallback);
+  return GetSetting(store, CalibrationSection(s, key), key.key, CalibrationDefault(key, s.gDecimalComma));
 }
 
 void OpenCalibrationFile(DesignState& s, const SettingsStore& store) {

@@ -31,6 +31,9 @@ std::span<const CalibrationKey> CalibrationKeys();
 // The section that holds a calibration key, chosen by the computer's decimal sign.
 std::string_view CalibrationSection(const DesignState& s, const CalibrationKey& key);
 
+// A key's default in the number form of a computer with that decimal sign.
+std::string CalibrationDefault(const CalibrationKey& key, bool decimalComma);
+
 // What the store holds of a key, or its default in the computer's number form.
 std::string CalibrationText(const DesignState& s, const SettingsStore& store, const CalibrationKey& key);
 

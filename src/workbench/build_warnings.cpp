@@ -128,10 +128,10 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
   const Number shift = CarriageShift(s_, number(s_.txtWA(layer)), passes);
   const Number home = left + shift, far = number(s_.Length_Total) - right + shift;
   const Number reach = holds(home > far) ? home : far;
-  if (holds(reach > number(s_.txtZ2(0))))
+  if (holds(reach > number(FarOf(s_, s_.txtZ2(0), s_.txtZ2(1)))))
     Warn(method,
          LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), "0.00"_mask),
-         "Choose ms: carriage shift goes a band further with each pass, past the left stop.");
+         "Choose ms: carriage shift goes a band further with each pass, past the far stop.");
 }
 
 // A design typed from scratch has no ends in its rows; its file gives them the design's stops.

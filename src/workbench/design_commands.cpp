@@ -67,7 +67,10 @@ const std::string& DesignName(const DesignState& s) {
 void mnuNewFile_Click(Station& station) {
   DesignState& s = station.s;
   s.gGridSync = false;
-  AskToSaveFirst(station);
+  if (!AskToSaveFirst(station)) {
+    s.gGridSync = true;
+    return;
+  }
   s.gFileName = "";
   s.gFilePath = "";
   ShowName(s, "Torvane Designer");
@@ -95,7 +98,7 @@ bool OpenDesign(Station& station, const std::string& path) {
 
 void btnOPen_Click(Station& station) {
   DesignState& s = station.s;
-  AskToSaveFirst(station);
+  if (!AskToSaveFirst(station)) return;
   s.gMirrorOnChange = true;
   const auto path = station.platform.fileDialog.AskOpen(
       s.mnu2Axis ? "Torvane 2Ax Design File (*.t2d)|*.t2d|" : "Torvane 4Ax Design File (*.t4d)|*.t4d|",
@@ -143,7 +146,7 @@ void OpenNamedDesign(Station& station, const std::string& path) {
     ForgetRecentFile(station.platform.store, path);
     return;
   }
-  AskToSaveFirst(station);
+  if (!AskToSaveFirst(station)) return;
   const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
   if (ending == ".T2D" || ending == ".T4D") ChooseFamily(station, ending == ".T4D");
   OpenDesign(station, path);
@@ -156,12 +159,12 @@ void mnuRecent_Click(Station& station, int index) {
     OpenNamedDesign(station, recent[static_cast<std::size_t>(index) - 1]);
 }
 
-void btnSaveAS_Click(Station& station) {
+bool btnSaveAS_Click(Station& station) {
   const DesignState& s = station.s;
   const auto path = station.platform.fileDialog.AskSave(
       s.mnu2Axis ? "Torvane 2-Ax Design File (*.t2d)|*.t2d|" : "Torvane 4-Ax Design File (*.t4d)|*.t4d|",
       DesignFolder(station), WithoutLast(s.gFileName.text(), 4));
-  if (path) SaveDesign(station, *path);
+  return !path || SaveDesign(station, *path);
 }
 
 void OpenLastDesignerFileInUse(Station& station) {

@@ -21,8 +21,8 @@ const std::string& DesignName(const DesignState& s);
 void mnuNewFile_Click(Station& station);
 // Open: asks about unsaved changes, then for a file of the family in use; nothing happens if it is cancelled.
 void btnOPen_Click(Station& station);
-// Save: asks for a name and saves under it; nothing happens if it is cancelled.
-void btnSaveAS_Click(Station& station);
+// Save: asks for a name and saves under it; nothing happens if it is cancelled. False if it was refused.
+bool btnSaveAS_Click(Station& station);
 
 // Turns to a family and remembers the choice; no value of the design changes.
 void ChooseFamily(Station& station, bool fourAxis);

@@ -15,13 +15,13 @@ bool ShowMessageDialog(Station& station, const std::string& text, int number, Me
   return false;
 }
 
-void AskToSaveFirst(Station& station) {
-  if (!station.s.gDirty) return;
+bool AskToSaveFirst(Station& station) {
+  if (!station.s.gDirty) return true;
   ShowMessageDialog(station,
                     "\r\n\r\nThis Torvane Design File has changed.\r\n"
                     " Do you want to save the changes first ?",
                     1, {.beep = true});
-  if (station.s.gMsgAnswer) btnSaveAS_Click(station);
+  return !station.s.gMsgAnswer || btnSaveAS_Click(station);
 }
 
 }  // namespace torvane

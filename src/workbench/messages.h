@@ -18,7 +18,8 @@ struct MessageFlags {
 // shown and gives the last answer to any question; one that was shown gives False.
 bool ShowMessageDialog(Station& station, const std::string& text, int number, MessageFlags flags);
 
-// Puts the question whether a changed design is to be saved first; saves it on yes.
-void AskToSaveFirst(Station& station);
+// Puts the question whether a changed design is to be saved first; saves it on yes. False if that was
+// refused: who would throw the design away then stops.
+bool AskToSaveFirst(Station& station);
 
 }  // namespace torvane

@@ -20,14 +20,15 @@ void FollowWithRecovery(Station& station, bool changed) {
     station.StartTimer(station.tmrRecovery);
 }
 
-void WriteRecovery(Station& station) {
+bool WriteRecovery(Station& station) {
   // Before its offer the copy of the former station must not be lost.
-  if (!station.recovery.offered) return;
+  if (!station.recovery.offered) return false;
   station.StopTimer(station.tmrRecovery);
-  if (!station.s.gDirty) return;
+  if (!station.s.gDirty) return true;
   const Outcome written = station.platform.files.WriteWhole(PathOf(station), {RecoveryText(station.s)});
   station.recovery.refusal = written ? "" : written.reason();
   if (written) station.recovery.ours = true;
+  return bool(written);
 }
 
 void OfferRecovery(Station& station) {

@@ -12,8 +12,8 @@ inline constexpr std::string_view kRecoveryFile = "\\TV_RECOVERY.TVR";
 void FollowWithRecovery(Station& station, bool changed);
 
 // Writes the copy of an unsaved design. A refusal interrupts nobody: it stands in `recovery.refusal` and
-// among the warnings of a build.
-void WriteRecovery(Station& station);
+// among the warnings of a build. False if no copy holds the design as it is.
+bool WriteRecovery(Station& station);
 
 // Asks whether the design that a former station could not save is to be brought back, and does so. What was
 // not wanted stays until another unsaved design takes its place.

@@ -131,11 +131,20 @@ void Station::Form_Unload() {
   const bool unsaved = s.gDirty;
   AskToSaveFirst(*this);
   SaveStoredSettings(s, platform.store);
-  // A design that the operator wanted to save and that found no place is offered at the next start.
-  if (unsaved && s.gDirty && s.gMsgAnswer)
-    WriteRecovery(*this);
-  else
+  // A design that the operator wanted to save and that found no place is offered at the next start. If no
+  // copy of it can be made either, the station stays.
+  if (unsaved && s.gDirty && s.gMsgAnswer) {
+    if (!WriteRecovery(*this)) {
+      platform.messageBox.Show("Torvane Designer",
+                               "The design is not saved yet, so the station stays open.\r\n\r\n"
+                               "Save it in another place, or answer No to end without it.",
+                               BoxIcon::Stop);
+      s.frmMain.Show(true);
+      return;
+    }
+  } else {
     DropRecovery(*this);
+  }
   while (!windows.empty()) Close(*windows.back());
   s.frmSplash.Show(false);
   ended = true;

@@ -174,5 +174,22 @@ TEST_F(FourAxisProgram, WorkedExampleOfAnEndWrap) {
   }
 }
 
+// A pattern that no search would give: the build neither hangs nor counts what cannot be counted.
+TEST_F(FourAxisProgram, OddPatternsEnd) {
+  Describe(0);
+  s.txtNumberOfLayers(1) = "1";
+  for (const char* pattern : {"18.12 | 0 x 1E12 | 180", "18.12 | -1 x 1E12 | 180", "18.12 | 3 x -5 | 180"}) {
+    s.cmbPattern(1) = pattern;
+    for (const std::string& line : ProgramLines()) EXPECT_FALSE(line.starts_with("D0 LA=")) << pattern;
+  }
+  for (const char* pattern : {"18.12 | 1E200 x 1E200 | 180", "18.12 | 1E154 x 1E154 | 180"}) {
+    s.cmbPattern(1) = pattern;
+    Program program(s.signs);
+    EXPECT_TRUE(FormProgram(s, station.platform, program));
+    EXPECT_NE(program.refusal().find("more passes than can be counted"), std::string::npos)
+        << program.refusal();
+  }
+}
+
 }  // namespace
 }  // namespace torvane

@@ -115,6 +115,16 @@ TEST_F(LaunchTest, AValueThatSeemsTooHighBlinksUntilItIsAccepted) {
   EXPECT_NE(Started(), "");
 }
 
+TEST_F(LaunchTest, ATraceThatCannotBeWrittenMovesNothing) {
+  station.Run("lblHome", Event::Click);
+  ASSERT_EQ(Started(), "Torvane_Executor.exe TRACE");
+  onStage.stage.files.FailWrites("C:\\Torvane\\TV_TRACE.TVG", "Access is denied");
+  station.Run("txtZ2", Event::DoubleClick, 1);
+  EXPECT_EQ(Started(), "") << "the former trace goes elsewhere";
+  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("Access is denied"), std::string::npos);
+}
+
 TEST_F(LaunchTest, ViewersGetTheFileOrItsFolder) {
   station.Run("mnuViewDesignFile", Event::Click);
   EXPECT_EQ(Started(), "C:\\Torvane\\Notepad2.exe C:\\Torvane\\TV_Design_Files\\tube.t2d");

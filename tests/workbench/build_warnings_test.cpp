@@ -106,6 +106,12 @@ TEST_F(BuildWarningsTest, CarriageShiftDoesNotMoveOrLeavesTheStops) {
   EXPECT_NE(Program().find("G1 Z40.37 [Move to L1 Home End"), std::string::npos);
   station.Choose(s.cmbMethod(1), "ms");
   EXPECT_EQ(Fields(), std::vector<std::string>{});
+  // With the drive at the left the far stop is the right one.
+  station.Choose(s.cmbMethod(1), "cs");
+  s.gIsLHDrive = true;
+  s.txtZ2(0) = "4";
+  s.txtZ2(1) = "50";
+  EXPECT_FALSE(Warns("cmbMethod(1)"));
 }
 
 TEST_F(BuildWarningsTest, ARowWithoutAnAngleAndEmptyStopsAreNamed) {

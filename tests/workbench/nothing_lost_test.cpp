@@ -79,6 +79,38 @@ struct RecoveryTest : testing::Test {
   }
 };
 
+// The operator has said Yes: what cannot be saved is not thrown away.
+TEST_F(RecoveryTest, ARefusedSaveStopsNewAndOpen) {
+  LetSplashClose();
+  station.Type(s.txtDiameterLeft, "4");
+  for (const char* control : {"mnuNewFile", "btnOPen"}) {
+    onStage.stage.messageDialog.answers.push_back({true, false});
+    onStage.stage.fileDialog.answers.emplace_back(kDesign);
+    files.FailWrites(kDesign, "No space left on device");
+    station.Run(control, Event::Click);
+    EXPECT_EQ(s.txtDiameterLeft.text(), "4") << control;
+    EXPECT_TRUE(s.gDirty && s.gGridSync && station.CanUndo()) << control;
+  }
+}
+
+TEST_F(RecoveryTest, TheStationStaysWhereNeitherTheDesignNorACopyCanBeWritten) {
+  LetSplashClose();
+  station.Type(s.txtDiameterLeft, "4");
+  const auto quit = [&](bool yes) {
+    onStage.stage.messageDialog.answers.push_back({yes, false});
+    onStage.stage.fileDialog.answers.emplace_back(kDesign);
+    station.Run("mnuQuit", Event::Click);
+  };
+  files.FailWrites(kDesign, "No space left on device");
+  files.FailWrites(kRecovery, "No space left on device");
+  quit(true);
+  EXPECT_FALSE(station.ended);
+  EXPECT_TRUE(s.frmMain.shown());
+  EXPECT_NE(onStage.stage.messageBox.shown.back().text.find("stays open"), std::string::npos);
+  quit(false);
+  EXPECT_TRUE(station.ended) << "the operator wants to end without it";
+}
+
 TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
   LetSplashClose();
   station.Type(s.txtDiameterLeft, "4");
