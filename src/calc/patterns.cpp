@@ -132,8 +132,10 @@ void SplitPatternFields(DesignState& s, std::string_view text) {
   s.gTagFields.Split(text, text.find(';') != std::string_view::npos ? "|" : kPatternSeparators);
 }
 
+bool IsHoopRow(const DesignState& s, int row) { return EqualNoCase(s.cmb3D(row).text(), "HOOP"); }
+
 Number ShownAngle(const DesignState& s, int row) {
-  if (s.cmb3D(row).text() == "HOOP") return 90;
+  if (IsHoopRow(s, row)) return 90;
   const std::string_view pattern = s.cmbPattern(row).text();
   return s.Read(Trim(pattern.substr(0, pattern.find_first_of(kPatternSeparators))));
 }

@@ -48,6 +48,9 @@ inline constexpr std::string_view kPatternSeparators = "|xX\xB0";
 // Leaves a pattern's fields in `gTagFields`: angle, groups, circuits, end wrap angle.
 void SplitPatternFields(DesignState& s, std::string_view text);
 
+// Whether a four-axis row's type is a hoop, in either case of letters.
+bool IsHoopRow(const DesignState& s, int row);
+
 // Winding angle that a four-axis row shows, degrees: a hoop's 90, or what stands alone in its cell or in
 // front of its pattern. Fails where no number stands there.
 Number ShownAngle(const DesignState& s, int row);

@@ -80,8 +80,8 @@ class PolarWalk {
 // More passes than this are no picture.
 inline constexpr double kMostPolarPasses = 100'000;
 
-// The short trace text of a pattern: the machine's set-up and one pass, its lines joined by "|". `pass` is
-// the part of one pass.
+// The short trace text of a pattern, its lines joined by "|": the machine's set-up, and behind it the part of
+// one pass.
 std::string PolarTraceHead(const DesignState& s);
 std::string PolarTracePass(const DesignState& s, const PolarWalk::Step& step, int row);
 

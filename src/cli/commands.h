@@ -25,7 +25,7 @@ struct PatternOptions {
   bool millimetres = false;
   bool json = false;
 };
-// Prints the patterns that close on a part, with the time and filament of each at the default speeds.
+// Prints the patterns that close on a part, with the time and filament of each at the rate MED.
 int RunPatterns(Computer& computer, const PatternOptions& options);
 
 // Draws the whole picture of a row's pattern into an SVG file.

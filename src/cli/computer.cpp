@@ -59,7 +59,7 @@ std::vector<std::string_view> SectionsOf(std::string_view key) {
       return {kPointCalibration, kCommaCalibration, kCommaBoardCalibration};
   for (const Setting& known : Settings())
     if (known.key == key) return {kSettings};
-  if (key.starts_with("MSG")) return {kSettings};
+  if (IsMessageKey(key)) return {kSettings};
   throw UsageError{"there is no setting " + ToUtf8(key) + "; `torvane setting list` names them"};
 }
 

@@ -9,11 +9,6 @@ namespace torvane {
 
 namespace {
 
-bool IsMessageKey(std::string_view key) {
-  return key.starts_with("MSG") && key.size() > 3 &&
-         key.find_first_not_of("0123456789", 3) == std::string_view::npos;
-}
-
 // The default of a known key; nothing for an unknown one.
 std::optional<std::string> DefaultOf(std::string_view section, std::string_view key) {
   if (section == kSettings) {

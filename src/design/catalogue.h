@@ -62,15 +62,16 @@ std::string NameOf(const Field& field);
 // The field of a name as NameOf gives it; null if there is none.
 Field* FindField(Fields& fields, std::string_view name);
 
-// Calls `visit` with every field in the order of the catalogue, rows of an array by rising index.
-template <class Visit>
-void ForEachField(Fields& fields, Visit visit) {
+// Calls `visit` with every field in the order of the catalogue, rows of an array by rising index. Of constant
+// fields it gets constant ones.
+template <class SomeFields, class Visit>
+void ForEachField(SomeFields& fields, Visit visit) {
   for (const FieldRow& row : Catalogue()) {
     if (const auto* single = std::get_if<Field Fields::*>(&row.member)) {
       visit(fields.*(*single));
       continue;
     }
-    FieldArray& array = fields.*std::get<FieldArray Fields::*>(row.member);
+    auto& array = fields.*std::get<FieldArray Fields::*>(row.member);
     for (int place = 0; place < row.indexes.count(); ++place) visit(array(row.indexes.IndexAt(place)));
   }
 }

@@ -41,7 +41,7 @@ DesignState::DesignState(NumberSigns signsOfComputer) : FieldOwner(signsOfComput
   }
 }
 
-Snapshot DesignState::TakeSnapshot() {
+Snapshot DesignState::TakeSnapshot() const {
   Snapshot snapshot{{}, {}, LayerTable2Ax, LayerTable4Ax, mnuINCH, gBuildHours, gBuildMinutes};
   ForEachField(*this, [&snapshot](const Field& field) {
     if (!IsOfDesign(field.row())) return;
@@ -51,7 +51,7 @@ Snapshot DesignState::TakeSnapshot() {
   return snapshot;
 }
 
-bool DesignState::HasTextsOf(const Snapshot& snapshot) {
+bool DesignState::HasTextsOf(const Snapshot& snapshot) const {
   auto text = snapshot.texts.begin();
   bool same = true;
   ForEachField(*this, [&](const Field& field) {

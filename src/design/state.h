@@ -110,9 +110,9 @@ struct DesignState : FieldOwner, Fields {
   bool IsNoWrap() const { return gPartType.text() == "2AX"; }
   Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
 
-  Snapshot TakeSnapshot();
+  Snapshot TakeSnapshot() const;
   // Whether the design's fields hold the texts of a snapshot.
-  bool HasTextsOf(const Snapshot& snapshot);
+  bool HasTextsOf(const Snapshot& snapshot) const;
   // Sets everything of the design at once; no operation runs.
   void Restore(const Snapshot& snapshot);
 };

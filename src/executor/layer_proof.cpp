@@ -210,7 +210,6 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
   figures.number = layer.number;
   figures.line = layer.line;
   figures.carriageShift = layer.carriageShift;
-  figures.wraps = layer.wraps;
   figures.seconds = layer.seconds;
   figures.band = layer.band;
   const double margin = proof.mandrel.TurnMargin(layer.band);

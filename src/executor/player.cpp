@@ -227,12 +227,10 @@ bool Player::NextLine() {
   return true;
 }
 
-bool Player::NextJog() {
-  if (jogs_.empty()) return false;
+void Player::NextJog() {
   const Statement jog = jogs_.front();
   jogs_.pop_front();
   Begin(jog);
-  return true;
 }
 
 void Player::Begin(const Statement& statement) {

@@ -99,7 +99,7 @@ class Player {
  private:
   void Rewind();
   bool NextLine();  // false at the end
-  bool NextJog();
+  void NextJog();   // there must be one
   void Begin(const Statement& statement);
   void TakeDisplay(const Display& display);
   void Swing();

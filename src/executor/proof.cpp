@@ -66,7 +66,6 @@ Proof Prover::Run(std::string_view program) {
   Reader reader(program);
   Line line;
   while (!stop_.stop_requested() && reader.Next(line)) TakeLine(line);
-  proof_.lines = line.number;
   proof_.millimetres = machine_.Millimetres();
   if (!proof_.anyStatement) return std::move(proof_);
   const bool broken = !program.empty() && program.back() != '\n' && !line.comment.empty() &&

@@ -16,7 +16,7 @@ struct LayerFigures {
   int number = 0, line = 0;
   int passesRun = 0;
   double passesAnnounced = 0;
-  bool carriageShift = false, wraps = false;
+  bool carriageShift = false;
   double seconds = 0, filament = 0;
   Level stands = Level::Ok;  // by the worst finding of the layer
   bool judged = false;       // the figures below could be worked out
@@ -30,7 +30,7 @@ struct LayerFigures {
 struct Proof {
   bool anyStatement = false;
   bool millimetres = false;
-  int lines = 0, statements = 0;
+  int statements = 0;
   double seconds = 0;           // without what the operator takes
   double windingSeconds = 0;    // of the layers
   double announcedSeconds = 0;  // 0 where nothing is announced

@@ -29,7 +29,6 @@ void TakeField(std::string_view key, std::string_view value, Display& display) {
     display.hasLayer = true;
     ReadCounted(value, display.layer, display.layers);
   } else if (key == "PA") {
-    display.hasPass = true;
     ReadCounted(value, display.pass, display.passes);
   } else if (key == "FW") {
     display.bandInches = Value(value);

@@ -37,7 +37,7 @@ class Reader {
 struct Display {
   std::string_view stage, message, method;
   std::string_view rpm, carriageSpeed, windingAngle, minutesLeft;  // as they stand, for the operator
-  bool hasLayer = false, hasPass = false;
+  bool hasLayer = false;
   double layer = 0, layers = 0;  // "2_of_4"; `layers` is 0 where only one number stands
   double pass = 0, passes = 0;
   double bandInches = 0;    // 0 where the field is missing or no number

@@ -55,12 +55,6 @@ void WriteGCodeHeader(GCodeSession& session) {
   dialect::EmptyLine(p);
 }
 
-MaybeText MeasuredOffset(const DesignState& s) {
-  const Field& offset = s.gCarriageOffsetFromRMPFace;
-  if (s.InInches()) return {true, offset.through("##0.000"_mask)};
-  return TextOf(s.signs, (number(offset) * kMillimetresPerInch).as("##0.000"_mask));
-}
-
 void HomeFourAxes(GCodeSession& session) {
   const DesignState& s = session.s;
   Program& p = session.program;
@@ -90,12 +84,14 @@ void Identify(GCodeSession& session) {
   const MaybeText version = FormatForUnits(s, s.gVersionNumber, true);
   if (s.gShow4Axis)
     dialect::IdentifyFourAxis(session.program, version, s.optType(0).checked() || s.optType(1).checked(),
-                              MeasuredOffset(s), s.gDHYtoMandrelCenter.text());
+                              FormatForUnits(s, s.gCarriageOffsetFromRMPFace, false),
+                              s.gDHYtoMandrelCenter.text());
   else
-    dialect::IdentifyTwoAxis(session.program, version, MeasuredOffset(s));
+    dialect::IdentifyTwoAxis(session.program, version,
+                             FormatForUnits(s, s.gCarriageOffsetFromRMPFace, false));
 }
 
-void EnableMotors(GCodeSession& session) {
+void BeginSession(GCodeSession& session) {
   const DesignState& s = session.s;
   Program& p = session.program;
   dialect::EmptyLine(p);
@@ -160,7 +156,7 @@ bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
   GCodeSession session{s, platform, program};
   s.gWindAngle = 0;
   WriteGCodeHeader(session);
-  EnableMotors(session);
+  BeginSession(session);
   if (s.chkPreWrap1.checked()) WritePreWrap(session, 1);
   if (s.chkPreWrap2.checked()) WritePreWrap(session, 2);
   WriteWindingSchedule(session);

@@ -25,7 +25,8 @@ std::filesystem::path LinksFollowed(std::filesystem::path path);
 Result<std::string> ReadRegularFile(const std::filesystem::path& path);
 
 // Writes over the file with no other file beside it. The room is taken first; if that or a later step fails,
-// the file gets its former length back, or is removed if it was new.
+// the file gets its former length back, or is removed if it was new; the refusal says so if its former bytes
+// are lost by then.
 Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts);
 
 // Replaces or makes the file in one step, so that a reader, also one after a power cut, finds the former

@@ -4,7 +4,7 @@
 
 namespace torvane {
 
-// The user's own signs, taken once: every number that is shown asks for them.
+// The user's own signs, taken once.
 class HostLocale : public Locale {
  public:
   HostLocale();

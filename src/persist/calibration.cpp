@@ -28,7 +28,7 @@ constexpr CalibrationKey kKeys[] = {
     {"mClicksPerREV", "21735.00", "mandrel clicks a revolution"},
     {"mMaxRPM", "90.20", "mandrel top speed, RPM"},
     {"mMaxAmps", "2.85", "mandrel current, amperes"},
-    {"dhlMaxSpeed", "0", "delivery head top speed", true, true},
+    {"dhlMaxSpeed", "0", "delivery head top speed, in/s", true, true},
 };
 
 struct Limit {

@@ -110,7 +110,7 @@ void ForEachCell(Table& table, char family, Visit visit) {
 
 }  // namespace
 
-std::string RecoveryText(DesignState& s) {
+std::string RecoveryText(const DesignState& s) {
   std::string out(kHead);
   out += '\n';
   AppendLine(out, {"file", s.gFilePath.text(), s.gFileName.text()});

@@ -11,7 +11,7 @@
 namespace torvane {
 
 // Lines of a tagged part each, the last one "END": a text that was cut off shows it.
-std::string RecoveryText(DesignState& s);
+std::string RecoveryText(const DesignState& s);
 
 struct RecoveredDesign {
   struct FieldText {

@@ -12,6 +12,7 @@ namespace {
 
 constexpr bool kYes = true;
 constexpr bool kNo = false;
+constexpr std::string_view kMessage = "MSG";
 constexpr std::string_view kOffsetConfirmed = "gHasUserCheckedCarriageZOffset";
 
 template <Field Fields::*field>
@@ -75,7 +76,7 @@ constexpr Setting kTable[] = {
     {"gDHYtoMandrelCenter", "4.4375", Of<&Fields::gDHYtoMandrelCenter>(), Form::Text, kYes, 30, kNo, "retracted delivery head to the mandrel's axis, inches"},
     {"gDHStructureWidth", "2.00", Of<&Fields::gDHStructureWidth>(), Form::Text, kYes, 31, kNo, "width of the delivery head, inches"},
     {"gCarriageOffsetFromRMPFace", "1.875", Of<&Fields::gCarriageOffsetFromRMPFace>(), Form::Text, kYes, 32, kNo, "carriage at its limit switch to the mandrel post, inches"},
-    {"gNoListPatternDegrees", "25", &DesignState::gNoListPatternDegrees, Form::Number, kYes, 33, kNo, "patterns above this winding angle are not listed"},
+    {"gNoListPatternDegrees", "25", &DesignState::gNoListPatternDegrees, Form::Number, kYes, 33, kNo, "patterns of this winding angle and above are not listed"},
     {"gDelayTimeInG456ToWaitForMandrelinMS", "250", &DesignState::gDelayTimeInG456ToWaitForMandrelinMS, Form::Number, kYes, 35, kNo, "wait for the mandrel in end wraps, milliseconds"},
     {"gPauseBeforeHoop", "Y", Of<&Fields::gPauseBeforeHoop>(), Form::Text, kYes, 34, kNo, "Y: a pause before each hoop layer"},
     {"gVersionNumber", "", {}, Form::Text, kNo, 0, kNo, "version of the station that ran last"},
@@ -212,6 +213,13 @@ void SaveStoredSettings(const DesignState& s, SettingsStore& store) {
             [](const Setting* a, const Setting* b) { return a->atExit < b->atExit; });
   for (const Setting* setting : written)
     SaveSetting(store, kSettings, setting->key, std::visit(Writer{s}, setting->target));
+}
+
+std::string MessageKey(int number) { return std::string(kMessage) + std::to_string(number); }
+
+bool IsMessageKey(std::string_view key) {
+  return key.starts_with(kMessage) && key.size() > kMessage.size() &&
+         key.find_first_not_of("0123456789", kMessage.size()) == std::string_view::npos;
 }
 
 bool IsCarriageOffsetConfirmed(const SettingsStore& store) {

@@ -57,7 +57,12 @@ struct Setting {
 // In the order in which a start reads them.
 std::span<const Setting> Settings();
 
-// Fills the station's constants and choices from the store, in the order of the table.
+// The key of a message that the operator can silence: "True" under it does so.
+std::string MessageKey(int number);
+bool IsMessageKey(std::string_view key);
+
+// Fills the station's constants and choices from the store, in the order of the table. The calibration is
+// read before: the mandrel's speed classes begin with its top speed.
 void ReadStoredSettings(DesignState& s, const SettingsStore& store);
 
 // Writes what a start reads back: the constants as they stand at exit.

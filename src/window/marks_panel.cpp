@@ -21,7 +21,7 @@ constexpr int kLine = 34;
 
 }  // namespace
 
-std::vector<Note> NotesOf(Station& station) {
+std::vector<Note> NotesOf(const Station& station) {
   std::vector<Note> notes;
   for (const Field* field : MarkedFields(station.s))
     notes.push_back({field, field->mark(), HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),

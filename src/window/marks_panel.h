@@ -32,7 +32,7 @@ struct Note {
   QString title, second;
 };
 // The marked fields, then the warnings that hang on no marked field.
-std::vector<Note> NotesOf(Station& station);
+std::vector<Note> NotesOf(const Station& station);
 // In front of a line: a field with that mark, or a warning, 26 pixels each way.
 void PaintNoteIcon(QPainter& p, const Theme& t, const QPointF& at, Mark mark);
 

@@ -16,8 +16,8 @@ std::string ToLookAt(std::size_t count, std::string_view what) {
 
 }  // namespace
 
-BuildOutlook OutlookOf(Station& station) {
-  DesignState& s = station.s;
+BuildOutlook OutlookOf(const Station& station) {
+  const DesignState& s = station.s;
   if (LayerRows(s) == 0 || s.gFileName.empty())
     return {false, false, "once the design has layers and a name"};
   std::string sentence = ToLookAt(MarkedFields(s).size(), "marked value");

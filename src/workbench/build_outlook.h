@@ -14,7 +14,7 @@ struct BuildOutlook {
   std::string sentence;  // what stands in the way, or else what the build does; for below a button
 };
 
-BuildOutlook OutlookOf(Station& station);
+BuildOutlook OutlookOf(const Station& station);
 
 // The warnings that hang on no marked field: what a mark says already is not said twice.
 std::vector<BuildWarning> WarningsBesideMarks(const Station& station);

@@ -1,7 +1,5 @@
 #include "workbench/build_warnings.h"
 
-#include <algorithm>
-
 #include "calc/patterns.h"
 #include "design/catalogue.h"
 #include "design/text.h"
@@ -20,7 +18,7 @@ class Warnings {
 
   std::vector<BuildWarning> Found() {
     LookAtFile();
-    const int layers = std::min(RowsOf(s_.txtNumberOfLayers(s_.Panel())), kMostLayers);
+    const int layers = LayerRows(s_);
     if (layers == 0) Warn(s_.txtNumberOfLayers(s_.Panel()), "There are no layers", "Nothing would be wound.");
     if (s_.gShow4Axis)
       LookAtFourAxes(layers);
@@ -204,22 +202,14 @@ void Warnings::LookAtPatternLayer(int layer) {
 
 // Numbers of the family in use that hold the group sign.
 void Warnings::LookAtNumbers(int layers) {
-  for (const FieldRow& row : Catalogue()) {
-    if (row.kind != Kind::Text) continue;
-    const auto look = [this](const Field& field) {
-      const std::string hint = NumberHint(field, s_.signs);
-      if (!hint.empty()) Warn(field, "Look at the number", hint);
-    };
-    if (const auto* single = std::get_if<Field Fields::*>(&row.member)) {
-      if (IsUsed(row, 0, s_.gShow4Axis)) look(s_.*(*single));
-      continue;
-    }
-    const FieldArray& array = s_.*std::get<FieldArray Fields::*>(row.member);
-    for (int place = 0; place < row.indexes.count(); ++place) {
-      const int index = row.indexes.IndexAt(place);
-      if (IsUsed(row, index, s_.gShow4Axis) && !(IsScheduleRow(row) && index > layers)) look(array(index));
-    }
-  }
+  ForEachField(s_, [&](const Field& field) {
+    const FieldRow& row = field.row();
+    if (row.kind != Kind::Text || !IsUsed(row, field.index(), s_.gShow4Axis) ||
+        (IsScheduleRow(row) && field.index() > layers))
+      return;
+    const std::string hint = NumberHint(field, s_.signs);
+    if (!hint.empty()) Warn(field, "Look at the number", hint);
+  });
 }
 
 }  // namespace

@@ -14,8 +14,6 @@ namespace torvane {
 
 namespace {
 
-bool IsHoop(const Field& type) { return EqualNoCase(type.text(), "HOOP"); }
-
 void MarkIfEmpty(Field& field) { field.SetMark(field.empty() ? Mark::NeedsInput : Mark::Plain); }
 
 // A row that has become a hoop: its lead angle, then its figures.
@@ -36,7 +34,7 @@ void picType_Release(Station& station, int right) { optType_Click(station, right
 void cmb3D_Click(Station& station, int row) {
   DesignState& s = station.s;
   s.gDirty = true;
-  if (IsHoop(s.cmb3D(row))) {
+  if (IsHoopRow(s, row)) {
     if (!s.optType(2).checked())
       ShowMessageDialog(station,
                         "\r\nTorvane v" + s.gVersionNumber.text() +
@@ -58,7 +56,7 @@ void cmb3D_Click(Station& station, int row) {
 
 void cmb3D_Change(Station& station, int row) {
   DesignState& s = station.s;
-  if (IsHoop(s.cmb3D(row))) {
+  if (IsHoopRow(s, row)) {
     s.cmbPattern(row) = "HOOP";
     CalculateHoopRow(s, row);
     return;

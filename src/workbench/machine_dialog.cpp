@@ -70,7 +70,7 @@ std::vector<WindowField> AllFields() {
 std::vector<std::string> SilencedMessages(const SettingsStore& store) {
   std::vector<std::string> keys;
   for (const SettingsStore::Entry& entry : store.All())
-    if (entry.section == kSettings && entry.key.starts_with("MSG") && entry.value == "True")
+    if (entry.section == kSettings && IsMessageKey(entry.key) && entry.value == "True")
       keys.push_back(entry.key);
   return keys;
 }

@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-std::vector<const Field*> MarkedFields(DesignState& s) {
+std::vector<const Field*> MarkedFields(const DesignState& s) {
   std::vector<const Field*> marked;
   const int rows = LayerRows(s);
   ForEachField(s, [&](const Field& field) {

@@ -8,6 +8,6 @@
 namespace torvane {
 
 // Fields of the family in use that are marked and can be seen, worst first.
-std::vector<const Field*> MarkedFields(DesignState& s);
+std::vector<const Field*> MarkedFields(const DesignState& s);
 
 }  // namespace torvane

@@ -190,8 +190,6 @@ void PreviewWindow::GoOn() {
   DrawPass();
 }
 
-bool IsHoop(const DesignState& s, int row) { return EqualNoCase(s.cmb3D(row).text(), "HOOP"); }
-
 PreviewWindow& OpenPreview(Station& station) {
   // A second press shows another pattern: the window begins anew.
   if (Window* open = station.OpenWindow("frmPolar")) station.Close(*open);
@@ -238,14 +236,14 @@ void ShowPreview(Station& station) {
   window.Describe(station.polarTag, station.s.gPolarRow);
 }
 
-bool HasPreview(const DesignState& s, int row) { return !IsHoop(s, row) && !s.cmbPattern(row).empty(); }
+bool HasPreview(const DesignState& s, int row) { return !IsHoopRow(s, row) && !s.cmbPattern(row).empty(); }
 
 void ShowPreviewOfRow(Station& station, int row) {
   DesignState& s = station.s;
   s.gPolarRow = row;
   s.lblLayer = std::to_string(row);
   station.Run("lbl4xLayerNo", Event::Release, row);
-  if (IsHoop(s, row)) return;
+  if (IsHoopRow(s, row)) return;
   station.polarTag = s.cmbPattern(row).text();
   if (!HasPreview(s, row)) return;
   DrawPolarCircPattern(station, row);
