@@ -353,6 +353,12 @@ void MainWindow::moveEvent(QMoveEvent* event) {
   if (placed_) StorePlace(*this, desk_.station.s);
 }
 
+// Its widgets take the focus from each other while they go.
+MainWindow::~MainWindow() {
+  disconnect(qApp, nullptr, this, nullptr);
+  desk_.binder.focusMoved = nullptr;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   desk_.binder.Run("mnuQuit");
   event->setAccepted(desk_.station.ended);

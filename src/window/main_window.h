@@ -26,6 +26,7 @@ class ToolBar;
 class MainWindow : public QMainWindow {
  public:
   explicit MainWindow(Desk desk);
+  ~MainWindow() override;
 
   // Puts the keyboard to a field, wherever it stands.
   void GoTo(const Field& field);

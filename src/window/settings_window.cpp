@@ -74,7 +74,7 @@ class Line : public QWidget {
     text_ = Height(13, line.sentence);
     setFixedHeight(std::max(44, text_ + below + 26));
     setMinimumWidth(660);
-    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+    connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
   }
 
   int TextBottom() const { return 13 + text_; }

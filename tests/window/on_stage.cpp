@@ -21,6 +21,12 @@ bool IsWindowsOwn(const std::string& name) { return name.starts_with("Me.") || n
 
 }  // namespace
 
+// The application's style looks at the theme, which goes with the stage.
+WindowOnStage::~WindowOnStage() {
+  program.reset();
+  QApplication::setStyle(QStringLiteral("Fusion"));
+}
+
 WindowOnStage::WindowOnStage(const StoreEntries& entries, MessageDialog* messages, MessageBox* boxes) {
   stage.files.MakeFolder("C:\\Torvane\\TV_Design_Files");
   stage.files.MakeFolder("C:\\Torvane\\TV_G-Code_Files");

@@ -27,6 +27,7 @@ class WindowOnStage {
   // Started, past the start guard and the splash, 1280 by 800 and active.
   explicit WindowOnStage(const StoreEntries& entries = {}, MessageDialog* messages = nullptr,
                          MessageBox* boxes = nullptr);
+  ~WindowOnStage();
 
   Station& station() { return program->station(); }
   DesignState& s() { return program->station().s; }
