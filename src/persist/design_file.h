@@ -56,6 +56,45 @@ MaybeText InDesignUnits(const DesignWriter& writer) {
 void ReadUnits(DesignState& s, SettingsStore& store, const std::string& value);
 void ReadDecimalComma(DesignState& s, std::string_view value);
 
+// What a tag does when it is read. A family's reader has the design in `s` and the computer in `platform`.
+template <Field Fields::*field, class Reader>
+void Take(Reader& reader, const std::string& value) {
+  reader.s.*field = value;
+}
+template <class Reader>
+void PassBy(Reader&, const std::string&) {}
+template <class Reader>
+void TakeUnits(Reader& reader, const std::string& value) {
+  ReadUnits(reader.s, reader.platform.store, value);
+}
+template <class Reader>
+void TakeDecimalComma(Reader& reader, const std::string& value) {
+  ReadDecimalComma(reader.s, value);
+}
+
+// Reads a line by a family's table of tags; which one it was, null for a line of none.
+template <class Tag, std::size_t count, class Reader>
+const Tag* ReadTagLine(const Tag (&tags)[count], Reader& reader, std::string_view line) {
+  const std::string lower = LowerCase(line);
+  const std::string_view name = TagOf(lower);
+  for (const Tag& tag : tags) {
+    if (!IsTag(name, tag.name)) continue;
+    tag.read(reader, GetTagValue(reader.s, lower));
+    return &tag;
+  }
+  return nullptr;
+}
+
+// Writes a family's tags that have a writer, in their order. The section of the layers begins with their
+// number.
+template <class Tag, std::size_t count>
+void WriteTags(TaggedText& text, const Tag (&tags)[count], const DesignWriter& writer) {
+  for (const Tag& tag : tags) {
+    if (tag.name == "Number_of_Layers") WriteLayersHead(text);
+    if (tag.write != nullptr) text.Tag(tag.name, tag.write(writer));
+  }
+}
+
 // Takes a file's name into the state of a blanked design and reads its text. A file that does not exist
 // gives an empty text and sets the path alone; one that cannot be read is refused.
 Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::string& fileName);

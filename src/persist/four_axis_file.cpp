@@ -26,11 +26,6 @@ struct Tag {
   MaybeText (*write)(const DesignWriter&);
 };
 
-template <Field Fields::*field>
-void Take(Reader& r, const std::string& value) {
-  r.s.*field = value;
-}
-
 template <FourAxisHeld::Pair FourAxisHeld::*pair>
 void HoldPair(Reader& r, const std::string&) {
   r.held.*pair = {r.s.gTagFields(1), r.s.gTagFields(2)};
@@ -40,8 +35,6 @@ template <FieldArray Fields::*array, int first, int second>
 MaybeText PairOf(const DesignWriter& w) {
   return {true, JoinList({TrimmedAt<array, first>(w).text, TrimmedAt<array, second>(w).text})};
 }
-
-void PassBy(Reader&, const std::string&) {}
 
 // The lists of all rows follow the part type, as when the operator chooses it.
 void ReadType(Reader& r, const std::string& value) {
@@ -85,12 +78,12 @@ void ReadLayer(Reader& r, const std::string&) {
 
 // In the order of a written file; the layers follow.
 constexpr Tag kTags[] = {
-    {"DecimalComma", [](Reader& r, const std::string& v) { ReadDecimalComma(r.s, v); }, DecimalCommaOf},
+    {"DecimalComma", TakeDecimalComma, DecimalCommaOf},
     {"Filename", PassBy, FileNameOf},
     {"Version", PassBy, VersionOf},
     {"Type", ReadType, TypeOf},
     {"Date_of_Creation", Take<&Fields::Date_of_Creation>, DateOf},
-    {"Units", [](Reader& r, const std::string& v) { ReadUnits(r.s, r.platform.store, v); }, UnitsOf},
+    {"Units", TakeUnits, UnitsOf},
     {"Author", PassBy, TextOfField<&Fields::Author>},
     {"tv_community_username", Take<&Fields::Author>, nullptr},
     {"Author_Email", PassBy, TextOfField<&Fields::Author_Email>},
@@ -113,13 +106,6 @@ constexpr Tag kTags[] = {
     {"Number_of_Layers", Take<&Fields::Number_of_Layers>, TrimmedAt<&Fields::txtNumberOfLayers, 1>},
     {"Layer", ReadLayer, nullptr},
 };
-
-void ReadFourAxisTagLine(Reader& reader, std::string_view line) {
-  const std::string lower = LowerCase(line);
-  const std::string_view tag = TagOf(lower);
-  for (const Tag& known : kTags)
-    if (IsTag(tag, known.name)) return known.read(reader, GetTagValue(reader.s, lower));
-}
 
 void FillPart(DesignState& s, const FourAxisHeld& held) {
   s.txtNumberOfLayers(1).CopyFrom(s.Number_of_Layers);
@@ -180,7 +166,7 @@ Outcome OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform&
   if (!platform.files.Exists(fileName)) return Done{};
   Reader reader{s, held, platform};
   for (const std::string_view line : LinesOf(text.value()))
-    if (!line.empty() && !line.starts_with("<#")) ReadFourAxisTagLine(reader, line);
+    if (!line.empty() && !line.starts_with("<#")) ReadTagLine(kTags, reader, line);
   FillPart(s, held);
   FillRows(s);
   s.lblStatusBar2.CopyFrom(s.gFileName);
@@ -192,10 +178,7 @@ Outcome SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;
   WriteHead(text, writer, "4.0", "T4D");
-  for (const Tag& tag : kTags) {
-    if (tag.name == "Number_of_Layers") WriteLayersHead(text);
-    if (tag.write != nullptr) text.Tag(tag.name, tag.write(writer));
-  }
+  WriteTags(text, kTags, writer);
   for (int i = 1; i <= RowsOf(s.txtNumberOfLayers(1)); ++i) text.Tag("Layer", LayerOf(s, i));
   return ReplaceDesign(platform, fileName, text.text());
 }

@@ -33,13 +33,6 @@ void Hold(Reader& r, const std::string& value) {
   r.lists.*list = value;
 }
 
-template <Field Fields::*field>
-void Take(Reader& r, const std::string& value) {
-  r.s.*field = value;
-}
-
-void PassBy(Reader&, const std::string&) {}
-
 // A list with a text for each layer.
 template <class TextOfLayer>
 MaybeText ListOf(const DesignState& s, TextOfLayer text) {
@@ -60,14 +53,13 @@ MaybeText StopList(const DesignWriter& w) {
   return ListOf(w.s, [&w](int) { return w.s.txtZ2(stop).text(); });
 }
 
-// In the order of a written file. The section of the layers begins with their number.
+// In the order of a written file.
 constexpr Tag kTags[] = {
-    {"DecimalComma", false, [](Reader& r, const std::string& v) { ReadDecimalComma(r.s, v); },
-     DecimalCommaOf},
+    {"DecimalComma", false, TakeDecimalComma, DecimalCommaOf},
     {"Filename", false, PassBy, FileNameOf},
     {"Version", false, PassBy, VersionOf},
     {"Date_of_Creation", false, Take<&Fields::Date_of_Creation>, DateOf},
-    {"Units", false, [](Reader& r, const std::string& v) { ReadUnits(r.s, r.platform.store, v); }, UnitsOf},
+    {"Units", false, TakeUnits, UnitsOf},
     {"Author", false, PassBy, TextOfField<&Fields::Author>},
     {"tv_community_username", false, Take<&Fields::Author>, nullptr},
     {"Author_Email", false, PassBy, TextOfField<&Fields::Author_Email>},
@@ -100,14 +92,8 @@ constexpr Tag kTags[] = {
 constexpr int kSufficientTags = 12;
 
 void ReadTwoAxisTagLine(Reader& reader, std::string_view line) {
-  const std::string lower = LowerCase(line);
-  const std::string_view tag = TagOf(lower);
-  for (const Tag& known : kTags) {
-    if (!IsTag(tag, known.name)) continue;
-    known.read(reader, GetTagValue(reader.s, lower));
-    if (known.counts) ++reader.s.gTagLineCount;
-    return;
-  }
+  const Tag* tag = ReadTagLine(kTags, reader, line);
+  if (tag != nullptr && tag->counts) ++reader.s.gTagLineCount;
 }
 
 // A cell of the layer table through a mask; what has none stands as it is.
@@ -220,10 +206,7 @@ Outcome SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;
   WriteHead(text, writer, VersionOf(writer).text, "T2D");
-  for (const Tag& tag : kTags) {
-    if (tag.name == "Number_of_Layers") WriteLayersHead(text);
-    if (tag.write != nullptr) text.Tag(tag.name, tag.write(writer));
-  }
+  WriteTags(text, kTags, writer);
   return ReplaceDesign(platform, fileName, text.text());
 }
 
