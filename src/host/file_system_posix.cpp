@@ -106,11 +106,12 @@ Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::s
   const bool overwritten = error != 0 && former.st_size > 0 && lseek(file.Number(), 0, SEEK_CUR) > 0;
   const bool lengthLost = error != 0 && ftruncate(file.Number(), former.st_size) != 0;
   const int closing = file.Close();
+  const bool closingLost = error == 0 && closing != 0 && former.st_size > 0;
   if (error == 0) error = closing;
   if (error == 0) return Done{};
   if (made) unlink(LinksFollowed(path).c_str());
   Refusal refusal = Refused(error);
-  if ((overwritten || lengthLost) && !made) refusal.reason += " (The former file is lost.)";
+  if ((overwritten || lengthLost || closingLost) && !made) refusal.reason += " (The former file is lost.)";
   return refusal;
 }
 

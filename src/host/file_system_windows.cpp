@@ -62,7 +62,7 @@ DWORD SetSize(const Handle& file, LONGLONG size) {
   return SetEndOfFile(file.Get()) ? 0 : GetLastError();
 }
 
-// `overwritten`: something of the former file was written over before it failed.
+// `overwritten`: something of the former file is written over, or would be but for the failure.
 DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::string_view>& parts,
                 bool& overwritten) {
   LONGLONG size = 0;
@@ -70,9 +70,9 @@ DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::
   // A longer end takes the room at once.
   if (const DWORD error = size > formerSize ? SetSize(file, size) : 0) return error;
   if (!SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN)) return GetLastError();
+  overwritten = formerSize > 0;
   for (const auto part : parts) {
     if (const DWORD error = WriteAll(file, part)) return error;
-    overwritten = formerSize > 0;
   }
   return SetSize(file, size);
 }

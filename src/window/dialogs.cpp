@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include "design/text.h"
 #include "host/paths.h"
 #include "look/text.h"
 
@@ -166,30 +167,39 @@ QString Filters(std::string_view filter) {
   return captions.join(QStringLiteral(";;"));
 }
 
-// "t2d" of "Designs (*.t2d)|*.t2d|".
-QString Suffix(std::string_view filter) {
+// ".t2d" of "Designs (*.t2d)|*.t2d|".
+QString Ending(std::string_view filter) {
   const QStringList parts = Shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
-  return parts.size() < 2 ? QString() : parts[1].mid(parts[1].lastIndexOf(QLatin1Char('.')) + 1);
+  return parts.size() < 2 ? QString() : parts[1].mid(parts[1].lastIndexOf(QLatin1Char('.')));
 }
 
-// The toolkit completes names without any dot; "Tube 1.5" lacks its ending as well.
+// Completes a name before the toolkit looks whether there is such a file. The toolkit's own suffix is given
+// to names without any dot alone, and to folders that the operator goes to by their name.
 class SaveDialog : public QFileDialog {
  public:
-  using QFileDialog::QFileDialog;
+  SaveDialog(const QString& folder, std::string_view filter)
+      : QFileDialog(QApplication::activeWindow(), QStringLiteral("Save"), folder, Filters(filter)),
+        ending_(Ending(filter)) {
+    setAcceptMode(AcceptSave);
+    setFileMode(AnyFile);
+  }
 
   void accept() override {
     auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (name != nullptr) name->setText(WithEnding(name->text()));
+    if (name != nullptr) name->setText(Completed(name->text()));
     QFileDialog::accept();
   }
 
  private:
-  // A folder that the operator goes to by its name gets none.
-  QString WithEnding(const QString& name) const {
-    const QString ending = QLatin1Char('.') + defaultSuffix();
-    const bool folder = name.endsWith(QLatin1Char('/')) || QFileInfo(directory(), name).isDir();
-    return name.isEmpty() || folder || name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
+  QString Completed(QString name) const {
+    const bool folder = name.startsWith(QLatin1Char('~')) || name.endsWith(QLatin1Char('/')) ||
+                        QFileInfo(directory(), name).isDir();
+    if (name.isEmpty() || folder || name.endsWith(ending_, Qt::CaseInsensitive)) return name;
+    while (name.endsWith(QLatin1Char('.'))) name.chop(1);
+    return name + ending_;
   }
+
+  QString ending_;
 };
 
 QString HostFolder(std::string_view folder) {
@@ -222,13 +232,13 @@ std::optional<std::string> QtFileDialog::AskOpen(std::string_view filter, std::s
 
 std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::string_view folder,
                                                  std::string_view proposedName) {
-  SaveDialog dialog(QApplication::activeWindow(), QStringLiteral("Save"), HostFolder(folder),
-                    Filters(filter));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setDefaultSuffix(Suffix(filter));
+  SaveDialog dialog(HostFolder(folder), filter);
   if (!proposedName.empty()) dialog.selectFile(Shown(proposedName));
-  return Ask(dialog);
+  std::optional<std::string> path = Ask(dialog);
+  // A desktop's own dialog does not ask the one above.
+  const std::string ending = Ending(filter).toStdString();
+  if (path && !UpperCase(*path).ends_with(UpperCase(ending))) *path += ending;
+  return path;
 }
 
 }  // namespace torvane

@@ -76,7 +76,7 @@ constexpr Row kHelp[] = {
     {"cmbPattern", "Pattern", "Winding angle | groups x circuits | end wrap."},
     {"cmbPhiW", "End Wrap", "Turn of the mandrel at each end."},
     {"cmbPhiSplit", "Split", "Share of the end wrap before the head moves."},
-    {"chkPause", "Pause", "The machine waits behind this layer."},
+    {"chkPause", "Pause", "The machine waits behind this layer. Without end wraps the tick does nothing."},
     {"lblBuildTime", "Est. Build Time", "Minutes of winding, without pauses."},
     {"lblLengthRequired", "Filament Length", "Filament for all layers."},
     {"lblFinalThickness", "Wall Thickness", "Two bands for each layer."},

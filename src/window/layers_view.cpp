@@ -228,9 +228,9 @@ void LayersView::Edit(const QModelIndex& index, const QString& replacement) {
 
 bool LayersView::IsTyped(const QModelIndex& index) const {
   const Field* field = index.isValid() ? model_->FieldAt(index) : nullptr;
+  if (field == nullptr || !field->enabled() || !field->entries().empty()) return false;
   const CellKind kind = model_->Column(index.column()).kind;
-  return field != nullptr && field->enabled() && IsInput(kind) && kind != CellKind::Check &&
-         field->entries().empty();
+  return IsInput(kind) && kind != CellKind::Check;
 }
 
 void LayersView::Activate(const QModelIndex& index) {
@@ -310,8 +310,10 @@ void LayersView::keyPressEvent(QKeyEvent* event) {
   if (field == nullptr || !IsCharacter(*event) || !IsInput(model_->Column(at.column()).kind) ||
       !field->enabled())
     return QTableView::keyPressEvent(event);
-  if (IsTyped(at)) Edit(at, event->text());
-  if (const std::string entry = EntryOf(*field, *event); !entry.empty()) desk_.binder.Choose(*field, entry);
+  if (IsTyped(at))
+    Edit(at, event->text());
+  else if (const std::string entry = EntryOf(*field, *event); !entry.empty())
+    desk_.binder.Choose(*field, entry);
 }
 
 void LayersView::mousePressEvent(QMouseEvent* event) {

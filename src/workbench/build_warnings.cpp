@@ -125,7 +125,7 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
   }
   const Number shift = CarriageShift(s_, number(s_.txtWA(layer)), passes);
   const Number home = left + shift, far = number(s_.Length_Total) - right + shift;
-  const Number reach = holds(home > far) ? home : far;
+  const Number reach = !far.good() || holds(home > far) ? home : far;
   if (holds(reach > number(FarOf(s_, s_.txtZ2(0), s_.txtZ2(1)))))
     Warn(method,
          LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), "0.00"_mask),

@@ -19,7 +19,7 @@ struct MessageFlags {
 bool ShowMessageDialog(Station& station, const std::string& text, int number, MessageFlags flags);
 
 // Puts the question whether a changed design is to be saved first; saves it on yes. False if that was
-// refused: who would throw the design away then stops.
+// refused: who would throw the design away then stops. A save that the operator cancels counts as answered.
 bool AskToSaveFirst(Station& station);
 
 }  // namespace torvane

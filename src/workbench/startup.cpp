@@ -129,21 +129,20 @@ void Station::Form_Unload() {
   if (ended) return;
   s.frmMain.Show(false);
   const bool unsaved = s.gDirty;
-  AskToSaveFirst(*this);
+  const bool saved = AskToSaveFirst(*this);
   SaveStoredSettings(s, platform.store);
-  // A design that the operator wanted to save and that found no place is offered at the next start. If no
-  // copy of it can be made either, the station stays.
-  if (unsaved && s.gDirty && s.gMsgAnswer) {
-    if (!WriteRecovery(*this)) {
-      platform.messageBox.Show("Torvane Designer",
-                               "The design is not saved yet, so the station stays open.\r\n\r\n"
-                               "Save it in another place, or answer No to end without it.",
-                               BoxIcon::Stop);
+  if (!(unsaved && s.gDirty && s.gMsgAnswer)) {
+    DropRecovery(*this);
+  } else if (!WriteRecovery(*this) && (!saved || !recovery.refusal.empty())) {
+    // A design that the operator wanted to save and that found no place is offered at the next start; without
+    // a copy for that it is not thrown away unasked.
+    Message question;
+    question.text = "\r\nThe design is not saved, and no copy of it could be made for the next start.\r\n" +
+                    recovery.refusal + "\r\n\r\nDo you want to end without it ?";
+    if (!platform.messageDialog.Ask(question)) {
       s.frmMain.Show(true);
       return;
     }
-  } else {
-    DropRecovery(*this);
   }
   while (!windows.empty()) Close(*windows.back());
   s.frmSplash.Show(false);

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "dryrun/start.h"
+#include "executor/number.h"
 #include "host/ini_store.h"
 #include "staging.h"
 
@@ -298,36 +299,35 @@ void DryRun::FillsTheUnrolledView() {
 }
 
 void DryRun::PaintsWhatABandCovers_data() {
-  QTest::addColumn<QString>("width");
-  QTest::addColumn<QString>("feed");
+  QTest::addColumn<double>("width");
+  QTest::addColumn<double>("feed");
+  QTest::addColumn<bool>("back");
   QTest::addColumn<double>("share");
   // Round 4 in at 60 RPM. A turn of 2 in rises at 80.96 degrees: the band takes 0.25 / cos(80.96) of 4 pi.
-  QTest::newRow("helix") << "0.25"
-                         << "2" << 0.1266;
-  QTest::newRow("hoops that close, without seams") << "0.25"
-                                                   << "0.25" << 1.0;
-  QTest::newRow("hoops with gaps") << "0.25"
-                                   << "0.5" << 0.5002;
-  QTest::newRow("hoops over each other") << "0.25"
-                                         << "0.1" << 1.0;
-  QTest::newRow("hundreds of turns in a column") << "0.25"
-                                                 << "0.0001" << 1.0;
-  QTest::newRow("as many of a thread") << "0.00005"
-                                       << "0.0001" << 0.5;
+  QTest::newRow("helix") << 0.25 << 2.0 << false << 0.1266;
+  QTest::newRow("helix on the way back") << 0.25 << 2.0 << true << 0.1266;
+  QTest::newRow("hoops that close, without seams") << 0.25 << 0.25 << false << 1.0;
+  QTest::newRow("the same on the way back") << 0.25 << 0.25 << true << 1.0;
+  QTest::newRow("hoops with gaps") << 0.25 << 0.5 << false << 0.5002;
+  QTest::newRow("hoops over each other") << 0.25 << 0.1 << false << 1.0;
+  QTest::newRow("hundreds of turns in a column") << 0.25 << 0.0001 << true << 1.0;
+  QTest::newRow("as many of a thread") << 0.00005 << 0.0001 << false << 0.5;
 }
 
 // One traverse of 10 in: what of the surface is painted, whatever the band looks like.
 void DryRun::PaintsWhatABandCovers() {
-  QFETCH(const QString, width);
-  QFETCH(const QString, feed);
+  QFETCH(const double, width);
+  QFETCH(const double, feed);
+  QFETCH(const bool, back);
   QFETCH(const double, share);
+  const std::string home = "3.875", far = "13.875";
   Staged stage;
-  stage.Open(Write("band.T2G",
-                   "C C0\r\nG20\r\nG90\r\nX V420.000 T2 Z1.875\r\nM17\r\nG1 F1 Z3.875\r\n"
-                   "D0 ST=Winding Schedule\r\n"
-                   "D0 LA=1_of_1 PA=1_of_1 RPM=60 CS=2 WA=45 WM=ms TI=0.2 LD=4 FW=" +
-                       width.toStdString() + " HL=2\r\nM4 S60\r\nG1 F" + feed.toStdString() +
-                       " Z13.875\r\n"));
+  stage.Open(Write(
+      "band.T2G",
+      "C C0\r\nG20\r\nG90\r\nX V420.000 T2 Z1.875\r\nM17\r\nG1 F1 Z" + (back ? far : home) +
+          "\r\nD0 ST=Winding Schedule\r\nD0 LA=1_of_1 PA=1_of_1 RPM=60 CS=2 WA=45 WM=ms TI=0.2 LD=4 FW=" +
+          executor::Fixed(width, 5) + " HL=2\r\nM4 S60\r\nG1 F" + executor::Fixed(feed, 4) + " Z" +
+          (back ? home : far) + "\r\n"));
   stage.session.SetSpeed(Player::kToTheEnd);
   stage.session.Run();
   stage.session.Advance(1);

@@ -156,6 +156,7 @@ void OperationsOnScreen::DroppedDesignsOpen() {
 void OperationsOnScreen::DeleteEmptiesTypedCellsAlone() {
   Desktop desktop;
   DesignState& s = desktop.s();
+  QTest::keyClick(desktop.Grid(), Qt::Key_Delete);  // no row, no cell
   desktop.binder().Choose(s.optX(1), "True");
   desktop.binder().Type(s.txtNumberOfLayers(1), QStringLiteral("1"));
   desktop.binder().Check(s.chkPause(1), true);

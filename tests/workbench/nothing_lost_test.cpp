@@ -96,19 +96,19 @@ TEST_F(RecoveryTest, ARefusedSaveStopsNewAndOpen) {
 TEST_F(RecoveryTest, TheStationStaysWhereNeitherTheDesignNorACopyCanBeWritten) {
   LetSplashClose();
   station.Type(s.txtDiameterLeft, "4");
-  const auto quit = [&](bool yes) {
-    onStage.stage.messageDialog.answers.push_back({yes, false});
+  const auto quit = [&](bool endsWithout) {
+    onStage.stage.messageDialog.answers = {{true, false}, {endsWithout, false}};
     onStage.stage.fileDialog.answers.emplace_back(kDesign);
     station.Run("mnuQuit", Event::Click);
   };
   files.FailWrites(kDesign, "No space left on device");
   files.FailWrites(kRecovery, "No space left on device");
-  quit(true);
+  quit(false);
   EXPECT_FALSE(station.ended);
   EXPECT_TRUE(s.frmMain.shown());
-  EXPECT_NE(onStage.stage.messageBox.shown.back().text.find("stays open"), std::string::npos);
-  quit(false);
-  EXPECT_TRUE(station.ended) << "the operator wants to end without it";
+  EXPECT_NE(onStage.stage.messageDialog.shown.back().text.find("No space left"), std::string::npos);
+  quit(true);
+  EXPECT_TRUE(station.ended);
 }
 
 TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
