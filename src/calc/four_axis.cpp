@@ -98,8 +98,8 @@ void WriteSpeeds(DesignState& s, int row, Number mandrelRPM, Number carriageSpee
 }
 
 void CalculateAndShow(DesignState& s, Number windingAngle, std::string_view patternText, int row) {
-  Number mandrelRPM = Number::Failure();
-  Number carriageSpeed = Number::Failure();
+  Number mandrelRPM = 0;
+  Number carriageSpeed = 0;
   CalculateFourAxisRow(s, windingAngle, mandrelRPM, carriageSpeed, patternText, row);
   WriteSpeeds(s, row, mandrelRPM, carriageSpeed);
 }

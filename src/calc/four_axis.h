@@ -28,7 +28,7 @@ void CalculateFourAxisRow(DesignState& s, Number windingAngle, Number& mandrelRP
 // Writes the speeds of a row; a failed one leaves its field.
 void WriteSpeeds(DesignState& s, int row, Number mandrelRPM, Number carriageSpeed);
 
-// CalculateFourAxisRow from speeds that are not known yet, which are written too.
+// CalculateFourAxisRow from speeds of 0, which are written too: a row that no rate drives stands still.
 void CalculateAndShow(DesignState& s, Number windingAngle, std::string_view patternText, int row);
 
 // CalculateAndShow for one row of the grid as it stands: its angle is the first field of its pattern, for a

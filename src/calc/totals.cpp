@@ -20,10 +20,15 @@ void SetWhole(std::int32_t& target, Number value) {
 void EstimateThickness(DesignState& s, int panel) {
   const Number thickness = number(s.txtBandThickness(panel));
   s.lblFinalThickness(panel) =
-      (number(s.txtNumberOfLayers(panel)) * (thickness + thickness)).as("0.##0"_mask);
-  // The thickness stands in the inches of the band, so a millimetre design says so.
-  const std::string& text = s.lblFinalThickness(panel).text();
-  s.lblFinalThickness(panel).SetTip(s.InInches() || text.empty() ? text : text + " inches");
+      (LayersOf(s.txtNumberOfLayers(panel)) * (thickness + thickness)).as("0.##0"_mask);
+  // The thickness stands in the inches of the band, and the formulas of a millimetre design take the same
+  // figure for millimetres: the tip says both.
+  std::string tip = s.lblFinalThickness(panel).text();
+  if (!s.InInches() && !tip.empty()) {
+    tip += " inches";
+    if (panel == 0) tip += "; volume, weight and glue read it as millimetres";
+  }
+  s.lblFinalThickness(panel).SetTip(tip);
 }
 
 void EstimatePart(DesignState& s) {

@@ -76,8 +76,10 @@ void DesignState::Restore(const Snapshot& snapshot) {
   gBuildMinutes = snapshot.gBuildMinutes;
 }
 
+Number LayersOf(const Field& count) { return Whole(count.number()); }
+
 int RowsOf(const Field& count) {
-  const Number rows = Int(count.number());
+  const Number rows = LayersOf(count);
   if (!holds(rows > 0)) return 0;
   return static_cast<int>(std::min(rows.value(), 32767.0));
 }

@@ -117,8 +117,11 @@ struct DesignState : FieldOwner, Fields {
   void Restore(const Snapshot& snapshot);
 };
 
-// Rows of a loop from 1 to the number in a field; none if it cannot be read. No loop over rows has use for
-// more than a row number can hold.
+// The layers that a count field stands for: its nearest whole number, a tie going to the even one. A failure
+// if it cannot be read.
+Number LayersOf(const Field& count);
+// Rows of a loop from 1 to that number; none if it cannot be read. No loop over rows has use for more than a
+// row number can hold.
 int RowsOf(const Field& count);
 
 // A value of the station that is no field (flag, count, limit, table cell, cell of a split text) as text;

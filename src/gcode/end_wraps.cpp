@@ -85,8 +85,10 @@ void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, N
 
   const Number rpm = session.gWrapRPM;
   const Number seconds = SecondsOf(session.ellipseAngle, rpm);
-  const Number ratio = Cos(s.gWindAngle * kPi / 180) * (number(s.txtZ4(2)) - number(s.txtAdjust(5))) /
-                       (number(s.txtDia(0)) / 2);
+  // Without a diameter it stays 0: the head is then timed over a quarter turn.
+  Kept ratio;
+  ratio = Cos(s.gWindAngle * kPi / 180) * (number(s.txtZ4(2)) - number(s.txtAdjust(5))) /
+          (number(s.txtDia(0)) / 2);
   Kept phi;
   phi = 90 - 180 / kPi * ArcCos(ratio);
   if (holds(phi > kSteepest)) phi = kSteepest;

@@ -75,7 +75,7 @@ void WriteHoopLayer(GCodeSession& session, int n) {
   dialect::MoveAxes(p, move, "MOVE BACK RIGHT END");
 
   dialect::WaitForButton(p, "PAUSE AFTER HOOP WINDING");
-  if (holds(number(s.txtNumberOfLayers(1)) != n)) {
+  if (holds(LayersOf(s.txtNumberOfLayers(1)) != n)) {
     WriteStartPosition(session, 0, n + 1);
     if (s.cmbPattern(n + 1).text() != "HOOP") dialect::WaitForButton(p, "PAUSE AFTER HOOP WINDING");
   }

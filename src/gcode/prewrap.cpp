@@ -39,7 +39,9 @@ Number DHandMandrelStartingPosition(GCodeSession& session, int layer) {
   TakeWindAngle(s, layer);
   const Number tangent = Tan(s.gWindAngle * kPi / 180);
   const bool straight = s.IsNoWrap() || s.cmbPattern(layer).text() == "HOOP";
-  const Number leadIn = straight ? 0 : number(s.txtDia(1)) / 2 / tangent;
+  // A first row without an angle, such as one not chosen yet, begins at the end itself.
+  Kept leadIn;
+  if (!straight) leadIn = number(s.txtDia(1)) / 2 / tangent;
   const Number rightEnd = number(s.txtZ4(3));
   session.gMoveZ = s.IsNoWrap() ? rightEnd : number(s.txtZ4(2)) + leadIn;
   const Number farthest = rightEnd + 0.5 * number(s.lblLengthTotal);

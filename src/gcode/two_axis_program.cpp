@@ -222,7 +222,7 @@ void WriteAdvanceToNextLayer(GCodeSession& session, int layer, const MaybeText& 
   const DesignState& s = session.s;
   Program& p = session.program;
   const Number rotation = number(s.txtMandrelRotateAfterLayerCompletion);
-  if (!s.chkShiftLayer || !holds(layer != number(s.txtNumberOfLayers(s.Panel()))) || !holds(rotation != 0))
+  if (!s.chkShiftLayer || !holds(layer != LayersOf(s.txtNumberOfLayers(s.Panel()))) || !holds(rotation != 0))
     return;
   dialect::EmptyLine(p);
   dialect::CommentLine(p, "Shift Mandrel Before Starting Next Layer");

@@ -47,7 +47,8 @@ bool RaiseSmallAngles(Station& station) {
                       "\r\nWARNING: 2-Axis Torvane May Have Trouble with\r\n"
                       "Winding Angles less than 25 Degrees.\r\n\r\nProceed with Caution ...",
                       32, {.okOnly = true, .beep = true, .offer = true});
-    s.txtWA(layer) = "25.0";
+    // In the computer's sign: "25.0" would read as 250 where the comma is the decimal sign.
+    s.txtWA(layer) = Number(kLeastAngle).as("##.0"_mask);
     s.gDirty = true;
     s.focus = &s.txtWA(layer);
   }

@@ -80,6 +80,8 @@ void FillBand(DesignState& s, int panel) {
   if (s.InInches()) {
     s.txtBandWidth(panel) = s.Band_Width.through(kWidth);
     s.txtBandThickness(panel) = s.Band_Thickness.through(kThickness);
+    // The four-axis twins follow their inch fields by themselves.
+    if (panel != 0) return;
     s.txtBandWidthMM(panel) = (number(s.Band_Width) * kMillimetresPerInch).as(kWidth);
     s.txtBandThicknessMM(panel) = (number(s.Band_Thickness) * kMillimetresPerInch).as(kThickness);
     return;

@@ -161,18 +161,15 @@ void FillTwins(DesignState& s) {
   s.txtHSTWidthMM = (number(s.txtHSTWidth) * kMillimetresPerInch).as("##0.0"_mask);
 }
 
-// A store may come from a computer with the other decimal sign.
+// A store may come from a computer with the other decimal sign. Where an inch field changes so, its twin
+// follows it.
 void NormaliseSigns(DesignState& s) {
   const char foreign = s.gDecimalComma ? '.' : ',';
   const char own = s.gDecimalComma ? ',' : '.';
-  // The twins keep what was made of the stored texts.
-  const bool mirror = s.gMirrorOnChange;
-  s.gMirrorOnChange = false;
   for (Field* field :
        {&s.txtPreWrapAdvance(1), &s.txtPreWrapAdvance(2), &s.txtHSTWidth, &s.txtHGSpeed, &s.txtStepSize4Ax,
         &s.txtStepSize2Ax, &s.gDHYtoMandrelCenter, &s.gDHStructureWidth, &s.gCarriageOffsetFromRMPFace})
     *field = Replaced(field->text(), foreign, own);
-  s.gMirrorOnChange = mirror;
 }
 
 }  // namespace

@@ -175,6 +175,8 @@ void ReadDesign(Reader& reader, std::string_view text) {
   }
   FillPart(s);
   FillLayerTable(s, reader.lists);
+  // The rows come from the table: until they are in, it does not follow them.
+  s.gGridSync = false;
   FillRows(s);
   s.gGridSync = true;
   s.frmMain.SetCaption("Torvane Designer");
@@ -186,18 +188,12 @@ void ReadDesign(Reader& reader, std::string_view text) {
 
 Outcome OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform& platform,
                              const std::string& fileName) {
-  // The grid leaves the layer table alone until the file is in, and follows again by whatever road this ends.
-  s.gGridSync = false;
   BlankInputs(s, 4);
   BlankInputs(s, 2);
   const Result<std::string> text = BeginOpen(s, platform.files, fileName);
-  if (!text) {
-    s.gGridSync = true;
-    return Refusal{text.reason()};
-  }
+  if (!text) return Refusal{text.reason()};
   Reader reader{s, lists, platform};
   if (platform.files.Exists(fileName)) ReadDesign(reader, text.value());
-  s.gGridSync = true;
   return Done{};
 }
 

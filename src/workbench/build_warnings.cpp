@@ -1,8 +1,12 @@
 #include "workbench/build_warnings.h"
 
+#include <algorithm>
+
 #include "calc/patterns.h"
 #include "design/catalogue.h"
 #include "design/text.h"
+#include "design/units.h"
+#include "gcode/program.h"
 #include "gcode/session.h"
 #include "gcode/two_axis_program.h"
 #include "workbench/layer_count.h"
@@ -38,13 +42,21 @@ class Warnings {
 
   void LookAtFile();
   void LookAtStop(const Field& stop, const std::string& name);
+  void LookAtBand();
   void LookAtTwoAxes(int layers);
   void LookAtTwoAxisLayer(int layer);
+  bool LookAtPasses(const Field& angle, const Field& passes, Number diameter, int layer);
+  void LookAtAngle(const Field& angle, int layer);
+  void LookAtTypedSpeed(int layer);
+  void LookAtSpeeds(const Field& mandrel, const Field& carriage, int layer,
+                    const char* whyItStands = "Its speed is 0.");
+  bool LosesDecimals() const;
   void LookAtCarriageShift(int layer, Number passes);
   void NameHiddenEnds();
   void LookAtFourAxes(int layers);
-  void LookAtAngleLayer(int layer);
-  void LookAtPatternLayer(int layer);
+  // Each false if the layer has nothing to wind by.
+  bool LookAtAngleLayer(int layer);
+  bool LookAtPatternLayer(int layer);
   bool HasPattern(int layer);
   void LookAtNumbers(int layers);
 
@@ -78,12 +90,86 @@ void Warnings::LookAtStop(const Field& stop, const std::string& name) {
     Warn(stop, name + " is no number", "Its moves would be left out of the program.");
 }
 
+// A program takes three decimals of the band.
+void Warnings::LookAtBand() {
+  const Field& width = s_.txtBandWidth(s_.Panel());
+  if (holds(number(width) > 0) && holds(InUnits(s_, number(width), false) == 0))
+    Warn(width, "The band is too narrow", "With three decimals it is 0: dwells lose their angles.");
+}
+
 void Warnings::LookAtTwoAxes(int layers) {
-  LookAtStop(s_.txtZ2(0), "The left stop");
-  LookAtStop(s_.txtZ2(1), "The right stop");
+  const Field& left = s_.txtZ2(0);
+  const Field& right = s_.txtZ2(1);
+  LookAtStop(left, "The left stop");
+  LookAtStop(right, "The right stop");
+  if (holds(number(left) == number(right)))
+    Warn(right, "Both stops stand at the same Z", "The carriage would not move.");
+  LookAtBand();
+  if (layers == 1 && LosesDecimals())
+    Warn(s_.txtNumberOfLayers(0), "Opened again, the design loses decimals",
+         "A single layer's values end at their comma in the file: type them anew after each opening.");
   if (!s_.chkWindingSchedule.checked()) return;
   for (int layer = 1; layer <= layers; ++layer) LookAtTwoAxisLayer(layer);
   NameHiddenEnds();
+}
+
+// The list of one layer holds no semicolon, so its reader takes a decimal comma for what parts the fields.
+// The speeds are worked out anew after that.
+bool Warnings::LosesDecimals() const {
+  const auto loses = [this](std::string_view text) {
+    const auto comma = text.find(',');
+    return s_.gDecimalComma && comma != std::string_view::npos &&
+           !holds(s_.Read(text) == s_.Read(text.substr(0, comma)));
+  };
+  return loses(s_.LayerTable2Ax(1, 1)) || loses(s_.LayerTable2Ax(1, 10)) || loses(s_.txtZ2(0).text()) ||
+         loses(s_.txtZ2(1).text());
+}
+
+void Warnings::LookAtAngle(const Field& angle, int layer) {
+  if (!holds(number(angle) >= 0) || !holds(number(angle) <= 90))
+    Warn(angle, LayerName(layer) + " has no angle that can be wound", "It lies between 0 and 90 degrees.");
+}
+
+void Warnings::LookAtSpeeds(const Field& mandrel, const Field& carriage, int layer, const char* whyItStands) {
+  if (holds(number(mandrel) <= 0))
+    Warn(mandrel, "The mandrel would stand in layer " + std::to_string(layer), "Its speed is 0.");
+  if (s_.mMaxRPM > 0 && holds(number(mandrel) > s_.mMaxRPM))
+    Warn(mandrel, LayerName(layer) + " turns faster than the machine can",
+         "Its highest mandrel speed is " + FormatNumberText(s_.signs, s_.mMaxRPM, "##0.0"_mask) + " RPM.");
+  if (holds(number(carriage) <= 0))
+    Warn(carriage, "The carriage would stand in layer " + std::to_string(layer), whyItStands);
+}
+
+// A typed mandrel speed goes into the program alone, and takes the carriage speed of every row from its
+// angle: a hoop's comes to nothing.
+void Warnings::LookAtTypedSpeed(int layer) {
+  const Field& mandrel = s_.txtMRPM(layer);
+  LookAtSpeeds(mandrel, s_.txtCarriageSpeed(layer), layer,
+               holds(number(s_.txtWA(layer)) == 90)
+                   ? "A typed mandrel speed does that to hoops: ReCalc All Rows gives them theirs back."
+                   : "Its speed is 0.");
+  if (holds(number(mandrel) != s_.Read(s_.LayerTable2Ax(layer, 7))))
+    Warn(mandrel, LayerName(layer) + "'s typed mandrel speed is not in the file",
+         "The program winds with it; the saved design keeps the former one.");
+}
+
+// False if there is nothing to wind.
+bool Warnings::LookAtPasses(const Field& angle, const Field& passes, Number diameter, int layer) {
+  constexpr int kLeastLines = 3;  // of a pass
+  if (!holds(number(passes) >= 1)) {
+    Warn(angle, LayerName(layer) + " would write no passes",
+         "Its angle, the diameters or the band stand against it.");
+    return false;
+  }
+  if (holds(number(passes) * kLeastLines > ProgramLimits{}.lines)) {
+    Warn(angle, LayerName(layer) + " would take " + passes.text() + " passes",
+         "No program holds so many: look at the diameters and the band.");
+    return false;
+  }
+  if (!holds(number(angle) == 90) && !(diameter * kPi / BandWidth(s_, s_.Panel())).good())
+    Warn(passes, LayerName(layer) + " keeps its former passes",
+         "They cannot be worked out of the left diameter and the band.");
+  return true;
 }
 
 void Warnings::LookAtTwoAxisLayer(int layer) {
@@ -96,11 +182,9 @@ void Warnings::LookAtTwoAxisLayer(int layer) {
         wound ? "Its former passes would be wound at another layer's angle." : "No passes would be written.");
     return;
   }
-  if (!wound) {
-    Warn(angle, LayerName(layer) + " would write no passes",
-         "Its angle, the diameters or the band stand against it.");
-    return;
-  }
+  LookAtAngle(angle, layer);
+  if (!LookAtPasses(angle, s_.lblPassesToCover(layer), number(s_.txtDiameterLeft), layer)) return;
+  LookAtTypedSpeed(layer);
   for (const Field* shown :
        {&s_.txtMRPM(layer), &s_.txtCarriageSpeed(layer), &s_.txtDiameterLeft, &s_.txtBandWidth(0)})
     if (!number(*shown).good()) {
@@ -144,7 +228,8 @@ void Warnings::NameHiddenEnds() {
     for (std::size_t i = 1; i < withoutEnds_.size(); ++i) layers += ", " + std::to_string(withoutEnds_[i]);
   layers += first == last ? " shows" : " show";
   Warn(s_.txtLeft(first), layers + " nothing on the machine",
-       "Save the design and open it again: its rows have no ends yet.");
+       first == last && LosesDecimals() ? "Its row has no ends yet; saved and opened again it loses decimals."
+                                        : "Save the design and open it again: its rows have no ends yet.");
 }
 
 void Warnings::LookAtFourAxes(int layers) {
@@ -154,6 +239,7 @@ void Warnings::LookAtFourAxes(int layers) {
   LookAtStop(right, "The right end");
   if (holds(number(left) == number(right)))
     Warn(right, "The part has no length", "Both ends stand at the same Z.");
+  LookAtBand();
   const Field& innerRight = s_.txtZ4(2);
   if (s_.gPartType.text() == "FLAT" && !holds(number(right) == 0) && !holds(number(innerRight) != 0))
     Warn(innerRight, "The hidden inner Z at the right is 0",
@@ -161,24 +247,23 @@ void Warnings::LookAtFourAxes(int layers) {
   if (!s_.chkWindingSchedule.checked()) return;
   for (int layer = 1; layer <= layers; ++layer) {
     const bool hoop = s_.cmbPattern(layer).text() == "HOOP";
-    if (!hoop && s_.IsNoWrap())
-      LookAtAngleLayer(layer);
-    else if (!hoop)
-      LookAtPatternLayer(layer);
+    if (hoop || (s_.IsNoWrap() ? LookAtAngleLayer(layer) : LookAtPatternLayer(layer)))
+      LookAtSpeeds(s_.lblRPM(layer), s_.lblcSpeed(layer), layer);
     for (const Field* shown : {&s_.txtDia(0), &s_.txtBandWidth(1)})
       if (!number(*shown).good())
         Warn(*shown, LayerName(layer) + " shows nothing on the machine", "A figure of that line is missing.");
   }
 }
 
-void Warnings::LookAtAngleLayer(int layer) {
+bool Warnings::LookAtAngleLayer(int layer) {
   const Field& angle = s_.cmbPattern(layer);
-  if (!number(angle).good())
+  if (!number(angle).good()) {
     Warn(angle, LayerName(layer) + " has no winding angle",
          "Its moves would be left out or stay as they were.");
-  else if (!holds(number(s_.lblNPasses(layer)) >= 1))
-    Warn(angle, LayerName(layer) + " would write no passes",
-         "Its angle, the diameters or the band stand against it.");
+    return false;
+  }
+  LookAtAngle(angle, layer);
+  return LookAtPasses(angle, s_.lblNPasses(layer), number(s_.txtDia(0)), layer);
 }
 
 bool Warnings::HasPattern(int layer) {
@@ -188,19 +273,20 @@ bool Warnings::HasPattern(int layer) {
          holds(Int(s_.Read(fields(3))) >= 1) && s_.Read(fields(4)).good();
 }
 
-void Warnings::LookAtPatternLayer(int layer) {
+bool Warnings::LookAtPatternLayer(int layer) {
   if (HasPattern(layer)) {
     patternBefore_ = true;
-    return;
+    return true;
   }
   const Field& pattern = s_.cmbPattern(layer);
   const char* why = "No passes would be written.";
   if (layer == 1 && pattern.empty()) why = "The program would neither home nor go to its start.";
   if (patternBefore_) why = "It would be wound like the layer before.";
   Warn(pattern, LayerName(layer) + " has no pattern", why);
+  return false;
 }
 
-// Numbers of the family in use that hold the group sign.
+// Numbers of the family in use that hold the group sign, and texts that are no numbers.
 void Warnings::LookAtNumbers(int layers) {
   ForEachField(s_, [&](const Field& field) {
     const FieldRow& row = field.row();
@@ -209,6 +295,10 @@ void Warnings::LookAtNumbers(int layers) {
       return;
     const std::string hint = NumberHint(field, s_.signs);
     if (!hint.empty()) Warn(field, "Look at the number", hint);
+    const bool known = std::any_of(found_.begin(), found_.end(),
+                                   [&field](const BuildWarning& w) { return w.field == &field; });
+    if (!known && !Trim(field.text()).empty() && !number(field).good())
+      Warn(field, "This is no number: " + field.text(), "What needs it stays as it was or is left out.");
   });
 }
 

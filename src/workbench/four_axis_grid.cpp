@@ -196,7 +196,7 @@ std::span<const Operation> FourAxisGridOperations() { return kOperations; }
 
 void ChangeFourAxisCount(Station& station) {
   DesignState& s = station.s;
-  const Number rows = number(s.txtNumberOfLayers(1));
+  const Number rows = LayersOf(s.txtNumberOfLayers(1));
   const bool angles = s.IsNoWrap();
   for (int row = 1; row <= 18 && rows.good(); ++row) {
     const bool shown = holds(row <= rows) && row <= kMostLayers;

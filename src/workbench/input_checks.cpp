@@ -58,8 +58,8 @@ void FollowBandWidth(DesignState& s, int i) {
   for (int row = 1; row <= rows; ++row) {
     const std::string pattern = s.cmbPattern(row).text();
     const Number angle = s.Read(pattern);
-    Number mandrelRPM = Number::Failure();
-    Number carriageSpeed = Number::Failure();
+    Number mandrelRPM = 0;
+    Number carriageSpeed = 0;
     if (!s.IsNoWrap())
       SplitPatternFields(s, pattern);
     else if (angle.good())

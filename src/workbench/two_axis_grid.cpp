@@ -137,7 +137,7 @@ void cmb2AxisLayerType_Click(Station& station, int row) {
 
 void txtWA_Click(Station& station, int) {
   DesignState& s = station.s;
-  if (!holds(number(s.txtNumberOfLayers(0)) == 0)) return;
+  if (!holds(LayersOf(s.txtNumberOfLayers(0)) == 0)) return;
   station.platform.messageBox.Show("Zero Layers Specified", "Please Specify Number of Layers",
                                    BoxIcon::Information);
   s.focus = &s.txtNumberOfLayers(0);
@@ -162,7 +162,7 @@ void LimitLayers(DesignState& s, int panel) {
 }
 
 void ShowTwoAxisRows(DesignState& s) {
-  const Number rows = number(s.txtNumberOfLayers(0));
+  const Number rows = LayersOf(s.txtNumberOfLayers(0));
   for (int row = 1; row <= 18; ++row)
     if (rows.good()) ShowTwoAxisRow(s, row, holds(row <= rows) && row <= kMostLayers);
   for (FieldArray* list : {&s.cmbSpeed, &s.cmbMethod}) {
@@ -245,7 +245,7 @@ void mnuDeleteRow_Click(Station& station, int) {
   s.gDirty = true;
   const int rows = RowsOf(s.txtNumberOfLayers(0));
   for (int row = s.gCurrentRow + 1; row <= rows; ++row) CopyRow(s, row, row - 1);
-  s.txtNumberOfLayers(0) = (number(s.txtNumberOfLayers(0)) - 1).plain();
+  s.txtNumberOfLayers(0) = (LayersOf(s.txtNumberOfLayers(0)) - 1).plain();
 }
 
 void mnuReCalcSpeeds_Click(Station& station, int) {

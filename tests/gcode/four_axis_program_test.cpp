@@ -138,6 +138,26 @@ TEST_F(FourAxisProgram, OfASavedAndReopenedDesignIsTheSame) {
   }
 }
 
+// A rate that the station does not know drives nothing: its speeds are 0, and no line is left out for them.
+TEST_F(FourAxisProgram, WithoutARateStandsStill) {
+  Describe(2);
+  s.txtNumberOfLayers(1) = "2.6";
+  for (int row = 1; row <= 3; ++row) station.Type(s.cmbPattern(row), "45");
+  ASSERT_NE(s.lblRPM(3).text(), "0.00");
+  station.Choose(s.cmbRate, "");
+  for (int row = 1; row <= 3; ++row) station.Type(s.cmbPattern(row), "45");
+  for (int row = 1; row <= 3; ++row)
+    EXPECT_EQ(s.lblRPM(row).text() + "|" + s.lblcSpeed(row).text(), "0.00|0.00") << row;
+  int turns = 0;
+  int displays = 0;
+  for (const std::string& line : ProgramLines()) {
+    turns += line.starts_with("M4 S0 ");
+    displays += line.starts_with("D0 LA=3_of_2.6 PA=1_");
+  }
+  EXPECT_EQ(turns, 3) << "three layers of 2.6, and each is written whole";
+  EXPECT_EQ(displays, 1);
+}
+
 TEST_F(FourAxisProgram, WithoutAFirstPatternSaysSo) {
   Describe(0);
   s.cmbPattern(1) = "";

@@ -112,6 +112,14 @@ TEST_F(Wrapped, AnEllipseWithoutRotationHasNoWordsForIt) {
   EXPECT_NE(Text().find(" R", ellipse.size()), Text().find(" RIGHT END", ellipse.size()));
 }
 
+// Without a diameter the head has a quarter turn of the mandrel, 3.75 seconds at S of 4, for its 45 degrees.
+TEST_F(Wrapped, AnEllipseOnNoDiameterTakesAQuarterTurn) {
+  s.txtDia(0) = "0";
+  session.gMoveB = -45;
+  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  EXPECT_NE(Text().find(" R2.80 B-90.00 "), std::string::npos) << Text();
+}
+
 TEST_F(Wrapped, ShiftIsTurnedInTheSameTime) {
   session.gMandrelAngle = 1000;
   WriteEndWrap(session, 1, End::Right, 180, Number(7.5));
@@ -152,6 +160,7 @@ TEST_F(Wrapped, HoopTurnsOnceMoreThanItsBands) {
   s.cmbPattern(2) = "HOOP";
   s.lblRPM(2) = "30.00";
   s.lblcSpeed(2) = "0.25";
+  s.txtNumberOfLayers(1) = "1.5";  // two layers, so that this is the last
   WriteHoopLayer(session, 2);
   const std::string text = Text();
   EXPECT_TRUE(
@@ -175,6 +184,16 @@ TEST_F(Wrapped, StartPositionStaysWithinHalfAPart) {
   s.cmbPattern(1) = "5 | 3 x 17 | 180\xB0";
   WriteStartPosition(session, 0, 1);
   EXPECT_NE(Text().find("Z16.00"), std::string::npos) << Text();
+}
+
+TEST_F(Wrapped, StartPositionWithoutAPatternIsTheInnerEnd) {
+  station.Run("optType", Event::Click, 1);
+  s.txtZ4(2) = "28";
+  s.txtZ4(3) = "30";
+  s.cmbPattern(1) = "Select ...";
+  s.gWindAngle = 0;
+  WriteStartPosition(session, 0, 1);
+  EXPECT_EQ(Text(), "G1 F1.000 Z28.00 Y3 E1.000 B90.00 R10 S0\r\n");
 }
 
 }  // namespace

@@ -87,6 +87,19 @@ TEST_F(LaunchTest, RowsThatAreTooFlatAreRaisedAndTheBuildGoesOn) {
   EXPECT_NE(Started(), "");
 }
 
+// "25.0" would be 250 degrees where the comma is the decimal sign.
+TEST(LaunchWithAComma, ARowThatIsTooFlatIsRaisedInTheComputersSign) {
+  StationOnStage onStage(',');
+  Station& station = onStage.Started();
+  onStage.stage.store.Write("Settings", "gHasUserCheckedCarriageZOffset", "1");
+  TypeTube(station, 1, "24,9");
+  station.s.txtBandWidth(0) = "0,25";
+  ASSERT_TRUE(SaveDesign(station, "C:\\Torvane\\TV_Design_Files\\tube.t2d"));
+  station.Run("imgBUILD", Event::Click);
+  EXPECT_EQ(station.s.txtWA(1).text(), "25,0");
+  EXPECT_EQ(station.s.lblPassesToCover(1).text(), "46");
+}
+
 TEST_F(LaunchTest, AnAngleThatCannotBeReadEndsTheBuild) {
   onStage.stage.files.Put("C:\\Torvane\\TV_G-Code_Files\\tube.T2G", "former");
   station.s.txtWA(2) = "steep";

@@ -72,6 +72,36 @@ TEST_F(DesignFile, WithTooFewTagsIsNoDesign) {
   EXPECT_EQ(onStage.stage.messageBox.shown[0].text, "Input File Lacks Sufficient Data");
 }
 
+// Nothing of the design before it stands in a program of no layers.
+TEST_F(DesignFile, WithoutLayersTakesNoTime) {
+  TypeTube(station, 0, "");
+  const std::string none = Save("none.t2d");
+  s.txtNumberOfLayers(0) = "2";
+  for (int row = 1; row <= 2; ++row) s.txtWA(row) = "45";
+  ASSERT_TRUE(Open(Save("two.t2d")));
+  ASSERT_EQ(s.lblBuildTime(0).text(), "14.0");
+  ASSERT_EQ(s.gBuildMinutes, 14);
+  ASSERT_TRUE(Open(none));
+  EXPECT_EQ(s.gBuildMinutes, 0);
+  EXPECT_EQ(s.lblBuildTime(0).text(), "0.0");
+}
+
+// A count between two whole numbers is the nearer one, for the rows, the file, the program and the wall
+// alike.
+TEST_F(DesignFile, OfACountWithDecimalsHasWholeLayers) {
+  TypeTube(station, 3, "45");
+  station.Type(s.txtNumberOfLayers(0), "2.6");
+  EXPECT_TRUE(s.txtWA(3).shown());
+  EXPECT_EQ(s.lblFinalThickness(0).text(), "0.060");
+  EXPECT_EQ(s.lblPassesToCover(26).text(), "108");
+  const std::string text = Save("count.t2d");
+  EXPECT_NE(text.find("<Winding_Angles>45;45;45<"), std::string::npos);
+  ASSERT_TRUE(Open(text));
+  EXPECT_EQ(s.txtWA(3).text(), "45.0");
+  s.txtNumberOfLayers(0) = "2.5";
+  EXPECT_FALSE(s.txtWA(3).shown()) << "a tie goes to the even number";
+}
+
 TEST_F(DesignFile, IsReadWhateverEndsItsLines) {
   TypeTube(station, 2, "45");
   const std::string text = Save("lines.t2d");

@@ -49,6 +49,8 @@ TEST_F(FourAxisFile, FillsRowsByTheirOwnNumbers) {
   EXPECT_TRUE(s.optType(1).checked());
   EXPECT_EQ(s.txtZ4(1).text() + "|" + s.txtZ4(2).text(), "26.000|6.000");
   EXPECT_EQ(s.txtAdjust(0).text(), "0.76");
+  EXPECT_EQ(s.txtBandThickness(1).text() + "|" + s.txtBandThicknessMM(1).text(), "0.0120|0.305")
+      << "the twin follows its inch field";
   EXPECT_EQ(s.cmbRate.text(), "FAST");
   EXPECT_EQ(s.cmb3D(1).text() + "|" + s.cmb3D(2).text(), "REG|HOOP");
   EXPECT_TRUE(s.chkPause(1).checked());

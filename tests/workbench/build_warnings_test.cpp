@@ -7,6 +7,7 @@
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
 #include "workbench/build_outlook.h"
+#include "workbench/design_commands.h"
 
 namespace torvane {
 namespace {
@@ -127,6 +128,100 @@ TEST_F(BuildWarningsTest, ARowWithoutAnAngleAndEmptyStopsAreNamed) {
       << "an empty stop is 0";
   s.chkWindingSchedule = "0";
   EXPECT_EQ(Fields(), std::vector<std::string>{"txtZ2(1)"}) << "layers that are not wound need no angle";
+}
+
+// A mandrel speed typed in one row takes every carriage speed from the angle: a hoop's comes to nothing.
+TEST_F(BuildWarningsTest, ATypedMandrelSpeed) {
+  TypeTube(station, 2, "45");
+  s.txtWA(2) = "90";
+  Name("tube.t2d");
+  ASSERT_EQ(Fields(), std::vector<std::string>{});
+  station.Type(s.txtMRPM(1), "20");
+  EXPECT_EQ(Fields(), (std::vector<std::string>{"txtMRPM(1)", "txtCarriageSpeed(2)"}));
+  EXPECT_NE(WhyOf("txtMRPM(1)").find("keeps the former one"), std::string::npos);
+  const std::string hoop = LayerOf("[BEGIN LAYER 2", "Winding_Process_Complete");
+  EXPECT_NE(hoop.find("G1 F0 Z28.00"), std::string::npos) << hoop;
+  EXPECT_NE(LayerOf("[BEGIN LAYER 1", "[BEGIN LAYER 2").find("M4 S20 "), std::string::npos);
+  Save("tube.t2d");
+  const std::string file = onStage.stage.files.ReadWhole("C:\\Torvane\\TV_Design_Files\\tube.t2d").value();
+  EXPECT_NE(file.find("<Mandrel_RPM>28.6;45.0<"), std::string::npos) << "the file keeps the former speed";
+  station.Type(s.txtMRPM(1), "0");
+  EXPECT_NE(WhyOf("txtMRPM(1)"), "") << "the mandrel would stand";
+  station.Run("btnReCalc", Event::Click);
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  s.mMaxRPM = 28.7;
+  EXPECT_FALSE(Warns("txtMRPM(1)"));
+  s.mMaxRPM = 28.5;
+  EXPECT_EQ(WhyOf("txtMRPM(1)"), "Its highest mandrel speed is 28.5 RPM.");
+}
+
+TEST_F(BuildWarningsTest, FiguresThatCannotBeWound) {
+  TypeTube(station, 1, "45");
+  Name("tube.t2d");
+  s.txtZ2(1) = "28";
+  EXPECT_EQ(Fields(), std::vector<std::string>{"txtZ2(1)"}) << "equal stops";
+  s.txtZ2(1) = "4";
+  s.txtWA(1) = "90";
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  s.txtWA(1) = "405";
+  EXPECT_TRUE(Warns("txtWA(1)"));
+  s.txtWA(1) = "45";
+  s.txtBandWidth(0) = "0.0005";
+  EXPECT_FALSE(Warns("txtBandWidth(0)"));
+  s.txtBandWidth(0) = "0.00049";
+  EXPECT_TRUE(Warns("txtBandWidth(0)"));
+  EXPECT_NE(Program().find("G4 L602 C [Dwell Home End"), std::string::npos) << "no angle behind the C";
+  s.txtBandWidth(0) = "abc";
+  EXPECT_EQ(WhyOf("txtBandWidth(0)"), "A figure of that line is missing.");
+  s.txtBandWidth(0) = "0.25";
+  s.txtAddRevs(1) = "two";
+  EXPECT_EQ(Fields(), std::vector<std::string>{"txtAddRevs(1)"});
+  s.txtAddRevs(1) = "0";
+  s.txtDiameterLeft = "4E9";
+  EXPECT_NE(BuildWarnings(station).front().what.find("passes"), std::string::npos);
+  EXPECT_NE(WhyOf("txtWA(1)").find("No program holds so many"), std::string::npos);
+  s.txtDiameterLeft = "4";
+  ASSERT_EQ(s.lblPassesToCover(1).text(), "36");
+  s.txtDiameterLeft = "1E308";
+  EXPECT_EQ(s.lblPassesToCover(1).text(), "36") << "they did not follow";
+  EXPECT_TRUE(Warns("lblPassesToCover(1)"));
+}
+
+TEST_F(BuildWarningsTest, FourAxisSpeedsOfTheMachine) {
+  TypeFlatTube(1);
+  Name("flat.t4d");
+  ChoosePattern(1);
+  ASSERT_EQ(Fields(), std::vector<std::string>{});
+  s.mMaxRPM = 1;
+  EXPECT_TRUE(Warns("lblRPM(1)"));
+  s.mMaxRPM = 90;
+  station.Choose(s.cmbRate, "");
+  EXPECT_EQ(Fields(), (std::vector<std::string>{"lblRPM(1)", "lblcSpeed(1)"}));
+}
+
+// The file of one layer has no semicolon: its reader takes the decimal comma for what parts the values.
+TEST(BuildWarningsWithAComma, OneLayerLosesItsDecimals) {
+  StationOnStage onStage(',');
+  Station& station = onStage.Started();
+  DesignState& s = station.s;
+  const auto warns = [&station](const Field& field) {
+    for (const BuildWarning& warning : BuildWarnings(station))
+      if (warning.field == &field) return warning.what + ". " + warning.why;
+    return std::string();
+  };
+  TypeTube(station, 1, "45,0");
+  s.txtBandWidth(0) = "0,25";
+  EXPECT_EQ(warns(s.txtNumberOfLayers(0)), "");
+  s.txtLeft(1) = "";
+  EXPECT_NE(warns(s.txtLeft(1)).find("open it again"), std::string::npos);
+  s.txtZ2(1) = "3,5";
+  EXPECT_NE(warns(s.txtNumberOfLayers(0)), "");
+  EXPECT_EQ(warns(s.txtLeft(1)).find("open it again"), std::string::npos) << "that would lose the half inch";
+  const std::string path = "C:\\Torvane\\TV_Design_Files\\komma.t2d";
+  ASSERT_TRUE(SaveDesign(station, path) && OpenDesign(station, path));
+  EXPECT_EQ(s.txtZ2(1).text(), "3,00");
+  TypeTube(station, 2, "45,5");
+  EXPECT_EQ(warns(s.txtNumberOfLayers(0)), "") << "two layers have their semicolon";
 }
 
 TEST_F(BuildWarningsTest, FourAxisRowsWithoutAPattern) {

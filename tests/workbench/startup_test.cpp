@@ -77,7 +77,7 @@ TEST(Startup, PutsStoredNumbersIntoTheComputersSign) {
   const DesignState& s = onStage.Started().s;
   EXPECT_EQ(s.gDHYtoMandrelCenter.text(), "4.4375");
   EXPECT_EQ(s.txtHGSpeed.text(), "1.5");
-  EXPECT_EQ(s.txtHGSpeedMM.text(), "381.0") << "the twin comes from the stored text";
+  EXPECT_EQ(s.txtHGSpeedMM.text(), "38.10") << "the twin follows its inch field";
   EXPECT_EQ(s.txtLimitSwitchApproachSpeed.text(), "1");
   EXPECT_EQ(s.txtAddPasses.text(), "");
   EXPECT_EQ(s.iMaxMandrelRPM, (std::array<double, 3>{27, 54, 81}));
