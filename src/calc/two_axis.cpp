@@ -18,8 +18,8 @@ int SpeedClass(const DesignState& s, int row) {
 void SpeedsFromAngle(DesignState& s, int i) {
   const Number windingAngle = number(s.txtWA(i));
   if (!windingAngle.good()) return;
-  Number mandrelRPM = Number::Failure();
-  Number carriageSpeed = Number::Failure();
+  Number mandrelRPM = 0;
+  Number carriageSpeed = 0;
   CalculateSpeedsForAngle(s, mandrelRPM, carriageSpeed, windingAngle.value(), SpeedClass(s, i));
   s.txtMRPM(i) = mandrelRPM.as("##0.0"_mask);
   s.txtCarriageSpeed(i) = carriageSpeed.as("#0.00"_mask);

@@ -76,8 +76,11 @@ void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, N
   const bool right = end == End::Right;
   session.gMoveZ = g.wrapZ;
   session.gMoveY = g.wrapY;
-  const Number zSpan = s.IsHemi() ? g.beyond * (2.0 / 3) : g.beyond;
-  const Number slope = Atn(number(s.txtDia(0)) / 2 / zSpan) * (180 / kPi);
+  Kept zSpan;
+  zSpan = s.IsHemi() ? g.beyond * (2.0 / 3) : g.beyond;
+  // A wrap position at the end of the traverse has no slope: the head turns square to the part.
+  Kept slope;
+  slope = Atn(number(s.txtDia(0)) / 2 / zSpan) * (180 / kPi);
   const Number rotation = TurnHead(session, right ? slope - 90 : 90 - slope);
   session.ellipseAngle = Degrees(s, s.cmbPhiW(n)) - Degrees(s, s.cmbPhiSplit(n));
   const WrapSpeeds& speeds = SpeedsOf(s);
@@ -129,7 +132,8 @@ void WriteWithdrawal(GCodeSession& session, End end, const EndGeometry& g, Numbe
   const WrapSpeeds& speeds = SpeedsOf(s);
   session.gWrapRPM = s.gIsNEMA34 ? speeds.withdrawalLarge : speeds.withdrawal;
   session.gMoveZ = g.traverseEnd;
-  const Number zSpan = Abs(session.gMoveZ - g.wrapZ);
+  Kept zSpan;
+  zSpan = Abs(session.gMoveZ - g.wrapZ);
 
   const Number seconds = SecondsOf(split, session.gWrapRPM) - Delay(s);
   Kept f(1.0);

@@ -44,8 +44,10 @@ void WriteHoopLayer(GCodeSession& session, int n) {
   const bool angles = s.optType(2).checked();
   const bool hemi = s.optType(1).checked();
   if (n != 1 && s.gPauseBeforeHoop.text() == "Y") dialect::WaitForButton(p, "PAUSE BEFORE HOOP WINDING");
-  const Number rightZ = number(s.txtZ4(hemi ? 2 : 3));
-  const Number leftZ = number(s.txtZ4(hemi ? 1 : 0));
+  Kept rightZ;
+  Kept leftZ;
+  rightZ = number(s.txtZ4(hemi ? 2 : 3));
+  leftZ = number(s.txtZ4(hemi ? 1 : 0));
   if (!angles) {
     session.gMoveY = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
     if (!s.chkPreWrap1.checked() && n != 1) WriteMoveToHoop(session, rightZ);
@@ -53,7 +55,7 @@ void WriteHoopLayer(GCodeSession& session, int n) {
 
   const Number bandWidth = InUnits(s, number(s.txtBandWidth(1)), false);
   Kept mandrelAngle;
-  mandrelAngle = (Int(Abs(rightZ - leftZ) / bandWidth) + 1) * 360;
+  mandrelAngle = (Int(Abs(Number(rightZ) - Number(leftZ)) / bandWidth) + 1) * 360;
   s.gWindAngle = HoopLeadAngle(s, bandWidth);
   const Number headAngle = HoopHeadAngle(s.gWindAngle);
 
@@ -64,12 +66,12 @@ void WriteHoopLayer(GCodeSession& session, int n) {
   move.c = mandrelAngle.value();
 
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
-  move.z = leftZ.valueOr0();
+  move.z = leftZ.value();
   move.b = headAngle.valueOr0();
   move.a = session.gMandrelAngle.value();
   dialect::MoveAxes(p, move, "MOVE LEFT END");
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
-  move.z = rightZ.valueOr0();
+  move.z = rightZ.value();
   move.b = -headAngle.valueOr0();
   move.a = session.gMandrelAngle.value();
   dialect::MoveAxes(p, move, "MOVE BACK RIGHT END");

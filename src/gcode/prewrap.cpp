@@ -46,7 +46,8 @@ Number DHandMandrelStartingPosition(GCodeSession& session, int layer) {
   session.gMoveZ = s.IsNoWrap() ? rightEnd : number(s.txtZ4(2)) + leadIn;
   const Number farthest = rightEnd + 0.5 * number(s.lblLengthTotal);
   if (holds(farthest < session.gMoveZ)) session.gMoveZ = farthest;
-  const Number excess = session.gMoveZ - rightEnd;
+  Kept excess;
+  excess = session.gMoveZ - rightEnd;
   session.gMandrelStartAngle = s.IsNoWrap() || s.cmb3D(1).text() == "HOOP"
                                    ? Number(0)
                                    : -360 * (excess * tangent) / (number(s.txtDia(0)) * kPi);
@@ -62,7 +63,8 @@ Number StartHeadAngle(const DesignState& s) {
 
 void WriteFourAxisStart(GCodeSession& session, int mark, int layer) {
   DesignState& s = session.s;
-  Number z = number(s.txtZ4(s.IsNoWrap() ? 3 : 2));
+  Kept z;
+  z = number(s.txtZ4(s.IsNoWrap() ? 3 : 2));
   if (s.chkPreWrap2.checked() && mark == 1)
     z = number(s.txtZ4(2));
   else if (layer != 0)
@@ -72,7 +74,8 @@ void WriteFourAxisStart(GCodeSession& session, int mark, int layer) {
   if (!s.IsNoWrap() && BeginsWithHoop(s) && layer < 2)
     z = s.IsHemi() ? number(s.txtZ4(2)) : number(s.txtZ4(3)) + BandWidth(s, 1) / 2;
   dialect::MoveToStart(session.program, {FormatForUnits(s, number(s.txtLimitSwitchApproachSpeed), false),
-                                         z.as(dialect::kFourAxisMask), Number(session.gMoveY).plain(),
+                                         Number(z).as(dialect::kFourAxisMask),
+                                         Number(session.gMoveY).plain(),
                                          FormatForUnits(s, 1.0, false), session.gMoveB,
                                          s.IsNoWrap() ? 20 : 10, !s.IsNoWrap()});
 }

@@ -58,6 +58,13 @@ TEST_F(TwoAxis, AStepWithoutItsNumberLeavesTheRest) {
   EXPECT_EQ(s.lblMinutesToCover(1).text(), "7.0");
 }
 
+TEST_F(TwoAxis, AHoopWithoutABandStandsStill) {
+  TypeTube(station, 1, "90");
+  ASSERT_EQ(s.txtCarriageSpeed(1).text(), "0.19");
+  s.txtBandWidth(0) = "wide";
+  EXPECT_EQ(s.txtMRPM(1).text() + "|" + s.txtCarriageSpeed(1).text(), "45.0|0.00");
+}
+
 TEST_F(TwoAxis, ARowWithoutAnAngleIsNoLayerYet) {
   TypeTube(station, 3, "45");
   s.txtWA(2) = "";

@@ -120,6 +120,16 @@ TEST_F(Wrapped, AnEllipseOnNoDiameterTakesAQuarterTurn) {
   EXPECT_NE(Text().find(" R2.80 B-90.00 "), std::string::npos) << Text();
 }
 
+// Wrapped where the traverse ends, the head still turns square to the part and back by 150 degrees.
+TEST_F(Wrapped, AWrapAtTheEndOfTheTraverseTurnsTheHead) {
+  s.txtZ4(2) = "4";
+  s.txtAdjust(5) = "4";
+  session.gMoveB = -45;
+  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  EXPECT_TRUE(Text().starts_with("G3 K40.00 F0.00 Z4.00 E1.68 Y2.00 R2.80 B-90.00 ")) << Text();
+  EXPECT_NE(Text().find(" Y3.00 R16.00 B60.00 "), std::string::npos) << Text();
+}
+
 TEST_F(Wrapped, ShiftIsTurnedInTheSameTime) {
   session.gMandrelAngle = 1000;
   WriteEndWrap(session, 1, End::Right, 180, Number(7.5));
@@ -184,6 +194,15 @@ TEST_F(Wrapped, StartPositionStaysWithinHalfAPart) {
   s.cmbPattern(1) = "5 | 3 x 17 | 180\xB0";
   WriteStartPosition(session, 0, 1);
   EXPECT_NE(Text().find("Z16.00"), std::string::npos) << Text();
+}
+
+// A hoop first and no band: the start keeps the Z it had.
+TEST_F(Wrapped, StartPositionOfAHoopWithoutABandIsWritten) {
+  s.txtZ4(2) = "5";
+  s.cmbPattern(1) = "HOOP";
+  s.txtBandWidth(1) = "";
+  WriteStartPosition(session, 1, 0);
+  EXPECT_NE(Text().find(" Z5.00 Y3 "), std::string::npos) << Text();
 }
 
 TEST_F(Wrapped, StartPositionWithoutAPatternIsTheInnerEnd) {
