@@ -108,6 +108,7 @@ void Script::Watch() {
   };
   stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
     out_ << "box " << OneLine(box.title) << ": " << OneLine(box.text) << "\n";
+    if (!box.detail.empty()) out_ << "  " << WithoutHome(OneLine(box.detail)) << "\n";
   };
   stage.fileDialog.observer = [this](const StagedFileDialog::Request& request) {
     out_ << "dialog " << (request.save ? "save " : "open ") << OneLine(request.filter) << "\n";

@@ -1,8 +1,5 @@
 #include "executor/request.h"
 
-#include <algorithm>
-#include <filesystem>
-
 #include "executor/number.h"
 #include "host/code_page.h"
 #include "host/paths.h"
@@ -23,15 +20,7 @@ Request ReadRequest(const std::vector<std::string>& words) {
 }
 
 Result<std::string> PathOf(const std::string& asTyped) {
-  if (asTyped.empty() || asTyped[0] != '\\') {
-    // Of a path with blanks the launcher has turned the first word alone: the rest has the station's
-    // backslashes.
-    std::string turned = asTyped;
-    std::replace(turned.begin(), turned.end(), '\\', '/');
-    std::error_code error;
-    const bool asItIs = std::filesystem::exists(SystemPath(asTyped), error);
-    return !asItIs && std::filesystem::exists(SystemPath(turned), error) ? turned : asTyped;
-  }
+  if (asTyped.empty() || asTyped[0] != '\\') return asTyped;
   const auto station = FromUtf8(asTyped);
   return station ? HostPath(station.value()) : Result<std::string>(Refusal{station.reason()});
 }

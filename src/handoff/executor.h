@@ -2,7 +2,7 @@
 #pragma once
 
 #include <span>
-#include <string>
+#include <string_view>
 
 #include "workbench/station.h"
 
@@ -15,8 +15,7 @@ std::span<const Operation> TraceOperations();
 bool DrivesMachine(const Field& field);
 
 // Starts the executor with an argument in the station's folder; an empty one starts it without a program.
-// False if it could not be started or ended at once.
-bool StartExecutor(Station& station, const std::string& argument);
+Outcome StartExecutor(Station& station, std::string_view argument);
 
 // False, with the settings dialog open, until the operator has confirmed the carriage offset: the wording of
 // manual operation and of the trace.

@@ -14,16 +14,18 @@ namespace torvane {
 namespace {
 
 constexpr std::string_view kExecutor = "Torvane_Executor.exe";
+constexpr std::string_view kViewer = "Notepad2.exe";
 constexpr double kLeastAngle = 25.0;  // degrees; below it the band slips on a two-axis machine
 
-void ShowError(Station& station, std::string_view text) {
-  station.platform.messageBox.Show("Error", text, BoxIcon::Stop);
+// `reason` says what the computer had against it.
+void ShowError(Station& station, std::string_view text, std::string_view reason = {}) {
+  station.platform.messageBox.Show("Error", text, BoxIcon::Stop, reason);
 }
 
-bool Start(Station& station, const std::string& commandLine) {
+Outcome Start(Station& station, std::string_view program, std::string_view arguments) {
   Files& files = station.platform.files;
   files.MakeProgramFolderCurrent();
-  return bool(station.platform.launcher.Start(commandLine, files.CurrentFolder()));
+  return station.platform.launcher.Start(program, arguments, files.CurrentFolder());
 }
 
 // False, with the settings dialog open, until the operator has confirmed the carriage offset. Where the
@@ -71,33 +73,36 @@ void imgBUILD_Click(Station& station, int) {
   const Written written = WriteProgram(station);
   if (written == Written::Cancelled) return;
   if (written == Written::No) return ShowError(station, failed);
-  if (!StartExecutor(station, ProgramPath(station))) ShowError(station, failed);
+  const Outcome started = StartExecutor(station, ProgramPath(station));
+  if (!started) ShowError(station, failed, started.reason());
 }
 
 void Command2_Click(Station& station, int) {
+  const std::string_view failed =
+      "Can't Locate NotePad2.exe to display Torvane G-Code file,\r\n"
+      "or Can't Find Torvane G-Code file.";
   const Written written = WriteProgram(station);
   if (written == Written::Cancelled) return;
-  if (written == Written::Whole) {
-    station.platform.files.MakeProgramFolderCurrent();
-    if (Start(station, "Notepad2.exe " + ProgramPath(station))) return;
-  }
-  ShowError(station,
-            "Can't Locate NotePad2.exe to display Torvane G-Code file,\r\n"
-            "or Can't Find Torvane G-Code file.");
+  if (written != Written::Whole) return ShowError(station, failed);
+  station.platform.files.MakeProgramFolderCurrent();
+  const Outcome shown = Start(station, kViewer, ProgramPath(station));
+  if (!shown) ShowError(station, failed, shown.reason());
 }
 
 void mnuViewDesignFile_Click(Station& station, int) {
   station.platform.files.MakeProgramFolderCurrent();
-  if (Start(station, station.platform.files.CurrentFolder() + "\\Notepad2.exe " + station.s.gFilePath.text()))
-    return;
-  ShowError(station,
-            "Can't Locate NotePad2.exe to display Torvane Design file\r\n"
-            "or Can't locate Torvane Design file");
+  const Outcome shown = Start(station, station.platform.files.CurrentFolder() + "\\" + std::string(kViewer),
+                              station.s.gFilePath.text());
+  if (!shown)
+    ShowError(station,
+              "Can't Locate NotePad2.exe to display Torvane Design file\r\n"
+              "or Can't locate Torvane Design file",
+              shown.reason());
 }
 
 void ShowFolder(Station& station, const std::string& folder) {
   const Platform& platform = station.platform;
-  platform.launcher.Start(platform.launcher.EnvironmentVariable("windir") + "\\Explorer.exe " + folder,
+  platform.launcher.Start(platform.launcher.EnvironmentVariable("windir") + "\\Explorer.exe", folder,
                           platform.files.ProgramFolder());
 }
 
@@ -144,8 +149,8 @@ WholeStation::WholeStation(const Platform& computer) : Station(computer) {
   Add(JogOperations());
 }
 
-bool StartExecutor(Station& station, const std::string& argument) {
-  return Start(station, std::string(kExecutor) + (argument.empty() ? "" : " ") + argument);
+Outcome StartExecutor(Station& station, std::string_view argument) {
+  return Start(station, kExecutor, argument);
 }
 
 bool OffsetIsConfirmedForManual(Station& station) {

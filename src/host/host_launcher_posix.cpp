@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -77,41 +76,33 @@ std::optional<Command> Opener(std::string_view shown) {
   return Command{*program, {program->string(), std::string(shown)}};
 }
 
+// Words between single blanks, so that joined by one blank they are the text again. A path of the station is
+// one of the computer, whatever blanks it holds.
 Result<Command> WithArguments(const fs::path& program, std::string_view arguments) {
   Command command{program, {program.string()}};
-  for (std::string_view rest = Bare(arguments); !rest.empty();) {
-    const auto end = rest.find(' ');
-    const std::string_view word = rest.substr(0, end);
-    const auto text = word[0] == '\\' ? HostPath(word) : Result<std::string>(ToUtf8(word));
-    if (!text || text.value().find('\0') != std::string::npos) {
-      return Refusal{"The command line holds a NUL character."};
-    }
-    command.words.push_back(text.value());
-    rest = end == std::string_view::npos ? std::string_view() : Bare(rest.substr(end));
+  if (arguments.empty()) return command;
+  const auto text = arguments[0] == '\\' ? HostPath(arguments) : Result<std::string>(ToUtf8(arguments));
+  if (!text || text.value().find('\0') != std::string::npos)
+    return Refusal{"The command line holds a NUL character."};
+  std::string_view rest = text.value();
+  for (auto end = rest.find(' '); end != std::string_view::npos; end = rest.find(' ')) {
+    command.words.emplace_back(rest.substr(0, end));
+    rest.remove_prefix(end + 1);
   }
+  command.words.emplace_back(rest);
   return command;
 }
 
-// A program told with a path is the shortest run of words that names one, for the station's folder may have
-// a blank in it and command lines come without quotes.
-Result<Command> Resolved(std::string_view line, const fs::path& folder) {
-  line = Bare(line);
-  if (line.empty()) return Refusal{"There is no program to start."};
-  const bool mayHoldBlanks = HoldsSeparator(line.substr(0, line.find(' ')));
-  std::optional<Refusal> refusal;
-  for (auto end = line.find(' ');; end = line.find(' ', end + 1)) {
-    const std::string_view name = line.substr(0, end);
-    const std::string_view rest = Bare(line.substr(name.size()));
-    const auto program = FindProgram(name, folder);
-    if (program) return WithArguments(program.value(), rest);
-    if (!refusal) refusal = Refusal{program.reason()};
-    if (IsViewer(name) && !rest.empty()) {
-      const auto shown = HostPath(rest);
-      const auto opener = shown ? Opener(shown.value()) : std::nullopt;
-      if (opener) return *opener;
-    }
-    if (end == std::string_view::npos || !mayHoldBlanks) return *refusal;
+Result<Command> Resolved(std::string_view name, std::string_view arguments, const fs::path& folder) {
+  if (name.empty()) return Refusal{"There is no program to start."};
+  const auto program = FindProgram(name, folder);
+  if (program) return WithArguments(program.value(), arguments);
+  if (IsViewer(name) && !arguments.empty()) {
+    const auto shown = HostPath(arguments);
+    const auto opener = shown ? Opener(shown.value()) : std::nullopt;
+    if (opener) return *opener;
   }
+  return Refusal{program.reason()};
 }
 
 [[noreturn]] void BecomeProgram(const char* program, char* const* words, const char* folder, int report) {
@@ -133,25 +124,9 @@ Result<Command> Resolved(std::string_view line, const fs::path& folder) {
   _exit(127);
 }
 
-// Waits out a program's first moments. 0, or what a program that ended in them with a failure comes to: its
-// exit status or, from kSignal on, the signal that ended it. Only calls that are safe behind a fork.
-constexpr int kSignal = 1000;
-int FailureInFirstMoments(pid_t program) {
-  constexpr int kLooks = 50;
-  constexpr int kBetweenLooks = 5;  // milliseconds
-  for (int look = 0; look < kLooks; ++look) {
-    int status = 0;
-    if (waitpid(program, &status, WNOHANG) == program)
-      return WIFSIGNALED(status) ? kSignal + WTERMSIG(status) : WIFEXITED(status) ? WEXITSTATUS(status) : 0;
-    poll(nullptr, 0, kBetweenLooks);
-  }
-  return 0;
-}
-
-// 0, the system's error number, or less than 0: the negative of a failure in the program's first moments,
-// where these are watched. The program is a grandchild, so that nobody here has to wait for its end; the pipe
-// closes of itself when it runs.
-int Spawn(const Command& command, const char* folder, bool watched) {
+// 0, or the system's error number. The program is a grandchild, so that nobody here has to wait for its end;
+// the pipe closes of itself when it runs.
+int Spawn(const Command& command, const char* folder) {
   std::array<int, 2> report{};
   if (pipe2(report.data(), O_CLOEXEC) != 0) return errno;
   // All memory is taken before the fork: another thread may have the allocator locked during it.
@@ -163,8 +138,7 @@ int Spawn(const Command& command, const char* folder, bool watched) {
   if (child == 0) {
     const pid_t grandchild = fork();
     if (grandchild == 0) BecomeProgram(command.program.c_str(), words.data(), folder, report[1]);
-    const int error = grandchild < 0 ? errno : watched ? -FailureInFirstMoments(grandchild) : 0;
-    // A program that never ran has told its own error first.
+    const int error = grandchild < 0 ? errno : 0;
     if (error != 0 && write(report[1], &error, sizeof error) < 0) _exit(126);
     _exit(0);
   }
@@ -185,7 +159,7 @@ int Spawn(const Command& command, const char* folder, bool watched) {
 
 }  // namespace
 
-Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folder) {
+Outcome HostLauncher::Start(std::string_view program, std::string_view arguments, std::string_view folder) {
   const auto hostFolder = HostPath(folder.empty() ? "\\" : folder);
   if (!hostFolder) return Refusal{hostFolder.reason()};
   std::error_code error;
@@ -193,22 +167,19 @@ Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folde
     return Refusal{std::string(folder) + ": " +
                    ReasonOf(std::make_error_code(std::errc::no_such_file_or_directory))};
   }
-  const auto command = Resolved(commandLine, SystemPath(hostFolder.value()));
+  const auto command = Resolved(program, arguments, SystemPath(hostFolder.value()));
   if (!command) return Refusal{command.reason()};
-  if (const int failed = Spawn(command.value(), hostFolder.value().c_str(), true)) {
+  if (const int failed = Spawn(command.value(), hostFolder.value().c_str())) {
     const auto name = StationPath(HostText(command.value().program));
-    return Refusal{(name ? name.value() : std::string(commandLine)) + ": " +
-                   (failed > 0 ? ReasonOf({failed, std::generic_category()})
-                    : -failed >= kSignal
-                        ? "It ended at once by signal " + std::to_string(-failed - kSignal) + "."
-                        : "It ended at once with status " + std::to_string(-failed) + ".")};
+    return Refusal{(name ? name.value() : std::string(program)) + ": " +
+                   ReasonOf({failed, std::generic_category()})};
   }
   return Done{};
 }
 
 void HostLauncher::OpenLink(std::string_view url) {
   if (!IsWebAddress(url)) return;
-  if (const auto opener = Opener(ToUtf8(url))) Spawn(*opener, nullptr, false);
+  if (const auto opener = Opener(ToUtf8(url))) Spawn(*opener, nullptr);
 }
 
 std::string HostLauncher::EnvironmentVariable(std::string_view name) const {

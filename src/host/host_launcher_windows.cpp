@@ -15,9 +15,10 @@ namespace torvane {
 
 namespace {
 
+bool HoldsSeparator(const std::wstring& name) { return name.find_first_of(L"\\/:") != std::wstring::npos; }
+
 // The program in `folder` for a name without a path; empty where there is none, for the system to search.
 std::wstring InFolder(const std::wstring& name, const std::wstring& folder) {
-  if (name.find_first_of(L"\\/:\"") != std::wstring::npos) return {};
   std::wstring found(32768, L'\0');
   const DWORD length = SearchPathW(folder.c_str(), name.c_str(), L".exe", static_cast<DWORD>(found.size()),
                                    found.data(), nullptr);
@@ -27,35 +28,30 @@ std::wstring InFolder(const std::wstring& name, const std::wstring& folder) {
 
 }  // namespace
 
-Outcome HostLauncher::Start(std::string_view commandLine, std::string_view folder) {
-  const std::string_view trimmed = Bare(commandLine);
-  const std::string name(trimmed.substr(0, trimmed.find(' ')));
-  if (name.empty()) return Refusal{"There is no program to start."};
-  if (commandLine.find('\0') != std::string_view::npos || folder.find('\0') != std::string_view::npos) {
+Outcome HostLauncher::Start(std::string_view program, std::string_view arguments, std::string_view folder) {
+  if (program.empty()) return Refusal{"There is no program to start."};
+  std::wstring line = Wide(ToUtf8(CommandLine(program, arguments)));
+  if (line.find(L'\0') != std::wstring::npos || folder.find('\0') != std::string_view::npos) {
     return Refusal{"The command line holds a NUL character."};
   }
-  std::wstring line = Wide(ToUtf8(trimmed));
   // The root of a drive needs the backslash that a folder's text goes without.
   const std::wstring current = Wide(ToUtf8(folder)) + L"\\";
-  const std::wstring program = InFolder(Wide(ToUtf8(name)), current);
+  // Told apart from the line: a blank in its folder's name must not make a shorter name the program.
+  const std::wstring name = Wide(ToUtf8(program));
+  const std::wstring found = HoldsSeparator(name) ? name : InFolder(name, current);
 
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESHOWWINDOW;
   start.wShowWindow = SW_SHOWNORMAL;
   PROCESS_INFORMATION started{};
-  if (!CreateProcessW(program.empty() ? nullptr : program.c_str(), line.data(), nullptr, nullptr, FALSE, 0,
+  if (!CreateProcessW(found.empty() ? nullptr : found.c_str(), line.data(), nullptr, nullptr, FALSE, 0,
                       nullptr, current.c_str(), &start, &started)) {
     const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
-    return Refusal{name + ": " + ReasonOf(error)};
+    return Refusal{std::string(program) + ": " + ReasonOf(error)};
   }
-  constexpr DWORD kFirstMoments = 250;  // milliseconds
-  DWORD status = 0;
-  const bool failed = WaitForSingleObject(started.hProcess, kFirstMoments) == WAIT_OBJECT_0 &&
-                      GetExitCodeProcess(started.hProcess, &status) && status != 0;
   CloseHandle(started.hThread);
   CloseHandle(started.hProcess);
-  if (failed) return Refusal{name + ": It ended at once with status " + std::to_string(status) + "."};
   return Done{};
 }
 

@@ -32,7 +32,9 @@ enum class BoxIcon { None, Stop, Information };
 class MessageBox {
  public:
   virtual ~MessageBox() = default;
-  virtual void Show(std::string_view title, std::string_view text, BoxIcon icon) = 0;
+  // `detail` stands below the text: what the computer says of it. Empty for none.
+  virtual void Show(std::string_view title, std::string_view text, BoxIcon icon,
+                    std::string_view detail = {}) = 0;
 };
 
 // Asks for a file. `filter` is a row of caption and pattern, each ended by "|". Nothing if cancelled.

@@ -4,9 +4,9 @@
 
 namespace torvane {
 
-Outcome StagedLauncher::Start(std::string_view commandLine, std::string_view folder) {
+Outcome StagedLauncher::Start(std::string_view program, std::string_view arguments, std::string_view folder) {
   const auto failure = std::exchange(failure_, std::nullopt);
-  const Started started{std::string(commandLine), std::string(folder), failure.has_value()};
+  const Started started{CommandLine(program, arguments), std::string(folder), failure.has_value()};
   starts.push_back(started);
   if (startObserver) startObserver(started);
   if (failure) return Refusal{*failure};

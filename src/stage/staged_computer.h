@@ -38,7 +38,7 @@ class StagedLauncher : public Launcher {
     bool failed = false;
   };
 
-  Outcome Start(std::string_view commandLine, std::string_view folder) override;
+  Outcome Start(std::string_view program, std::string_view arguments, std::string_view folder) override;
   void OpenLink(std::string_view url) override;
   std::string EnvironmentVariable(std::string_view name) const override;
 

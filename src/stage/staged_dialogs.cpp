@@ -15,8 +15,9 @@ bool StagedMessageDialog::Ask(const Message& message) {
   return answer.yes && !message.okOnly;
 }
 
-void StagedMessageBox::Show(std::string_view title, std::string_view text, BoxIcon icon) {
-  shown.push_back({std::string(title), std::string(text), icon});
+void StagedMessageBox::Show(std::string_view title, std::string_view text, BoxIcon icon,
+                            std::string_view detail) {
+  shown.push_back({std::string(title), std::string(text), icon, std::string(detail)});
   if (observer) observer(Box(shown.back()));
 }
 

@@ -33,9 +33,10 @@ class StagedMessageBox : public MessageBox {
   struct Box {
     std::string title, text;
     BoxIcon icon = BoxIcon::None;
+    std::string detail;
   };
 
-  void Show(std::string_view title, std::string_view text, BoxIcon icon) override;
+  void Show(std::string_view title, std::string_view text, BoxIcon icon, std::string_view detail) override;
 
   std::vector<Box> shown;
   std::function<void(const Box&)> observer;

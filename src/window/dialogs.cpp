@@ -150,8 +150,10 @@ bool QtMessageDialog::Ask(const Message& message) {
   return window.exec() == QDialog::Accepted;
 }
 
-void QtMessageBox::Show(std::string_view title, std::string_view text, BoxIcon icon) {
+void QtMessageBox::Show(std::string_view title, std::string_view text, BoxIcon icon,
+                        std::string_view detail) {
   MessageView view{Shown(title), Shown(text)};
+  if (!detail.empty()) view.text += QStringLiteral("\n\n") + Shown(detail);
   if (icon == BoxIcon::Stop) view.icon = Icon::Warning, view.ink = Token::Fault;
   if (icon == BoxIcon::None) view.icon = Icon::Warning, view.ink = Token::Note;
   MessageWindow(theme_, view, {}, QApplication::activeWindow()).exec();

@@ -149,9 +149,13 @@ TEST_F(LaunchTest, ViewersGetTheFileOrItsFolder) {
   EXPECT_EQ(Started(), "C:\\Windows\\Explorer.exe C:\\Torvane\\TV_G-Code_Files\\");
   station.Run("mnuLaunchExecutor", Event::Click);
   EXPECT_EQ(Started(), "Torvane_Executor.exe");
-  onStage.stage.launcher.FailNext("missing");
-  station.Run("mnuViewDesignFile", Event::Click);
-  EXPECT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  for (const char* control : {"mnuViewDesignFile", "Command2", "imgBUILD"}) {
+    onStage.stage.launcher.FailNext("missing");
+    onStage.stage.messageBox.shown.clear();
+    station.Run(control, Event::Click);
+    ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U) << control;
+    EXPECT_EQ(onStage.stage.messageBox.shown[0].detail, "missing") << "the computer's own reason";
+  }
 }
 
 }  // namespace

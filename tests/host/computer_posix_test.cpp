@@ -4,11 +4,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
 
+#include "host/command_line.h"
 #include "host/default_store.h"
 #include "host/host_clock.h"
 #include "host/host_launcher.h"
@@ -82,17 +84,36 @@ TEST_F(HostLauncherTest, ProgramsAreFoundAndGetTheirWords) {
   Install(tools / "elsewhere");
   const std::string home = Text(station);
 
-  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe TRACE", home));
+  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe", "TRACE", home));
   EXPECT_EQ(Told(), "TRACE\n" + end);
-  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe ", home));
+  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe", "", home));
   EXPECT_EQ(Told(), end);
-  // The path of a program goes bare: a blank in it makes it two words.
-  EXPECT_TRUE(launcher.Start("Torvane_Executor.exe  " + home + "\\G\\M\xFCll.T2G", home));
-  EXPECT_EQ(Told(), root.string() + "/my\nstation\\G\\Müll.T2G\n" + end);
-  EXPECT_TRUE(launcher.Start("elsewhere $HOME 'a b' * ;", home));
+  EXPECT_TRUE(launcher.Start("elsewhere", "$HOME 'a b' * ;", home));
   EXPECT_EQ(Told(), "$HOME\n'a\nb'\n*\n;\n" + end);
-  EXPECT_TRUE(launcher.Start(home + "\\Torvane_Executor.exe x y", home));
+  EXPECT_TRUE(launcher.Start(home + "\\Torvane_Executor.exe", "x y", home));
   EXPECT_EQ(Told(), "x\ny\n" + end);
+  // A program beside the station whose name its folder begins with is not meant.
+  Install(root / "my");
+  EXPECT_FALSE(launcher.Start(home + "\\missing.exe", "x", home));
+  EXPECT_FALSE(launcher.Start(Text(root) + "\\my station\\gone\\Notepad2.exe", "", home));
+  EXPECT_FALSE(std::filesystem::exists(report));
+}
+
+// The path of a program goes bare: each blank in it begins a word, and the words joined by one blank are the
+// path again.
+TEST_F(HostLauncherTest, WordsJoinedByABlankAreThePathAgain) {
+  Install(station / "Torvane_Executor.exe");
+  const std::string home = Text(station);
+  for (const std::string name :
+       {"M\xFCll.T2G", "two  blanks.T2G", " first.T2G", "x --check y.T2G", "x -h y.T2G", "last ", "  "}) {
+    EXPECT_TRUE(launcher.Start("Torvane_Executor.exe", home + "\\G\\" + name, home)) << name;
+    std::string told = Told();
+    ASSERT_TRUE(told.ends_with("\n" + end)) << told;
+    told.resize(told.size() - end.size() - 1);
+    std::replace(told.begin(), told.end(), '\n', ' ');
+    const std::string utf8 = name[0] == 'M' ? "Müll.T2G" : name;
+    EXPECT_EQ(told, root.string() + "/my station/G/" + utf8);
+  }
 }
 
 TEST_F(HostLauncherTest, ProgramsThatCannotRunAreRefusedWithTheirName) {
@@ -101,28 +122,28 @@ TEST_F(HostLauncherTest, ProgramsThatCannotRunAreRefusedWithTheirName) {
   chmod((station / "broken.exe").c_str(), 0755);
   std::filesystem::create_directory(station / "folder.exe");
   for (const std::string program : {"missing.exe", "plain.exe", "broken.exe", "folder.exe", "sub\\x.exe"}) {
-    const Outcome outcome = launcher.Start(program + " TRACE", Text(station));
+    const Outcome outcome = launcher.Start(program, "TRACE", Text(station));
     ASSERT_FALSE(outcome) << program;
     EXPECT_NE(outcome.reason().find(program), std::string::npos) << outcome.reason();
   }
-  EXPECT_FALSE(launcher.Start("  ", Text(station)));
-  EXPECT_FALSE(launcher.Start("missing.exe", Text(root / "gone")));
-  EXPECT_FALSE(launcher.Start("Notepad2.exe \\a.T2G", Text(station)));  // with no opener either
+  EXPECT_FALSE(launcher.Start("", "", Text(station)));
+  EXPECT_FALSE(launcher.Start("missing.exe", "", Text(root / "gone")));
+  EXPECT_FALSE(launcher.Start("Notepad2.exe", "\\a.T2G", Text(station)));  // with no opener either
 }
 
 TEST_F(HostLauncherTest, TheDesktopsOpenerStandsInForViewersAndOpensLinks) {
   Install(tools / "xdg-open");
   const std::string home = Text(station);
-  EXPECT_TRUE(launcher.Start("Notepad2.exe " + home + "\\a  b.T2G", home));
+  EXPECT_TRUE(launcher.Start("Notepad2.exe", home + "\\a  b.T2G", home));
   EXPECT_EQ(Told(), station.string() + "/a  b.T2G\n" + end);
-  EXPECT_TRUE(launcher.Start("\\EXPLORER.EXE " + home + "\\", home));
+  EXPECT_TRUE(launcher.Start("\\EXPLORER.EXE", home + "\\", home));
   EXPECT_EQ(Told(), station.string() + "/\n" + end);
-  EXPECT_TRUE(launcher.Start(home + "\\Notepad2.exe " + home + "\\a.t2d", home));
+  EXPECT_TRUE(launcher.Start(home + "\\Notepad2.exe", home + "\\a.t2d", home));
   EXPECT_EQ(Told(), station.string() + "/a.t2d\n" + end);
-  EXPECT_FALSE(launcher.Start("Other.exe \\a.T2G", home));
+  EXPECT_FALSE(launcher.Start("Other.exe", "\\a.T2G", home));
 
   Install(station / "Notepad2.exe");  // a real one is better
-  EXPECT_TRUE(launcher.Start("Notepad2.exe \\a b.T2G", home));
+  EXPECT_TRUE(launcher.Start("Notepad2.exe", "\\a b.T2G", home));
   EXPECT_EQ(Told(), "/a\nb.T2G\n" + end);
 
   launcher.OpenLink("HTTPS://example.org/?a=1&b='$(x)'");
@@ -135,10 +156,23 @@ TEST_F(HostLauncherTest, TheDesktopsOpenerStandsInForViewersAndOpensLinks) {
 
 TEST_F(HostLauncherTest, NothingWaitsForTheProgramAndNoneIsLeftBehind) {
   const auto before = std::chrono::steady_clock::now();
-  EXPECT_TRUE(launcher.Start("\\bin\\sleep 3", Text(station)));
+  EXPECT_TRUE(launcher.Start("\\bin\\sleep", "3", Text(station)));
   EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);  // no child, neither running nor ended
   EXPECT_EQ(errno, ECHILD);
+  // What a program comes to that could be started is its own affair, however soon.
+  EXPECT_TRUE(launcher.Start("\\bin\\false", "", Text(station)));
+}
+
+TEST(CommandLine, APathIsAllThatStandsBehindTheProgramsName) {
+  const auto pathOf = [](std::vector<const char*> words) {
+    return PathArgument(static_cast<int>(words.size()), const_cast<char**>(words.data())).value_or("none");
+  };
+  EXPECT_EQ(pathOf({"ours", "/home/x", "--check", "y.T2G"}), "/home/x --check y.T2G");
+  EXPECT_EQ(pathOf({"ours", "/home/x", "", "-h", ""}), "/home/x  -h ");
+  EXPECT_EQ(pathOf({"ours", "--check", "/home/x.T2G"}), "none");
+  EXPECT_EQ(pathOf({"ours", "TRACE"}), "none");
+  EXPECT_EQ(pathOf({"ours"}), "none");
 }
 
 TEST_F(HostLauncherTest, EnvironmentVariables) {

@@ -126,7 +126,7 @@ std::string StationFolderNow() {
 }
 #endif
 
-// The station's own command lines have no options in them: their words may begin with anything.
+// The station's own command lines have no options in them: words that ask for none are a program's name.
 bool HasOptions(const std::vector<std::string>& words) {
   return std::any_of(words.begin(), words.end(), [](const std::string& word) {
     for (const std::string_view option : {"--check", "--json", "--store", "--help", "-h"})
@@ -159,7 +159,9 @@ int Main(int argc, char** argv) {
   app.add_option("--store", arguments.store, "Settings in this INI file [the user's own store]");
   app.add_option("PROGRAM", arguments.words, "The program's path, TRACE or MANUAL");
   std::vector<std::string> words = ProgramArguments(argc, argv);
-  if (HasOptions(words)) {
+  if (auto path = PathArgument(argc, argv)) {
+    arguments.words = {std::move(*path)};
+  } else if (HasOptions(words)) {
     try {
       std::reverse(words.begin(), words.end());  // as this parser takes them
       app.parse(words);
