@@ -23,6 +23,8 @@ const char* NameOfMark(Mark mark) {
       return "too high";
     case Mark::StopTooLow:
       return "stop too low";
+    case Mark::NoNumber:
+      return "no number";
   }
   return "";
 }

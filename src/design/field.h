@@ -39,7 +39,8 @@ struct FieldOwner {
   FieldWatcher* watcher = nullptr;
 };
 
-enum class Mark : std::uint8_t { Plain, NeedsInput, TooHigh, StopTooLow };
+// NoNumber is no field's own mark: it is shown of a text that a number's field cannot read.
+enum class Mark : std::uint8_t { Plain, NeedsInput, TooHigh, StopTooLow, NoNumber };
 
 // What a window shows of a field beside its text.
 struct Looks {

@@ -41,7 +41,7 @@ void HomeCarriage(Program& p, const Speed& speed, std::string_view comment) {
 }
 inline void EndOfHoming(Program& p) { p.Line("G4 Z P10000 [Pause 1000ms]"); }
 template <class Text>
-void Notify(Program& p, const Text& address1, const Text& address2, std::string_view message) {
+void Notify(Program& p, const Text& address1, const Text& address2, const char* message) {
   p.Line("M650 E1", address1, " E2", address2, " ", message);
 }
 

@@ -27,6 +27,20 @@ std::string& Program::Room() {
   return blocks_.back();
 }
 
+void Program::Tame(std::string& out, std::size_t from) const {
+  bool inComment = out.find('[', lineStart_) < from;
+  for (std::size_t i = from; i < out.size(); ++i) {
+    char& c = out[i];
+    if (c != '[' && c != ']') {
+      if (EndsItsPart(c)) c = ' ';
+    } else if (inComment) {
+      c = c == '[' ? '(' : ')';
+    } else {
+      inComment = c == '[';
+    }
+  }
+}
+
 void Program::BeginLayer(int layer, Number passes, int linesOfPass) {
   layer_ = layer;
   const Number lines = passes * linesOfPass;

@@ -28,8 +28,10 @@ struct ProgramLimits {
   double bytes = 1'000'000'000;
 };
 
-// Lines of a program, each ended by CR LF. A line is written as a row of parts: texts, whole numbers,
-// numbers under a mask or in plain text. A line of which a part failed is left out.
+// Lines of a program, each ended by CR LF. A line is written as a row of parts: what the dialect spells,
+// texts, whole numbers, numbers under a mask or in plain text. A line of which a part failed is left out. A
+// text stays within its part, whatever it holds: its control characters become blanks, and in a comment its
+// square brackets become round ones.
 class Program {
  public:
   explicit Program(NumberSigns signs, ProgramProgress* progress = nullptr, ProgramLimits limits = {});
@@ -37,13 +39,13 @@ class Program {
   template <class... Parts>
   void Line(const Parts&... parts) {
     std::string& block = Room();
-    const std::size_t start = block.size();
+    lineStart_ = block.size();
     if ((Append(block, parts) && ...)) {
       block += "\r\n";
       ++lines_;
-      bytes_ += static_cast<double>(block.size() - start);
+      bytes_ += static_cast<double>(block.size() - lineStart_);
     } else {
-      block.resize(start);
+      block.resize(lineStart_);
     }
   }
 
@@ -69,18 +71,30 @@ class Program {
   static constexpr int kPassesBetweenReports = 256;
 
   std::string& Room();
-  bool Append(std::string& out, std::string_view text) const {
-    out += text;
+  // Spelled by the dialect itself.
+  bool Append(std::string& out, const char* literal) const {
+    out += literal;
     return true;
   }
+  bool Append(std::string& out, std::string_view text) const {
+    const std::size_t from = out.size();
+    out += text;
+    for (const char c : text)
+      if (EndsItsPart(c)) return Tame(out, from), true;
+    return true;
+  }
+  static bool EndsItsPart(char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == 0x7F || c == '[' || c == ']';
+  }
+  // What of a text from `from` on could end its line or its comment.
+  void Tame(std::string& out, std::size_t from) const;
   bool Append(std::string& out, int number) const {
     char text[12];
     out.append(text, std::to_chars(text, text + sizeof text, number).ptr);
     return true;
   }
   bool Append(std::string& out, const MaybeText& text) const {
-    out += text.text;
-    return text.good;
+    return Append(out, std::string_view(text.text)) && text.good;
   }
   bool Append(std::string& out, const Masked& number) const {
     if (!number.value.good()) return false;
@@ -97,6 +111,7 @@ class Program {
   ProgramProgress* progress_;
   ProgramLimits limits_;
   std::vector<std::string> blocks_;
+  std::size_t lineStart_ = 0;  // of the line in hand, in its block
   double lines_ = 0;
   double bytes_ = 0;
   int layer_ = 0;

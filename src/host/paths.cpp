@@ -11,7 +11,7 @@ namespace torvane {
 namespace {
 
 constexpr bool kSlashes = std::filesystem::path::preferred_separator == '/';
-constexpr char kHoldsNul[] = "A path cannot hold a NUL character.";
+constexpr char kHoldsControl[] = "A name with a control character in it cannot be used.";
 
 std::string Replaced(std::string_view path, char from, char to) {
   std::string result(path);
@@ -19,17 +19,21 @@ std::string Replaced(std::string_view path, char from, char to) {
   return result;
 }
 
-bool HoldsNul(std::string_view path) { return path.find('\0') != std::string_view::npos; }
+// Programs and designs tell names in lines of their own, which a line break would end.
+bool HoldsControl(std::string_view path) {
+  return std::any_of(path.begin(), path.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; });
+}
 
 }  // namespace
 
 Result<std::string> HostPath(std::string_view stationPath) {
-  if (HoldsNul(stationPath)) return Refusal{kHoldsNul};
+  if (HoldsControl(stationPath)) return Refusal{kHoldsControl};
   return ToUtf8(kSlashes ? Replaced(stationPath, '\\', '/') : std::string(stationPath));
 }
 
 Result<std::string> StationPath(std::string_view hostPath) {
-  if (HoldsNul(hostPath)) return Refusal{kHoldsNul};
+  if (HoldsControl(hostPath)) return Refusal{kHoldsControl};
   if (kSlashes && hostPath.find('\\') != std::string_view::npos) {
     return Refusal{"A name with a backslash in it cannot be used."};
   }
@@ -39,7 +43,7 @@ Result<std::string> StationPath(std::string_view hostPath) {
 }
 
 Result<std::string> AbsoluteStationPath(std::string_view hostPath) {
-  if (HoldsNul(hostPath)) return Refusal{kHoldsNul};
+  if (HoldsControl(hostPath)) return Refusal{kHoldsControl};
   std::error_code error;
   std::filesystem::path path = std::filesystem::absolute(SystemPath(hostPath), error);
   if (error) return Refusal{ReasonOf(error)};

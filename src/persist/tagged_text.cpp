@@ -48,9 +48,13 @@ void SplitListToFields(DesignState& s, std::string_view text) { SplitList(s.gLis
 
 void SplitTagFields(DesignState& s, std::string_view text) { SplitList(s.gTagFields, text); }
 
+void TaggedText::Value(std::string_view text) {
+  for (const char c : text) text_ += EndsValue(c) ? ' ' : c;
+}
+
 void TaggedText::Comment(std::string_view comment) {
   text_ += "<#";
-  text_ += comment;
+  Value(comment);
   text_ += "#>\r\n";
 }
 
@@ -59,15 +63,17 @@ void TaggedText::Tag(std::string_view tag, const MaybeText& value) {
   text_ += '<';
   text_ += tag;
   text_ += '>';
-  text_ += value.text;
+  Value(value.text);
   text_ += "</w>\r\n";
 }
+
+bool EndsValue(char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F || c == '<'; }
 
 std::string JoinList(const std::vector<std::string>& fields) {
   std::string list;
   for (const std::string& field : fields) {
     if (&field != &fields.front()) list += ';';
-    list += field;
+    list += Replaced(field, ';', ' ');
   }
   return list;
 }

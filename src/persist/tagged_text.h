@@ -26,7 +26,10 @@ std::string GetTagValue(DesignState& s, std::string_view line);
 void SplitListToFields(DesignState& s, std::string_view text);
 void SplitTagFields(DesignState& s, std::string_view text);
 
-// Lines of a file that is to be written.
+// Whether a character would end a value where it stands: control characters end its line, "<" begins a tag.
+bool EndsValue(char c);
+
+// Lines of a file that is to be written. What would end a value stands in it as a blank.
 class TaggedText {
  public:
   void EmptyLine() { text_ += "\r\n"; }
@@ -36,10 +39,13 @@ class TaggedText {
   const std::string& text() const { return text_; }
 
  private:
+  void Value(std::string_view text);
+
   std::string text_;
 };
 
-// The fields of a list joined by ";".
+// The fields of a list joined by ";". One that holds a ";" itself has a blank in its place, so that each
+// field stays in its place.
 std::string JoinList(const std::vector<std::string>& fields);
 
 }  // namespace torvane

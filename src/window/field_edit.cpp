@@ -7,6 +7,7 @@
 #include "look/text.h"
 #include "window/field_widgets.h"
 #include "window/help.h"
+#include "workbench/marks.h"
 #include "workbench/number_hint.h"
 
 namespace torvane {
@@ -52,14 +53,14 @@ void FieldEdit::Show() {
 }
 
 InputLook FieldEdit::Look() const {
-  return {field_.mark(), field_.enabled(), hasFocus(), place_ != Place::Panel};
+  return {ShownMark(field_), field_.enabled(), hasFocus(), place_ != Place::Panel};
 }
 
 void FieldEdit::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(this);
     PaintInput(painter, desk_.theme, rect(), Look());
-    if (moves_ && underMouse() && field_.mark() == Mark::Plain) {
+    if (moves_ && underMouse() && ShownMark(field_) == Mark::Plain) {
       const double size = 12;
       PaintIcon(painter, Icon::Home, {3, (height() - size) / 2, size, size}, desk_.theme[Token::Accent]);
     }

@@ -20,6 +20,8 @@ Colours ColoursOf(const Theme& t, const InputLook& look) {
       return {t[Token::TooHigh], t[Token::TooHigh], Qt::white};
     case Mark::StopTooLow:
       return {t[Token::TooLow], t[Token::TooLow], Qt::white};
+    case Mark::NoNumber:
+      return {t[Token::Input], t[Token::Fault], t[Token::Fault]};
     case Mark::Plain:
       break;
   }
@@ -69,6 +71,8 @@ Icon GlyphOf(Mark mark) {
       return Icon::TooHigh;
     case Mark::StopTooLow:
       return Icon::TooLow;
+    case Mark::NoNumber:
+      return Icon::Warning;
     case Mark::Plain:
       break;
   }
@@ -83,6 +87,8 @@ const char* WordsOf(Mark mark) {
       return "Blinking Red Values Seem Too High.";
     case Mark::StopTooLow:
       return "Carriage will slam Limit Switch.";
+    case Mark::NoNumber:
+      return "This is no number.";
     case Mark::Plain:
       break;
   }

@@ -8,6 +8,7 @@
 #include "look/text.h"
 #include "window/choice_popup.h"
 #include "window/help.h"
+#include "workbench/marks.h"
 
 namespace torvane {
 
@@ -36,7 +37,7 @@ void FieldList::Open() {
 
 void FieldList::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
-  const InputLook look{field_.mark(), isEnabled(), hasFocus(), false};
+  const InputLook look{ShownMark(field_), isEnabled(), hasFocus(), false};
   QPainter painter(this);
   PaintInput(painter, t, rect(), look);
   const QColor ink = InputTextColour(t, look);

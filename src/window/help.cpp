@@ -3,6 +3,7 @@
 #include "design/catalogue.h"
 #include "look/text.h"
 #include "window/field_paint.h"
+#include "workbench/marks.h"
 #include "workbench/number_hint.h"
 
 namespace torvane {
@@ -118,7 +119,7 @@ Help HelpOf(const Field& field) {
 
 QString TipOf(const Field& field, NumberSigns signs) {
   if (const std::string hint = NumberHint(field, signs); !hint.empty()) return Shown(hint);
-  if (field.mark() != Mark::Plain) return QString::fromLatin1(WordsOf(field.mark()));
+  if (const Mark mark = ShownMark(field); mark != Mark::Plain) return QString::fromLatin1(WordsOf(mark));
   return field.tip().empty() ? HelpOf(field).sentence : Shown(field.tip());
 }
 

@@ -10,6 +10,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field_widgets.h"
+#include "workbench/marks.h"
 #include "workbench/preview.h"
 
 namespace torvane {
@@ -62,7 +63,7 @@ void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) co
 void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn& column, const Field& field,
                                bool current) const {
   const Theme& t = desk_.theme;
-  const InputLook look{field.mark(), field.enabled(), current, true};
+  const InputLook look{ShownMark(field), field.enabled(), current, true};
   const QRect inner = box.adjusted(0, 0, -1, -1);
   if (IsCalculated(column.kind)) {
     if (current) PaintInput(p, t, inner, {Mark::Plain, true, true, true});

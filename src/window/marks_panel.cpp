@@ -24,8 +24,9 @@ constexpr int kLine = 34;
 std::vector<Note> NotesOf(const Station& station) {
   std::vector<Note> notes;
   for (const Field* field : MarkedFields(station.s))
-    notes.push_back({field, field->mark(), HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),
-                     QString::fromLatin1(WordsOf(field->mark()))});
+    notes.push_back({field, ShownMark(*field),
+                     HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),
+                     QString::fromLatin1(WordsOf(ShownMark(*field)))});
   for (const BuildWarning& warning : WarningsBesideMarks(station))
     notes.push_back({warning.field, Mark::Plain, Shown(warning.what), Shown(warning.why)});
   return notes;

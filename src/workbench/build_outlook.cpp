@@ -28,7 +28,7 @@ BuildOutlook OutlookOf(const Station& station) {
 
 std::vector<BuildWarning> WarningsBesideMarks(const Station& station) {
   std::vector<BuildWarning> warnings = BuildWarnings(station);
-  std::erase_if(warnings, [](const BuildWarning& w) { return w.field->mark() != Mark::Plain; });
+  std::erase_if(warnings, [](const BuildWarning& w) { return ShownMark(*w.field) != Mark::Plain; });
   return warnings;
 }
 

@@ -3,10 +3,13 @@
 #include <algorithm>
 
 #include "calc/patterns.h"
+#include "design/catalogue.h"
 #include "design/reset.h"
 #include "design/text.h"
 #include "gcode/session.h"
 #include "persist/settings.h"
+#include "persist/tagged_text.h"
+#include "workbench/layer_count.h"
 #include "workbench/messages.h"
 #include "workbench/recent_files.h"
 #include "workbench/recovery.h"
@@ -106,6 +109,36 @@ void btnOPen_Click(Station& station) {
   if (path) OpenDesign(station, *path);
 }
 
+namespace {
+
+// A value that shares its line of the file with others.
+bool StandsInAList(const FieldRow& row) {
+  for (const std::string_view name :
+       {"txtZ2", "txtZ4", "txtDia", "txtPODia", "txtAdjust", "txtSkirtLeft", "txtSkirtRight"})
+    if (row.name == name) return true;
+  return IsScheduleRow(row);
+}
+
+// Texts that the file holds otherwise than the window, each on a line of its own.
+std::string ChangedInFile(const DesignState& s) {
+  std::string changed;
+  ForEachField(s, [&](const Field& field) {
+    const FieldRow& row = field.row();
+    if ((row.kind != Kind::Text && row.kind != Kind::List) || !IsOfDesign(row) ||
+        !IsUsed(row, field.index(), s.gShow4Axis) || (IsScheduleRow(row) && field.index() > LayerRows(s)))
+      return;
+    const std::string& text = field.text();
+    const bool separates = StandsInAList(row) && text.find(';') != std::string::npos;
+    if (!separates && std::none_of(text.begin(), text.end(), EndsValue)) return;
+    changed += "\r\n";
+    if (IsScheduleRow(row)) changed += "Layer " + std::to_string(field.index()) + ": ";
+    changed += text;
+  });
+  return changed;
+}
+
+}  // namespace
+
 bool SaveDesign(Station& station, const std::string& path) {
   DesignState& s = station.s;
   const std::string formerPath = s.gFilePath.text();
@@ -128,6 +161,13 @@ bool SaveDesign(Station& station, const std::string& path) {
   s.gFileName = BehindLastBackslash(s.gFilePath.text());
   ShowName(s, "Torvane Designer ");
   NoteRecentFile(station.platform.store, name);
+  if (const std::string changed = ChangedInFile(s); !changed.empty())
+    station.platform.messageBox.Show(
+        "Torvane Designer",
+        "The design is saved, but its file cannot hold these texts as they stand. "
+        "A blank stands for each ; or < of them:" +
+            changed,
+        BoxIcon::None);
   return true;
 }
 

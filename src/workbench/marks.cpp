@@ -3,16 +3,23 @@
 #include <algorithm>
 
 #include "design/catalogue.h"
+#include "design/text.h"
 #include "workbench/layer_count.h"
 
 namespace torvane {
+
+Mark ShownMark(const Field& field) {
+  const bool takesNumber = field.row().kind == Kind::Text && field.row().usedBy != UsedBy::Window;
+  return takesNumber && !Trim(field.text()).empty() && !number(field).good() ? Mark::NoNumber : field.mark();
+}
 
 std::vector<const Field*> MarkedFields(const DesignState& s) {
   std::vector<const Field*> marked;
   const int rows = LayerRows(s);
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (field.mark() == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.gShow4Axis)) return;
+    if (ShownMark(field) == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.gShow4Axis))
+      return;
     // The drawing repeats two diameters and a length that have fields of their own.
     const bool repeated =
         !s.gShow4Axis && (row.name == "txtDia" || (row.name == "txtZ2" && field.index() == 2));
@@ -20,7 +27,7 @@ std::vector<const Field*> MarkedFields(const DesignState& s) {
     marked.push_back(&field);
   });
   std::stable_sort(marked.begin(), marked.end(),
-                   [](const Field* a, const Field* b) { return a->mark() > b->mark(); });
+                   [](const Field* a, const Field* b) { return ShownMark(*a) > ShownMark(*b); });
   return marked;
 }
 

@@ -7,6 +7,9 @@
 
 namespace torvane {
 
+// The mark that a field is shown with: its own, or that its text is no number where a number is taken.
+Mark ShownMark(const Field& field);
+
 // Fields of the family in use that are marked and can be seen, worst first.
 std::vector<const Field*> MarkedFields(const DesignState& s);
 

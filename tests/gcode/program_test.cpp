@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "design/catalogue.h"
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
 
@@ -23,6 +26,18 @@ TEST(Program, ALineWithAFailedPartIsLeftOut) {
   EXPECT_EQ(p.lines(), 2);
 }
 
+// A text stays within its part of its line.
+TEST(Program, TextsEndNeitherTheirLineNorTheirComment) {
+  Program p({});
+  const std::string hostile = "a]\r\nM4 S45\t[b";
+  p.Line("[FileName= ", hostile, " ]");
+  p.Line("D0 ST=", std::string_view(hostile), " [Display ", MaybeText{true, "x[y]"}, "]");
+  p.Line("G28 F", std::string("1\x7F[home]"), " [Move]");
+  EXPECT_EQ(TextOf(p),
+            "[FileName= a)  M4 S45 (b ]\r\nD0 ST=a]  M4 S45 [b [Display x(y)]\r\nG28 F1 [home) [Move]\r\n");
+  EXPECT_EQ(p.lines(), 3);
+}
+
 struct ProgramOfTube : testing::Test {
   ProgramOfTube() {
     TypeTube(station, 2, "45");
@@ -42,6 +57,35 @@ TEST_F(ProgramOfTube, IsWrittenUnderTheStationsFolder) {
   EXPECT_EQ(s.gGCodeFilePath.text(), kPath);
   EXPECT_EQ(s.gGCodeFolder.text(), "C:\\Torvane\\TV_G-Code_Files\\");
   EXPECT_TRUE(Written().ends_with("[Heat Gun Forever Between These Z Values]\r\n"));
+}
+
+// Every text that stands in a program, one at a time: whatever it holds, the program has no line more.
+TEST_F(ProgramOfTube, HasTheSameLinesWhateverItsTextsHold) {
+  for (const bool fourAxis : {false, true}) {
+    station.Run("optX", Event::Click, fourAxis ? 1 : 0);
+    s.txtNumberOfLayers(1) = "1";
+    s.cmbPattern(1) = "18.12 | 2 x 1 | 180\xB0";
+    for (Field* check : {&s.chkPreWrap1, &s.chkPreWrap2, &s.chkHeatGunApp, &s.chkPromptForHST, &s.chkNotify1})
+      *check = "1";
+    const auto lines = [&] {
+      Program program(s.signs);
+      EXPECT_TRUE(FormProgram(s, station.platform, program));
+      const std::string text = TextOf(program);
+      EXPECT_EQ(text.find("\nM4 S45"), std::string::npos);
+      return std::count(text.begin(), text.end(), '\n');
+    };
+    const auto usual = lines();
+    int held = 0;
+    ForEachField(static_cast<Fields&>(s), [&](Field& field) {
+      const std::string former = field.text();
+      field.Restore(former + "]\r\nM4 S45 [");
+      const auto now = lines();
+      EXPECT_LE(now, usual) << NameOf(field);
+      held += now == usual;
+      field.Restore(former);
+    });
+    EXPECT_GT(held, 500) << "most texts cost no line either";
+  }
 }
 
 TEST_F(ProgramOfTube, WithoutANameWritesNothing) {

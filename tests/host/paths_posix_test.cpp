@@ -18,6 +18,11 @@ TEST(Paths, StationPathsAreHostPathsWithBackslashes) {
   }
   EXPECT_FALSE(HostPath(std::string_view("a\0b", 3)));
   EXPECT_FALSE(StationPath(std::string_view("a\0b", 3)));
+  // A line break in a name would end the line that tells it.
+  for (const char* name : {"a\nb.t2d", "a\rb.t2d", "a\x1B[2Jb.t2d", "a\x7F.t2d"}) {
+    EXPECT_NE(HostPath(name).reason().find("control character"), std::string::npos);
+    EXPECT_FALSE(StationPath(name));
+  }
   EXPECT_FALSE(StationPath("/srv/a\\b"));
   EXPECT_FALSE(StationPath("/srv/\xFF"));
   EXPECT_NE(StationPath("/srv/Ω").reason().find("U+03A9"), std::string::npos);

@@ -102,6 +102,30 @@ TEST_F(DesignFile, OfACountWithDecimalsHasWholeLayers) {
   EXPECT_FALSE(s.txtWA(3).shown()) << "a tie goes to the even number";
 }
 
+// What would part fields or tags stands as a blank, so that no cell moves its neighbours, and the save says
+// so.
+TEST_F(DesignFile, NoCellMovesItsNeighbours) {
+  TypeTube(station, 3, "45");
+  s.txtWA(1) = "30;5";
+  s.txtWA(3) = "60";
+  s.txtAddRevs(2) = "4<5";
+  s.Author = "a</w>\r\n<Number_of_Layers>1";
+  onStage.stage.fileDialog.answers.emplace_back(std::string(kFolder) + "cells.t2d");
+  btnSaveAS_Click(station);
+  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  const std::string told = onStage.stage.messageBox.shown[0].text;
+  EXPECT_NE(told.find("\r\nLayer 1: 30;5\r\nLayer 2: 4<5"), std::string::npos) << told;
+  ASSERT_TRUE(OpenDesign(station, std::string(kFolder) + "cells.t2d"));
+  EXPECT_EQ(s.txtNumberOfLayers(0).text(), "3");
+  EXPECT_EQ(s.txtWA(1).text() + "|" + s.txtWA(2).text() + "|" + s.txtWA(3).text(), "30 5|45.0|60.0");
+  EXPECT_EQ(s.txtAddRevs(2).text() + "|" + s.txtAddRevs(3).text(), "4 5|0");
+  onStage.stage.messageBox.shown.clear();
+  TypeTube(station, 3, "45");
+  onStage.stage.fileDialog.answers.emplace_back(std::string(kFolder) + "cells.t2d");
+  btnSaveAS_Click(station);
+  EXPECT_TRUE(onStage.stage.messageBox.shown.empty());
+}
+
 TEST_F(DesignFile, IsReadWhateverEndsItsLines) {
   TypeTube(station, 2, "45");
   const std::string text = Save("lines.t2d");

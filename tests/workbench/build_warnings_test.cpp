@@ -8,6 +8,7 @@
 #include "support/station_on_stage.h"
 #include "workbench/build_outlook.h"
 #include "workbench/design_commands.h"
+#include "workbench/marks.h"
 
 namespace torvane {
 namespace {
@@ -176,6 +177,10 @@ TEST_F(BuildWarningsTest, FiguresThatCannotBeWound) {
   s.txtBandWidth(0) = "0.25";
   s.txtAddRevs(1) = "two";
   EXPECT_EQ(Fields(), std::vector<std::string>{"txtAddRevs(1)"});
+  EXPECT_EQ(ShownMark(s.txtAddRevs(1)), Mark::NoNumber) << "it is marked at once";
+  EXPECT_EQ(s.txtAddRevs(1).mark(), Mark::Plain) << "beside the marks of its own";
+  EXPECT_EQ(MarkedFields(s), std::vector<const Field*>{&s.txtAddRevs(1)});
+  EXPECT_TRUE(WarningsBesideMarks(station).empty());
   s.txtAddRevs(1) = "0";
   s.txtDiameterLeft = "4E9";
   EXPECT_NE(BuildWarnings(station).front().what.find("passes"), std::string::npos);
