@@ -69,15 +69,16 @@ void WriteFourAxisStart(GCodeSession& session, int mark, int layer) {
     z = number(s.txtZ4(2));
   else if (layer != 0)
     z = DHandMandrelStartingPosition(session, layer);
+  Kept speed;
+  speed = number(s.txtLimitSwitchApproachSpeed);
   session.gMoveY = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
   session.gMoveB = StartHeadAngle(s);
   if (!s.IsNoWrap() && BeginsWithHoop(s) && layer < 2)
     z = s.IsHemi() ? number(s.txtZ4(2)) : number(s.txtZ4(3)) + BandWidth(s, 1) / 2;
-  dialect::MoveToStart(session.program, {FormatForUnits(s, number(s.txtLimitSwitchApproachSpeed), false),
-                                         Number(z).as(dialect::kFourAxisMask),
-                                         Number(session.gMoveY).plain(),
-                                         FormatForUnits(s, 1.0, false), session.gMoveB,
-                                         s.IsNoWrap() ? 20 : 10, !s.IsNoWrap()});
+  dialect::MoveToStart(session.program,
+                       {FormatForUnits(s, Number(speed), false), Number(z).as(dialect::kFourAxisMask),
+                        Number(session.gMoveY).plain(), FormatForUnits(s, 1.0, false), session.gMoveB,
+                        s.IsNoWrap() ? 20 : 10, !s.IsNoWrap()});
 }
 
 }  // namespace

@@ -153,9 +153,6 @@ void WriteThreeAxisProgram(GCodeSession& session) {
   const std::string right = s.txtZ4(3).through("###0.00"_mask);
   s.gFarEndZ = FarOf(s, left, right);
   s.gHomeEndZ = HomeOf(s, left, right);
-  // The dwells are worked from the diameters of the part in hand.
-  s.Diameter_Left.CopyFrom(s.txtDia(0));
-  s.Diameter_Right.CopyFrom(s.txtDia(1));
 
   dialect::EmptyLine(p);
   dialect::CommentLine(

@@ -79,7 +79,8 @@ void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
 void WriteCarriageShiftPass(const Layer& layer, int pass) {
   const DesignState& s = layer.s;
   Program& p = layer.p;
-  const Number shift = CarriageShift(s, layer.windingAngle, pass);
+  Kept shift;
+  shift = CarriageShift(s, layer.windingAngle, pass);
   const Number right = number(s.txtRight(layer.number));
   const Number left = number(s.txtLeft(layer.number));
 
@@ -246,8 +247,10 @@ MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, i
 
 std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
                                   int stepCount) {
-  const bool homeEnd = endCode == "H";
-  const Number diameter = number(homeEnd != s.gIsLHDrive ? s.Diameter_Right : s.Diameter_Left);
+  // The right end is the home end but where the drive stands at the left. Three axes wind the four-axis part.
+  const bool rightEnd = (endCode == "H") != s.gIsLHDrive;
+  const Number diameter = s.gShow4Axis ? number(s.txtDia(rightEnd ? 1 : 0))
+                                       : number(rightEnd ? s.Diameter_Right : s.Diameter_Left);
   const Number bandWidth = InUnits(s, number(s.Band_Width), false);
   const Number bandAround = bandWidth / Cos(windingAngle * kPi / 180);
   const Number circumference = diameter * kPi;

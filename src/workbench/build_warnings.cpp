@@ -9,6 +9,7 @@
 #include "gcode/program.h"
 #include "gcode/session.h"
 #include "gcode/two_axis_program.h"
+#include "persist/settings.h"
 #include "workbench/layer_count.h"
 #include "workbench/number_hint.h"
 
@@ -28,6 +29,7 @@ class Warnings {
       LookAtFourAxes(layers);
     else
       LookAtTwoAxes(layers);
+    if (s_.chkWindingSchedule.checked()) LookAtBuildTime();
     LookAtNumbers(layers);
     if (!station_.recovery.refusal.empty())
       Warn(s_.gFilePath, "Save soon: there is no recovery copy", station_.recovery.refusal);
@@ -43,6 +45,7 @@ class Warnings {
   void LookAtFile();
   void LookAtStop(const Field& stop, const std::string& name);
   void LookAtBand();
+  void LookAtCopy(const Field& copy, const Field& shown);
   void LookAtTwoAxes(int layers);
   void LookAtTwoAxisLayer(int layer);
   bool LookAtPasses(const Field& angle, const Field& passes, Number diameter, int layer);
@@ -54,6 +57,8 @@ class Warnings {
   void LookAtCarriageShift(int layer, Number passes);
   void NameHiddenEnds();
   void LookAtFourAxes(int layers);
+  void LookAtHead();
+  void LookAtBuildTime();
   // Each false if the layer has nothing to wind by.
   bool LookAtAngleLayer(int layer);
   bool LookAtPatternLayer(int layer);
@@ -97,6 +102,14 @@ void Warnings::LookAtBand() {
     Warn(width, "The band is too narrow", "With three decimals it is 0: dwells lose their angles.");
 }
 
+// Both families share the working copies of a part's values: what was typed for the other family stands
+// there.
+void Warnings::LookAtCopy(const Field& copy, const Field& shown) {
+  if (holds(number(copy) != number(shown)))
+    Warn(shown, "The other family's value stands for " + shown.text(),
+         "The program would take " + copy.text() + ": type the value anew.");
+}
+
 void Warnings::LookAtTwoAxes(int layers) {
   const Field& left = s_.txtZ2(0);
   const Field& right = s_.txtZ2(1);
@@ -105,6 +118,10 @@ void Warnings::LookAtTwoAxes(int layers) {
   if (holds(number(left) == number(right)))
     Warn(right, "Both stops stand at the same Z", "The carriage would not move.");
   LookAtBand();
+  LookAtCopy(s_.Diameter_Left, s_.txtDiameterLeft);
+  LookAtCopy(s_.Diameter_Right, s_.txtDiameterRight);
+  LookAtCopy(s_.Length_Total, s_.txtLengthTotal(0));
+  LookAtCopy(s_.Band_Width, s_.txtBandWidth(0));
   if (layers == 1 && LosesDecimals())
     Warn(s_.txtNumberOfLayers(0), "Opened again, the design loses decimals",
          "A single layer's values end at their comma in the file: type them anew after each opening.");
@@ -232,6 +249,23 @@ void Warnings::NameHiddenEnds() {
                                         : "Save the design and open it again: its rows have no ends yet.");
 }
 
+// Each end is wrapped by a head that swings round it, at the speeds of the machine's motors.
+void Warnings::LookAtHead() {
+  if (s_.IsNoWrap()) return;
+  const bool hemi = s_.IsHemi();
+  const auto look = [this](const Field& wrap, const Field& end, const char* side) {
+    if (holds(number(wrap) == number(end)))
+      Warn(wrap, "The wrap at the " + std::string(side) + " begins where the traverse ends",
+           "The head would turn on the spot: look at the offsets.");
+  };
+  look(s_.txtAdjust(1), s_.txtZ4(hemi ? 1 : 0), "left");
+  look(s_.txtAdjust(5), s_.txtZ4(hemi ? 2 : 3), "right");
+  const bool larger = ReadsAsTrue(GetSetting(station_.platform.store, kSettings, "gIsNEMA34", "False"));
+  if (larger && !s_.gIsNEMA34)
+    Warn(s_.cmbRate, "End wraps would run at the smaller motors' speeds",
+         "Click beside the layers first: the station then knows of the larger ones.");
+}
+
 void Warnings::LookAtFourAxes(int layers) {
   const Field& left = s_.txtZ4(0);
   const Field& right = s_.txtZ4(3);
@@ -240,6 +274,8 @@ void Warnings::LookAtFourAxes(int layers) {
   if (holds(number(left) == number(right)))
     Warn(right, "The part has no length", "Both ends stand at the same Z.");
   LookAtBand();
+  LookAtHead();
+  if (s_.IsNoWrap()) LookAtCopy(s_.Band_Width, s_.txtBandWidth(1));
   const Field& innerRight = s_.txtZ4(2);
   if (s_.gPartType.text() == "FLAT" && !holds(number(right) == 0) && !holds(number(innerRight) != 0))
     Warn(innerRight, "The hidden inner Z at the right is 0",
@@ -284,6 +320,16 @@ bool Warnings::LookAtPatternLayer(int layer) {
   if (patternBefore_) why = "It would be wound like the layer before.";
   Warn(pattern, LayerName(layer) + " has no pattern", why);
   return false;
+}
+
+// The time that a program declares follows figures of both families, whichever changed last.
+void Warnings::LookAtBuildTime() {
+  const Field& minutes = (s_.gShow4Axis ? s_.lblMinutes : s_.lblMinutesToCover)(IndexSet::kAllRows);
+  const Number declared = static_cast<double>(s_.gBuildHours) * 60 + static_cast<double>(s_.gBuildMinutes);
+  if (holds(Abs(number(minutes) - declared) > 1))
+    Warn(minutes,
+         "The program would declare a build time of " + NumberToText(s_.signs, declared.value()) + " min",
+         "The layers take " + minutes.text() + ": a new figure of any layer sets it right.");
 }
 
 // Numbers of the family in use that hold the group sign, and texts that are no numbers.

@@ -88,6 +88,43 @@ TEST_F(ProgramOfTube, HasTheSameLinesWhateverItsTextsHold) {
   }
 }
 
+// Forming a three-axis program leaves the two-axis part as it stands.
+TEST_F(ProgramOfTube, OfTheOtherFamilyChangesNoDwell) {
+  const auto schedule = [this] {
+    EXPECT_EQ(WriteGCode(s, station.platform), Written::Whole);
+    return Written().substr(Written().find("[BEGIN 2-AXIS"));
+  };
+  const std::string before = schedule();
+  s.txtDia(0) = "3";
+  s.txtDia(1) = "3";
+  s.Diameter_Left = "4";
+  s.Diameter_Right = "4";
+  station.Run("optX", Event::Click, 1);
+  station.Run("optType", Event::Click, 2);
+  s.txtBandWidth(1) = "0.25";
+  s.txtNumberOfLayers(1) = "1";
+  station.Type(s.cmbPattern(1), "45");
+  Program program(s.signs);
+  ASSERT_TRUE(FormProgram(s, station.platform, program));
+  // 3 inches round, the band 0.3536 on the slant: 27 steps of 13.33 degrees.
+  EXPECT_NE(TextOf(program).find("G4 L602 C13.33 "), std::string::npos);
+  station.Run("optX", Event::Click, 0);
+  EXPECT_EQ(schedule(), before);
+}
+
+// Without a shift the carriage still runs from end to end.
+TEST_F(ProgramOfTube, ByCarriageShiftAtNoAngleStillMoves) {
+  s.cmbMethod(1) = "cs";
+  s.lblPassesToCover(1) = "2";
+  s.txtRight(1) = "0";
+  s.txtLeft(1) = "0";
+  s.gGridSync = false;
+  s.txtWA(1) = "0";
+  ASSERT_EQ(WriteGCode(s, station.platform), Written::Whole);
+  EXPECT_NE(Written().find("G1 Z24.0 [Move to L1 Far End"), std::string::npos);
+  EXPECT_NE(Written().find("G1 Z.0 [Move to L1 Home End"), std::string::npos);
+}
+
 TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
   for (const char* path : {"", "C:\\Torvane\\TV_Design_Files\\", "t2d"}) {
     s.gFilePath = path;

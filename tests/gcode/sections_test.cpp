@@ -205,6 +205,13 @@ TEST_F(Wrapped, StartPositionOfAHoopWithoutABandIsWritten) {
   EXPECT_NE(Text().find(" Z5.00 Y3 "), std::string::npos) << Text();
 }
 
+TEST_F(Wrapped, StartPositionWithoutASpeedIsWritten) {
+  s.txtZ4(2) = "5";
+  s.txtLimitSwitchApproachSpeed = "";
+  WriteStartPosition(session, 0, 0);
+  EXPECT_TRUE(Text().starts_with("G1 F0.000 Z5.00 Y3 ")) << Text();
+}
+
 TEST_F(Wrapped, StartPositionWithoutAPatternIsTheInnerEnd) {
   station.Run("optType", Event::Click, 1);
   s.txtZ4(2) = "28";

@@ -183,30 +183,42 @@ TEST_F(HostLauncherTest, EnvironmentVariables) {
   EXPECT_EQ(launcher.EnvironmentVariable("windir"), "");
 }
 
-// In a process of its own, as each program sees its environment.
-char DecimalSign(const std::string& localeFolder, const char* locale) {
+// Signs of numbers, dates and times, in a process of its own, as each program sees its environment.
+std::string SignsOf(const std::string& localeFolder, const char* locale) {
+  std::array<int, 2> told{};
+  if (pipe(told.data()) != 0) return "no pipe";
   const pid_t child = fork();
   if (child == 0) {
     setenv("LOCPATH", localeFolder.c_str(), 1);
     setenv("LC_ALL", locale, 1);
     const LocaleSigns signs = HostLocale().Signs();
-    const bool restStands = signs.date == '/' && signs.time == ':' && std::to_string(0.5) == "0.500000";
-    _exit(restStands ? signs.decimal : '?');
+    const std::array<char, 3> text = {signs.decimal, signs.date, signs.time};
+    const bool ownStays = std::to_string(0.5) == "0.500000";
+    _exit(ownStays && write(told[1], text.data(), text.size()) == 3 ? 0 : 1);
   }
+  close(told[1]);
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) ? static_cast<char>(WEXITSTATUS(status)) : '!';
+  std::array<char, 3> text{};
+  const bool read3 = status == 0 && read(told[0], text.data(), text.size()) == 3;
+  close(told[0]);
+  return read3 ? std::string(text.data(), text.size()) : "none";
 }
 
-TEST(HostLocale, DecimalSignIsTheUsersAndTheProcesssLocaleStays) {
+TEST(HostLocale, SignsAreTheUsersAndTheProcesssLocaleStays) {
   const TemporaryFolder folder;
-  const std::string locale = (folder.path / "de_DE.UTF-8").string();
-  const std::string command = "localedef -i de_DE -f UTF-8 '" + locale + "' >/dev/null 2>&1";
-  const bool made = std::system(command.c_str()) >= 0 && std::filesystem::exists(locale + "/LC_NUMERIC");
-  EXPECT_EQ(DecimalSign(folder.path.string(), "C"), '.');
-  EXPECT_EQ(DecimalSign(folder.path.string(), "xx_XX.UTF-8"), '.');  // not installed
+  const auto make = [&folder](const std::string& name) {
+    const std::string locale = (folder.path / (name + ".UTF-8")).string();
+    const std::string command = "localedef -i " + name + " -f UTF-8 '" + locale + "' >/dev/null 2>&1";
+    return std::system(command.c_str()) >= 0 && std::filesystem::exists(locale + "/LC_NUMERIC");
+  };
+  const bool made = make("de_DE") && make("sv_SE") && make("ja_JP");
+  EXPECT_EQ(SignsOf(folder.path.string(), "C"), "./:");
+  EXPECT_EQ(SignsOf(folder.path.string(), "xx_XX.UTF-8"), "./:");  // not installed
   if (!made) GTEST_SKIP() << "no locale with a comma to be had";
-  EXPECT_EQ(DecimalSign(folder.path.string(), "de_DE.UTF-8"), ',');
+  EXPECT_EQ(SignsOf(folder.path.string(), "de_DE.UTF-8"), ",.:");
+  EXPECT_EQ(SignsOf(folder.path.string(), "sv_SE.UTF-8"), ",-:");
+  EXPECT_EQ(SignsOf(folder.path.string(), "ja_JP.UTF-8"), "./:") << "words are no sign of ours";
 }
 
 TEST(HostClock, TellsTheZonesTime) {

@@ -138,7 +138,9 @@ TEST_F(BuildWarningsTest, ATypedMandrelSpeed) {
   Name("tube.t2d");
   ASSERT_EQ(Fields(), std::vector<std::string>{});
   station.Type(s.txtMRPM(1), "20");
-  EXPECT_EQ(Fields(), (std::vector<std::string>{"txtMRPM(1)", "txtCarriageSpeed(2)"}));
+  EXPECT_EQ(Fields(),
+            (std::vector<std::string>{"txtMRPM(1)", "txtCarriageSpeed(2)", "lblMinutesToCover(26)"}));
+  EXPECT_NE(Program().find("M711 H0 M12 S0"), std::string::npos) << "the time of before";
   EXPECT_NE(WhyOf("txtMRPM(1)").find("keeps the former one"), std::string::npos);
   const std::string hoop = LayerOf("[BEGIN LAYER 2", "Winding_Process_Complete");
   EXPECT_NE(hoop.find("G1 F0 Z28.00"), std::string::npos) << hoop;
@@ -202,6 +204,36 @@ TEST_F(BuildWarningsTest, FourAxisSpeedsOfTheMachine) {
   s.mMaxRPM = 90;
   station.Choose(s.cmbRate, "");
   EXPECT_EQ(Fields(), (std::vector<std::string>{"lblRPM(1)", "lblcSpeed(1)"}));
+}
+
+// Both families share the working copies of a part's values.
+TEST_F(BuildWarningsTest, AValueTypedForTheOtherFamily) {
+  TypeTube(station, 1, "45");
+  Name("tube.t2d");
+  const std::string before = Program();
+  station.Choose(s.optX(1), "True");
+  s.txtDia(0) = "4";
+  s.txtDia(1) = "4";
+  station.Choose(s.optX(0), "True");
+  ASSERT_EQ(Program(), before);
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
+  s.txtDia(1) = "3";
+  EXPECT_NE(Program(), before) << "its dwells are of 3 inches";
+  ASSERT_EQ(Fields(), std::vector<std::string>{"txtDiameterRight"});
+  EXPECT_NE(WhyOf("txtDiameterRight").find("would take 3"), std::string::npos);
+}
+
+TEST_F(BuildWarningsTest, HeadsThatTurnOnTheSpotOrTooSlowly) {
+  TypeFlatTube(1);
+  Name("flat.t4d");
+  ChoosePattern(1);
+  s.txtAdjust(5) = "4";
+  EXPECT_EQ(Fields(), std::vector<std::string>{"txtAdjust(5)"});
+  s.txtAdjust(5) = "3";
+  onStage.stage.store.Write("Settings", "gIsNEMA34", "True");
+  EXPECT_EQ(Fields(), std::vector<std::string>{"cmbRate"});
+  station.Run("Form", Event::Click);
+  EXPECT_EQ(Fields(), std::vector<std::string>{});
 }
 
 // The file of one layer has no semicolon: its reader takes the decimal comma for what parts the values.
