@@ -10,6 +10,7 @@
 #include "executor/number.h"
 #include "executor/report.h"
 #include "look/paint.h"
+#include "look/text.h"
 
 namespace torvane::dryrun {
 
@@ -95,7 +96,8 @@ bool ProgressStrip::event(QEvent* event) {
     const executor::Stretch& s = *piece.stretch;
     const QString name = s.layer > 0 ? tr("Layer %1").arg(s.layer) : Words(s.name);
     QToolTip::showText(help->globalPos(),
-                       tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds))), this);
+                       PlainTip(tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds)))),
+                       this);
     return true;
   }
   QToolTip::hideText();

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "dryrun/words.h"
+#include "look/text.h"
 
 namespace torvane::dryrun {
 
@@ -58,7 +59,7 @@ bool RowPanel::event(QEvent* event) {
 bool RowPanel::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  QToolTip::showText(help->globalPos(), TipOf(RowAt(help->pos().y())), viewport());
+  QToolTip::showText(help->globalPos(), PlainTip(TipOf(RowAt(help->pos().y()))), viewport());
   return true;
 }
 

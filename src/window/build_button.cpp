@@ -17,7 +17,7 @@ BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), 
   desk.binder.BindAll(this, [this] {
     const QString sentence = Shown(OutlookOf(desk_.station).sentence);
     setAccessibleDescription(sentence);
-    setToolTip(sentence + QStringLiteral(" (F9)"));
+    setToolTip(PlainTip(sentence + QStringLiteral(" (F9)")));
     update();
   });
 }

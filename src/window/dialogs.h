@@ -53,7 +53,8 @@ class QtMessageDialog : public MessageDialog {
 class QtMessageBox : public MessageBox {
  public:
   explicit QtMessageBox(const Theme& theme) : theme_(theme) {}
-  void Show(std::string_view title, std::string_view text, BoxIcon icon, std::string_view detail) override;
+  void Show(std::string_view title, std::string_view text, BoxIcon icon,
+            std::string_view detail = {}) override;
 
  private:
   const Theme& theme_;

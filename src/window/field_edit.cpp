@@ -48,7 +48,7 @@ void FieldEdit::Show() {
   if (palette != this->palette()) setPalette(palette);
   QString tip = TipOf(field_, desk_.station.s.signs);
   if (moves_) tip += QStringLiteral("\nA double click drives the machine there. It moves.");
-  setToolTip(tip);
+  setToolTip(PlainTip(tip));
   update();
 }
 

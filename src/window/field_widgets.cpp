@@ -23,7 +23,7 @@ FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
     setEnabled(field_.enabled());
     ShowAs(*this, field_.shown());
     setAccessibleDescription(Shown(field_.text()));
-    setToolTip(TipOf(field_, desk_.station.s.signs));
+    setToolTip(PlainTip(TipOf(field_, desk_.station.s.signs)));
     update();
   });
 }
@@ -120,7 +120,7 @@ ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
   Explain(*this, field);
   desk.binder.Bind(field, this, [this] {
     ShowAs(*this, field_.shown());
-    setToolTip(TipOf(field_, desk_.station.s.signs));
+    setToolTip(PlainTip(TipOf(field_, desk_.station.s.signs)));
     setAccessibleDescription(Shown(field_.text()));
     updateGeometry();
     update();

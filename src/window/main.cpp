@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
   const Result<HostFiles> files = ReadyStationFolder();
   if (!files) {
     QtMessageBox(theme).Show("Torvane Designer", "The station's folder cannot be used: " + files.reason(),
-                             BoxIcon::Stop, {});
+                             BoxIcon::Stop);
     return 1;
   }
   WindowComputer computer(files.value(), std::move(store), theme);

@@ -104,7 +104,7 @@ bool MarksPanel::event(QEvent* event) {
   QStringList words;
   for (std::size_t i = line; i < notes.size() && (i == line || last); ++i)
     words.push_back(notes[i].title + QStringLiteral(". ") + notes[i].second);
-  QToolTip::showText(help->globalPos(), words.join(QLatin1Char('\n')), this);
+  QToolTip::showText(help->globalPos(), PlainTip(words.join(QLatin1Char('\n'))), this);
   return true;
 }
 

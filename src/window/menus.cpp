@@ -68,7 +68,7 @@ void AddRowEntries(QMenu& menu, Desk desk) {
     QAction* action = menu.addAction(Shown(entry.caption));
     action->setObjectName(Shown(entry.control));
     action->setEnabled(entry.usable);
-    if (!entry.tip.empty()) action->setToolTip(Shown(entry.tip));
+    if (!entry.tip.empty()) action->setToolTip(PlainTip(Shown(entry.tip)));
     QObject::connect(action, &QAction::triggered, &menu,
                      [desk, control = entry.control] { desk.binder.Run(control); });
   }
@@ -90,7 +90,7 @@ void AddRecentFiles(QMenu& file, Desk desk) {
       QString name = Shown(BehindLastBackslash(path));
       name.replace(QLatin1Char('&'), QStringLiteral("&&"));
       QAction* action = recent->addAction(QStringLiteral("&%1  %2").arg(place).arg(name));
-      action->setToolTip(Shown(path));
+      action->setToolTip(PlainTip(Shown(path)));
       QObject::connect(action, &QAction::triggered, recent,
                        [desk, place] { desk.binder.Run("mnuRecent", Event::Click, place); });
     }

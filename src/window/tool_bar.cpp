@@ -57,7 +57,7 @@ class Document : public QWidget {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFixedHeight(44);
     desk.binder.BindAll(this, [this] {
-      setToolTip(Shown(desk_.station.s.gFilePath.text()));
+      setToolTip(PlainTip(Shown(desk_.station.s.gFilePath.text())));
       setAccessibleName(Shown(desk_.station.s.lblStatusBar2.text()));
       update();
     });

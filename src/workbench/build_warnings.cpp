@@ -310,8 +310,12 @@ bool Warnings::HasPattern(int layer) {
 }
 
 bool Warnings::LookAtPatternLayer(int layer) {
+  const std::string& stored = s_.LayerTable4Ax(layer, 5);
   if (HasPattern(layer)) {
     patternBefore_ = true;
+    if (!stored.empty() && !EqualNoCase(stored, s_.cmbPattern(layer).text()))
+      Warn(s_.cmbPattern(layer), LayerName(layer) + " may turn back into its file's pattern",
+           "A refresh puts " + stored + " back where it fits: save the design and open it again.");
     return true;
   }
   const Field& pattern = s_.cmbPattern(layer);

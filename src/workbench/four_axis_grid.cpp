@@ -29,7 +29,9 @@ void optType_Click(Station& station, int index) {
   SelectPartType(station.s, index);
 }
 
-void picType_Release(Station& station, int right) { optType_Click(station, right != 0 ? 1 : 0); }
+void picType_Release(Station& station, int right) {
+  station.Check(station.s.optType(right != 0 ? 1 : 0), true);
+}
 
 void cmb3D_Click(Station& station, int row) {
   DesignState& s = station.s;
@@ -56,12 +58,12 @@ void cmb3D_Click(Station& station, int row) {
 
 void cmb3D_Change(Station& station, int row) {
   DesignState& s = station.s;
+  MarkIfEmpty(s.cmb3D(row));
   if (IsHoopRow(s, row)) {
     s.cmbPattern(row) = "HOOP";
     CalculateHoopRow(s, row);
     return;
   }
-  MarkIfEmpty(s.cmb3D(row));
   if (holds(BandWidth(s, 1) != 0)) PopulatePatternCombo(s, row);
 }
 

@@ -12,9 +12,13 @@ namespace {
 constexpr FieldArray Fields::*kInputs[] = {&Fields::cmbPhiW, &Fields::cmbPhiSplit, &Fields::cmb3D,
                                            &Fields::cmbPattern, &Fields::chkPause};
 
+// The pattern that the row's file holds comes back with each refresh of the lists, so it goes along.
+constexpr int kStoredPattern = 5;
+
 FourAxisRow InputsOf(const DesignState& s, int row) {
   FourAxisRow inputs;
   for (std::size_t i = 0; i < std::size(kInputs); ++i) inputs[i] = (s.*kInputs[i])(row).text();
+  inputs.back() = s.LayerTable4Ax(row, kStoredPattern);
   return inputs;
 }
 
@@ -26,6 +30,7 @@ void EmptyFigures(DesignState& s, int row) {
 // The list of patterns belongs to the row's end wrap and type, so it is made before the pattern goes in.
 void SetInputs(DesignState& s, int row, const FourAxisRow& inputs) {
   EmptyFigures(s, row);
+  s.LayerTable4Ax.Set(row, kStoredPattern, inputs.back());
   for (std::size_t i = 0; i < std::size(kInputs); ++i) {
     if (kInputs[i] == &Fields::cmbPattern && !s.IsNoWrap()) PopulatePatternCombo(s, row);
     (s.*kInputs[i])(row) = inputs[i];
@@ -35,8 +40,8 @@ void SetInputs(DesignState& s, int row, const FourAxisRow& inputs) {
 void ClearRow(DesignState& s, int row) {
   const bool angles = s.IsNoWrap();
   SetInputs(s, row,
-            angles ? FourAxisRow{"N/A", "N/A", "2AX", "Input Winding Angle", "0"}
-                   : FourAxisRow{kDefaultWrap, kDefaultSplit, "", "", "0"});
+            angles ? FourAxisRow{"N/A", "N/A", "2AX", "Input Winding Angle", "0", ""}
+                   : FourAxisRow{kDefaultWrap, kDefaultSplit, "", "", "0", ""});
   if (angles) return;
   s.cmbPattern(row).SetEntries({});
   s.cmbPattern(row).SetMark(Mark::Plain);

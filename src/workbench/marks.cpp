@@ -10,7 +10,8 @@ namespace torvane {
 
 Mark ShownMark(const Field& field) {
   const bool takesNumber = field.row().kind == Kind::Text && field.row().usedBy != UsedBy::Window;
-  return takesNumber && !Trim(field.text()).empty() && !number(field).good() ? Mark::NoNumber : field.mark();
+  const bool unreadable = takesNumber && !Trim(field.text()).empty() && !number(field).good();
+  return field.mark() == Mark::Plain && unreadable ? Mark::NoNumber : field.mark();
 }
 
 std::vector<const Field*> MarkedFields(const DesignState& s) {

@@ -214,10 +214,12 @@ bool IsTooLarge(Station& station) {
 void DrawPolarCircPattern(Station& station, int row) {
   DesignState& s = station.s;
   station.polarPicture = PolarBase(s);
-  if (IsTooLarge(station)) return;
   SplitPatternFields(s, station.polarTag);
-  const Number windingAngle = s.Read(s.gTagFields(1));
-  if (windingAngle.good()) CalculateAndShow(s, windingAngle, station.polarTag, row);
+  // A row that is not chosen yet has the angle 0 and no passes.
+  Kept windingAngle;
+  windingAngle = s.Read(s.gTagFields(1));
+  CalculateAndShow(s, windingAngle, station.polarTag, row);
+  if (IsTooLarge(station)) return;
   const auto pattern = PolarPatternOf(s, station.polarTag);
   if (!pattern) return;
   station.polarPicture.push_back(PolarFirstBand(*pattern));

@@ -38,7 +38,7 @@ struct Recovery {
 };
 
 // What the operator sets in a row of the four-axis schedule: end wrap, split, type, pattern, pause.
-using FourAxisRow = std::array<std::string, 5>;
+using FourAxisRow = std::array<std::string, 6>;
 
 class Station : private ChangeOperations {
  public:

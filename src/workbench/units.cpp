@@ -46,6 +46,7 @@ void txtBandWidth_Key(Station& station, int i) {
 
 void txtBandWidthMM_Key(Station& station, int i) {
   DesignState& s = station.s;
+  s.gDirty = true;
   SetInchesFromTwin(station, s.txtBandWidth(i), s.txtBandWidthMM(i), "#0.000"_mask);
   if (s.gUnits.text() == "in")
     AskForUnits(station, "\r\nUnits are now in INCHES. \r\nDo You Want to use millimeters instead ?\r\n", 47,
@@ -59,6 +60,7 @@ void txtBandThickness_Key(Station& station, int i) {
 
 void txtBandThicknessMM_Key(Station& station, int i) {
   DesignState& s = station.s;
+  s.gDirty = true;
   SetInchesFromTwin(station, s.txtBandThickness(i), s.txtBandThicknessMM(i), "#0.0000"_mask);
 }
 

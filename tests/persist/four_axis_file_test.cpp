@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "support/station_on_stage.h"
+#include "workbench/build_warnings.h"
 #include "workbench/design_commands.h"
 
 namespace torvane {
@@ -76,6 +78,31 @@ TEST_F(FourAxisFile, OfAnAngleScheduleKeepsItsAngles) {
   EXPECT_FALSE(s.cmbPhiW(1).enabled());
   EXPECT_FALSE(s.btn4XRow(1).shown());
   EXPECT_NE(Save().find("<Layer>1;2AX;0;"), std::string::npos);
+}
+
+// A row that moves takes the pattern of its file along, or a refresh would bring the deleted layer back.
+TEST_F(FourAxisFile, ADeletedLayerStaysDeleted) {
+  const std::string rest = " | 180\xB0;180\xB0;45\xB0</w>\r\n";
+  ASSERT_TRUE(Open(FileOf("FLAT",
+                          "<Layer>1;REG;0;;;21.44 | 2 X 24" + rest + "<Layer>2;REG;0;;;7.460 | 2 X 25" + rest +
+                              "<Layer>3;REG;0;;;15.23 | 25 X 2" + rest,
+                          3)));
+  station.Run("btn4XRow", Event::Press, 1);
+  station.Run("mnuDelete4Ax", Event::Click);
+  station.Run("lblRefresh", Event::Click);
+  EXPECT_EQ(s.cmbPattern(1).text() + "|" + s.cmbPattern(2).text(),
+            "7.460 | 2 X 25 | 180\xB0|15.23 | 25 X 2 | 180\xB0");
+  // The part type that stands already is no choice: it throws no pattern away.
+  station.Check(s.optType(0), true);
+  station.Run("picType", Event::Release, 0);
+  EXPECT_EQ(s.cmbPattern(1).text(), "7.460 | 2 X 25 | 180\xB0");
+  // A pattern chosen anew gives way to the file's at the next refresh, which the warnings say.
+  station.Choose(s.cmbPattern(1), "21.44 | 2 x 24 | 180\xB0");
+  std::vector<std::string> warned;
+  for (const BuildWarning& warning : BuildWarnings(station)) warned.push_back(warning.what);
+  EXPECT_NE(std::find(warned.begin(), warned.end(), "Layer 1 may turn back into its file's pattern"), warned.end());
+  station.Run("lblRefresh", Event::Click);
+  EXPECT_EQ(s.cmbPattern(1).text(), "7.460 | 2 X 25 | 180\xB0");
 }
 
 TEST_F(FourAxisFile, SavesTheSameBytesAgain) {

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <set>
 
 #include "design/catalogue.h"
@@ -99,6 +101,7 @@ class NamesInWindow : public QObject {
   void TabGoesInTheOrderOfTheWork();
   void TabGoesCellByCell();
   void EveryStopHasAName();
+  void TipsShowTextsAsTheyStand();
 };
 
 void NamesInWindow::EveryFieldIsBoundOnce() {
@@ -311,6 +314,25 @@ void NamesInWindow::EveryStopHasAName() {
                       widget->objectName();
     }
   QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(QStringLiteral(", "))));
+}
+
+// Paths, names and fields may look like markup; a tip of theirs shows each character.
+void NamesInWindow::TipsShowTextsAsTheyStand() {
+  const std::string hostile = "<img src=\"/dev/zero\"><b>1,5</b>";
+  WindowOnStage station;
+  station.s().gFilePath = "C:\\Torvane\\" + hostile + ".t2d";
+  station.s().gFileName = hostile + ".t2d";
+  station.Type("txtNumberOfLayers(0)", "1");
+  station.Type("txtDiameterLeft", hostile.c_str());
+  int seen = 0;
+  for (QWidget* widget : station.window().findChildren<QWidget*>()) {
+    const QString tip = widget->toolTip();
+    if (!tip.contains(QStringLiteral("img"))) continue;
+    const QString shown = Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+    QVERIFY2(shown.contains(QString::fromStdString(hostile)), qPrintable(shown));
+    ++seen;
+  }
+  QVERIFY(seen >= 1);
 }
 
 }  // namespace torvane
