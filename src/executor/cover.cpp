@@ -8,6 +8,11 @@ namespace torvane::executor {
 
 namespace {
 
+// Rows times traverses.
+constexpr double kMostCrossings = 4e8;
+// After so many of them it is asked whether a row is covered already.
+constexpr std::size_t kTracksAtOnce = 2048;
+
 // An angle as a share of a turn: a turn is 2 to the 64th, so that sums wrap round by themselves.
 using Phase = std::uint64_t;
 
@@ -74,6 +79,7 @@ struct Track {
   double radius = -1;    // that `width` is for
   Phase width = 0;
 
+  Phase At(std::size_t row) const { return at + step * (row - firstRow); }
   void WidenFor(double r, double band) {
     if (r == radius) return;
     radius = r;
@@ -110,31 +116,43 @@ struct Raster {
 
 }  // namespace
 
-double CoveredShare(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh, bool coarse) {
+double CoveredShare(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh, int rowsAtMost,
+                    const std::stop_token& stop) {
   // The narrowest reach of a band sets the raster.
   double reach = 360, axial = zHigh - zLow;
   const double widest = std::max(mandrel.leftRadius, mandrel.rightRadius);
   for (const Stroke& stroke : layer.strokes) {
+    if (stop.stop_requested()) return 0;
     const double tangent = Tangent(stroke, widest);
     reach = std::min(reach, BandDegrees(layer.band, tangent, widest));
     if (tangent > 0) axial = std::min(axial, AxialBand(layer.band, tangent));
   }
-  const std::size_t rows = Within((zHigh - zLow) / (axial / 10), 32, coarse ? 64 : 4096);
+  const double affordable = kMostCrossings / static_cast<double>(layer.strokes.size());
+  const double most = std::clamp<double>(affordable, kFewestRows, rowsAtMost);
+  const std::size_t rows = Within((zHigh - zLow) / (axial / 10), kFewestRows, most);
   const Raster raster{zLow, (zHigh - zLow) / static_cast<double>(rows), rows};
   Ring ring(static_cast<int>(std::bit_width(Within(10 * 360 / reach, 1023, 16383))));
   std::vector<Track> tracks;
-  for (const Stroke& stroke : layer.strokes) tracks.push_back(raster.Lay(stroke));
+  for (const Stroke& stroke : layer.strokes) {
+    if (stop.stop_requested()) return 0;
+    tracks.push_back(raster.Lay(stroke));
+  }
 
   std::size_t covered = 0;
   for (std::size_t row = 0; row < rows; ++row) {
     const double radius = mandrel.RadiusAt(raster.MiddleOf(row));
     ring.Clear();
-    for (Track& track : tracks) {
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+      if (i % kTracksAtOnce == kTracksAtOnce - 1) {
+        if (stop.stop_requested()) return 0;
+        if (ring.Covered() == ring.Places()) break;
+      }
+      Track& track = tracks[i];
       if (row < track.firstRow || row >= track.behindRow) continue;
       track.WidenFor(radius, layer.band);
-      ring.Cover(track.at - track.width / 2, track.width);
-      track.at += track.step;
+      ring.Cover(track.At(row) - track.width / 2, track.width);
     }
+    if (stop.stop_requested()) return 0;
     covered += ring.Covered();
   }
   return static_cast<double>(covered) / static_cast<double>(rows * ring.Places());

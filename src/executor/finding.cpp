@@ -31,15 +31,30 @@ constexpr KindRow kKinds[] = {
     {Kind::RoundedStrips, Level::Fault, "rounded-strips"},
     {Kind::ShiftEnds, Level::Fault, "shift-ends"},
     {Kind::RunningAngle, Level::Fault, "running-angle"},
+    {Kind::Units, Level::Fault, "units"},
+    {Kind::NumberForm, Level::Fault, "number-form"},
+    {Kind::Identity, Level::Fault, "identity"},
+    {Kind::MotorsOff, Level::Fault, "motors-off"},
+    {Kind::NotHomed, Level::Fault, "not-homed"},
+    {Kind::NoWait, Level::Fault, "no-wait"},
+    {Kind::NegativeSpeed, Level::Fault, "negative-speed"},
+    {Kind::Acceleration, Level::Fault, "acceleration"},
+    {Kind::LongTurn, Level::Fault, "long-turn"},
+    {Kind::StopsShort, Level::Fault, "stops-short"},
+    {Kind::NoPattern, Level::Fault, "no-pattern"},
+    {Kind::NoBand, Level::Fault, "no-band"},
+    {Kind::ControlBytes, Level::Fault, "control-bytes"},
+    {Kind::BehindEnd, Level::Fault, "behind-end"},
+    {Kind::NothingMoves, Level::Fault, "nothing-moves"},
     {Kind::Time, Level::Note, "time"},
     {Kind::FewPasses, Level::Note, "few-passes"},
     {Kind::HoopDwell, Level::Note, "hoop-dwell"},
     {Kind::Rounding, Level::Note, "rounding"},
     {Kind::FirstTraverse, Level::Note, "first-traverse"},
     {Kind::Unknown, Level::Note, "unknown"},
-    {Kind::BehindEnd, Level::Note, "behind-end"},
+    {Kind::PreWrapStarts, Level::Note, "pre-wrap-starts"},
 };
-static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::BehindEnd) + 1);
+static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::PreWrapStarts) + 1);
 
 const KindRow& RowOf(Kind kind) {
   const KindRow& row = kKinds[static_cast<std::size_t>(kind)];

@@ -12,11 +12,16 @@ namespace {
 
 // Gaps up to this share of a band count as none, as the raster does not show them.
 constexpr double kSmallGap = 0.1;
+// Enough to show an open layer.
+constexpr int kFewRows = 64;
+// Stops are written with two decimals.
+constexpr double kStopRounding = 0.011;
 
 struct LayerProof {
   const Layer& layer;
   const double unitsPerInch;
   Findings& findings;
+  const std::stop_token& stop;
   LayerFigures figures;
   Mandrel mandrel;
 
@@ -34,6 +39,7 @@ struct LayerProof {
   }
 
   void CountPasses();
+  void WatchStops();
   void WatchHead();
   void AddFilament();
   bool ShiftEndsFit();
@@ -47,6 +53,7 @@ void LayerProof::CountPasses() {
   figures.passesAnnounced = announced;
   double expected = 1;
   for (const Pass& pass : layer.passes) {
+    if (stop.stop_requested()) return;
     if (pass.moves == 2) ++figures.passesRun;
     const std::string name = "pass " + Fixed(pass.number, 0);
     if (pass.number != expected || pass.announced != announced) {
@@ -68,6 +75,23 @@ void LayerProof::CountPasses() {
             Fixed(last, 0) + ".");
 }
 
+// But for a carriage shift all passes of a layer turn round at the stops of its first one.
+void LayerProof::WatchStops() {
+  const Pass& first = layer.passes.front();
+  if (layer.carriageShift || first.moves < 2) return;
+  const double most = std::max(kStopRounding, kSmallGap * layer.band);
+  for (std::size_t i = 1; i < layer.passes.size() && !stop.stop_requested(); ++i) {
+    const Pass& pass = layer.passes[i];
+    if (pass.moves < 2) continue;
+    const bool atFar = std::abs(pass.farZ - first.farZ) <= most;
+    if (atFar && std::abs(pass.backZ - first.backZ) <= most) continue;
+    Say(Kind::StopsShort, atFar ? pass.backLine : pass.farLine,
+        "Pass " + Fixed(pass.number, 0) + " of " + LayerName() + " turns round at " +
+            Z(atFar ? pass.backZ : pass.farZ) + ", where the first one does at " +
+            Z(atFar ? first.backZ : first.farZ) + ": the part's end gets fewer bands than it should.");
+  }
+}
+
 // A traverse runs along the whole part, so it meets the thicker end.
 void LayerProof::WatchHead() {
   const double radius = std::max(mandrel.leftRadius, mandrel.rightRadius);
@@ -79,8 +103,10 @@ void LayerProof::WatchHead() {
 
 void LayerProof::AddFilament() {
   const auto around = [&](double z, double degrees) { return mandrel.RadiusAt(z) * degrees * kRadians; };
-  for (const Stroke& s : layer.strokes)
+  for (const Stroke& s : layer.strokes) {
+    if (stop.stop_requested()) return;
     figures.filament += std::hypot(s.z1 - s.z0, around((s.z0 + s.z1) / 2, s.m1 - s.m0));
+  }
   for (const EndTurn& turn : layer.endTurns) figures.filament += around(turn.z, turn.degrees);
 }
 
@@ -138,7 +164,13 @@ void LayerProof::JudgeBands() {
   const bool elsewhere = std::abs(firstPass.startZ - firstPass.endZ) > figures.band / 2;
   const bool wrongWay = (start.z1 > start.z0) != (firstPass.farZ > firstPass.endZ);
   bool firstAside = false;
+  if (pattern.alikeSteps * 4 < pattern.steps * 3)
+    Say(Kind::NoPattern, pattern.oddLine,
+        "The passes of " + LayerName() + " follow no pattern: of " + std::to_string(pattern.steps) +
+            " steps from band to band " + std::to_string(pattern.alikeSteps) +
+            " are alike. What they cover is left to chance.");
   for (const BandAside& band : pattern.aside) {
+    if (stop.stop_requested()) return;
     if (band.first && (layer.wraps || elsewhere)) {
       firstAside = true;
       continue;
@@ -203,9 +235,9 @@ void LayerProof::JudgeGaps(bool few) {
 
 }  // namespace
 
-LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,
-                        Findings& findings) {
-  LayerProof proof{layer, unitsPerInch, findings, {}, MandrelOf(layer, comments)};
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch, int rowsAtMost,
+                        Findings& findings, const std::stop_token& stop) {
+  LayerProof proof{layer, unitsPerInch, findings, stop, {}, MandrelOf(layer, comments)};
   LayerFigures& figures = proof.figures;
   figures.number = layer.number;
   figures.line = layer.line;
@@ -216,6 +248,7 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
   figures.zLow = proof.mandrel.zRight + margin;
   figures.zHigh = proof.mandrel.zLeft - margin;
   proof.CountPasses();
+  proof.WatchStops();
   proof.AddFilament();
   proof.WatchHead();
   if (layer.oddDwellLine != 0)
@@ -226,6 +259,12 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
                                       : "an angle of " + Fixed(layer.oddDwellAngle, 2) + " degrees") +
             " behind its C, as in hoop rows by mandrel shift; the mandrel goes on to where that stands.");
   if (layer.strokes.empty()) return figures;
+  if (!(figures.band > 0) && layer.noBandLine != 0) {
+    proof.Say(Kind::NoBand, layer.noBandLine,
+              "The displays of " + proof.LayerName() +
+                  " tell a band width (FW) of 0: a band without a width covers nothing.");
+    return figures;
+  }
   if (!(figures.band > 0) || !(proof.mandrel.leftRadius > 0) || !(figures.zHigh > figures.zLow)) {
     proof.Say(Kind::Unknown, layer.line,
               "The cover of " + proof.LayerName() +
@@ -233,18 +272,20 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
     return figures;
   }
   figures.judged = true;
-  figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch);
+  figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch, stop);
   const auto few = [&] { return 2 * figures.pattern.bands * figures.pattern.bandDegrees < 360; };
   const auto cover = [&] {
-    figures.coveredShare = CoveredShare(layer, proof.mandrel, figures.zLow, figures.zHigh, few());
+    const int rows = few() ? std::min(rowsAtMost, kFewRows) : rowsAtMost;
+    figures.coveredShare = CoveredShare(layer, proof.mandrel, figures.zLow, figures.zHigh, rows, stop);
   };
   if (layer.carriageShift && layer.passes.size() > 1) {
     cover();
     if (!proof.ShiftEndsFit()) return figures;
     proof.NarrowToAllPasses();
-    figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch);
+    figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch, stop);
   }
   cover();
+  if (stop.stop_requested()) return figures;
   figures.fits = true;
   if (!few()) proof.JudgeBands();
   proof.JudgeGaps(few());

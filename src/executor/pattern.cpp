@@ -61,9 +61,10 @@ struct Gaps {
 
 class Finder {
  public:
-  Finder(const Layer& layer, const Mandrel& mandrel, double unitsPerInch)
+  Finder(const Layer& layer, const Mandrel& mandrel, double unitsPerInch, const std::stop_token& stop)
       : layer_(layer),
         mandrel_(mandrel),
+        stop_(stop),
         bandRounding_(kBandRounding * unitsPerInch),
         typical_(Typical(layer)),
         outward_(layer.passes[0].farZ > layer.passes[0].endZ) {}
@@ -79,6 +80,7 @@ class Finder {
     std::vector<Crossing> crossings;
     const double radius = mandrel_.RadiusAt(z);
     for (const Stroke& stroke : layer_.strokes) {
+      if (stop_.stop_requested()) break;
       if (!Runs(stroke, out) || !stroke.Reaches(z)) continue;
       const double tangent = Tangent(stroke, radius);
       crossings.push_back(
@@ -97,16 +99,16 @@ class Finder {
     const bool adds =
         std::any_of(layer_.strokes.begin(), layer_.strokes.end(), [](const Stroke& s) { return s.ownTurn; });
     const double drift = adds ? Drift(mandrel_.RadiusAt(z)) : 2 * kTurnRounding;
-    for (std::size_t i = 0; i < crossings.size(); ++i) {
+    const double across = AcrossFactor(z);
+    for (std::size_t i = 0; i < crossings.size() && !stop_.stop_requested(); ++i) {
       const Crossing& a = crossings[i];
       const bool last = i + 1 == crossings.size();
       const Crossing& b = crossings[last ? 0 : i + 1];
       const double way = b.angle - a.angle + (last ? 360 : 0);
-      const double tangent = AcrossFactor(z);
-      const double gap = (way - (a.width + b.width) / 2) * tangent;
+      const double gap = (way - (a.width + b.width) / 2) * across;
       gaps.smallest = std::min(gaps.smallest, gap);
       gaps.largest = std::max(gaps.largest, gap);
-      gaps.rounded = std::max(gaps.rounded, (way - drift - (a.steepWidth + b.steepWidth) / 2) * tangent);
+      gaps.rounded = std::max(gaps.rounded, (way - drift - (a.steepWidth + b.steepWidth) / 2) * across);
     }
     if (crossings.empty()) gaps.largest = gaps.rounded = 360 * AcrossFactor(z);
     return gaps;
@@ -119,6 +121,7 @@ class Finder {
     double drift = kTurnRounding * layer_.ownTurns;
     if (!layer_.wraps) return drift;
     for (const Stroke& stroke : layer_.strokes) {
+      if (stop_.stop_requested()) break;
       const double tangent = Tangent(stroke, radius);
       if (tangent > 0)
         drift += std::abs(stroke.m1 - stroke.m0) * (1 / tangent + tangent) * kAngleRounding * kRadians;
@@ -138,7 +141,7 @@ class Finder {
   std::vector<double> ProgressAt(double z, bool out, std::vector<const Stroke*>& strokes) const {
     std::vector<double> angles;
     strokes.clear();
-    for (std::size_t i = 0; i < layer_.strokes.size(); ++i) {
+    for (std::size_t i = 0; i < layer_.strokes.size() && !stop_.stop_requested(); ++i) {
       const Stroke& stroke = layer_.strokes[i];
       if (stroke.tail || !Runs(stroke, out)) continue;
       const bool inTail =
@@ -159,6 +162,7 @@ class Finder {
 
   const Layer& layer_;
   const Mandrel& mandrel_;
+  const std::stop_token& stop_;
   double bandRounding_;
   const Stroke& typical_;
   bool outward_;
@@ -176,25 +180,74 @@ double UsualStep(const std::vector<double>& angles) {
 // one that; at the layer's two ends there is one step alone. A step that misses again and again is the shift
 // between the groups of a pattern.
 void FindAside(const std::vector<double>& angles, const std::vector<const Stroke*>& strokes, bool out,
-               double bandDegrees, std::vector<BandAside>& aside) {
+               double bandDegrees, std::vector<BandAside>& aside, const std::stop_token& stop) {
   const std::size_t n = angles.size();
   if (n < 4) return;
   const double usual = UsualStep(angles);
   std::vector<double> off(n - 1);
   for (std::size_t i = 0; i + 1 < n; ++i) off[i] = Aside(angles[i + 1] - angles[i] - usual);
   const double half = bandDegrees / 2, alike = bandDegrees / 5;
+  std::vector<double> sorted = off;
+  std::sort(sorted.begin(), sorted.end());
   const auto repeats = [&](double value) {
-    return std::count_if(off.begin(), off.end(), [&](double o) { return std::abs(o - value) < alike; }) > 1;
+    const auto first = std::upper_bound(sorted.begin(), sorted.end(), value - alike);
+    return sorted.end() - first > 1 && first[1] < value + alike;
   };
   const auto add = [&](std::size_t i, double degrees) {
     aside.push_back({strokes[i]->line, strokes[i]->pass, degrees, out && strokes[i]->pass == 0});
   };
   const auto usualOff = [&](double value) { return std::abs(value) <= half || repeats(value); };
   if (!usualOff(off[0]) && usualOff(off[1])) add(0, -off[0]);
-  for (std::size_t i = 1; i + 1 < n; ++i)
+  for (std::size_t i = 1; i + 1 < n && !stop.stop_requested(); ++i)
     if (!usualOff(off[i - 1]) && !usualOff(off[i]) && std::abs(off[i - 1] + off[i]) < alike)
       add(i, off[i - 1]);
   if (!usualOff(off[n - 2]) && usualOff(off[n - 3])) add(n - 1, off[n - 2]);
+}
+
+// Steps within a turn that are alike; they may lie on both sides of 0.
+struct Alike {
+  std::size_t count = 0;
+  double from = 0;  // the smallest of them
+
+  bool Has(double step, double width) const { return count > 0 && Wrapped(step - from) <= width; }
+};
+
+// The most of them that lie within `width`, less than a turn.
+Alike MostAlike(const std::vector<double>& sorted, double width) {
+  Alike most;
+  const std::size_t n = sorted.size();
+  for (std::size_t first = 0, end = 0; first < n; ++first) {
+    end = std::max(end, first);
+    while (end < first + n && sorted[end % n] + (end < n ? 0 : 360) - sorted[first] <= width) ++end;
+    if (end - first > most.count) most = {end - first, sorted[first]};
+  }
+  return most;
+}
+
+// Takes what a direction has to say of the steps, if fewer of them are alike than in the other.
+void CountAlike(const std::vector<double>& angles, const std::vector<const Stroke*>& strokes,
+                double bandDegrees, Pattern& pattern) {
+  constexpr std::size_t kFewestSteps = 6;
+  std::vector<double> steps;
+  for (std::size_t i = 1; i < angles.size(); ++i)
+    if (strokes[i - 1]->pass > 0) steps.push_back(Wrapped(angles[i] - angles[i - 1]));
+  if (steps.size() < kFewestSteps) return;
+  const double width = std::min(180.0, 2 * std::max(bandDegrees / 5, 2 * kAngleRounding + 1e-6));
+  std::vector<double> sorted = steps;
+  std::sort(sorted.begin(), sorted.end());
+  const Alike within = MostAlike(sorted, width);
+  std::erase_if(sorted, [&](double step) { return within.Has(step, width); });
+  const Alike between = MostAlike(sorted, width);
+  const auto all = static_cast<int>(steps.size());
+  const auto alike = all - static_cast<int>(sorted.size()) + static_cast<int>(between.count);
+  if (pattern.steps > 0 &&
+      static_cast<long long>(alike) * pattern.steps >= static_cast<long long>(pattern.alikeSteps) * all)
+    return;
+  pattern.steps = all;
+  pattern.alikeSteps = alike;
+  for (std::size_t i = steps.size(); i-- > 0;)
+    if (!within.Has(steps[i], width) && !between.Has(steps[i], width))
+      pattern.oddLine = strokes[strokes.size() - steps.size() + i]->line;
 }
 
 // How far `next` lies from a band that is laid. Within the bands that is the nearer neighbour; where the laid
@@ -218,8 +271,8 @@ double MissOf(double next, const std::vector<double>& angles, double same) {
 }  // namespace
 
 Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh,
-                    double unitsPerInch) {
-  const Finder finder(layer, mandrel, unitsPerInch);
+                    double unitsPerInch, const std::stop_token& stop) {
+  const Finder finder(layer, mandrel, unitsPerInch, stop);
   const double middle = (zLow + zHigh) / 2;
   const double radius = mandrel.RadiusAt(middle);
   const double tangent = Tangent(finder.typical(), radius);
@@ -231,6 +284,7 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   // At each Z the direction whose bands lie closer counts.
   Gaps closest, outGaps, backGaps;
   for (const double share : {0.02, 0.5, 0.98}) {
+    if (stop.stop_requested()) return pattern;
     const double z = zLow + (zHigh - zLow) * share;
     const Gaps out = finder.GapsAt(z, true), back = finder.GapsAt(z, false);
     outGaps.Take(out);
@@ -250,13 +304,17 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   // elsewhere. Where the head wraps the ends, the end of the last pass alone tells.
   const bool backCloser = backGaps.largest < outGaps.largest - layer.band / 10;
   const bool byBack = layer.carriageShift || out.size() < 2 || (!layer.wraps && backCloser);
-  if (!layer.carriageShift) FindAside(out, strokes, true, pattern.bandDegrees, pattern.aside);
+  CountAlike(out, strokes, pattern.bandDegrees, pattern);
+  if (stop.stop_requested()) return pattern;
+  if (!layer.carriageShift) FindAside(out, strokes, true, pattern.bandDegrees, pattern.aside, stop);
   if (!byBack) {
     const double next = layer.endMandrel + (middle - layer.endZ) * strokes.back()->DegreesPerLength();
     pattern.miss = MissOf(next, out, same);
   }
   const std::vector<double> back = finder.ProgressAt(middle, false, strokes);
-  FindAside(back, strokes, false, pattern.bandDegrees, pattern.aside);
+  CountAlike(back, strokes, pattern.bandDegrees, pattern);
+  if (stop.stop_requested()) return pattern;
+  FindAside(back, strokes, false, pattern.bandDegrees, pattern.aside, stop);
   if (byBack && back.size() > 1)
     pattern.miss = MissOf(back.back() + back.back() - back[back.size() - 2], back, same);
   pattern.drift = finder.Drift(radius);

@@ -2,6 +2,7 @@
 // begin, and bands beside their place. All from the traverses as straight lines of angle over Z.
 #pragma once
 
+#include <stop_token>
 #include <vector>
 
 #include "executor/mandrel.h"
@@ -29,10 +30,14 @@ struct Pattern {
   // By how much rounded turns and angles may have moved that, degrees.
   double drift = 0;
   std::vector<BandAside> aside;
+  // Steps from band to band in the direction that has the fewer of them alike, first pass left out. A pattern
+  // has two kinds of steps at most: within a group, and from one to the next.
+  int steps = 0, alikeSteps = 0;
+  int oddLine = 0;  // where the first of the others leads; 0: there is none
 };
 
-// The traverses between zLow and zHigh; there must be one at least.
+// The traverses between zLow and zHigh; there must be one at least. Asked to stop, it returns anything.
 Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh,
-                    double unitsPerInch);
+                    double unitsPerInch, const std::stop_token& stop);
 
 }  // namespace torvane::executor

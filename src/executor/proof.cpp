@@ -5,7 +5,9 @@
 #include <set>
 #include <string>
 
+#include "executor/cover.h"
 #include "executor/number.h"
+#include "executor/sense.h"
 
 namespace torvane::executor {
 
@@ -14,6 +16,8 @@ namespace {
 // Half of the last decimal that a length or speed is written with.
 constexpr double kLastDecimal = 0.005;
 constexpr double kFarOff = 4;
+// Of the rasters of all layers. A program of more layers than any machine winds gets coarser ones.
+constexpr int kRowsInAll = 32 * kMostRows;
 
 // What is wrong with the line, and what its command is for.
 std::string Unreadable(const Line& line) {
@@ -46,8 +50,11 @@ class Prover {
   void JudgeTime();
 
   int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
-  // Where in the program, for what is outside the layers.
-  std::string Stage() const;
+  Place PlaceNow() const {
+    const Layer* layer = winding_.OpenLayer();
+    return {LayerNow(), winding_.stage(), layer != nullptr && !layer->strokes.empty()};
+  }
+  std::string Stage() const { return PlaceNow().InBrackets(); }
   std::string_view Unit() const { return machine_.Millimetres() ? "mm" : "in"; }
 
   Limits limits_;
@@ -55,11 +62,11 @@ class Prover {
   Machine machine_;
   Winding winding_;
   Proof proof_;
+  Readiness readiness_{proof_.findings};
   bool ended_ = false, buildTime_ = false;
-  int lastLine_ = 0;
+  int firstLine_ = 0, lastLine_ = 0;
   std::string_view lastText_;
   Command last_ = Command::Absolute;
-  bool lastIsFarewell_ = false;
 };
 
 Proof Prover::Run(std::string_view program) {
@@ -70,6 +77,9 @@ Proof Prover::Run(std::string_view program) {
   if (!proof_.anyStatement) return std::move(proof_);
   const bool broken = !program.empty() && program.back() != '\n' && !line.comment.empty() &&
                       line.comment.find(']') == std::string_view::npos;
+  if (!readiness_.AnythingMoved())
+    proof_.findings.Add(Kind::NothingMoves, firstLine_, 0,
+                        "Nothing in this file moves the machine: it is hardly a program.");
   JudgeEnd(broken);
   JudgeLayers();
   JudgeTime();
@@ -79,6 +89,7 @@ Proof Prover::Run(std::string_view program) {
 
 void Prover::TakeLine(const Line& line) {
   if (!line.comment.empty() && line.kind == Line::Kind::Blank) winding_.TakeComment(line.comment);
+  if (line.kind != Line::Kind::Unreadable) WatchBytes(line, proof_.findings);
   if (line.kind == Line::Kind::Blank) return;
   if (ended_) {
     proof_.findings.Add(Kind::BehindEnd, line.number, 0,
@@ -93,15 +104,19 @@ void Prover::TakeLine(const Line& line) {
 }
 
 void Prover::TakeStatement(const Line& line) {
+  if (!proof_.anyStatement) firstLine_ = line.number;
   proof_.anyStatement = true;
   ++proof_.statements;
   last_ = line.statement.command;
   lastLine_ = line.number;
   lastText_ = line.text;
   const Words& words = line.statement.words;
-  lastIsFarewell_ =
-      last_ == Command::Display && ReadDisplay(line.statement.body).message.substr(0, 11) == "No Heat Gun";
   switch (last_) {
+    case Command::Display:
+      // What a program without a heat gun ends with, behind heat shrink tape.
+      ended_ = winding_.stage() != "Heat Gun Curing" &&
+               ReadDisplay(line.statement.body).message.substr(0, 11) == "No Heat Gun";
+      break;
     case Command::Wait:
       ++proof_.waits;
       break;
@@ -127,6 +142,8 @@ void Prover::TakeStatement(const Line& line) {
   const Motion motion = machine_.Run(line.statement);
   for (std::size_t i = 0; i < motion.count; ++i) proof_.seconds += motion.segments[i].seconds;
   winding_.Take(line, motion, machine_, before);
+  readiness_.Take(line, motion, PlaceNow());
+  WatchSense(line, motion, PlaceNow(), machine_, limits_, proof_.findings);
   TakeTrouble(line, motion.trouble);
   WatchLimits(line);
 }
@@ -147,11 +164,6 @@ void Prover::TakeTrouble(const Line& line, Trouble trouble) {
       break;
   }
   proof_.findings.Add(Kind::Standstill, line.number, LayerNow(), text);
-}
-
-std::string Prover::Stage() const {
-  if (LayerNow() != 0 || winding_.stage().empty()) return {};
-  return " (" + std::string(winding_.stage()) + ')';
 }
 
 void Prover::WatchTravel(int line, double z) {
@@ -216,7 +228,7 @@ void Prover::WatchLimits(const Line& line) {
 // telling that there is no heat gun.
 void Prover::JudgeEnd(bool brokenLine) {
   const bool tape = winding_.stage() == "Heat Shrink Tape", gun = winding_.stage() == "Heat Gun Curing";
-  const bool done = ended_ || (!gun && lastIsFarewell_) || (!gun && !tape && last_ == Command::Stop);
+  const bool done = ended_ || (!gun && !tape && last_ == Command::Stop);
   if (done && !winding_.ScheduleOpen() && !brokenLine) return;
   std::string text = "The program breaks off behind \"" + std::string(lastText_.substr(0, 60)) + '"';
   text += winding_.ScheduleOpen() ? ": the winding has begun and its end is not told."
@@ -227,12 +239,15 @@ void Prover::JudgeEnd(bool brokenLine) {
 
 void Prover::JudgeLayers() {
   std::set<int> seen;
+  const auto layers = static_cast<int>(std::min<std::size_t>(winding_.layers().size(), kRowsInAll));
+  const int rows = std::clamp(kRowsInAll / std::max(1, layers), kFewestRows, kMostRows);
   for (const Layer& layer : winding_.layers()) {
     if (stop_.stop_requested()) return;
     if (!seen.insert(layer.number).second)
       proof_.findings.Add(Kind::Passes, layer.line, layer.number,
                           "layer " + std::to_string(layer.number) + " is announced a second time.");
-    proof_.layers.push_back(ProveLayer(layer, winding_.comments(), machine_.UnitsPerInch(), proof_.findings));
+    proof_.layers.push_back(
+        ProveLayer(layer, winding_.comments(), machine_.UnitsPerInch(), rows, proof_.findings, stop_));
     proof_.filament += proof_.layers.back().filament;
     proof_.windingSeconds += layer.seconds;
   }

@@ -47,8 +47,8 @@ struct Proof {
 // has so far, which says nothing of the whole.
 Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop = {});
 
-// One layer against its own announcement; for Prove.
-LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch,
-                        Findings& findings);
+// One layer against its own announcement, its cover by so many rows of a raster at most; for Prove.
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch, int rowsAtMost,
+                        Findings& findings, const std::stop_token& stop);
 
 }  // namespace torvane::executor

@@ -31,6 +31,7 @@ void TakeField(std::string_view key, std::string_view value, Display& display) {
   } else if (key == "PA") {
     ReadCounted(value, display.pass, display.passes);
   } else if (key == "FW") {
+    display.hasBand = true;
     display.bandInches = Value(value);
   } else if (key == "LD") {
     display.leftDiameter = Value(value);

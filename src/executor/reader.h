@@ -40,6 +40,7 @@ struct Display {
   bool hasLayer = false;
   double layer = 0, layers = 0;  // "2_of_4"; `layers` is 0 where only one number stands
   double pass = 0, passes = 0;
+  bool hasBand = false;
   double bandInches = 0;    // 0 where the field is missing or no number
   double leftDiameter = 0;  // in the program's unit
 };

@@ -65,6 +65,7 @@ void Winding::BeginPass(const Display& display, const Line& line, const Machine&
   open_ = true;
   Layer& layer = layers_.back();
   if (display.bandInches > 0) layer.band = display.bandInches * machine.UnitsPerInch();
+  if (display.hasBand && !(display.bandInches > 0) && layer.noBandLine == 0) layer.noBandLine = line.number;
   if (display.leftDiameter > 0) layer.leftDiameter = display.leftDiameter;
   layer.carriageShift = display.method == "cs";
   Pass pass;
@@ -126,6 +127,10 @@ void Winding::TakeTraverse(const Line& line, const Motion& motion, const Positio
   if (pass.moves == 0) {
     pass.startZ = before.carriage;
     pass.farZ = after.carriage;
+    pass.farLine = line.number;
+  } else {
+    pass.backZ = after.carriage;
+    pass.backLine = line.number;
   }
   ++pass.moves;
   // Where the carriage arrives, and where the mandrel has done its turn.

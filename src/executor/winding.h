@@ -30,6 +30,8 @@ struct Pass {
   int line = 0;
   int moves = 0;  // traverses: two make a pass
   double startZ = 0, farZ = 0, endZ = 0;
+  double backZ = 0;  // where its way back ends, before the head wraps the end
+  int farLine = 0, backLine = 0;
 };
 
 // Mandrel turns while the carriage stands, and those round the ends.
@@ -42,6 +44,7 @@ struct Layer {
   int line = 0;
   bool carriageShift = false;
   double band = 0;          // width, in the program's unit; 0 unknown
+  int noBandLine = 0;       // of a display that tells a width of 0; line 0: there is none
   double leftDiameter = 0;  // 0 unknown
   std::vector<Pass> passes;
   std::vector<Stroke> strokes;

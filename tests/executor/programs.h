@@ -19,6 +19,11 @@ inline const double kTestBand = 0.25 * std::sqrt(2.0) / (4 * kTestPi) * 360;
 // Degrees round the mandrel to inches across the band.
 inline const double kTestAcross = 4 * kTestPi / 360 / std::sqrt(2.0);
 
+// What a machine must be told before it moves.
+inline std::string Ready(const std::string& unit = "G20", const std::string& homeZ = "1.875") {
+  return unit + "\nX V420 T4 Z" + homeZ + " Y4.4375\nM17\nG28 E1 R4 F1\nM0\n";
+}
+
 inline std::string Begun(const std::string& form = "C C0\nG20\n") {
   return form +
          "G90\nX V420.000 T2 Z1.875\nM17\nG28 F1.000\nG4 Z P10000\nG1 F1.000 Z4.000\nD0 ST=Winding "

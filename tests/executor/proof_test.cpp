@@ -86,8 +86,8 @@ TEST(Proof, WatchesTheLimits) {
   limits = {0, 0, 0, 0, 0};
   EXPECT_EQ(KindsOf(Prove(ProgramOf({.farZ = 60}), limits)), Kinds{});
   // Limits are inches, a millimetre program's figures are not.
-  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T2 Z47.625\nG1 F229 Z1266\nX99\n")), Kinds{});
-  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T2 Z47.625\nG1 F230 Z40\nG1 E2000 Y1\nX99\n")),
+  EXPECT_EQ(KindsOf(ProofOf(Ready("G21", "47.625") + "G1 F229 Z1266\nX99\n")), Kinds{});
+  EXPECT_EQ(KindsOf(ProofOf(Ready("G21", "47.625") + "G1 F230 Z40\nG1 E1200 Y1\nX99\n")),
             (Kinds{{"travel", 0}, {"carriage-speed", 0}}));
 }
 
@@ -97,6 +97,7 @@ TEST(Proof, WatchesTheHead) {
     std::string text =
         "[GENERAL PART DESCRIPTION: LeftDia=4.000 RightDia=" + rightDiameter + " ]\n" + ProgramOf({});
     text.replace(text.find("T2 Z1.875"), 9, "T4 Z1.875 Y4.4375");
+    text.replace(text.find("G28 F1.000"), 10, "G28 E1 F1");
     text.insert(text.find("D0 ST="), "G1 E1 Y" + y + "\n");
     return KindsOf(ProofOf(text));
   };
@@ -109,14 +110,13 @@ TEST(Proof, WatchesTheHead) {
   // A two-axis machine has no head: its place is not known and not judged.
   std::string twoAxis = ProgramOf({});
   EXPECT_EQ(KindsOf(ProofOf(twoAxis)), Kinds{});
-  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T4 Z47.625 Y4.4375\nG1 E1 Y112.71\nX99\n")), Kinds{});
-  EXPECT_EQ(KindsOf(ProofOf("G21\nX V420 T4 Z47.625 Y4.4375\nG1 E1 Y112.73\nX99\n")),
-            (Kinds{{"head-travel", 0}}));
+  EXPECT_EQ(KindsOf(ProofOf(Ready("G21", "47.625") + "G1 E1 Y112.71\nX99\n")), Kinds{});
+  EXPECT_EQ(KindsOf(ProofOf(Ready("G21", "47.625") + "G1 E1 Y112.73\nX99\n")), (Kinds{{"head-travel", 0}}));
 }
 
 TEST(Proof, TellsWhereAProgramEnds) {
   const std::string whole = ProgramOf({});
-  const std::string head = "G20\nG1 F1 Z4\n";
+  const std::string head = Ready() + "G1 F1 Z4\n";
   for (const auto& [text, broken] : std::vector<std::pair<std::string, bool>>{
            {head + "X99", false},
            {head + "M4 S10\nG51 Z4 Z20", false},
@@ -147,7 +147,7 @@ TEST(Proof, ReportsWhatItCannotReadAndGoesOn) {
   EXPECT_EQ(proof.layers.at(0).coveredShare, 1);
   std::string many;
   for (int i = 0; i < 1000; ++i) many += "?\n";
-  EXPECT_EQ(ProofOf("M17\n" + many + "X99").findings.all().size(), 20U);
+  EXPECT_EQ(ProofOf(Ready() + many + "X99").findings.all().size(), 20U);
 }
 
 TEST(Proof, IsTheSameUnderADecimalComma) {
@@ -160,8 +160,8 @@ TEST(Proof, IsTheSameUnderADecimalComma) {
 }
 
 TEST(Proof, OfSpeedsAndStandstill) {
-  EXPECT_EQ(KindsOf(ProofOf("G20\nG1 F1 Z4\nG4 C360\nX99")), (Kinds{{"standstill", 0}}));
-  EXPECT_EQ(KindsOf(ProofOf("G20\nG1 Z4\nX99")), (Kinds{{"standstill", 0}}));
+  EXPECT_EQ(KindsOf(ProofOf(Ready() + "G1 F1 Z4\nG4 C360\nX99")), (Kinds{{"standstill", 0}}));
+  EXPECT_EQ(KindsOf(ProofOf(Ready() + "G1 F0 Z4\nX99")), (Kinds{{"standstill", 0}}));
   std::string slow = ProgramOf({});
   slow.insert(slow.find("M17"), "M711 H0 M50 S0\n");
   EXPECT_EQ(KindsOf(ProofOf(slow)), (Kinds{{"time", 0}}));
