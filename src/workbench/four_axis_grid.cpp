@@ -29,9 +29,7 @@ void optType_Click(Station& station, int index) {
   SelectPartType(station.s, index);
 }
 
-void picType_Release(Station& station, int right) {
-  station.Check(station.s.optType(right != 0 ? 1 : 0), true);
-}
+void picType_Release(Station& station, int right) { optType_Click(station, right != 0 ? 1 : 0); }
 
 void cmb3D_Click(Station& station, int row) {
   DesignState& s = station.s;

@@ -139,8 +139,6 @@ void Station::Choose(Field& field, std::string_view text) {
 }
 
 void Station::Check(Field& field, bool on) {
-  // An option that is chosen already is no choice: its part type would throw the patterns away.
-  if (field.row().kind == Kind::Option && field.checked() == on) return;
   if (field.row().kind == Kind::Option)
     Choose(field, on ? "True" : "False");
   else

@@ -84,23 +84,20 @@ TEST_F(FourAxisFile, OfAnAngleScheduleKeepsItsAngles) {
 TEST_F(FourAxisFile, ADeletedLayerStaysDeleted) {
   const std::string rest = " | 180\xB0;180\xB0;45\xB0</w>\r\n";
   ASSERT_TRUE(Open(FileOf("FLAT",
-                          "<Layer>1;REG;0;;;21.44 | 2 X 24" + rest + "<Layer>2;REG;0;;;7.460 | 2 X 25" + rest +
-                              "<Layer>3;REG;0;;;15.23 | 25 X 2" + rest,
+                          "<Layer>1;REG;0;;;21.44 | 2 X 24" + rest + "<Layer>2;REG;0;;;7.460 | 2 X 25" +
+                              rest + "<Layer>3;REG;0;;;15.23 | 25 X 2" + rest,
                           3)));
   station.Run("btn4XRow", Event::Press, 1);
   station.Run("mnuDelete4Ax", Event::Click);
   station.Run("lblRefresh", Event::Click);
   EXPECT_EQ(s.cmbPattern(1).text() + "|" + s.cmbPattern(2).text(),
             "7.460 | 2 X 25 | 180\xB0|15.23 | 25 X 2 | 180\xB0");
-  // The part type that stands already is no choice: it throws no pattern away.
-  station.Check(s.optType(0), true);
-  station.Run("picType", Event::Release, 0);
-  EXPECT_EQ(s.cmbPattern(1).text(), "7.460 | 2 X 25 | 180\xB0");
   // A pattern chosen anew gives way to the file's at the next refresh, which the warnings say.
   station.Choose(s.cmbPattern(1), "21.44 | 2 x 24 | 180\xB0");
   std::vector<std::string> warned;
   for (const BuildWarning& warning : BuildWarnings(station)) warned.push_back(warning.what);
-  EXPECT_NE(std::find(warned.begin(), warned.end(), "Layer 1 may turn back into its file's pattern"), warned.end());
+  EXPECT_NE(std::find(warned.begin(), warned.end(), "Layer 1 may turn back into its file's pattern"),
+            warned.end());
   station.Run("lblRefresh", Event::Click);
   EXPECT_EQ(s.cmbPattern(1).text(), "7.460 | 2 X 25 | 180\xB0");
 }
