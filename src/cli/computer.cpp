@@ -93,6 +93,7 @@ Computer::Computer(const CommonOptions& options) {
   if (!files) throw UsageError{Because(home.value(), files.reason())};
   files_.emplace(files.value());
   files_->MakeProgramFolderCurrent();
+  files_->tell = [](const std::string& text) { Complain(ToUtf8(OneLine(text))); };
   realStore_ = StoreAt(options.store);
   stage.locale.signs = SignsOf(options.locale);
   stage.clock.Set(options.now.empty() ? HostClock().Now() : MomentOf(options.now));

@@ -21,8 +21,8 @@ int RunConvert(Computer& computer, const std::string& design, const std::string&
   if (!path) throw UsageError{Because(out, path.reason())};
   std::string name = path.value();
   Station& station = opened.station();
-  const Outcome saved = twoAxis ? SaveTorvaneMakeFileVer20(station.s, station.platform, name)
-                                : SaveTorvaneMakeFileVer40(station.s, station.platform, name);
+  const Result<std::string> saved = twoAxis ? SaveTorvaneMakeFileVer20(station.s, station.platform, name)
+                                            : SaveTorvaneMakeFileVer40(station.s, station.platform, name);
   if (!saved) {
     Complain(Because(out, saved.reason()));
     return kFailed;

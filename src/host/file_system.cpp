@@ -1,5 +1,7 @@
 #include "host/file_system.h"
 
+#include <charconv>
+
 #include "host/code_page.h"
 
 namespace torvane {
@@ -18,6 +20,31 @@ std::filesystem::path LinksFollowed(std::filesystem::path path) {
     path = path.parent_path() / target;
   }
   return path;
+}
+
+namespace {
+
+constexpr std::string_view kBeside = ".torvane-", kBesideEnd = ".new";
+
+}  // namespace
+
+std::string NameBeside(unsigned long process, int attempt) {
+  return std::string(kBeside) + std::to_string(process) + "-" + std::to_string(attempt) +
+         std::string(kBesideEnd);
+}
+
+std::optional<unsigned long> WriterOf(std::string_view name) {
+  if (!name.starts_with(kBeside) || !name.ends_with(kBesideEnd)) return std::nullopt;
+  if (name.size() < kBeside.size() + kBesideEnd.size()) return std::nullopt;
+  name = name.substr(kBeside.size(), name.size() - kBeside.size() - kBesideEnd.size());
+  unsigned long process = 0;
+  int attempt = 0;
+  const char* const end = name.data() + name.size();
+  const auto first = std::from_chars(name.data(), end, process);
+  if (first.ec != std::errc() || first.ptr == end || *first.ptr != '-') return std::nullopt;
+  const auto second = std::from_chars(first.ptr + 1, end, attempt);
+  if (second.ec != std::errc() || second.ptr != end) return std::nullopt;
+  return process;
 }
 
 }  // namespace torvane

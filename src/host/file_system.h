@@ -24,14 +24,35 @@ std::filesystem::path LinksFollowed(std::filesystem::path path);
 // Refuses whatever is no regular file, and does not wait for a pipe's other end.
 Result<std::string> ReadRegularFile(const std::filesystem::path& path);
 
-// Writes over the file with no other file beside it. The room is taken first; if that or a later step fails,
-// the file gets its former length back, or is removed if it was new; the refusal says so if its former bytes
-// are lost by then.
-Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts);
+// What a symbolic link under the name of a file is to a write: the way to the file, or what it takes away.
+enum class Links { Followed, Replaced };
 
-// Replaces or makes the file in one step, so that a reader, also one after a power cut, finds the former
-// bytes or the new ones. Uses the name with ".new" behind it; two must not do this at once (see FileLock).
-Outcome ReplaceAtOnce(const std::filesystem::path& path, std::string_view bytes);
+struct Replacement {
+  // Why the folder took no second file, so that the former one was written over; empty where it was not.
+  std::string inPlace;
+};
+
+// Replaces or makes the file in one step, so that a reader, also one after a kill or a power cut, finds the
+// former bytes or all the new ones, and several may write at once. The new file gets the rights of the former
+// one, and its owner as far as the system gives files away. A file that may only be read is refused. A
+// refusal leaves the former file and nothing beside it.
+//
+// Where rights or a mount keep the folder from taking a second file, the former one is written over: only
+// then can a kill leave a part, and a refusal says so if the former bytes are lost.
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
+                                 const std::vector<std::string_view>& parts, Links links = Links::Followed);
+
+// Makes `copy` hold the bytes of the file, with its rights, in the same way. A link under the name of the
+// copy is replaced.
+Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy);
+
+// Removes what processes that are gone have left in a folder in the middle of a write.
+void RemoveLeftovers(const std::filesystem::path& folder);
+
+// The name of a file that is written beside another: it holds the number of the process that writes it.
+std::string NameBeside(unsigned long process, int attempt);
+// That number; nothing for any other file.
+std::optional<unsigned long> WriterOf(std::string_view name);
 
 // Tells one state of a file from another, as far as the file system's clock is fine enough.
 struct FileStamp {
@@ -55,9 +76,12 @@ class FileLock {
   FileLock& operator=(const FileLock&) = delete;
 
   const Outcome& Taken() const { return taken_; }
+  // It was not taken because another has it.
+  bool Kept() const { return kept_; }
 
  private:
   std::intptr_t handle_ = -1;
+  bool kept_ = false;
   Outcome taken_ = Done{};
 };
 

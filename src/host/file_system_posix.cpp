@@ -1,12 +1,15 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <memory>
 #include <thread>
 
 #include "host/file_system.h"
@@ -71,6 +74,144 @@ int Overwrite(const Descriptor& file, off_t formerSize, const std::vector<std::s
   return ftruncate(file.Number(), size) == 0 ? 0 : errno;
 }
 
+// The file that stands under a name, before another takes its place.
+struct Former {
+  Former(std::filesystem::path name, Links links) : path(std::move(name)) {
+    if ((links == Links::Followed ? stat : lstat)(path.c_str(), &found) != 0) error = errno;
+  }
+
+  bool IsFile() const { return error == 0 && S_ISREG(found.st_mode); }
+
+  std::filesystem::path path;
+  struct stat found {};
+  int error = 0;  // why it cannot be looked at; ENOENT where there is none
+};
+
+// The last resort. The path is no link.
+Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
+  struct stat former {};
+  Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+  if (!file || fstat(file.Number(), &former) != 0) return Refused(errno);
+  if (!S_ISREG(former.st_mode)) return Refusal{kNotAFile};
+
+  int error = Overwrite(file, former.st_size, parts);
+  const bool overwritten = error != 0 && former.st_size > 0 && lseek(file.Number(), 0, SEEK_CUR) > 0;
+  const bool lengthLost = error != 0 && ftruncate(file.Number(), former.st_size) != 0;
+  int closing = fsync(file.Number()) == 0 ? 0 : errno;
+  if (const int failed = file.Close()) closing = failed;
+  const bool closingLost = error == 0 && closing != 0 && former.st_size > 0;
+  if (error == 0) error = closing;
+  if (error == 0) return Done{};
+  Refusal refusal = Refused(error);
+  if (overwritten || lengthLost || closingLost) refusal.reason += " (The former file is lost.)";
+  return refusal;
+}
+
+// Gives a new file the owner and the rights of a former one; 0 or the system's error number.
+int TakeRights(const Descriptor& file, const Former& former) {
+  constexpr char kRightsOfOthers[] = "system.posix_acl_access";
+  struct stat made {};
+  if (fstat(file.Number(), &made) != 0) return errno;
+  const uid_t owner = former.found.st_uid;
+  const gid_t group = former.found.st_gid;
+  // Who may not give it away owns it from now on, as a mixed file would be worse; the group's rights are
+  // kept.
+  if ((made.st_uid != owner || made.st_gid != group) && fchown(file.Number(), owner, group) != 0 &&
+      fchown(file.Number(), static_cast<uid_t>(-1), group) != 0)
+    return EPERM;
+  std::array<char, 4096> list{};
+  const ssize_t size = getxattr(former.path.c_str(), kRightsOfOthers, list.data(), list.size());
+  if (size > 0 &&
+      fsetxattr(file.Number(), kRightsOfOthers, list.data(), static_cast<std::size_t>(size), 0) != 0)
+    return errno;
+  if (size < 0 && errno == ENODATA) fremovexattr(file.Number(), kRightsOfOthers);
+  const mode_t rights = former.found.st_mode & 07777;
+  if (fstat(file.Number(), &made) == 0 && (made.st_mode & 07777) == rights) return 0;
+  return fchmod(file.Number(), rights) == 0 ? 0 : errno;
+}
+
+// A file beside another, locked for as long as its process writes it.
+class Beside {
+ public:
+  Beside(const std::filesystem::path& folder, mode_t rights) {
+    for (int attempt = 1; error_ == EEXIST; ++attempt) {
+      path_ = folder / NameBeside(static_cast<unsigned long>(getpid()), attempt);
+      file_ = std::make_unique<Descriptor>(
+          open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, rights));
+      error_ = *file_ ? 0 : errno;
+      // Whoever looks for leftovers can be between the two calls, and takes it for one.
+      if (error_ == 0 && IsTakenAway()) error_ = EEXIST;
+    }
+  }
+  ~Beside() {
+    if (error_ == 0 && !placed_) unlink(path_.c_str());
+  }
+  Beside(const Beside&) = delete;
+  Beside& operator=(const Beside&) = delete;
+
+  int Error() const { return error_; }
+  const Descriptor& File() const { return *file_; }
+
+  // 0 or the system's error number.
+  int PutInPlaceOf(const std::filesystem::path& target) {
+    if (fsync(file_->Number()) != 0) return errno;
+    if (std::rename(path_.c_str(), target.c_str()) != 0) return errno;
+    placed_ = true;
+    return 0;
+  }
+
+ private:
+  bool IsTakenAway() const {
+    if (flock(file_->Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return true;
+    struct stat made {};
+    return fstat(file_->Number(), &made) == 0 && made.st_nlink == 0;
+  }
+
+  std::filesystem::path path_;
+  std::unique_ptr<Descriptor> file_;
+  int error_ = EEXIST;
+  bool placed_ = false;
+};
+
+// Until its folder has reached the disk, a power cut can bring the former file back, whole as it was.
+enum class Lasting { Now, Later };
+
+// 0 or the system's error number, the target being as it was.
+int PutWhole(const std::filesystem::path& target, const Former& rights,
+             const std::vector<std::string_view>& parts, Lasting lasting) {
+  const auto parent = target.parent_path();
+  const auto folder = parent.empty() ? std::filesystem::path(".") : parent;
+  Beside beside(folder, rights.IsFile() ? 0600 : 0666);
+  if (beside.Error() != 0) return beside.Error();
+  if (rights.IsFile()) {
+    if (const int error = TakeRights(beside.File(), rights)) return error;
+  }
+  if (const int error = Overwrite(beside.File(), 0, parts)) return error;
+  if (const int error = beside.PutInPlaceOf(target)) return error;
+  if (lasting == Lasting::Later) return 0;
+  // Not every file system can be asked for this; the new file stands in any case.
+  const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened) fsync(opened.Number());
+  return 0;
+}
+
+Result<Replacement> Replace(const std::filesystem::path& target, const Former& former, const Former& rights,
+                            const std::vector<std::string_view>& parts, Lasting lasting) {
+  if (former.error != 0 && former.error != ENOENT) return Refused(former.error);
+  if (former.error == 0 && !former.IsFile() && !S_ISLNK(former.found.st_mode)) return Refusal{kNotAFile};
+  if (former.IsFile()) {
+    const Descriptor file(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+    if (!file) return Refused(errno);
+  }
+  const int error = PutWhole(target, rights, parts, lasting);
+  if (error == 0) return Replacement{};
+  const bool forbidden = error == EACCES || error == EPERM || error == EBUSY;
+  if (!forbidden || !former.IsFile()) return Refused(error);
+  const Outcome written = WriteInPlace(target, parts);
+  if (!written) return Refusal{written.reason()};
+  return Replacement{Refused(error).reason};
+}
+
 }  // namespace
 
 Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
@@ -93,46 +234,39 @@ Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
   }
 }
 
-Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
-  struct stat former {};
-  const bool made = stat(path.c_str(), &former) != 0;
-  if (made && errno != ENOENT) return Refused(errno);
-  if (!made && !S_ISREG(former.st_mode)) return Refusal{kNotAFile};
-  Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
-  if (!file || fstat(file.Number(), &former) != 0) return Refused(errno);
-  if (!S_ISREG(former.st_mode)) return Refusal{kNotAFile};
-
-  int error = Overwrite(file, former.st_size, parts);
-  const bool overwritten = error != 0 && former.st_size > 0 && lseek(file.Number(), 0, SEEK_CUR) > 0;
-  const bool lengthLost = error != 0 && ftruncate(file.Number(), former.st_size) != 0;
-  const int closing = file.Close();
-  const bool closingLost = error == 0 && closing != 0 && former.st_size > 0;
-  if (error == 0) error = closing;
-  if (error == 0) return Done{};
-  if (made) unlink(LinksFollowed(path).c_str());
-  Refusal refusal = Refused(error);
-  if ((overwritten || lengthLost || closingLost) && !made) refusal.reason += " (The former file is lost.)";
-  return refusal;
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
+                                 const std::vector<std::string_view>& parts, Links links) {
+  const std::filesystem::path target = links == Links::Followed ? LinksFollowed(path) : path;
+  const Former former(target, links);
+  return Replace(target, former, former, parts, Lasting::Now);
 }
 
-Outcome ReplaceAtOnce(const std::filesystem::path& path, std::string_view bytes) {
-  const std::string beside = path.string() + ".new";
-  unlink(beside.c_str());  // left by a station that ended in the middle
-  Descriptor file(open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  if (!file) return Refused(errno);
+Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
+  const auto bytes = ReadRegularFile(path);
+  if (!bytes) return Refusal{bytes.reason()};
+  // What the copy is made for, a write of the file, brings the folder to the disk.
+  return Replace(copy, Former(copy, Links::Replaced), Former(path, Links::Followed), {bytes.value()},
+                 Lasting::Later);
+}
 
-  int error = WriteAll(file, bytes);
-  struct stat former {};
-  if (error == 0 && stat(path.c_str(), &former) == 0 && fchmod(file.Number(), former.st_mode & 07777) != 0) {
-    error = errno;
+void RemoveLeftovers(const std::filesystem::path& folder) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const auto writer = WriterOf(entry->path().filename().native());
+    if (!writer) continue;
+    const std::filesystem::path& path = entry->path();
+    const Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+    if (!file) continue;
+    // Where the file system knows no locks, the number of the process must tell.
+    const bool alive = flock(file.Number(), LOCK_EX | LOCK_NB) != 0 &&
+                       (errno == EWOULDBLOCK || kill(static_cast<pid_t>(*writer), 0) == 0 || errno != ESRCH);
+    struct stat held {
+    }, named{};
+    if (!alive && fstat(file.Number(), &held) == 0 && lstat(path.c_str(), &named) == 0 &&
+        held.st_ino == named.st_ino && S_ISREG(named.st_mode))
+      unlink(path.c_str());
   }
-  if (error == 0 && fsync(file.Number()) != 0) error = errno;
-  const int closing = file.Close();
-  if (error == 0) error = closing;
-  if (error == 0 && std::rename(beside.c_str(), path.c_str()) != 0) error = errno;
-  if (error == 0) return Done{};
-  unlink(beside.c_str());
-  return Refused(error);
 }
 
 std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
@@ -145,6 +279,8 @@ std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
 FileLock::FileLock(const std::filesystem::path& path, std::chrono::milliseconds patience) {
   using std::chrono::steady_clock;
   handle_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
+  // Another user's file can be locked if it can be read.
+  if (handle_ < 0 && errno == EACCES) handle_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
   if (handle_ < 0) {
     taken_ = Refused(errno);
     return;
@@ -156,6 +292,7 @@ FileLock::FileLock(const std::filesystem::path& path, std::chrono::milliseconds 
       return;
     }
     if (steady_clock::now() >= end) {
+      kept_ = true;
       taken_ = Refusal{"Another program keeps it locked."};
       return;
     }

@@ -77,6 +77,82 @@ DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::
   return SetSize(file, size);
 }
 
+// The last resort: a file that is there.
+Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
+  Handle file(Opened(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING));
+  if (!file) return Refused(GetLastError());
+  LARGE_INTEGER former{};
+  if (!GetFileSizeEx(file.Get(), &former)) return Refused(GetLastError());
+
+  bool overwritten = false;
+  DWORD error = Overwrite(file, former.QuadPart, parts, overwritten);
+  const bool lengthLost = error != 0 && SetSize(file, former.QuadPart) != 0;
+  if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
+  const DWORD closing = file.Close();
+  if (error == 0) error = closing;
+  if (error == 0) return Done{};
+  Refusal refusal = Refused(error);
+  if (overwritten || lengthLost) refusal.reason += " (The former file is lost.)";
+  return refusal;
+}
+
+// Whether a file can be written, and is one at all.
+Outcome MayBeReplaced(const std::filesystem::path& path, DWORD attributes) {
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
+  // Not every file system keeps an administrator from writing there.
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return Refused(ERROR_ACCESS_DENIED);
+  const Handle file(Opened(path, GENERIC_WRITE, kShareAll, OPEN_EXISTING));
+  if (!file) return Refused(GetLastError());
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
+  return Done{};
+}
+
+// Moves a file into the place of another, which hands over its rights; 0 or the system's error number.
+DWORD PutInPlaceOf(const std::filesystem::path& target, const std::filesystem::path& beside,
+                   bool takesRights) {
+  // A program that looks at the file, a virus scanner say, holds the name for a moment.
+  for (int attempt = 0;; ++attempt) {
+    if (takesRights && ReplaceFileW(target.c_str(), beside.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+                                    nullptr, nullptr))
+      return 0;
+    if (MoveFileExW(beside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+      return 0;
+    const DWORD failed = GetLastError();
+    const bool held = failed == ERROR_SHARING_VIOLATION || failed == ERROR_ACCESS_DENIED;
+    if (!held || attempt == 100) return failed;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+}
+
+// 0 or the system's error number, the target being as it was.
+DWORD PutWhole(const std::filesystem::path& target, const std::vector<std::string_view>& parts,
+               bool takesRights) {
+  DWORD error = ERROR_FILE_EXISTS;
+  for (int attempt = 1; error == ERROR_FILE_EXISTS; ++attempt) {
+    const auto beside = target.parent_path() / NameBeside(GetCurrentProcessId(), attempt);
+    Handle file(Opened(beside, GENERIC_WRITE, 0, CREATE_NEW));
+    error = file ? 0 : GetLastError();
+    if (!file) continue;
+    bool overwritten = false;
+    error = Overwrite(file, 0, parts, overwritten);
+    if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
+    const DWORD closing = file.Close();
+    if (error == 0) error = closing;
+    if (error == 0) error = PutInPlaceOf(target, beside, takesRights);
+    if (error != 0) DeleteFileW(beside.c_str());
+    return error;
+  }
+  return error;
+}
+
+bool Runs(unsigned long process) {
+  const HANDLE opened = OpenProcess(SYNCHRONIZE, FALSE, process);
+  if (opened == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
+  const bool runs = WaitForSingleObject(opened, 0) == WAIT_TIMEOUT;
+  CloseHandle(opened);
+  return runs;
+}
+
 }  // namespace
 
 Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
@@ -99,51 +175,39 @@ Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
   }
 }
 
-Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  const bool made = attributes == INVALID_FILE_ATTRIBUTES;
-  if (!made && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
-  // Not every file system keeps an administrator from writing there.
-  if (!made && (attributes & FILE_ATTRIBUTE_READONLY) != 0) return Refused(ERROR_ACCESS_DENIED);
-  Handle file(Opened(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS));
-  if (!file) return Refused(GetLastError());
-  LARGE_INTEGER former{};
-  if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
-  if (!GetFileSizeEx(file.Get(), &former)) return Refused(GetLastError());
-
-  bool overwritten = false;
-  DWORD error = Overwrite(file, former.QuadPart, parts, overwritten);
-  const bool lengthLost = error != 0 && SetSize(file, former.QuadPart) != 0;
-  const DWORD closing = file.Close();
-  if (error == 0) error = closing;
-  if (error == 0) return Done{};
-  if (made) DeleteFileW(path.c_str());
-  Refusal refusal = Refused(error);
-  if ((overwritten || lengthLost) && !made) refusal.reason += " (The former file is lost.)";
-  return refusal;
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
+                                 const std::vector<std::string_view>& parts, Links links) {
+  const auto target = links == Links::Followed ? LinksFollowed(path) : path;
+  const DWORD attributes = GetFileAttributesW(target.c_str());
+  const bool there = attributes != INVALID_FILE_ATTRIBUTES;
+  const bool link = there && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  if (there && !link) {
+    const Outcome may = MayBeReplaced(target, attributes);
+    if (!may) return Refusal{may.reason()};
+  }
+  const DWORD error = PutWhole(target, parts, there && !link);
+  if (error == 0) return Replacement{};
+  if (error != ERROR_ACCESS_DENIED || !there || link) return Refused(error);
+  const Outcome written = WriteInPlace(target, parts);
+  if (!written) return Refusal{written.reason()};
+  return Replacement{Refused(error).reason};
 }
 
-Outcome ReplaceAtOnce(const std::filesystem::path& path, std::string_view bytes) {
-  auto beside = path;
-  beside += L".new";
-  Handle file(Opened(beside, GENERIC_WRITE, 0, CREATE_ALWAYS));
-  if (!file) return Refused(GetLastError());
-  DWORD error = WriteAll(file, bytes);
-  if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
-  const DWORD closing = file.Close();
-  if (error == 0) error = closing;
-  // A program that looks at the file, a virus scanner say, holds the name for a moment.
-  for (int attempt = 0; error == 0; ++attempt) {
-    if (MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-      return Done{};
-    }
-    const DWORD failed = GetLastError();
-    const bool held = failed == ERROR_SHARING_VIOLATION || failed == ERROR_ACCESS_DENIED;
-    if (!held || attempt == 100) error = failed;
-    if (error == 0) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+// A new file has the rights that its folder hands down, as the file that is copied has.
+Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
+  const auto bytes = ReadRegularFile(path);
+  if (!bytes) return Refusal{bytes.reason()};
+  return ReplaceWhole(copy, {bytes.value()}, Links::Replaced);
+}
+
+void RemoveLeftovers(const std::filesystem::path& folder) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const auto name = entry->path().filename().u8string();
+    const auto writer = WriterOf(std::string(name.begin(), name.end()));
+    if (writer && !Runs(*writer)) DeleteFileW(entry->path().c_str());
   }
-  DeleteFileW(beside.c_str());
-  return Refused(error);
 }
 
 std::optional<FileStamp> StampOf(const std::filesystem::path& path) {
@@ -178,6 +242,7 @@ FileLock::FileLock(const std::filesystem::path& path, std::chrono::milliseconds 
       return;
     }
     if (steady_clock::now() >= end) {
+      kept_ = true;
       taken_ = Refusal{"Another program keeps it locked."};
       return;
     }

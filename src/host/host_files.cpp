@@ -1,6 +1,5 @@
 #include "host/host_files.h"
 
-#include "host/file_system.h"
 #include "host/paths.h"
 
 namespace torvane {
@@ -56,7 +55,43 @@ Result<std::string> HostFiles::ReadWhole(std::string_view path) const {
 Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
-  return WriteInPlace(file.value(), parts);
+  Tidy(LinksFollowed(file.value()).parent_path());
+  return Told(path, file.value(), ReplaceWhole(file.value(), parts));
+}
+
+void HostFiles::Tidy(const std::filesystem::path& folder) {
+  if (tidied_.insert(folder).second) torvane::RemoveLeftovers(folder);
+}
+
+Outcome HostFiles::Copy(std::string_view path, std::string_view copy) {
+  const auto from = Found(path), to = Found(copy);
+  if (!from || !to) return Refusal{(from ? to : from).reason()};
+  return Told(copy, to.value(), CopyWhole(from.value(), to.value()));
+}
+
+Outcome HostFiles::Told(std::string_view path, const std::filesystem::path& file,
+                        const Result<Replacement>& replaced) {
+  if (!replaced) return Refusal{replaced.reason()};
+  const std::string& why = replaced.value().inPlace;
+  if (!why.empty() && tell && toldOf_.insert(file.parent_path()).second)
+    tell("The folder of this file takes no second file, so it was written over in place:\r\n" +
+         std::string(path) + "\r\n" + why +
+         "\r\n\r\nIf the computer stops in the middle of such a write, the file is lost. "
+         "See to it that you may make files in that folder.");
+  return Done{};
+}
+
+void HostFiles::RemoveLeftovers(std::string_view folder) {
+  if (const auto found = Found(folder)) Tidy(found.value());
+}
+
+Result<std::shared_ptr<void>> HostFiles::Lock(std::string_view path) {
+  const auto file = Found(path);
+  if (!file) return Refusal{file.reason()};
+  const auto lock = std::make_shared<FileLock>(file.value(), std::chrono::milliseconds(0));
+  if (lock->Kept()) return std::shared_ptr<void>();
+  if (!lock->Taken()) return Refusal{lock->Taken().reason()};
+  return std::shared_ptr<void>(lock);
 }
 
 Outcome HostFiles::Remove(std::string_view path) {

@@ -2,10 +2,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/file_system.h"
 #include "platform/files.h"
 
 namespace torvane {
@@ -26,14 +30,25 @@ class HostFiles : public Files {
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;
   Result<std::string> ReadWhole(std::string_view path) const override;
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  Outcome Copy(std::string_view path, std::string_view copy) override;
+  void RemoveLeftovers(std::string_view folder) override;
+  Result<std::shared_ptr<void>> Lock(std::string_view path) override;
   Outcome Remove(std::string_view path) override;
   Outcome MakeFolder(std::string_view path) override;
+
+  // Told once for each folder in which a file had to be written over in place, in words for the operator.
+  std::function<void(const std::string& text)> tell;
 
  private:
   HostFiles(std::string programFolder, std::string currentFolder);
   Result<std::filesystem::path> Found(std::string_view path) const;
 
+  // Once for each folder, since somewhere else no start looks for leftovers.
+  void Tidy(const std::filesystem::path& folder);
+  Outcome Told(std::string_view path, const std::filesystem::path& file, const Result<Replacement>& replaced);
+
   std::string programFolder_, currentFolder_;
+  std::set<std::filesystem::path> toldOf_, tidied_;
 };
 
 }  // namespace torvane

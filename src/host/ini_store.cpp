@@ -66,9 +66,10 @@ Outcome IniStore::Write(std::string_view section, std::string_view key, std::str
   IniText text(bytes);
   if (text.Find(section, key) == value) return Done{};
   text.Set(section, key, value);
-  const Outcome replaced = ReplaceAtOnce(target, text.Bytes());
+  RemoveLeftovers(target.parent_path());
+  const Result<Replacement> replaced = ReplaceWhole(target, {text.Bytes()});
   seen_.reset();
-  return replaced ? replaced : refused(replaced.reason());
+  return replaced ? Done{} : refused(replaced.reason());
 }
 
 std::vector<SettingsStore::Entry> IniStore::All() const { return Current().Entries(); }

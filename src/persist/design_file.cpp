@@ -51,17 +51,20 @@ Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::str
   return files.ReadWhole(fileName);
 }
 
-Outcome ReplaceDesign(const Platform& platform, const std::string& fileName, const std::string& text) {
+Result<std::string> ReplaceDesign(const Platform& platform, const std::string& fileName,
+                                  const std::string& text) {
   Files& files = platform.files;
-  if (!files.Exists(fileName)) return files.WriteWhole(fileName, {text});
+  const auto outcome = [&](const Outcome& written) -> Result<std::string> {
+    return written ? Result<std::string>(text) : Refusal{written.reason()};
+  };
+  if (!files.Exists(fileName)) return outcome(files.WriteWhole(fileName, {text}));
   const std::string copy = fileName + "~";
-  const Result<std::string> former = files.ReadWhole(fileName);
-  Outcome kept = former ? files.WriteWhole(copy, {former.value()}) : Refusal{former.reason()};
+  Outcome kept = files.Copy(fileName, copy);
   Outcome written = files.WriteWhole(fileName, {text});
   if (!written && kept) {
-    const Result<std::string> standing = files.ReadWhole(fileName);
+    const Result<std::string> standing = files.ReadWhole(fileName), former = files.ReadWhole(copy);
     // The copy goes only if the file it was made of is still whole.
-    if (standing && standing.value() == former.value() && files.Remove(copy)) {
+    if (standing && former && standing.value() == former.value() && files.Remove(copy)) {
       kept = Refusal{written.reason()};
       written = files.WriteWhole(fileName, {text});
     }
@@ -71,7 +74,7 @@ Outcome ReplaceDesign(const Platform& platform, const std::string& fileName, con
         "Torvane Designer",
         "The design is saved, but its former state could not be kept:\r\n" + copy + "\r\n" + kept.reason(),
         BoxIcon::None);
-  return written;
+  return outcome(written);
 }
 
 void FillBand(DesignState& s, int panel) {

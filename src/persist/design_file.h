@@ -101,8 +101,9 @@ Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::str
 
 // Puts a design file in the place of the former one, of which one copy is kept beside it: the same name with
 // "~" behind it. A copy that cannot be made is told in a message box and stops nothing; where the room for it
-// is what the design itself lacks, the design goes first.
-Outcome ReplaceDesign(const Platform& platform, const std::string& fileName, const std::string& text);
+// is what the design itself lacks, the design goes first. The bytes that stand in the file.
+Result<std::string> ReplaceDesign(const Platform& platform, const std::string& fileName,
+                                  const std::string& text);
 
 // The band fields of a panel (0 two axes, 1 four) from the file's values, which are in the design's unit.
 void FillBand(DesignState& s, int panel);

@@ -173,8 +173,8 @@ Outcome OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform&
   return Done{};
 }
 
-Outcome SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
-                                 const std::string& fileName) {
+Result<std::string> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
+                                             const std::string& fileName) {
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;
   WriteHead(text, writer, "4.0", "T4D");

@@ -23,6 +23,7 @@ Outcome OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform&
                              const std::string& fileName);
 
 // Writes the design whole; no field changes. A refusal says why the file could not be written.
-Outcome SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform, const std::string& fileName);
+Result<std::string> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
+                                             const std::string& fileName);
 
 }  // namespace torvane

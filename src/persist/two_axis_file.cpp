@@ -197,7 +197,8 @@ Outcome OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform
   return Done{};
 }
 
-Outcome SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform, std::string& fileName) {
+Result<std::string> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
+                                             std::string& fileName) {
   if (fileName.ends_with("tvd")) fileName.replace(fileName.size() - 3, 3, "t2d");
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;

@@ -23,6 +23,7 @@ Outcome OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform
 
 // Writes the design whole. A name that ends in "tvd" is changed to "t2d" first, in the caller's text. The
 // state stays as it is; a refusal says why the file could not be written.
-Outcome SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform, std::string& fileName);
+Result<std::string> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
+                                             std::string& fileName);
 
 }  // namespace torvane

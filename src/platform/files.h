@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,9 +27,18 @@ class Files {
   // Nothing where there is no such file.
   virtual std::optional<std::int64_t> LastWritten(std::string_view path) const = 0;
   virtual Result<std::string> ReadWhole(std::string_view path) const = 0;
-  // Replaces or makes the file with the parts one behind the other. A file that cannot be written whole is
-  // left as it was where the system lets it: the room is taken before the first byte is changed.
+  // Replaces or makes the file with the parts one behind the other, in one step: whenever the computer stops,
+  // the file holds what it held or all the parts. Follows links. A refusal leaves the file as it was.
   virtual Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) = 0;
+  // Makes `copy` a file of its own with the bytes and rights of the other, in the same way; a link under its
+  // name is replaced.
+  virtual Outcome Copy(std::string_view path, std::string_view copy) = 0;
+  // Removes what stations that died in the middle of a write have left in a folder.
+  virtual void RemoveLeftovers(std::string_view folder) = 0;
+  // Locks a file of that name, made if need be, against every other holder for as long as the result lives,
+  // at most until the process ends, however it ends. Null while another holds it; refused where there can be
+  // no lock.
+  virtual Result<std::shared_ptr<void>> Lock(std::string_view path) = 0;
   // Done also if there is no such file.
   virtual Outcome Remove(std::string_view path) = 0;
   // Done also if the folder is there already.

@@ -52,6 +52,24 @@ Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::st
   return Done{};
 }
 
+Outcome MemoryFiles::Copy(std::string_view path, std::string_view copy) {
+  const Result<std::string> bytes = ReadWhole(path);
+  if (!bytes) return Refusal{bytes.reason()};
+  return WriteWhole(copy, {bytes.value()});
+}
+
+Result<std::shared_ptr<void>> MemoryFiles::Lock(std::string_view path) {
+  const std::string full = Full(path);
+  if (!locks_[full].expired()) return std::shared_ptr<void>();
+  if (!Exists(path)) {
+    const Outcome made = WriteWhole(path, {});
+    if (!made) return Refusal{made.reason()};
+  }
+  const auto lock = std::make_shared<int>();
+  locks_[full] = lock;
+  return std::shared_ptr<void>(lock);
+}
+
 Outcome MemoryFiles::Remove(std::string_view path) {
   files_.erase(Full(path));
   return Done{};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ class MemoryFiles : public Files {
   Result<std::string> ReadWhole(std::string_view path) const override;
   // Refused also where the file's folder is missing.
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  Outcome Copy(std::string_view path, std::string_view copy) override;
+  void RemoveLeftovers(std::string_view) override {}
+  Result<std::shared_ptr<void>> Lock(std::string_view path) override;
   Outcome Remove(std::string_view path) override;
   Outcome MakeFolder(std::string_view path) override;
 
@@ -44,6 +48,7 @@ class MemoryFiles : public Files {
 
   std::string programFolder_, currentFolder_;
   std::map<std::string, std::string> files_, refusals_;
+  std::map<std::string, std::weak_ptr<void>> locks_;
   std::map<std::string, std::int64_t> written_;  // by rising number of the write
   std::int64_t writes_ = 0;
   std::size_t room_ = std::string::npos;

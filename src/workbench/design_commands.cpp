@@ -56,10 +56,12 @@ void ChooseFamily(Station& station, bool fourAxis) {
 void MakeStationFolders(
     Files& files, const std::function<void(const std::string& folder, const std::string& reason)>& refused) {
   constexpr std::string_view kPrograms = kProgramFolder.substr(0, kProgramFolder.size() - 1);
+  files.RemoveLeftovers(files.ProgramFolder());
   for (const std::string_view folder : {kDesignFolder, kPrograms}) {
     const std::string path = files.ProgramFolder() + std::string(folder);
     const Outcome made = files.MakeFolder(path);
     if (!made) refused(path, made.reason());
+    files.RemoveLeftovers(path);
   }
 }
 
@@ -146,8 +148,8 @@ bool SaveDesign(Station& station, const std::string& path) {
   s.gFilePath = path;
   s.gLastFileInUse = path;
   std::string name = path;
-  const Outcome saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, name)
-                                   : SaveTorvaneMakeFileVer40(s, station.platform, name);
+  const Result<std::string> saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, name)
+                                               : SaveTorvaneMakeFileVer40(s, station.platform, name);
   if (!saved) {
     s.gFilePath = formerPath;
     s.gLastFileInUse = formerLast;

@@ -10,6 +10,8 @@
 
 #include <array>
 
+#include "host/ended_process.h"
+#include "host/file_system.h"
 #include "host/temporary_folder.h"
 
 namespace torvane {
@@ -60,16 +62,20 @@ TEST_F(SharedIniStoreTest, LeftoversLinksAndModesOfTheFile) {
   Put(target, "[Settings]\nkept=1\n");
   ASSERT_EQ(chmod(target.c_str(), 0640), 0);
   std::filesystem::create_symlink("../common.ini", file);
-  Put(target.string() + ".new", "[Settings]\nhalf");  // of a station that ended in the middle
+  const auto leftover = folder.path / NameBeside(EndedProcess(), 1);
+  Put(leftover, "[Settings]\nhalf");
+  const uid_t owner = geteuid() == 0 ? 4321 : geteuid();
+  ASSERT_EQ(chown(target.c_str(), owner, getegid()), 0);
   Put(target.string() + ".lock", "");
 
   ASSERT_TRUE(Store().Write("Settings", "more", "2"));
   EXPECT_TRUE(std::filesystem::is_symlink(file));
   EXPECT_EQ(Bytes(target), "[Settings]\nkept=1\nmore=2\n");
-  EXPECT_FALSE(std::filesystem::exists(target.string() + ".new"));
+  EXPECT_FALSE(std::filesystem::exists(leftover));
   struct stat found {};
   ASSERT_EQ(stat(target.c_str(), &found), 0);
   EXPECT_EQ(found.st_mode & 07777, 0640U);
+  EXPECT_EQ(found.st_uid, owner) << "whoever writes it";
 
   std::filesystem::remove(target);  // the link now leads nowhere
   ASSERT_TRUE(Store().Write("Settings", "more", "3"));

@@ -17,7 +17,7 @@ struct BackupTest : testing::Test {
   StationOnStage onStage;
   MemoryFiles& files = onStage.stage.files;
 
-  Outcome Replace(const std::string& text) {
+  Result<std::string> Replace(const std::string& text) {
     return ReplaceDesign(onStage.stage.AsPlatform(), kDesign, text);
   }
   std::size_t Boxes() const { return onStage.stage.messageBox.shown.size(); }
