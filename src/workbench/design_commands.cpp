@@ -33,6 +33,9 @@ std::string DesignFolder(Station& station) {
 
 // The family in use decides the reader, not the file.
 bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
+  // Read first: what changes in between counts as changed.
+  const Result<std::string> bytes = station.platform.files.ReadWhole(path);
+  station.onDisk = bytes ? DesignOnDisk{path, bytes.value()} : DesignOnDisk{};
   const Outcome opened = twoAxis
                              ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
                              : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
@@ -139,10 +142,22 @@ std::string ChangedInFile(const DesignState& s) {
   return changed;
 }
 
+// Asks before the file of the design in hand is replaced if another program or station has written it since.
+bool MayReplaceOnDisk(const Station& station, const std::string& path) {
+  if (path != station.onDisk.path) return true;
+  const Result<std::string> standing = station.platform.files.ReadWhole(path);
+  if (!standing || standing.value() == station.onDisk.bytes) return true;
+  Message question;
+  question.text = "\r\nAnother program or station has changed this design since it was opened here:\r\n" +
+                  path + "\r\n\r\nDo you want to replace it by yours ?";
+  return station.platform.messageDialog.Ask(question);
+}
+
 }  // namespace
 
 bool SaveDesign(Station& station, const std::string& path) {
   DesignState& s = station.s;
+  if (!MayReplaceOnDisk(station, path)) return false;
   const std::string formerPath = s.gFilePath.text();
   const std::string formerLast = s.gLastFileInUse.text();
   s.gFilePath = path;
@@ -158,6 +173,7 @@ bool SaveDesign(Station& station, const std::string& path) {
     return false;
   }
   s.gFilePath = name;
+  station.onDisk = {name, saved.value()};
   if (s.mnu2Axis) WriteProgram(station);
   s.gDirty = false;
   s.gFileName = BehindLastBackslash(s.gFilePath.text());

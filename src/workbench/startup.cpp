@@ -147,6 +147,7 @@ void Station::Form_Unload() {
   while (!windows.empty()) Close(*windows.back());
   s.frmSplash.Show(false);
   ended = true;
+  recovery.lock.reset();
   TellOfStore();
 }
 

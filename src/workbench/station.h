@@ -32,9 +32,16 @@ struct Timer {
 
 // The copy of an unsaved design that a crash leaves behind.
 struct Recovery {
-  bool offered = false;  // what a former station left was offered; until then its copy stays
-  bool ours = false;     // the copy that lies there is of this station's design
-  std::string refusal;   // why it could not be written the last time; empty if it was
+  int number = 1;              // of this station among those that run in its folder
+  std::shared_ptr<void> lock;  // by which the others know that it runs
+  bool offered = false;        // what a former station left was offered; until then its copy stays
+  bool ours = false;           // the copy that lies there is of this station's design
+  std::string refusal;         // why it could not be written the last time; empty if it was
+};
+
+// A design file as it was when it was opened or saved last.
+struct DesignOnDisk {
+  std::string path, bytes;
 };
 
 // What the operator sets in a row of the four-axis schedule: end wrap, split, type, pattern, pause.
@@ -109,6 +116,7 @@ class Station : private ChangeOperations {
   // From a change of the design to its recovery copy.
   Timer tmrRecovery{std::chrono::seconds(10)};
   Recovery recovery;
+  DesignOnDisk onDisk;
 
   // The operator has accepted values that blinked; builds do not look at them any more.
   bool gWrapValuesAccepted = false;

@@ -28,6 +28,7 @@ void tmrSplash_Tick(Station& station, int) {
 
 void tmrOffer_Tick(Station& station, int) {
   station.StopTimer(station.tmrOffer);
+  TakePlace(station);
   OfferRecovery(station);
 }
 

@@ -1,9 +1,12 @@
 // Backup copies of design files, and the recovery copy of an unsaved design.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "persist/design_file.h"
 #include "persist/recovery_text.h"
 #include "support/station_on_stage.h"
+#include "workbench/design_commands.h"
 #include "workbench/recovery.h"
 
 namespace torvane {
@@ -183,6 +186,138 @@ TEST_F(RecoveryTest, BringsBackEveryTextMarkAndList) {
   EXPECT_TRUE(t.gShow4Axis);
   EXPECT_EQ(t.gFileName.text(), "tube.t4d");
   EXPECT_EQ(RecoveryText(t), text);
+}
+
+struct TwoStationsTest : testing::Test {
+  struct Neighbour {
+    explicit Neighbour(Stage& stage) : station(stage.AsPlatform()) {
+      station.Form_Load();
+      for (int i = 0; i < 2; ++i) {
+        stage.clock.Advance(std::chrono::seconds(5));
+        station.Tick();
+      }
+    }
+    void Change(Stage& stage, const std::string& diameter) {
+      station.Type(station.s.txtDiameterLeft, diameter);
+      stage.clock.Advance(std::chrono::seconds(11));
+      station.Tick();
+    }
+    WholeStation station;
+  };
+
+  std::unique_ptr<Neighbour> Start() { return std::make_unique<Neighbour>(stage); }
+  int BoxesOfAnother() {
+    int boxes = 0;
+    for (const auto& box : stage.messageBox.shown)
+      boxes += box.text.starts_with("Another station runs") ? 1 : 0;
+    stage.messageBox.shown.clear();
+    return boxes;
+  }
+  std::size_t Offers() const { return stage.messageDialog.shown.size(); }
+
+  Stage stage;
+  MemoryFiles& files = stage.files;
+  const std::string second = "C:\\Torvane\\TV_RECOVERY-2.TVR";
+};
+
+TEST_F(TwoStationsTest, TellOfEachOtherAndKeepTheirOwnCopies) {
+  auto first = Start();
+  EXPECT_EQ(BoxesOfAnother(), 0);
+  auto other = Start();
+  EXPECT_EQ(BoxesOfAnother(), 1);
+  first->Change(stage, "4");
+  other->Change(stage, "5");
+  ASSERT_TRUE(files.Exists(kRecovery));
+  ASSERT_TRUE(files.Exists(second));
+  EXPECT_NE(files.ReadWhole(kRecovery).value(), files.ReadWhole(second).value());
+  EXPECT_EQ(Offers(), 0U) << "the first one runs";
+
+  // The end of the one touches nothing of the other; who starts then hears of that one again.
+  first->station.Run("mnuQuit", Event::Click);
+  EXPECT_FALSE(files.Exists(kRecovery));
+  EXPECT_TRUE(files.Exists(second));
+  stage.messageDialog.shown.clear();
+  auto third = Start();
+  EXPECT_EQ(BoxesOfAnother(), 1);
+  EXPECT_EQ(Offers(), 0U);
+  EXPECT_TRUE(files.Exists(second));
+}
+
+TEST_F(TwoStationsTest, OfferTheCopiesOfTheDeadOneBehindTheOther) {
+  auto first = Start();
+  auto other = Start();
+  first->Change(stage, "4");
+  other->Change(stage, "5");
+  first.reset();
+  other.reset();
+  stage.messageDialog.answers = {{false, false}, {true, false}};
+  auto next = Start();
+  EXPECT_EQ(Offers(), 2U);
+  EXPECT_EQ(next->station.s.txtDiameterLeft.text(), "5");
+  EXPECT_FALSE(files.Exists(second)) << "it has moved into the own place";
+  EXPECT_TRUE(files.Exists(kRecovery));
+  next.reset();
+
+  stage.messageDialog.answers = {{true, false}};
+  EXPECT_EQ(Start()->station.s.txtDiameterLeft.text(), "5");
+}
+
+TEST_F(TwoStationsTest, ACopyOfAnotherNumberThatNobodyWantedGivesWayToo) {
+  auto first = Start();
+  auto other = Start();
+  other->Change(stage, "5");
+  first.reset();
+  other.reset();
+  auto next = Start();
+  EXPECT_EQ(Offers(), 1U);
+  EXPECT_TRUE(files.Exists(kRecovery)) << "not wanted, but not lost";
+  EXPECT_FALSE(files.Exists(second));
+  next->Change(stage, "6");
+  next->station.Run("mnuQuit", Event::Click);
+  EXPECT_FALSE(files.Exists(kRecovery));
+}
+
+TEST_F(TwoStationsTest, RunWhereNoLockIsToBeHad) {
+  files.FailWrites("C:\\Torvane\\TV_STATION.LCK", "Permission denied");
+  auto first = Start();
+  first->Change(stage, "4");
+  EXPECT_TRUE(files.Exists(kRecovery));
+  EXPECT_EQ(BoxesOfAnother(), 0);
+}
+
+TEST_F(TwoStationsTest, AskBeforeTheyReplaceWhatTheOtherHasSaved) {
+  files.MakeFolder("C:\\Torvane\\TV_Design_Files");
+  files.MakeFolder("C:\\Torvane\\TV_G-Code_Files");
+  auto first = Start(), other = Start();
+  ASSERT_TRUE(SaveDesign(first->station, kDesign));
+  ASSERT_TRUE(OpenDesign(other->station, kDesign));
+  other->Change(stage, "5");
+  EXPECT_TRUE(SaveDesign(other->station, kDesign));
+  ASSERT_EQ(Offers(), 0U) << "nobody else has changed it";
+  const std::string others = files.ReadWhole(kDesign).value();
+
+  first->Change(stage, "4");
+  EXPECT_FALSE(SaveDesign(first->station, kDesign));
+  ASSERT_EQ(Offers(), 1U);
+  EXPECT_NE(stage.messageDialog.shown[0].text.find(kDesign), std::string::npos);
+  EXPECT_EQ(files.ReadWhole(kDesign).value(), others);
+  EXPECT_TRUE(first->station.s.gDirty);
+
+  // Any other name is replaced unasked, and so is a file that is gone.
+  files.Put("C:\\Torvane\\TV_Design_Files\\b.t2d", "another design");
+  EXPECT_TRUE(SaveDesign(first->station, "C:\\Torvane\\TV_Design_Files\\b.t2d"));
+  files.Remove(kDesign);
+  EXPECT_TRUE(SaveDesign(other->station, kDesign));
+  EXPECT_EQ(Offers(), 1U);
+
+  ASSERT_TRUE(OpenDesign(first->station, kDesign));
+  files.Put(kDesign, others + " ");
+  stage.messageDialog.answers = {{true, false}};
+  EXPECT_TRUE(SaveDesign(first->station, kDesign));
+  EXPECT_EQ(Offers(), 2U);
+  EXPECT_EQ(files.ReadWhole(kCopy).value(), others + " ");
+  EXPECT_TRUE(SaveDesign(first->station, kDesign));
+  EXPECT_EQ(Offers(), 2U) << "what it has saved is known to it";
 }
 
 // A copy that was cut off by the crash itself, or damaged, is none.
