@@ -13,10 +13,16 @@ namespace torvane {
 namespace {
 
 void AddCommonOptions(CLI::App& app, CommonOptions& options) {
-  app.add_option("--home", options.home, "The station's folder [that of the window's station]")
-      ->envname("TORVANE_HOME");
-  app.add_option("--store", options.store, "Settings in this INI file [the user's own store]")
-      ->envname("TORVANE_STORE");
+  // A variable counts only where the option is not given. The parser's own way would read it for each
+  // command, those that are not run as well, behind the options.
+  options.home = EnvironmentText("TORVANE_HOME");
+  options.store = EnvironmentText("TORVANE_STORE");
+  const CLI::Validator named([](std::string& name) { return std::string(name.empty() ? "is empty" : ""); },
+                             "");
+  app.add_option("--home", options.home, "The station's folder [TORVANE_HOME, that of the window's station]")
+      ->check(named);
+  app.add_option("--store", options.store, "Settings in this INI file [TORVANE_STORE, the user's own store]")
+      ->check(named);
   app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")
       ->check(CLI::IsMember({"point", "comma"}));
   app.add_option("--now", options.now, "\"YYYY-MM-DD hh:mm:ss\": the time of the run [the clock]");

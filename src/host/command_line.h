@@ -23,4 +23,7 @@ std::vector<std::string> ProgramArguments(int count, char** words);
 // where the first word is none.
 std::optional<std::string> PathArgument(int count, char** words);
 
+// The text of a variable of the environment, in UTF-8; empty where it is not set.
+std::string EnvironmentText(const char* name);
+
 }  // namespace torvane

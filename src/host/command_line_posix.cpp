@@ -1,5 +1,7 @@
 #include "host/command_line.h"
 
+#include <cstdlib>
+
 namespace torvane {
 
 std::vector<std::string> ProgramArguments(int count, char** words) {
@@ -11,6 +13,11 @@ std::optional<std::string> PathArgument(int count, char** words) {
   std::string path = words[1];
   for (int i = 2; i < count; ++i) path.append(1, ' ').append(words[i]);
   return path;
+}
+
+std::string EnvironmentText(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
 }
 
 }  // namespace torvane

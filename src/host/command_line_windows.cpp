@@ -34,4 +34,12 @@ std::optional<std::string> PathArgument(int, char**) {
   return Narrow(std::wstring(line));
 }
 
+std::string EnvironmentText(const char* name) {
+  std::wstring text(32767, L'\0');  // the longest there is
+  const DWORD length =
+      GetEnvironmentVariableW(Wide(name).c_str(), text.data(), static_cast<DWORD>(text.size()));
+  text.resize(length < text.size() ? length : 0);
+  return Narrow(text);
+}
+
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #endif
 #include <windows.h>
 
+#include "host/command_line.h"
 #include "host/file_system.h"
 #include "host/paths.h"
 #include "host/wide_windows.h"
@@ -20,12 +21,6 @@ Result<std::string> RunningProgramFolder() {
   return HostText(std::filesystem::path(program).parent_path());
 }
 
-std::string UserFolder() {
-  std::wstring folder(32767, L'\0');  // the longest there is
-  const DWORD length =
-      GetEnvironmentVariableW(L"USERPROFILE", folder.data(), static_cast<DWORD>(folder.size()));
-  folder.resize(length < folder.size() ? length : 0);
-  return Narrow(folder);
-}
+std::string UserFolder() { return EnvironmentText("USERPROFILE"); }
 
 }  // namespace torvane

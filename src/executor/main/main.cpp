@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -104,17 +103,11 @@ int Check(const Arguments& arguments) {
   return proof.findings.Count(Level::Fault) > 0 ? kFaults : kSound;
 }
 
-// Empty where the variable is not set.
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
 #ifdef TORVANE_DRYRUN_WINDOW
 // The station starts the dry run in its own folder, where its trace lies; started by hand elsewhere, the
 // usual folder of the station is meant.
 std::string StationFolderNow() {
-  if (std::string home = Variable("TORVANE_HOME"); !home.empty()) return home;
+  if (std::string home = EnvironmentText("TORVANE_HOME"); !home.empty()) return home;
   std::error_code error;
   const std::filesystem::path here = std::filesystem::current_path(error);
   const auto program = RunningProgramFolder();
@@ -154,9 +147,11 @@ int Main(int argc, char** argv) {
   CLI::App app("Runs a winding program without a machine", "Torvane_Executor.exe");
   app.allow_windows_style_options(false);  // a path may begin with a slash there too
   Arguments arguments;
+  arguments.store = EnvironmentText("TORVANE_STORE");
   app.add_flag("--check", arguments.check, "Print the proof of the program and leave");
   app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
-  app.add_option("--store", arguments.store, "Settings in this INI file [the user's own store]");
+  app.add_option("--store", arguments.store,
+                 "Settings in this INI file [TORVANE_STORE, the user's own store]");
   app.add_option("PROGRAM", arguments.words, "The program's path, TRACE or MANUAL");
   std::vector<std::string> words = ProgramArguments(argc, argv);
   if (auto path = PathArgument(argc, argv)) {
@@ -171,7 +166,6 @@ int Main(int argc, char** argv) {
   } else {
     arguments.words = std::move(words);
   }
-  if (arguments.store.empty()) arguments.store = Variable("TORVANE_STORE");
   try {
     return arguments.check ? Check(arguments) : Window(argc, argv, arguments);
   } catch (const std::exception& error) {
