@@ -29,10 +29,11 @@ void Write(const IniText& former, std::string_view section, std::string_view key
   IniText text = former;
   text.Set(section, key, value);
   const IniText read(text.Bytes());
-  if (read.Find(section, key) != value) std::abort();
+  if (read.Find(section, key) != value || text.Find(section, key) != value) std::abort();
   for (const auto& entry : former.Entries())
     if ((entry.section != section || entry.key != key) &&
-        read.Find(entry.section, entry.key) != former.Find(entry.section, entry.key))
+        (read.Find(entry.section, entry.key) != entry.value ||
+         text.Find(entry.section, entry.key) != entry.value))
       std::abort();
 }
 
@@ -40,8 +41,8 @@ void Write(const IniText& former, std::string_view section, std::string_view key
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  const IniText text(bytes);
-  if (IniText(text.Bytes()).Bytes() != text.Bytes()) std::abort();
+  const auto file = IniText::OfFile(std::string(bytes));
+  const IniText text = file ? file.value() : IniText(std::string(bytes));
   Write(text, "Settings", "txtHGSpeed", "2.5");
   // Any texts as section, key and value.
   const std::size_t third = bytes.size() / 3;

@@ -81,7 +81,29 @@ std::string Because(const std::string& subject, std::string_view reason) {
   return subject + ": " + ToUtf8(reason);
 }
 
-void Complain(const std::string& text) { std::fprintf(stderr, "torvane: %s\n", text.c_str()); }
+std::string Printable(std::string_view utf8) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string line;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    auto byte = static_cast<unsigned char>(utf8[i]);
+    // The controls above ASCII: in UTF-8, their number stands in the second byte.
+    const bool high = byte == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0;
+    if (high) byte = static_cast<unsigned char>(utf8[++i]);
+    if (byte == '\n')
+      line += "\\n";
+    else if (byte == '\r')
+      line += "\\r";
+    else if (byte == '\t')
+      line += "\\t";
+    else if (high || byte < 0x20 || byte == 0x7F)
+      line += {'\\', 'x', kDigits[byte / 16U], kDigits[byte % 16U]};
+    else
+      line += utf8[i];
+  }
+  return line;
+}
+
+void Complain(const std::string& text) { std::fprintf(stderr, "torvane: %s\n", Printable(text).c_str()); }
 
 Computer::Computer(const CommonOptions& options) {
   const Result<std::string> program = RunningProgramFolder();
@@ -95,6 +117,9 @@ Computer::Computer(const CommonOptions& options) {
   files_->MakeProgramFolderCurrent();
   files_->tell = [](const std::string& text) { Complain(ToUtf8(OneLine(text))); };
   realStore_ = StoreAt(options.store);
+  // Another machine's limits and calibration would be another program.
+  if (const Outcome readable = realStore_->Readable(); !readable) throw CannotGoOn{ToUtf8(readable.reason())};
+  if (const std::string note = MissingStoreNote(options.store); !note.empty()) Complain(note);
   stage.locale.signs = SignsOf(options.locale);
   stage.clock.Set(options.now.empty() ? HostClock().Now() : MomentOf(options.now));
   for (const std::string& setting : options.settings) {

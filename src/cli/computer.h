@@ -18,12 +18,17 @@ struct UsageError {
   std::string reason;
 };
 
+// Something else without which nothing can be done, in words for the user.
+struct CannotGoOn {
+  std::string reason;
+};
+
 enum ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
 
 // As typed, in UTF-8.
 struct CommonOptions {
-  std::string home;
-  std::string store;
+  std::string home;   // empty: that of the window's station
+  std::string store;  // empty: the user's own
   std::vector<std::string> settings;
   std::string locale;
   std::string now;
@@ -39,6 +44,10 @@ struct Assignment {
 std::string StationText(const std::string& argument);
 // Splits an option at its first "="; throws UsageError without one.
 Assignment AssignmentOf(const std::string& argument);
+
+// A UTF-8 text on one line, as a terminal can be given it: a line's end is shown as "\n", any other control
+// character as "\t", "\r" or "\x" and its number.
+std::string Printable(std::string_view utf8);
 
 // Says something went wrong, on standard error.
 void Complain(const std::string& text);

@@ -152,6 +152,9 @@ int Main(int argc, char** argv) {
   } catch (const UsageError& error) {
     Complain(error.reason);
     return kUsage;
+  } catch (const CannotGoOn& error) {
+    Complain(error.reason);
+    return kFailed;
   } catch (const std::exception& error) {
     Complain(error.what());
     return kFailed;

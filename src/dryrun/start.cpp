@@ -3,10 +3,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QMessageBox>
 
+#include "host/code_page.h"
 #include "host/default_store.h"
 #include "host/host_locale.h"
-#include "host/ini_store.h"
 #include "look/style.h"
 
 namespace torvane::dryrun {
@@ -64,14 +65,21 @@ int ShowWindow(int& argc, char** argv, const Start& start) {
   Theme theme(DesktopIsDark());
   Dress(theme);
 
-  const std::unique_ptr<SettingsStore> store =
-      start.store.empty() ? DefaultStore() : std::make_unique<IniStore>(start.store);
+  const std::unique_ptr<SettingsStore> store = StoreAt(start.store);
   const QDir station(QString::fromStdString(start.stationFolder));
   QString programs = station.filePath(QStringLiteral("TV_G-Code_Files"));
   if (!QDir(programs).exists()) programs = station.path();
   Session session(executor::ReadLimits(*store, HostLocale().Signs().decimal));
   DryRunWindow window(theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); });
   window.show();
+  if (const Outcome readable = store->Readable(); !readable) {
+    QMessageBox box(QMessageBox::Warning, QObject::tr("Torvane dry run"),
+                    QString::fromStdString(ToUtf8(readable.reason())) +
+                        QObject::tr("\n\nThe run is held to a new station's limits, not to your machine's."),
+                    QMessageBox::Ok, &window);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+  }
   Begin(start, *store, session, window);
   return QApplication::exec();
 }

@@ -37,6 +37,20 @@ Character FirstOf(std::string_view utf8) {
   return {code, bytes};
 }
 
+void Append(std::string& utf8, std::uint32_t code) {
+  if (code < 0x80) {
+    utf8 += static_cast<char>(code);
+    return;
+  }
+  const int following = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+  constexpr std::array<unsigned, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
+  utf8 += static_cast<char>(kLead[static_cast<std::size_t>(following)] | (code >> (6 * following)));
+  for (int bits = 6 * (following - 1); bits >= 0; bits -= 6)
+    utf8 += static_cast<char>(0x80U | ((code >> bits) & 0x3FU));
+}
+
+bool IsBigEndian(std::string_view utf16) { return utf16[0] == '\0' || utf16[0] == '\xFE'; }
+
 template <class... Values>
 std::string Printed(const char* format, Values... values) {
   std::array<char, 96> text{};
@@ -51,17 +65,7 @@ std::string ToUtf8(std::string_view text) {
   utf8.reserve(text.size());
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    const std::uint32_t code = byte >= 0x80 && byte < 0xA0 ? kMiddle[byte - 0x80U] : byte;
-    if (code < 0x80) {
-      utf8 += c;
-    } else if (code < 0x800) {
-      utf8 += static_cast<char>(0xC0U | (code >> 6U));
-      utf8 += static_cast<char>(0x80U | (code & 0x3FU));
-    } else {
-      utf8 += static_cast<char>(0xE0U | (code >> 12U));
-      utf8 += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
-      utf8 += static_cast<char>(0x80U | (code & 0x3FU));
-    }
+    Append(utf8, byte >= 0x80 && byte < 0xA0 ? kMiddle[byte - 0x80U] : byte);
   }
   return utf8;
 }
@@ -87,6 +91,39 @@ Result<std::string> FromUtf8(std::string_view utf8) {
     at += c.bytes;
   }
   return text;
+}
+
+bool IsUtf16(std::string_view bytes) {
+  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
+  if (bytes.size() < 4) return false;
+  const auto isAscii = [&](std::size_t at) {
+    return bytes[at] != '\0' && static_cast<unsigned char>(bytes[at]) < 0x80;
+  };
+  const std::size_t high = bytes[0] == '\0' ? 0 : 1;
+  return bytes[high] == '\0' && bytes[high + 2] == '\0' && isAscii(1 - high) && isAscii(3 - high);
+}
+
+Result<std::string> Utf8OfUtf16(std::string_view bytes) {
+  const std::size_t high = !bytes.empty() && IsBigEndian(bytes) ? 0 : 1;
+  const auto unit = [&](std::size_t at) -> std::uint32_t {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[at + i]); };
+    return (std::uint32_t{byte(high)} << 8U) | byte(1 - high);
+  };
+  std::string utf8;
+  utf8.reserve(bytes.size() / 2);
+  for (std::size_t at = 0; at < bytes.size(); at += 2) {
+    if (bytes.size() - at < 2) return Refusal{"It was cut off in the middle of a character."};
+    std::uint32_t code = unit(at);
+    if (code >= 0xD800 && code < 0xE000) {
+      const std::uint32_t second = bytes.size() - at < 4 ? 0 : unit(at + 2);
+      if (code >= 0xDC00 || second < 0xDC00 || second >= 0xE000)
+        return Refusal{Printed("Byte %zu does not begin a character of UTF-16.", at + 1)};
+      code = 0x10000 + ((code - 0xD800) << 10U) + (second - 0xDC00);
+      at += 2;
+    }
+    Append(utf8, code);
+  }
+  return utf8;
 }
 
 }  // namespace torvane

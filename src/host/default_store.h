@@ -16,4 +16,8 @@ std::unique_ptr<SettingsStore> DefaultStore();
 // The settings in an INI file, a path of the computer; the user's own where it is empty.
 std::unique_ptr<SettingsStore> StoreAt(std::string_view hostPath);
 
+// What a user hears who has named a settings file that is not there, in UTF-8; nothing where it is, or where
+// none was named.
+std::string MissingStoreNote(std::string_view hostPath);
+
 }  // namespace torvane

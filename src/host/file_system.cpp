@@ -47,4 +47,30 @@ std::optional<unsigned long> WriterOf(std::string_view name) {
   return process;
 }
 
+Result<std::string> ReadRegularFile(const std::filesystem::path& path, std::uint64_t limit) {
+  const std::optional<FileStamp> stamp = StampOf(path);
+  bool fits = !stamp || stamp->size <= limit;
+  std::string bytes;
+  const Outcome read = ReadBlocks(path, [&](std::string_view block) {
+    if (bytes.empty() && fits && stamp) bytes.reserve(stamp->size);
+    fits = fits && block.size() <= limit - bytes.size();
+    if (fits) bytes += block;
+    return fits;
+  });
+  if (!read) return Refusal{read.reason()};
+  if (fits) return bytes;
+  return Refusal{"It is larger than " + std::to_string(limit / (1024 * 1024)) +
+                 " MB, the most that is read."};
+}
+
+bool HoldsJust(const std::filesystem::path& path, std::string_view bytes) {
+  const Outcome read = ReadBlocks(path, [&](std::string_view block) {
+    const bool same = bytes.starts_with(block);
+    // What is left over at the end tells that the file holds something else.
+    bytes.remove_prefix(same ? block.size() : 0);
+    return same;
+  });
+  return read && bytes.empty();
+}
+
 }  // namespace torvane

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,8 +22,15 @@ std::string ReasonOf(const std::error_code& error);
 // another path as it is.
 std::filesystem::path LinksFollowed(std::filesystem::path path);
 
-// Refuses whatever is no regular file, and does not wait for a pipe's other end.
-Result<std::string> ReadRegularFile(const std::filesystem::path& path);
+// Hands a file's bytes over block by block, as long as `take` wants more. Refuses whatever is no regular
+// file, and does not wait for a pipe's other end.
+Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(std::string_view)>& take);
+
+// Also refuses a file of more than `limit` bytes, before it takes their room.
+Result<std::string> ReadRegularFile(const std::filesystem::path& path, std::uint64_t limit = UINT64_MAX);
+
+// Whether there is a file that holds just these bytes; takes no room for them.
+bool HoldsJust(const std::filesystem::path& path, std::string_view bytes);
 
 // What a symbolic link under the name of a file is to a write: the way to the file, or what it takes away.
 enum class Links { Followed, Replaced };

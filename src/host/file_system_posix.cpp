@@ -214,7 +214,7 @@ Result<Replacement> Replace(const std::filesystem::path& target, const Former& f
 
 }  // namespace
 
-Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
+Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(std::string_view)>& take) {
   struct stat found {};
   // Asked before opening: opening a line to a machine can move its signals.
   if (stat(path.c_str(), &found) != 0) return Refused(errno);
@@ -223,14 +223,12 @@ Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
   if (!file || fstat(file.Number(), &found) != 0) return Refused(errno);
   if (!S_ISREG(found.st_mode)) return Refusal{kNotAFile};
 
-  std::string bytes;
-  bytes.reserve(static_cast<std::size_t>(found.st_size));
   std::array<char, 65536> block{};
   for (;;) {
     const ssize_t count = read(file.Number(), block.data(), block.size());
-    if (count == 0) return bytes;
-    if (count > 0) bytes.append(block.data(), static_cast<std::size_t>(count));
     if (count < 0 && errno != EINTR) return Refused(errno);
+    if (count == 0) return Done{};
+    if (count > 0 && !take({block.data(), static_cast<std::size_t>(count)})) return Done{};
   }
 }
 

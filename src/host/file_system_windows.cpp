@@ -155,7 +155,7 @@ bool Runs(unsigned long process) {
 
 }  // namespace
 
-Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
+Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(std::string_view)>& take) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return Refused(GetLastError());
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Refusal{kNotAFile};
@@ -163,15 +163,13 @@ Result<std::string> ReadRegularFile(const std::filesystem::path& path) {
   if (!file) return Refused(GetLastError());
   if (GetFileType(file.Get()) != FILE_TYPE_DISK) return Refusal{kNotAFile};
 
-  std::string bytes;
   std::array<char, 65536> block{};
   for (;;) {
     DWORD count = 0;
     if (!ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr)) {
       return Refused(GetLastError());
     }
-    if (count == 0) return bytes;
-    bytes.append(block.data(), count);
+    if (count == 0 || !take({block.data(), count})) return Done{};
   }
 }
 

@@ -46,10 +46,12 @@ std::optional<std::int64_t> HostFiles::LastWritten(std::string_view path) const 
   return stamp->modified;
 }
 
-Result<std::string> HostFiles::ReadWhole(std::string_view path) const {
+Result<std::string> HostFiles::ReadWhole(std::string_view path) const { return ReadAtMost(path, UINT64_MAX); }
+
+Result<std::string> HostFiles::ReadAtMost(std::string_view path, std::uint64_t limit) const {
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
-  return ReadRegularFile(file.value());
+  return ReadRegularFile(file.value(), limit);
 }
 
 Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {

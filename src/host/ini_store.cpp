@@ -5,6 +5,7 @@
 #include "host/code_page.h"
 #include "host/default_store.h"
 #include "host/paths.h"
+#include "platform/files.h"
 
 namespace torvane {
 
@@ -19,30 +20,53 @@ bool Settled(const std::optional<FileStamp>& stamp) {
   return !stamp || now - std::chrono::nanoseconds(stamp->modified) > kTick;
 }
 
+// Of a file that is not there, too: nothing.
+Result<IniText> TextOf(const std::filesystem::path& path) {
+  std::error_code error;
+  if (path.empty() || !std::filesystem::exists(path, error)) {
+    if (error) return Refusal{ReasonOf(error)};
+    return IniText();
+  }
+  auto bytes = ReadRegularFile(path, kLargestText);
+  return bytes ? IniText::OfFile(bytes.Take()) : Refusal{bytes.reason()};
+}
+
 }  // namespace
 
 IniStore::IniStore(std::string_view hostPath, std::chrono::milliseconds patience)
     : path_(SystemPath(hostPath)), patience_(patience) {}
 
-const IniText& IniStore::Current() const {
+const IniStore::Seen& IniStore::Current() const {
   const auto stamp = StampOf(path_);
-  if (!seen_ || !seen_->settled || seen_->stamp != stamp) {
-    const auto bytes = ReadRegularFile(path_);
-    seen_ = Seen{stamp, Settled(stamp), IniText(bytes ? bytes.value() : "")};
+  // What could not be read is tried again: a right that is given shows in no stamp.
+  if (seen_ && seen_->readable && seen_->stamp == stamp &&
+      (seen_->settled || !stamp || HoldsJust(path_, seen_->text.Bytes()))) {
+    seen_->settled = Settled(stamp);
+    return *seen_;
   }
-  return seen_->text;
+  seen_.reset();  // its room is needed
+  auto text = TextOf(path_);
+  if (text)
+    seen_ = Seen{stamp, Settled(stamp), text.Take()};
+  else
+    seen_ = Seen{stamp, Settled(stamp), IniText(), Refused("cannot be read", text.reason())};
+  return *seen_;
 }
 
+Refusal IniStore::Refused(std::string_view what, std::string_view reason) const {
+  const auto name = FromUtf8(HostText(path_));
+  return {"The settings in " + (name ? name.value() : "their file") + " " + std::string(what) + ". " +
+          std::string(reason)};
+}
+
+Outcome IniStore::Readable() const { return Current().readable; }
+
 std::optional<std::string> IniStore::Read(std::string_view section, std::string_view key) const {
-  return Current().Find(section, key);
+  return Current().text.Find(section, key);
 }
 
 Outcome IniStore::Write(std::string_view section, std::string_view key, std::string_view value) {
-  const auto refused = [&](const std::string& reason) -> Outcome {
-    const auto name = FromUtf8(HostText(path_));
-    return Refusal{"The settings in " + (name ? name.value() : "their file") + " cannot be written. " +
-                   reason};
-  };
+  const auto refused = [&](const std::string& reason) { return Refused("cannot be written", reason); };
   if (path_.empty()) return Refusal{"There is no folder for the settings."};
 
   const auto target = LinksFollowed(path_);
@@ -57,25 +81,35 @@ Outcome IniStore::Write(std::string_view section, std::string_view key, std::str
   lockedOut_ = !lock.Taken();
   if (!lock.Taken()) return refused(lock.Taken().reason());
 
-  std::string bytes;
-  if (StampOf(target)) {
-    const auto read = ReadRegularFile(target);
-    if (!read) return refused(read.reason());
-    bytes = read.value();
-  }
-  IniText text(bytes);
+  if (const Outcome& readable = Current().readable; !readable) return readable;
+  IniText& text = seen_->text;
   if (text.Find(section, key) == value) return Done{};
   text.Set(section, key, value);
+  if (text.Bytes().size() > kLargestText) {
+    seen_.reset();  // it holds what the file does not
+    return refused("The file would be larger than what is read.");
+  }
   RemoveLeftovers(target.parent_path());
   const Result<Replacement> replaced = ReplaceWhole(target, {text.Bytes()});
-  seen_.reset();
-  return replaced ? Done{} : refused(replaced.reason());
+  if (!replaced) {
+    seen_.reset();
+    return refused(replaced.reason());
+  }
+  seen_->stamp = StampOf(path_);
+  seen_->settled = false;
+  return Done{};
 }
 
-std::vector<SettingsStore::Entry> IniStore::All() const { return Current().Entries(); }
+std::vector<SettingsStore::Entry> IniStore::All() const { return Current().text.Entries(); }
 
 std::unique_ptr<SettingsStore> StoreAt(std::string_view hostPath) {
   return hostPath.empty() ? DefaultStore() : std::make_unique<IniStore>(hostPath);
+}
+
+std::string MissingStoreNote(std::string_view hostPath) {
+  std::error_code error;
+  if (hostPath.empty() || std::filesystem::exists(SystemPath(hostPath), error) || error) return "";
+  return "note: there is no settings file " + std::string(hostPath) + "; each setting has its default";
 }
 
 }  // namespace torvane

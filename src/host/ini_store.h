@@ -22,8 +22,10 @@ class IniStore : public SettingsStore {
   // waited in vain, the next ones do not wait.
   explicit IniStore(std::string_view hostPath, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
+  Outcome Readable() const override;
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
-  // Refused, with the file as it was, where it cannot be read, locked or replaced.
+  // Refused, with the file as it was, where it cannot be read, locked or replaced, or would become larger
+  // than what is read.
   Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
   std::vector<Entry> All() const override;
 
@@ -32,9 +34,12 @@ class IniStore : public SettingsStore {
     std::optional<FileStamp> stamp;
     bool settled = false;
     IniText text;
+    Outcome readable = Done{};
   };
 
-  const IniText& Current() const;
+  const Seen& Current() const;
+  // With the reason behind the file's name.
+  Refusal Refused(std::string_view what, std::string_view reason) const;
 
   std::filesystem::path path_;
   std::chrono::milliseconds patience_;

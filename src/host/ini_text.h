@@ -4,6 +4,7 @@
 // the byte in code page 1252; a "%" that is followed by anything else is itself.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,27 +16,39 @@ namespace torvane {
 
 class IniText {
  public:
-  // Takes any bytes. Lines that say nothing are kept as they stand.
-  explicit IniText(std::string_view bytes);
+  IniText() = default;
+  // Takes any bytes, up to 4 GB. Lines that say nothing are kept as they stand.
+  explicit IniText(std::string bytes);
+  // The text of a file as an editor may have saved it: UTF-8 with or without a mark, or UTF-16, which becomes
+  // UTF-8 with a mark. Refused where the file was cut off.
+  static Result<IniText> OfFile(std::string bytes);
 
   // The first line of that section and key counts. Case matters.
   std::optional<std::string> Find(std::string_view section, std::string_view key) const;
   void Set(std::string_view section, std::string_view key, std::string_view value);
+  // In the order of their lines.
   std::vector<SettingsStore::Entry> Entries() const;
-  std::string Bytes() const;
+  const std::string& Bytes() const { return text_; }
 
  private:
-  struct Line {
-    std::string raw;
-    std::optional<std::string> section;  // nothing below a heading that cannot be read
-    std::optional<std::string> key;      // nothing where the line is no entry
-    std::string value;
-    bool heading = false;
-  };
+  using Place = std::uint32_t;  // of a line's first byte
 
-  const Line* FindLine(std::string_view section, std::string_view key) const;
+  // Finds the entries' lines anew.
+  void Index();
+  // Where in `entries_` the line of that name is found, or would be.
+  std::size_t SlotOf(std::string_view section, std::string_view key) const;
+  // Nothing happens where an earlier line has the name.
+  void Enter(std::size_t line, std::string_view section, std::string_view key);
+  std::string SectionAt(std::size_t line) const;
+  // Where a new line of a section goes, behind a heading that is made if there is none yet.
+  std::size_t RoomIn(std::string_view section);
+  void Insert(std::size_t place, std::size_t replaced, std::string_view line);
 
-  std::vector<Line> lines_;
+  // A key is a place and no text of its own: the file stands here once, and hardly anything beside it.
+  std::string text_;
+  std::vector<Place> entries_;  // a table by hash; one more than the place, 0 where it is free
+  std::size_t entered_ = 0;
+  std::vector<Place> headings_;  // but for those of the section that they stand in
 };
 
 }  // namespace torvane

@@ -22,7 +22,8 @@ constexpr DWORD kLongestName = 16384;  // of a value, with its end; a section's 
 class OpenKey {
  public:
   explicit OpenKey(const std::wstring& path) {
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key_) != ERROR_SUCCESS) key_ = nullptr;
+    status_ = RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key_);
+    if (status_ != ERROR_SUCCESS) key_ = nullptr;
   }
   ~OpenKey() {
     if (key_ != nullptr) RegCloseKey(key_);
@@ -32,9 +33,16 @@ class OpenKey {
 
   explicit operator bool() const { return key_ != nullptr; }
   HKEY Get() const { return key_; }
+  // Also where there is no such key.
+  Outcome Readable() const {
+    if (status_ == ERROR_SUCCESS || status_ == ERROR_FILE_NOT_FOUND) return Done{};
+    return Refusal{"The settings in the registry cannot be read. " +
+                   ReasonOf({static_cast<int>(status_), std::system_category()})};
+  }
 
  private:
   HKEY key_ = nullptr;
+  LSTATUS status_ = ERROR_SUCCESS;
 };
 
 std::wstring WideText(std::string_view text) { return Wide(ToUtf8(text)); }
@@ -77,7 +85,22 @@ std::vector<std::wstring> Names(Next next) {
   }
 }
 
+std::vector<std::wstring> SectionsOf(const OpenKey& station) {
+  return Names([&](DWORD i, wchar_t* name, DWORD* length) {
+    return RegEnumKeyExW(station.Get(), i, name, length, nullptr, nullptr, nullptr, nullptr);
+  });
+}
+
 }  // namespace
+
+Outcome RegistryStore::Readable() const {
+  const OpenKey station(kStation);
+  if (!station) return station.Readable();
+  for (const auto& section : SectionsOf(station))
+    if (const Outcome readable = OpenKey(std::wstring(kStation) + L"\\" + section).Readable(); !readable)
+      return readable;
+  return Done{};
+}
 
 std::optional<std::string> RegistryStore::Read(std::string_view section, std::string_view key) const {
   if (!CanHold(section, key, "")) return std::nullopt;
@@ -103,10 +126,7 @@ std::vector<SettingsStore::Entry> RegistryStore::All() const {
   std::vector<Entry> entries;
   const OpenKey station(kStation);
   if (!station) return entries;
-  const auto sections = Names([&](DWORD i, wchar_t* name, DWORD* length) {
-    return RegEnumKeyExW(station.Get(), i, name, length, nullptr, nullptr, nullptr, nullptr);
-  });
-  for (const auto& section : sections) {
+  for (const auto& section : SectionsOf(station)) {
     const OpenKey open(std::wstring(kStation) + L"\\" + section);
     if (!open) continue;
     const auto keys = Names([&](DWORD i, wchar_t* name, DWORD* length) {

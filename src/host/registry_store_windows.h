@@ -13,6 +13,7 @@ namespace torvane {
 
 class RegistryStore : public SettingsStore {
  public:
+  Outcome Readable() const override;
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
   // Refuses what the registry cannot hold: a NUL, a section with a backslash in it or of no name.
   Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;

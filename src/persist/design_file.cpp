@@ -48,7 +48,9 @@ Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::str
   s.gFileName = BehindLastBackslash(fileName);
   s.frmMain.SetCaption("Torvane Designer ");
   s.lblStatusBar1 = "File Name: " + s.gFileName.text();
-  return files.ReadWhole(fileName);
+  Result<std::string> text = files.ReadAtMost(fileName, kLargestText);
+  if (!text) return Refusal{fileName + "\r\n" + text.reason()};
+  return text;
 }
 
 Result<std::string> ReplaceDesign(const Platform& platform, const std::string& fileName,

@@ -75,11 +75,10 @@ void TakeDecimalComma(Reader& reader, const std::string& value) {
 // Reads a line by a family's table of tags; which one it was, null for a line of none.
 template <class Tag, std::size_t count, class Reader>
 const Tag* ReadTagLine(const Tag (&tags)[count], Reader& reader, std::string_view line) {
-  const std::string lower = LowerCase(line);
-  const std::string_view name = TagOf(lower);
+  const std::string_view name = TagOf(line);
   for (const Tag& tag : tags) {
     if (!IsTag(name, tag.name)) continue;
-    tag.read(reader, GetTagValue(reader.s, lower));
+    tag.read(reader, GetTagValue(reader.s, LowerCase(line)));
     return &tag;
   }
   return nullptr;
@@ -96,7 +95,8 @@ void WriteTags(TaggedText& text, const Tag (&tags)[count], const DesignWriter& w
 }
 
 // Takes a file's name into the state of a blanked design and reads its text. A file that does not exist
-// gives an empty text and sets the path alone; one that cannot be read is refused.
+// gives an empty text and sets the path alone; one that cannot be read, or is larger than a design can be, is
+// refused with its name.
 Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::string& fileName);
 
 // Puts a design file in the place of the former one, of which one copy is kept beside it: the same name with

@@ -2,14 +2,20 @@
 
 namespace torvane {
 
+KeptStore::KeptStore(SettingsStore& under) : under_(under) {
+  const Outcome readable = under.Readable();
+  leftAlone_ = refused_ = !readable;
+  if (!readable) refusal_ = readable.reason();
+}
+
 std::optional<std::string> KeptStore::Read(std::string_view section, std::string_view key) const {
   if (!kept_.empty())
     if (const auto kept = kept_.find(Name(section, key)); kept != kept_.end()) return kept->second;
-  return under_.Read(section, key);
+  return leftAlone_ ? std::nullopt : under_.Read(section, key);
 }
 
 Outcome KeptStore::Write(std::string_view section, std::string_view key, std::string_view value) {
-  Outcome written = under_.Write(section, key, value);
+  Outcome written = leftAlone_ ? Refusal{refusal_} : under_.Write(section, key, value);
   if (!written) {
     kept_[Name(section, key)] = value;
     if (!refused_) refusal_ = written.reason();
@@ -29,12 +35,13 @@ Outcome KeptStore::Write(std::string_view section, std::string_view key, std::st
 }
 
 std::vector<SettingsStore::Entry> KeptStore::All() const {
-  std::vector<Entry> entries = under_.All();
+  std::vector<Entry> entries = leftAlone_ ? std::vector<Entry>() : under_.All();
   for (Entry& entry : entries)
     if (const auto kept = kept_.find(Name(entry.section, entry.key)); kept != kept_.end())
       entry.value = kept->second;
   for (const auto& [name, value] : kept_)
-    if (!under_.Read(name.first, name.second)) entries.push_back({name.first, name.second, value});
+    if (leftAlone_ || !under_.Read(name.first, name.second))
+      entries.push_back({name.first, name.second, value});
   return entries;
 }
 

@@ -14,16 +14,17 @@ void SplitList(SplitFields& target, std::string_view text) {
 
 }  // namespace
 
-std::vector<std::string_view> LinesOf(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  std::vector<std::string_view> lines;
-  while (!text.empty()) {
-    const auto end = text.find_first_of("\r\n");
-    lines.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) break;
-    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
-  }
-  return lines;
+LinesOf::LinesOf(std::string_view text) : text_(text) {
+  if (text_.starts_with(kByteOrderMark)) text_.remove_prefix(kByteOrderMark.size());
+}
+
+LinesOf::Iterator& LinesOf::Iterator::operator++() {
+  const auto end = End();
+  if (end == std::string_view::npos)
+    rest_ = {};
+  else
+    rest_.remove_prefix(end + (rest_.substr(end, 2) == "\r\n" ? 2 : 1));
+  return *this;
 }
 
 std::string_view TagOf(std::string_view line) { return line.substr(0, line.find('>') + 1); }

@@ -1,6 +1,7 @@
 // Design files as text: lines of one named value each.
 #pragma once
 
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,8 +10,30 @@
 
 namespace torvane {
 
-// The lines of a file, whatever ends them; a byte-order mark in front is passed over.
-std::vector<std::string_view> LinesOf(std::string_view text);
+// Walks over the lines of a file, whatever ends them; a byte-order mark in front is passed over. Each line is
+// found when it is asked for: a file of line ends alone takes no more room than any other.
+class LinesOf {
+ public:
+  explicit LinesOf(std::string_view text);
+
+  class Iterator {
+   public:
+    explicit Iterator(std::string_view rest) : rest_(rest) {}
+    std::string_view operator*() const { return rest_.substr(0, End()); }
+    Iterator& operator++();
+    bool operator==(std::default_sentinel_t) const { return rest_.empty(); }
+
+   private:
+    std::size_t End() const { return rest_.find_first_of("\r\n"); }
+
+    std::string_view rest_;
+  };
+  Iterator begin() const { return Iterator(text_); }
+  static std::default_sentinel_t end() { return {}; }
+
+ private:
+  std::string_view text_;
+};
 
 // The tag of a line with its brackets: what stands up to its first ">"; empty without one.
 std::string_view TagOf(std::string_view line);

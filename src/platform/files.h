@@ -12,6 +12,9 @@
 
 namespace torvane {
 
+// The most that a design or a settings file holds, in bytes. What is larger is none.
+inline constexpr std::uint64_t kLargestText = std::uint64_t{16} * 1024 * 1024;
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -27,6 +30,8 @@ class Files {
   // Nothing where there is no such file.
   virtual std::optional<std::int64_t> LastWritten(std::string_view path) const = 0;
   virtual Result<std::string> ReadWhole(std::string_view path) const = 0;
+  // The same, but a file of more than `limit` bytes is refused before it is read; the reason says the limit.
+  virtual Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const = 0;
   // Replaces or makes the file with the parts one behind the other, in one step: whenever the computer stops,
   // the file holds what it held or all the parts. Follows links. A refusal leaves the file as it was.
   virtual Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) = 0;

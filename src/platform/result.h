@@ -20,6 +20,8 @@ class Result {
   explicit operator bool() const { return std::holds_alternative<Value>(held_); }
   const Value& value() const { return std::get<Value>(held_); }
   const std::string& reason() const { return std::get<Refusal>(held_).reason; }
+  // The value itself, which is gone from here then.
+  Value Take() { return std::move(std::get<Value>(held_)); }
 
  private:
   std::variant<Value, Refusal> held_;

@@ -18,6 +18,9 @@ class SettingsStore {
 
   virtual ~SettingsStore() = default;
 
+  // Refused, with a reason that names the store, where there is one that cannot be read. A store in which
+  // nothing has been written yet can be.
+  virtual Outcome Readable() const { return Done{}; }
   // Nothing where the key is missing or the store cannot be read.
   virtual std::optional<std::string> Read(std::string_view section, std::string_view key) const = 0;
   // The value is in the store when this returns. Another key's value never changes with it.

@@ -37,6 +37,12 @@ Result<std::string> MemoryFiles::ReadWhole(std::string_view path) const {
   return found->second;
 }
 
+Result<std::string> MemoryFiles::ReadAtMost(std::string_view path, std::uint64_t limit) const {
+  const auto found = files_.find(Full(path));
+  if (found != files_.end() && found->second.size() > limit) return Refusal{"Larger than what is read"};
+  return ReadWhole(path);
+}
+
 Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
   const std::string full = Full(path);
   if (const auto refusal = refusals_.find(full); refusal != refusals_.end()) return Refusal{refusal->second};

@@ -23,6 +23,7 @@ class MemoryFiles : public Files {
   bool Exists(std::string_view path) const override;
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;
   Result<std::string> ReadWhole(std::string_view path) const override;
+  Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const override;
   // Refused also where the file's folder is missing.
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
   Outcome Copy(std::string_view path, std::string_view copy) override;

@@ -33,6 +33,7 @@ class OverlayStore : public SettingsStore {
  public:
   explicit OverlayStore(const SettingsStore& under) : under_(under) {}
 
+  Outcome Readable() const override { return under_.Readable(); }
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
   Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
   // The other store's entries in its order, then those that are only here.

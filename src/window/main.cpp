@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "host/default_store.h"
-#include "host/ini_store.h"
 #include "host/paths.h"
 #include "host/station_folder.h"
 #include "look/style.h"
@@ -40,8 +39,9 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("torvane-designer"));
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string storePath = qEnvironmentVariable("TORVANE_STORE").toStdString();
-  std::unique_ptr<SettingsStore> store =
-      storePath.empty() ? DefaultStore() : std::make_unique<IniStore>(storePath);
+  std::unique_ptr<SettingsStore> store = StoreAt(storePath);
+  if (const std::string note = MissingStoreNote(storePath); !note.empty())
+    std::fprintf(stderr, "Torvane_Designer: %s\n", note.c_str());
   Theme theme(IsDark(StoredAppearance(*store)));
   Dress(theme);
 

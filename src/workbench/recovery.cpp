@@ -97,8 +97,14 @@ void OfferRecovery(Station& station) {
     std::shared_ptr<void> lock;
     const bool another = number != station.recovery.number;
     if (!files.Exists(path) || (another && Runs(files, number, lock))) continue;
-    const Result<std::string> text = files.ReadWhole(path);
-    const std::optional<RecoveredDesign> found = text ? ReadRecovery(text.value()) : std::nullopt;
+    const Result<std::string> text = files.ReadAtMost(path, kLargestText);
+    if (!text) {
+      station.platform.messageBox.Show(
+          "Torvane Designer",
+          "The copy of an unsaved design cannot be read:\r\n" + path + "\r\n" + text.reason(), BoxIcon::Stop);
+      continue;
+    }
+    const std::optional<RecoveredDesign> found = ReadRecovery(text.value());
     if (!found) continue;
     const auto moves = [&] { return files.WriteWhole(own, {text.value()}) && files.Remove(path); };
     // In the own place another unsaved design can take its place some day.

@@ -221,13 +221,17 @@ void Station::Tick() {
 }
 
 void Station::TellOfStore() {
-  if (const auto reason = keptStore.TakeRefusal())
-    platform.messageBox.Show(
-        "Torvane Designer",
-        *reason + (ended ? "\r\n\r\nWhat you chose since the start is not kept."
-                         : "\r\n\r\nYou can go on. What you choose holds until you close the "
-                           "station, and each\r\nfurther choice tries to store it again."),
-        BoxIcon::Stop);
+  const auto reason = keptStore.TakeRefusal();
+  if (!reason) return;
+  const char* const what =
+      keptStore.LeftAlone()
+          ? "The station has started with the defaults: limits and calibration may not be those of\r\n"
+            "your machine. What you choose holds until you close it, and the settings stay as they\r\n"
+            "are. Have them mended, then start it again."
+      : ended ? "What you chose since the start is not kept."
+              : "You can go on. What you choose holds until you close the "
+                "station, and each\r\nfurther choice tries to store it again.";
+  platform.messageBox.Show("Torvane Designer", *reason + "\r\n\r\n" + what, BoxIcon::Stop);
 }
 
 void Station::Changed(const Field& field) {

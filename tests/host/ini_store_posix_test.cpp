@@ -83,7 +83,9 @@ TEST_F(SharedIniStoreTest, LeftoversLinksAndModesOfTheFile) {
 }
 
 TEST_F(SharedIniStoreTest, WhatIsNoFileIsRefusedAndStays) {
+  EXPECT_TRUE(Store().Readable()) << "nothing has been written yet";
   std::filesystem::create_directories(file);
+  EXPECT_FALSE(Store().Readable());
   EXPECT_EQ(Store().Read("Settings", "a"), std::nullopt);
   const Outcome outcome = Store().Write("Settings", "a", "1");
   ASSERT_FALSE(outcome);

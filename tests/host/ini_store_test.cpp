@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <random>
 
 #include "host/temporary_folder.h"
 
@@ -124,6 +126,54 @@ TEST_F(IniStoreTest, TwoStoresSeeEachOthersWritesAtOnce) {
   }
   std::filesystem::remove(file);
   EXPECT_EQ(one.Read("Settings", "turn"), std::nullopt);
+}
+
+// What is found without reading anew is what a reader of the file would find.
+TEST_F(IniStoreTest, ManyWritesInARowLeaveTheTextThatTheyShow) {
+  std::mt19937 dice(7);  // NOLINT: the same each time
+  const auto any = [&](std::initializer_list<const char*> texts) {
+    return std::string(texts.begin()[dice() % texts.size()]);
+  };
+  IniText text(
+      "; head\nfirst=0\n[broken\nlost=1\n[A]\nk1=old\nk1=second\n[B] ; b\nx==\n[A]\nk2=\n[C]\nlast=9");
+  std::map<std::pair<std::string, std::string>, std::string> expected;
+  for (const auto& entry : text.Entries()) expected[{entry.section, entry.key}] = entry.value;
+  ASSERT_EQ(expected.size(), 5U);
+  for (int i = 0; i < 3000; ++i) {
+    const std::string section = any({"", "A", "B", "C", "lost", "D ]"});
+    const std::string key = any({"k", "first", "x", "last", "[", "="}) + std::to_string(dice() % 40);
+    const std::string value = std::string(dice() % 9, 'v') + any({"", "\n", "=", "%41"});
+    text.Set(section, key, value);
+    expected[{section, key}] = value;
+    ASSERT_EQ(text.Find(section, key), value);
+    if (i % 100 != 0) continue;
+    const IniText read(text.Bytes());
+    const auto shown = text.Entries(), found = read.Entries();
+    ASSERT_EQ(shown.size(), expected.size());
+    ASSERT_EQ(found.size(), expected.size());
+    for (std::size_t j = 0; j < found.size(); ++j) {
+      const std::pair name(found[j].section, found[j].key);
+      ASSERT_EQ(name, std::pair(shown[j].section, shown[j].key));
+      ASSERT_EQ(expected.at(name), found[j].value);
+      ASSERT_EQ(text.Find(name.first, name.second), found[j].value);
+    }
+  }
+  EXPECT_TRUE(text.Bytes().starts_with("; head\nfirst=0\n"));
+}
+
+TEST_F(IniStoreTest, ALargeStoreIsListedInOneWalk) {
+  std::string bytes = "[Settings]\n";
+  for (int i = 0; i < 200'000; ++i) bytes += "key" + std::to_string(i) + "=" + std::to_string(i) + "\n";
+  std::filesystem::create_directory(file.parent_path());
+  Put(file, bytes + "key7=again\n");
+  IniStore store = Store();
+  EXPECT_EQ(store.All().size(), 200'000U);
+  EXPECT_EQ(store.Read("Settings", "key7"), "7");
+  EXPECT_EQ(store.Read("Settings", "key199999"), "199999");
+  // What could not be read again is not written.
+  EXPECT_FALSE(store.Write("Settings", "long", std::string(16'000'000, 'x')));
+  EXPECT_EQ(store.Read("Settings", "long"), std::nullopt);
+  EXPECT_TRUE(Store().Readable());
 }
 
 }  // namespace

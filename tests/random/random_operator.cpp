@@ -97,7 +97,12 @@ constexpr std::string_view kWindowOpeners[] = {"Command3", "btnProperties", "mnu
                                                "Label10",  "Label9",        "mnuAbout"};
 
 std::string FirstDifference(std::string_view one, std::string_view other) {
-  const auto a = LinesOf(one), b = LinesOf(other);
+  const auto lines = [](std::string_view text) {
+    std::vector<std::string_view> all;
+    for (const std::string_view line : LinesOf(text)) all.push_back(line);
+    return all;
+  };
+  const auto a = lines(one), b = lines(other);
   for (std::size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
     const std::string_view left = i < a.size() ? a[i] : "(end)", right = i < b.size() ? b[i] : "(end)";
     if (left != right) return "\n  " + std::string(left) + "\n  " + std::string(right);

@@ -43,6 +43,7 @@ class Hindrance : public testing::Test {
     TypeTube(*station_, 2, "45");
     return *station_;
   }
+  Station& Running() { return *station_; }
   std::string Path(const std::string& name) const {
     return files.ProgramFolder() + "\\TV_Design_Files\\" + name;
   }
@@ -257,6 +258,36 @@ TEST_F(Hindrance, AStoreThatIsBroken) {
   station.Run("mnuQuit", Event::Click);
   EXPECT_EQ(store->Read("Settings", "txtHGSpeed"), "2.5");
   EXPECT_TRUE(Holds(Bytes(folder.path / "torvane.ini"), broken));
+}
+
+// The operator hears of it, and the defaults do not take the place of what stands there, also if it is mended
+// while the station runs.
+TEST_F(Hindrance, AStoreThatCannotBeRead) {
+  const std::filesystem::path file = folder.path / "torvane.ini";
+  const std::string former = "[Settings]\ntxtHGSpeed=7\n";
+  Put(file, former);
+  chmod(file.c_str(), 0);
+  {
+    const Somebody somebody;
+    Station& station = Started();
+    const std::vector<std::string> heard = Heard();
+    ASSERT_EQ(heard.size(), 1U);
+    EXPECT_TRUE(Holds(heard[0], "torvane.ini") && Holds(heard[0], "Permission denied") &&
+                Holds(heard[0], "started with the defaults"))
+        << heard[0];
+    EXPECT_EQ(station.s.txtHGSpeed.text(), "1");
+  }
+  chmod(file.c_str(), 0644);
+  // This station was started before.
+  Station& station = Running();
+  station.Type(station.s.txtHGSpeed, "2.5");
+  EXPECT_EQ(station.platform.store.Read("Settings", "txtHGSpeed"), "2.5");
+  station.s.gDirty = false;
+  station.Run("mnuQuit", Event::Click);
+  EXPECT_TRUE(station.ended);
+  EXPECT_TRUE(Heard().empty());
+  EXPECT_EQ(Bytes(file), former);
+  EXPECT_EQ(Started().s.txtHGSpeed.text(), "7");
 }
 
 TEST_F(Hindrance, AnExecutorThatIsMissingOrCannotRun) {

@@ -95,6 +95,9 @@ int Check(const Arguments& arguments) {
   if (!program) return Complain(asTyped + ": " + ToUtf8(program.reason()));
 
   const auto store = StoreAt(arguments.store);
+  // By another machine's limits a proof says nothing.
+  if (const Outcome readable = store->Readable(); !readable) return Complain(ToUtf8(readable.reason()));
+  if (const std::string note = MissingStoreNote(arguments.store); !note.empty()) Complain(note);
   const Proof proof = Prove(program.value(), ReadLimits(*store, HostLocale().Signs().decimal));
   if (!proof.anyStatement) return Complain(asTyped + ": no program: it holds no statement that can be read");
   const std::string text = arguments.json ? JsonText(proof) : asTyped + "\n  " + ToUtf8(Report(proof));
