@@ -1,5 +1,6 @@
 #include "cli/script.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <ostream>
@@ -14,18 +15,6 @@ namespace torvane {
 
 namespace {
 
-std::string OneLine(const std::string& text) {
-  std::string line;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    if (text[i] == '\n')
-      line += "\\n";
-    else
-      line += text[i];
-  }
-  return ToUtf8(line);
-}
-
 enum class Button { Left, Right };
 
 Button ButtonOf(const std::string& word) {
@@ -35,6 +24,13 @@ Button ButtonOf(const std::string& word) {
 }
 
 }  // namespace
+
+std::string OneLine(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text.substr(i, 2) != "\r\n") lines += text[i];
+  return Printable(ToUtf8(lines));
+}
 
 std::pair<std::string, std::string> Script::FirstWord(const std::string& text) {
   const auto blank = text.find(' ');
@@ -226,8 +222,19 @@ void Script::Answer(const std::string& rest) {
 }
 
 std::string Script::HomePath(const std::string& relative) const {
-  return computer_.AsPlatform(store_).files.ProgramFolder() + "\\" +
-         Replaced(StationText(relative), '/', '\\');
+  const std::string path = Replaced(StationText(relative), '/', '\\');
+  std::string_view rest = path;
+  bool leaves = rest.starts_with('\\') || rest.substr(1, 1) == ":";
+  while (!rest.empty()) {
+    const auto end = std::min(rest.find('\\'), rest.size());
+    const std::string_view name = rest.substr(0, end);
+    // Windows takes no note of blanks and points at the end of a name.
+    leaves = leaves || (name.find_first_not_of(". ") == std::string_view::npos &&
+                        std::count(name.begin(), name.end(), '.') > 1);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  if (leaves) throw ScriptError{relative + ": the path does not stay in the station's folder"};
+  return computer_.AsPlatform(store_).files.ProgramFolder() + "\\" + path;
 }
 
 void Script::File(const std::string& rest) {

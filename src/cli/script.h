@@ -17,6 +17,9 @@ struct ScriptError {
   std::string reason;
 };
 
+// A text of the station as a script prints it: a line's end as "\n", other control characters escaped too.
+std::string OneLine(std::string_view text);
+
 class Script {
  public:
   // `store` is what the station reads and writes.
@@ -85,7 +88,8 @@ class Script {
   // Both throw ScriptError: before the start, and for a name that no field has.
   Station& Running();
   Field& FieldOf(const std::string& name);
-  // Of a path in the station's folder, with slashes or backslashes.
+  // Of a path in the station's folder, with slashes or backslashes; throws ScriptError for one that leaves
+  // it.
   std::string HomePath(const std::string& relative) const;
   // On one line, the station's folder named "<home>".
   std::string WithoutHome(std::string line) const;

@@ -1,17 +1,22 @@
+#include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
 #include "cli/commands.h"
 #include "cli/script.h"
+#include "host/paths.h"
 
 namespace torvane {
 
 int RunScript(Computer& computer, const std::string& file) {
   std::ifstream stream;
   if (!file.empty()) {
-    stream.open(file, std::ios::binary);
-    if (!stream) {
-      Complain(file + ": cannot be opened");
+    std::error_code error;
+    const bool folder = std::filesystem::is_directory(SystemPath(file), error);
+    if (!folder) stream.open(SystemPath(file), std::ios::binary);
+    if (folder || !stream) {
+      Complain(file + (folder ? ": this is a folder, not a script" : ": cannot be opened"));
       return kUsage;
     }
   }
@@ -32,7 +37,9 @@ int RunScript(Computer& computer, const std::string& file) {
       return kUsage;
     }
   }
-  return kDone;
+  if (file.empty() ? std::ferror(stdin) == 0 : !in.bad()) return kDone;
+  Complain((file.empty() ? "standard input" : file) + ": could not be read to its end");
+  return kUsage;
 }
 
 }  // namespace torvane

@@ -3,7 +3,6 @@
 
 #include "cli/script.h"
 #include "design/catalogue.h"
-#include "host/code_page.h"
 #include "persist/tagged_text.h"
 #include "workbench/build_warnings.h"
 #include "workbench/number_hint.h"
@@ -60,43 +59,50 @@ void Script::Get(const std::string& rest) {
     if (!value.found) throw ScriptError{"there is no field or value " + rest};
     text = value.text;
   }
-  out_ << rest << " = " << ToUtf8(text) << "\n";
+  out_ << Printable(rest) << " = " << OneLine(text) << "\n";
 }
 
 void Script::List(const std::string& rest) {
-  for (const std::string& entry : FieldOf(rest).entries()) out_ << "| " << ToUtf8(entry) << "\n";
+  for (const std::string& entry : FieldOf(rest).entries()) out_ << "| " << OneLine(entry) << "\n";
 }
 
 void Script::ShowMark(const std::string& rest) {
-  out_ << rest << ": " << NameOfMark(FieldOf(rest).mark()) << "\n";
+  out_ << Printable(rest) << ": " << NameOfMark(FieldOf(rest).mark()) << "\n";
 }
 
-void Script::Shown(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).shown()) << "\n"; }
+void Script::Shown(const std::string& rest) {
+  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).shown()) << "\n";
+}
 
 void Script::Enabled(const std::string& rest) {
-  out_ << rest << ": " << YesNo(FieldOf(rest).enabled()) << "\n";
+  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).enabled()) << "\n";
 }
 
 void Script::Caption(const std::string& rest) {
   const Field& field = FieldOf(rest);
   // A label shows its text.
-  out_ << rest << ": " << ToUtf8(field.caption().empty() ? field.text() : field.caption()) << "\n";
+  out_ << Printable(rest) << ": " << OneLine(field.caption().empty() ? field.text() : field.caption())
+       << "\n";
 }
 
-void Script::Tip(const std::string& rest) { out_ << rest << ": " << ToUtf8(FieldOf(rest).tip()) << "\n"; }
+void Script::Tip(const std::string& rest) {
+  out_ << Printable(rest) << ": " << OneLine(FieldOf(rest).tip()) << "\n";
+}
 
-void Script::Bold(const std::string& rest) { out_ << rest << ": " << YesNo(FieldOf(rest).bold()) << "\n"; }
+void Script::Bold(const std::string& rest) {
+  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).bold()) << "\n";
+}
 
 void Script::ShowSetting(const std::string& rest) {
   const auto [section, key] = FirstWord(rest);
   const auto value = store_.Read(StationText(section), StationText(key));
-  out_ << rest << (value ? " = " + ToUtf8(*value) : " missing") << "\n";
+  out_ << Printable(rest) << (value ? " = " + OneLine(*value) : " missing") << "\n";
 }
 
 void Script::Cat(const std::string& rest) {
   const auto text = computer_.AsPlatform(store_).files.ReadWhole(HomePath(rest));
   if (!text) throw ScriptError{Because(rest, text.reason())};
-  for (const std::string_view line : LinesOf(text.value())) out_ << "| " << ToUtf8(line) << "\n";
+  for (const std::string_view line : LinesOf(text.value())) out_ << "| " << OneLine(line) << "\n";
 }
 
 void Script::Focus(const std::string&) {
@@ -134,7 +140,7 @@ void Script::Warnings(const std::string&) {
 }
 
 void Script::Hint(const std::string& rest) {
-  out_ << rest << ": " << ToUtf8(NumberHint(FieldOf(rest), Running().s.signs)) << "\n";
+  out_ << Printable(rest) << ": " << OneLine(NumberHint(FieldOf(rest), Running().s.signs)) << "\n";
 }
 
 }  // namespace torvane
