@@ -74,7 +74,7 @@ class WindowsFilesTest : public testing::Test {
   HostFiles files = HostFiles::At(HostText(folder.path)).value();
 };
 
-TEST_F(WindowsFilesTest, AreWrittenOverInPlaceByTheirStationNames) {
+TEST_F(WindowsFilesTest, AreReplacedByTheirStationNames) {
   EXPECT_EQ(files.ProgramFolder(), folder.path.string());
   ASSERT_TRUE(files.MakeFolder("TV_Design_Files"));
   ASSERT_TRUE(files.MakeFolder(files.ProgramFolder() + "\\TV_Design_Files"));
@@ -151,21 +151,21 @@ TEST(WindowsLauncher, StartsProgramsInTheStationsFolder) {
         0, text.find("input") == std::string::npos ? 0 : text.find("in " + home) + 3 + home.size());
   };
   HostLauncher launcher;
-  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe TRACE", home));
+  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe", "TRACE", home));
   EXPECT_EQ(told(), "TRACE\nin " + home);
-  // The path of a program goes bare: a blank in it makes it two words.
-  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe " + home + "\\G\\a.T2G", home));
+  // The path of a program goes bare: a blank in it makes it two words of the library's.
+  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe", home + "\\G\\a.T2G", home));
   EXPECT_EQ(told(), folder.path.string() + "\\my\nstation\\G\\a.T2G\nin " + home);
-  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe", home));
+  ASSERT_TRUE(launcher.Start("Torvane_Executor.exe", "", home));
   EXPECT_EQ(told(), "in " + home);
 
   for (const std::string program : {"missing.exe", "sub\\x.exe"}) {
-    const Outcome outcome = launcher.Start(program + " TRACE", home);
+    const Outcome outcome = launcher.Start(program, "TRACE", home);
     ASSERT_FALSE(outcome) << program;
     EXPECT_EQ(outcome.reason().rfind(program, 0), 0U) << outcome.reason();
   }
-  EXPECT_FALSE(launcher.Start("  ", home));
-  EXPECT_FALSE(launcher.Start("Torvane_Executor.exe", home + "\\gone"));
+  EXPECT_FALSE(launcher.Start("", "", home));
+  EXPECT_FALSE(launcher.Start("Torvane_Executor.exe", "", home + "\\gone"));
   SetEnvironmentVariableW(L"windir_of_the_test", L"C:\\M\u00FCll");
   EXPECT_EQ(launcher.EnvironmentVariable("windir_of_the_test"), "C:\\M\xFCll");
   EXPECT_EQ(launcher.EnvironmentVariable("windir_not_set"), "");
