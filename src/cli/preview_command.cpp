@@ -17,8 +17,8 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   if (!s.gShow4Axis) throw UsageError{design + ": only four-axis designs have a picture"};
   if (row < 1 || row > RowsOf(s.txtNumberOfLayers(1)))
     throw UsageError{design + ": there is no row " + std::to_string(row)};
-  station.polarTag = s.cmbPattern(row).text();
-  const auto pattern = PolarPatternOf(s, station.polarTag);
+  NoteEndView(station, row, s.cmbPattern(row).text());
+  const auto pattern = PolarPatternOf(s, station.endView.pattern);
   if (!pattern) {
     Complain(design + ": row " + std::to_string(row) + " has no pattern to draw");
     return kFailed;
@@ -26,8 +26,8 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   DrawPolarCircPattern(station, row);
   const Result<std::string> path = AbsoluteStationPath(out);
   if (!path) throw UsageError{Because(out, path.reason())};
-  const std::string title = PictureTitle(s, std::to_string(row), station.polarTag);
-  const std::string svg = SvgOf(station.polarPicture, ToUtf8(title));
+  const std::string title = PictureTitle(s, std::to_string(row), station.endView.pattern);
+  const std::string svg = SvgOf(station.endView.picture, ToUtf8(title));
   const Outcome written = station.platform.files.WriteWhole(path.value(), {svg});
   if (written) return kDone;
   Complain(Because(out, written.reason()));

@@ -30,6 +30,8 @@ void ShowUnits(DesignState& s, std::string_view inches) {
   s.lblUnits(0) = isInches ? "in" : "mm";
   s.lblLengthHeading = isInches ? "Length (ft)" : "Length (meters)";
   s.lblCarriageSpeedHeading = isInches ? "Carriage Speed (in/s)" : "Carriage Speed (mm/s)";
+  s.lblLengthHeading4Ax = isInches ? "Length (feet)" : "Length (meters)";
+  s.lblCarriageSpeedHeading4Ax.CopyFrom(s.lblCarriageSpeedHeading);
   s.lblSpeedUnits = isInches ? "(in/s)" : "(mm/s)";
   s.lblLengthUnits = isInches ? "(ft)" : "(m)";
 }

@@ -33,7 +33,7 @@ Outcome Start(Station& station, std::string_view program, std::string_view argum
 bool OffsetIsConfirmed(Station& station, const std::string& message) {
   if (IsCarriageOffsetConfirmed(station.platform.store)) return true;
   if (ShowMessageDialog(station, message, 33, {.okOnly = true, .beep = true, .offer = true})) return true;
-  OpenSettings(station, station.s.mnu2Axis ? 1 : 2);
+  OpenSettingsBeside(station, station.s.mnu2Axis ? 1 : 2);
   return false;
 }
 

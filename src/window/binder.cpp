@@ -55,6 +55,16 @@ bool Binder::Run(std::string_view control, Event event, int index) {
   return answered;
 }
 
+bool Binder::RunIn(Window& window, std::string_view control, Event event, int index) {
+  bool answered = false;
+  Do([&] { answered = station_.RunIn(window, control, event, index); });
+  return answered;
+}
+
+void Binder::ReleaseKey(const Field& field) {
+  Do([&] { station_.ReleaseKey(field); });
+}
+
 void Binder::Do(const std::function<void()>& doing) {
   ++doings_;
   doing();

@@ -32,6 +32,10 @@ class Binder : public QObject, private FieldWatcher {
   void Check(Field& field, bool on);
   // False if the station has no operation of that control and event.
   bool Run(std::string_view control, Event event = Event::Click, int index = 0);
+  // The same from within a window of the station, which takes it first.
+  bool RunIn(Window& window, std::string_view control, Event event = Event::Click, int index = 0);
+  // A key was released in a field and left its text as it was.
+  void ReleaseKey(const Field& field);
   // Any other doing.
   void Do(const std::function<void()>& doing);
   // Unties a widget with all in it, and deletes it once no doing is on its way: a message waits for its
@@ -74,6 +78,13 @@ struct Desk {
   Station& station;
   Binder& binder;
   Theme& theme;
+  Window* window = nullptr;  // of a dialog: what it shows
+
+  // A control where this desk stands: with two dialogs open each runs its own.
+  bool Run(std::string_view control, Event event = Event::Click, int index = 0) const {
+    return window != nullptr ? binder.RunIn(*window, control, event, index)
+                             : binder.Run(control, event, index);
+  }
 };
 
 }  // namespace torvane

@@ -6,7 +6,7 @@ void Button::Runs(const char* control, int index) {
   setObjectName(index < 0 ? QString::fromLatin1(control)
                           : QStringLiteral("%1(%2)").arg(QString::fromLatin1(control)).arg(index));
   connect(this, &QAbstractButton::clicked, this,
-          [this, control, index] { desk_.binder.Run(control, Event::Click, std::max(index, 0)); });
+          [this, control, index] { desk_.Run(control, Event::Click, std::max(index, 0)); });
 }
 
 }  // namespace torvane

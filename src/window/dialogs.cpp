@@ -6,11 +6,9 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 
-#include "design/text.h"
 #include "host/paths.h"
 #include "look/text.h"
 
@@ -22,12 +20,11 @@ constexpr int kLeastWidth = 580;
 constexpr int kBar = 66;
 constexpr int kTextLeft = 80, kAbove = 22, kTextLine = 22;
 
-// Without the empty lines at its ends.
+// Its lines as they stand, without the empty ones at its ends.
 QString Body(const QString& text) {
   QStringList lines = QString(text).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
-  for (QString& line : lines) line = line.trimmed();
-  while (!lines.isEmpty() && lines.first().isEmpty()) lines.removeFirst();
-  while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
+  while (!lines.isEmpty() && lines.first().trimmed().isEmpty()) lines.removeFirst();
+  while (!lines.isEmpty() && lines.last().trimmed().isEmpty()) lines.removeLast();
   return lines.join(QLatin1Char('\n'));
 }
 
@@ -169,41 +166,6 @@ QString Filters(std::string_view filter) {
   return captions.join(QStringLiteral(";;"));
 }
 
-// ".t2d" of "Designs (*.t2d)|*.t2d|".
-QString Ending(std::string_view filter) {
-  const QStringList parts = Shown(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
-  return parts.size() < 2 ? QString() : parts[1].mid(parts[1].lastIndexOf(QLatin1Char('.')));
-}
-
-// Completes a name before the toolkit looks whether there is such a file. The toolkit's own suffix is given
-// to names without any dot alone, and to folders that the operator goes to by their name.
-class SaveDialog : public QFileDialog {
- public:
-  SaveDialog(const QString& folder, std::string_view filter)
-      : QFileDialog(QApplication::activeWindow(), QStringLiteral("Save"), folder, Filters(filter)),
-        ending_(Ending(filter)) {
-    setAcceptMode(AcceptSave);
-    setFileMode(AnyFile);
-  }
-
-  void accept() override {
-    auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (name != nullptr) name->setText(Completed(name->text()));
-    QFileDialog::accept();
-  }
-
- private:
-  QString Completed(QString name) const {
-    const bool folder = name.startsWith(QLatin1Char('~')) || name.endsWith(QLatin1Char('/')) ||
-                        QFileInfo(directory(), name).isDir();
-    if (name.isEmpty() || folder || name.endsWith(ending_, Qt::CaseInsensitive)) return name;
-    while (name.endsWith(QLatin1Char('.'))) name.chop(1);
-    return name + ending_;
-  }
-
-  QString ending_;
-};
-
 QString HostFolder(std::string_view folder) {
   const Result<std::string> path = HostPath(folder);
   return path ? QString::fromStdString(path.value()) : QString();
@@ -234,13 +196,16 @@ std::optional<std::string> QtFileDialog::AskOpen(std::string_view filter, std::s
 
 std::optional<std::string> QtFileDialog::AskSave(std::string_view filter, std::string_view folder,
                                                  std::string_view proposedName) {
-  SaveDialog dialog(HostFolder(folder), filter);
+  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Save"), HostFolder(folder),
+                     Filters(filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  // The name counts as it is typed, and the copy that is kept of a replaced design is its guard. A desktop's
+  // own dialog would ask, or complete the name.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
   if (!proposedName.empty()) dialog.selectFile(Shown(proposedName));
-  std::optional<std::string> path = Ask(dialog);
-  // A desktop's own dialog does not ask the one above.
-  const std::string ending = Ending(filter).toStdString();
-  if (path && !UpperCase(*path).ends_with(UpperCase(ending))) *path += ending;
-  return path;
+  return Ask(dialog);
 }
 
 }  // namespace torvane

@@ -1,6 +1,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QToolTip>
+#include <utility>
 
 #include "design/catalogue.h"
 #include "handoff/executor.h"
@@ -27,6 +28,7 @@ FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
   setTextMargins(side, 0, side, 0);
   if (place == Place::Panel) setFixedHeight(30);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    idle_ = false;
     if (desk_.binder.Type(field_, text)) return;
     QToolTip::showText(mapToGlobal(rect().bottomLeft()),
                        QStringLiteral("This character cannot stand in a design file. It was not taken."),
@@ -70,13 +72,26 @@ void FieldEdit::paintEvent(QPaintEvent* event) {
 
 void FieldEdit::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
-  if (event->button() == Qt::LeftButton) desk_.binder.Run(field_.row().name, Event::Click, field_.index());
+  // A double click is one click and the double click, not two clicks.
+  if (event->button() == Qt::LeftButton && !std::exchange(doubled_, false))
+    desk_.Run(field_.row().name, Event::Click, field_.index());
 }
 
 void FieldEdit::mouseDoubleClickEvent(QMouseEvent* event) {
   // Where the machine moves on a double click no text is selected.
-  if (!desk_.binder.Run(field_.row().name, Event::DoubleClick, field_.index()))
+  doubled_ = event->button() == Qt::LeftButton;
+  if (!desk_.Run(field_.row().name, Event::DoubleClick, field_.index()))
     QLineEdit::mouseDoubleClickEvent(event);
+}
+
+void FieldEdit::keyPressEvent(QKeyEvent* event) {
+  idle_ = true;
+  QLineEdit::keyPressEvent(event);
+}
+
+void FieldEdit::keyReleaseEvent(QKeyEvent* event) {
+  QLineEdit::keyReleaseEvent(event);
+  if (!event->isAutoRepeat() && std::exchange(idle_, false)) desk_.binder.ReleaseKey(field_);
 }
 
 void FieldEdit::focusInEvent(QFocusEvent* event) {

@@ -138,7 +138,7 @@ void ReadOut::paintEvent(QPaintEvent*) {
   if (filled_) painter.fillRect(rect(), t[Token::ReadOut]);
   painter.setFont(t.Font(size_, Weight::Medium));
   const bool empty = field_.empty();
-  painter.setPen(empty ? t[Token::Off] : t[Token::Figures]);
+  painter.setPen(empty || pale_ ? t[Token::Off] : t[Token::Figures]);
   painter.drawText(rect().adjusted(0, 0, filled_ ? -8 : 0, 0), Qt::AlignRight | Qt::AlignVCenter,
                    FigureOf(field_));
 }
@@ -155,8 +155,21 @@ void Word::SetText(const QString& text) {
   update();
 }
 
+void Word::SetEmphasis(bool emphasis) {
+  if (emphasis == emphasis_) return;
+  emphasis_ = emphasis;
+  updateGeometry();
+  update();
+}
+
+QFont Word::Font() const {
+  QFont font = desk_.theme.Font(size_, weight_);
+  if (emphasis_) font.setBold(true);
+  return font;
+}
+
 QSize Word::sizeHint() const {
-  const QFontMetrics metrics(desk_.theme.Font(size_, weight_));
+  const QFontMetrics metrics(Font());
   return {metrics.horizontalAdvance(text_) + 1, metrics.height()};
 }
 
@@ -164,8 +177,9 @@ QSize Word::minimumSizeHint() const { return {1, sizeHint().height()}; }
 
 void Word::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setFont(desk_.theme.Font(size_, weight_));
-  painter.setPen(desk_.theme[isEnabled() ? token_ : Token::Off]);
+  painter.setFont(Font());
+  const Token token = emphasis_ ? Token::Fault : token_;
+  painter.setPen(desk_.theme[isEnabled() ? token : Token::Off]);
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
                    painter.fontMetrics().elidedText(text_, Qt::ElideRight, width()));
 }

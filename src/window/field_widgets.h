@@ -35,6 +35,8 @@ class FieldEdit : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 
  private:
@@ -44,7 +46,9 @@ class FieldEdit : public QLineEdit {
   Desk desk_;
   Field& field_;
   Place place_;
-  bool moves_ = false;  // a double click moves the machine
+  bool moves_ = false;    // a double click moves the machine
+  bool doubled_ = false;  // the release to come ends a double click
+  bool idle_ = false;     // the key that is down was pressed here and has changed nothing
 };
 
 // A list: its entries open below it; Alt+Down, Down or a click opens them, a letter chooses.
@@ -91,6 +95,8 @@ class ReadOut : public QWidget {
 
   // Gives it a ground, as among inputs.
   void SetFilled() { filled_ = true; }
+  // A figure that nothing calculates.
+  void SetPale() { pale_ = true; }
   QSize sizeHint() const override;
 
  protected:
@@ -101,6 +107,7 @@ class ReadOut : public QWidget {
   const Field& field_;
   int size_;
   bool filled_ = false;
+  bool pale_ = false;
 };
 
 // A plain word beside a field. It shortens with an ellipsis where there is too little room.
@@ -110,6 +117,8 @@ class Word : public QWidget {
        QWidget* parent = nullptr);
 
   void SetText(const QString& text);
+  // Bold, and in the colour of a fault.
+  void SetEmphasis(bool emphasis);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -117,11 +126,14 @@ class Word : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QFont Font() const;
+
   Desk desk_;
   QString text_;
   int size_;
   Token token_;
   Weight weight_;
+  bool emphasis_ = false;
 };
 
 }  // namespace torvane

@@ -12,10 +12,10 @@ constexpr LayerColumn kTwoAxes[] = {
     {"Method", "", nullptr, &Fields::cmbMethod, CellKind::List, 78, 90, 3},
     {"Add'l Wrap", "(deg)", nullptr, &Fields::txtAddRevs, CellKind::Text, 84, 0, 0},
     {"Mandrel", "(RPM)", nullptr, &Fields::txtMRPM, CellKind::Text, 86, 116, 2},
-    {"Carriage Speed", "", &Fields::lblSpeedUnits, &Fields::txtCarriageSpeed, CellKind::Figure, 102, 126, 4},
+    {"", "", &Fields::lblCarriageSpeedHeading, &Fields::txtCarriageSpeed, CellKind::Figure, 102, 126, 4},
     {"Passes", "", nullptr, &Fields::lblPassesToCover, CellKind::Figure, 72, 92, 3},
     {"Minutes", "", nullptr, &Fields::lblMinutesToCover, CellKind::Minutes, 80, 110, 1},
-    {"Length", "", &Fields::lblLengthUnits, &Fields::lblLengthToCover, CellKind::Figure, 100, 0, 0},
+    {"", "", &Fields::lblLengthHeading, &Fields::lblLengthToCover, CellKind::Figure, 100, 0, 0},
 };
 
 constexpr LayerColumn kFourAxes[] = {
@@ -26,10 +26,10 @@ constexpr LayerColumn kFourAxes[] = {
     {"Split", "", nullptr, &Fields::cmbPhiSplit, CellKind::List, 68, 0, 0},
     {"Pause", "", nullptr, &Fields::chkPause, CellKind::Check, 62, 92, 2},
     {"RPM", "", nullptr, &Fields::lblRPM, CellKind::Figure, 66, 100, 2},
-    {"Carriage Speed", "", &Fields::lblSpeedUnits, &Fields::lblcSpeed, CellKind::Figure, 98, 126, 4},
+    {"", "", &Fields::lblCarriageSpeedHeading4Ax, &Fields::lblcSpeed, CellKind::Figure, 98, 126, 4},
     {"Passes", "", nullptr, &Fields::lblNPasses, CellKind::Figure, 66, 92, 3},
     {"Minutes", "", nullptr, &Fields::lblMinutes, CellKind::Minutes, 72, 110, 1},
-    {"Length", "", &Fields::lblLengthUnits, &Fields::lblLength, CellKind::Figure, 76, 0, 0},
+    {"", "", &Fields::lblLengthHeading4Ax, &Fields::lblLength, CellKind::Figure, 76, 0, 0},
 };
 
 }  // namespace

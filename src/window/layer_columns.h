@@ -12,9 +12,9 @@ enum class CellKind : std::uint8_t { Row, List, Angle, Text, Check, Figure, Minu
 
 struct LayerColumn {
   const char* head;
-  const char* unit;                // fixed second line of the head
-  const Field Fields::*unitField;  // or the text of this field
-  FieldArray Fields::*cells;       // null for the row's button
+  const char* unit;              // second line of the head
+  const Field Fields::*heading;  // in the place of both: "Carriage Speed (in/s)", its unit in brackets
+  FieldArray Fields::*cells;     // null for the row's button
   CellKind kind;
   int width;
   // With large figures; 0: the column is left out. Where there is little room the higher ranks go first.

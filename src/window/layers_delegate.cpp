@@ -23,7 +23,7 @@ void LayersDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   const Theme& t = desk_.theme;
   const LayerColumn& column = model_.Column(index.column());
   const int layer = LayersModel::LayerOf(index);
-  const bool pressed = desk_.station.s.gCurrentRow == layer;
+  const bool pressed = StandsOut(layer);
   const QRect box = option.rect;
   painter->save();
   QColor ground = t[IsCalculated(column.kind) ? Token::ReadOut : Token::Input];
@@ -41,10 +41,17 @@ void LayersDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   painter->restore();
 }
 
+bool LayersDelegate::StandsOut(int layer) const {
+  const DesignState& s = desk_.station.s;
+  // The row that an open menu works on shows as long as that is open.
+  if (s.mnuPopMenu.shown() && s.gCurrentRow == layer) return true;
+  return (s.gShow4Axis ? s.lbl4xLayerNo : s.lblL)(layer).bold();
+}
+
 void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) const {
   const Theme& t = desk_.theme;
   const DesignState& s = desk_.station.s;
-  const bool pressed = s.gCurrentRow == layer;
+  const bool pressed = StandsOut(layer);
   p.fillRect(box, pressed ? t[Token::Accent] : t[Token::Panel]);
   p.setPen(pressed ? t[Token::OnAccent] : t[Token::Text]);
   p.setFont(t.FigureFont(14, Weight::Medium));
@@ -54,7 +61,7 @@ void LayersDelegate::PaintRowButton(QPainter& p, const QRect& box, int layer) co
   }
   // Numbers stand below each other, whether a row shows a pattern or not.
   p.drawText(box.adjusted(0, 0, -t.Figure(24), 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(layer));
-  if (!s.btn4XRow(layer).shown() || !HasPreview(s, layer)) return;
+  if (!HasPreview(s, layer)) return;
   const double size = t.Figure(15);
   PaintIcon(p, Icon::Pattern, {box.right() - t.Figure(20) + 0.5, box.center().y() - size / 2, size, size},
             p.pen().color());
@@ -78,7 +85,9 @@ void LayersDelegate::PaintCell(QPainter& p, const QRect& box, const LayerColumn&
                   field.checked(), field.enabled(), false);
     return;
   }
-  p.setFont(t.FigureFont(14, Weight::Medium));
+  QFont font = t.FigureFont(14, Weight::Medium);
+  if (field.bold()) font.setBold(true);
+  p.setFont(font);
   const bool list = column.kind == CellKind::List && !field.entries().empty();
   const bool leftSide = column.kind == CellKind::List;
   const int glyph = look.mark == Mark::Plain ? 0 : t.Figure(18);

@@ -27,6 +27,8 @@ class LayersDelegate : public QStyledItemDelegate {
   bool eventFilter(QObject* editor, QEvent* event) override;
 
  private:
+  // A pressed row, until something drops its emphasis.
+  bool StandsOut(int layer) const;
   void PaintRowButton(QPainter& p, const QRect& box, int layer) const;
   void PaintCell(QPainter& p, const QRect& box, const LayerColumn& column, const Field& field,
                  bool current) const;

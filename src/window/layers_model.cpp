@@ -11,6 +11,9 @@ LayersModel::LayersModel(Desk desk, bool fourAxis, QObject* parent)
     : QAbstractTableModel(parent), desk_(desk), fourAxis_(fourAxis) {
   DesignState& s = desk.station.s;
   for (int column = 0; column < columnCount(); ++column) {
+    if (const auto heading = Column(column).heading; heading != nullptr)
+      desk.binder.Bind(s.*heading, this,
+                       [this, column] { emit headerDataChanged(Qt::Horizontal, column, column); });
     const auto cells = Column(column).cells;
     if (cells == nullptr) continue;
     for (int layer = 1; layer <= kMostLayers; ++layer)
@@ -60,17 +63,26 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
+QString LayersModel::Heading(int section) const {
+  const LayerColumn& column = Column(section);
+  if (column.heading == nullptr) return QString::fromLatin1(column.head);
+  return Shown((desk_.station.s.*column.heading).text());
+}
+
+QString LayersModel::CaptionOf(int section) const {
+  const QString heading = Heading(section);
+  return heading.left(heading.indexOf(QStringLiteral(" (")));
+}
+
 QString LayersModel::UnitOf(int section) const {
   const LayerColumn& column = Column(section);
-  if (*column.head == '\0' || column.unitField == nullptr) return QString::fromLatin1(column.unit);
-  return Shown((desk_.station.s.*column.unitField).text());
+  if (column.heading == nullptr) return QString::fromLatin1(column.unit);
+  return Heading(section).mid(CaptionOf(section).size() + 1);
 }
 
 QVariant LayersModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  const LayerColumn& column = Column(section);
-  if (*column.head == '\0') return Shown((desk_.station.s.*column.unitField).text());
-  return QString::fromLatin1(column.head);
+  return Heading(section);
 }
 
 Qt::ItemFlags LayersModel::flags(const QModelIndex& index) const {

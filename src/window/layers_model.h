@@ -25,10 +25,12 @@ class LayersModel : public QAbstractTableModel {
   Field* FieldAt(const QModelIndex& index) const;
   // Layers count from 1.
   static int LayerOf(const QModelIndex& index) { return index.row() + 1; }
-  // The second line of a column's head.
+  // The first line of a column's head, and the second.
+  QString CaptionOf(int section) const;
   QString UnitOf(int section) const;
 
  private:
+  QString Heading(int section) const;
   void FollowCount();
 
   Desk desk_;

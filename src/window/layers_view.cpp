@@ -45,7 +45,7 @@ class Head : public QHeaderView {
     const bool empty = model_.rowCount() == 0;
     const QString unit = model_.UnitOf(section);
     const int unitHeight = unit.isEmpty() ? 0 : 15;
-    QString caption = model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    QString caption = model_.CaptionOf(section);
     painter->setFont(t.Font(13, Weight::Medium));
     bool wide = painter->fontMetrics().horizontalAdvance(caption) > text.width();
     if (wide) {
@@ -65,6 +65,15 @@ class Head : public QHeaderView {
     painter->setPen(t[Token::FieldEdge]);
     painter->drawLine(box.bottomLeft(), box.bottomRight());
     painter->restore();
+  }
+
+  // Without rows the head of the angles stands for their cells.
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    const int section = logicalIndexAt(event->position().toPoint());
+    if (model_.rowCount() == 0 && section >= 0 && model_.Column(section).kind == CellKind::Angle)
+      desk_.Run("txtWA", Event::Click, 1);
+    else
+      QHeaderView::mouseReleaseEvent(event);
   }
 
  private:

@@ -13,7 +13,7 @@ Link::Link(Desk desk, Icon icon, const QString& words, const char* control, QWid
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
   resize(sizeHint());
-  connect(this, &QAbstractButton::clicked, this, [this, control] { desk_.binder.Run(control); });
+  connect(this, &QAbstractButton::clicked, this, [this, control] { desk_.Run(control); });
 }
 
 QSize Link::sizeHint() const {

@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -256,7 +257,7 @@ void MainWindow::FollowState() {
   if (ShowsEndView(s)) page = kEndView;
   if (desk_.theme.large()) page = kLargeTotals;
   totals_->setCurrentIndex(page);
-  const int highest[] = {206, 160, 316, 330};
+  const int highest[] = {206, 240, 316, 330};
   totals_->setMaximumHeight(highest[page]);
   setWindowTitle(Shown(s.frmMain.caption()).trimmed() + QStringLiteral("[*]"));
   setWindowModified(s.gDirty);
@@ -351,6 +352,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
   if (placed_) StorePlace(*this, desk_.station.s);
+}
+
+// What no widget has taken is a click on the background.
+void MainWindow::mouseReleaseEvent(QMouseEvent* event) {
+  QMainWindow::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton) desk_.binder.Run("Form", Event::Click);
 }
 
 // Its widgets take the focus from each other while they go.

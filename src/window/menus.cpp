@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QWhatsThis>
 
 #include "design/text.h"
 #include "look/text.h"
@@ -71,6 +72,9 @@ void AddRowEntries(QMenu& menu, Desk desk) {
     if (!entry.tip.empty()) action->setToolTip(PlainTip(Shown(entry.tip)));
     QObject::connect(action, &QAction::triggered, &menu,
                      [desk, control = entry.control] { desk.binder.Run(control); });
+    // The station does nothing at it; the next click tells what it hits.
+    if (action->objectName() == QStringLiteral("mnuWhatsThis"))
+      QObject::connect(action, &QAction::triggered, &menu, [] { QWhatsThis::enterWhatsThisMode(); });
   }
   menu.setToolTipsVisible(true);
 }

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <algorithm>
 
+#include "design/catalogue.h"
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/four_axis_part.h"
@@ -115,17 +116,19 @@ QWidget* PartPanel::MakeRow() {
   AddSized(*line, jog, shift);
   line->addWidget(MakeDesignUnit(desk_, row));
   gap();
-  line = AddGroup(*boxes, Shown(s.lblNumberOfLayers(panel_).caption()),
-                  QStringLiteral("lblNumberOfLayers(%1)").arg(panel_));
+  line = AddGroup(*boxes, Shown(s.lblNumberOfLayers(panel_).caption()), &s.lblNumberOfLayers(panel_));
   AddCount(*line);
   return row;
 }
 
-QHBoxLayout* PartPanel::AddGroup(QHBoxLayout& boxes, const QString& caption, const QString& name) {
+QHBoxLayout* PartPanel::AddGroup(QHBoxLayout& boxes, const QString& caption, const Field* field) {
   auto* box = new QVBoxLayout;
   box->setSpacing(2);
   auto* word = new Word(desk_, caption, 12, Token::Second);
-  word->setObjectName(name);
+  if (field != nullptr) {
+    word->setObjectName(QString::fromStdString(NameOf(*field)));
+    desk_.binder.Bind(*field, word, [word, field] { word->SetEmphasis(field->bold()); });
+  }
   box->addWidget(word);
   auto* line = new QHBoxLayout;
   line->setSpacing(4);

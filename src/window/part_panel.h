@@ -42,8 +42,8 @@ class PartPanel : public QWidget {
   };
 
   QWidget* MakeRow();
-  // A caption over a line, with the caption's object name; the line.
-  QHBoxLayout* AddGroup(QHBoxLayout& boxes, const QString& caption, const QString& name = {});
+  // A caption over a line; the line.
+  QHBoxLayout* AddGroup(QHBoxLayout& boxes, const QString& caption, const Field* field = nullptr);
   void AddSized(QHBoxLayout& line, QWidget* widget, Widths widths);
   void AddInput(QHBoxLayout& line, Field& field, Widths widths, const QString& unit);
   void AddCount(QHBoxLayout& line);

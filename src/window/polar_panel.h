@@ -1,4 +1,4 @@
-// The end view of the row last pressed, and three totals of a four-axis design.
+// The end view of a row's pattern with its figures, and three totals of a four-axis design.
 #pragma once
 
 #include <QWidget>
@@ -17,8 +17,14 @@ class PolarPanel : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  int Side() const;
+  QRect FigureBox(int place) const;
+  void PlaceGrazing();
+  void PaintFigures(QPainter& painter) const;
+
   Desk desk_;
-  QWidget* enlarge_;
+  QWidget* enlarge_ = nullptr;
+  QWidget* grazing_ = nullptr;
 };
 
 }  // namespace torvane

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "look/paint.h"
+#include "look/screen.h"
 #include "look/text.h"
 #include "window/button.h"
 #include "window/field_widgets.h"
@@ -25,7 +26,8 @@ constexpr int kFigures = 174;
 // The drawing itself. It tells where the pointer stands, and its context menu saves the picture.
 class Canvas : public QWidget {
  public:
-  Canvas(Desk desk, const Field& layer) : desk_(desk), layer_(layer) {
+  Canvas(Desk desk, const Field& layer, const Field& pattern)
+      : desk_(desk), layer_(layer), pattern_(pattern) {
     setObjectName(QStringLiteral("picPreview"));
     setAccessibleName(QStringLiteral("Pattern seen from the end of the part"));
     setToolTip(QStringLiteral("The right button saves the picture."));
@@ -74,7 +76,7 @@ class Canvas : public QWidget {
   }
 
   QByteArray SvgBytes(const std::vector<PolarFigure>& figures) const {
-    const std::string title = PictureTitle(desk_.station.s, layer_.text(), desk_.station.polarTag);
+    const std::string title = PictureTitle(desk_.station.s, layer_.text(), pattern_.text());
     return QByteArray::fromStdString(SvgOf(figures, Shown(title).toStdString()));
   }
 
@@ -96,6 +98,7 @@ class Canvas : public QWidget {
 
   Desk desk_;
   const Field& layer_;
+  const Field& pattern_;
 };
 
 class Line : public QWidget {
@@ -190,7 +193,7 @@ class PreviewDialog : public StationDialog {
     rows->addWidget(MakeHead());
     auto* upper = new QHBoxLayout;
     upper->setSpacing(8);
-    canvas_ = new Canvas(desk, Of("lbllayerNo"));
+    canvas_ = new Canvas(desk, Of("lbllayerNo"), Of("lblPolarTag"));
     canvas_->pointed = [this](QPointF at) { Point(at); };
     upper->addWidget(canvas_, 1);
     upper->addWidget(MakeFigures());
@@ -199,6 +202,10 @@ class PreviewDialog : public StationDialog {
     rows->addWidget(progress_);
     rows->addWidget(MakeButtons());
     desk_.binder.BindAll(this, [this] { Follow(); });
+    // In front of the part, with the layers and the end view beside it in sight.
+    const QRect main = parent->frameGeometry();
+    move(main.x() + main.width() / 4, main.y() + main.height() / 8);
+    KeepOnScreen(*this);
   }
 
  protected:

@@ -8,6 +8,14 @@ constexpr SettingLine YesNo(int tab, const char* sentence, const char* field) {
   return {tab, 0, sentence, "", field, "", "", "", true};
 }
 
+// What stands over the fields and over their twins.
+constexpr SettingLine Heads(int tab, char letter, const char* overFields, const char* overTwins) {
+  SettingLine line{tab, letter, "", "", "", "", "", ""};
+  line.head = overFields;
+  line.twinHead = overTwins;
+  return line;
+}
+
 constexpr SettingLine kLines[] = {
     {0, 'A', "When Carriage is Moving to Activate the Limit Switch, Move at this Speed", "",
      "txtLimitSwitchApproachSpeed", "in/s", "txtLimitSwitchApproachSpeedMM", "mm/s"},
@@ -66,13 +74,15 @@ constexpr SettingLine kLines[] = {
     YesNo(2, "On the first pass of the a 3-Axis winding layer, wrap an extra 360 degrees at each end (Y/N)",
           "txt3AX1stPass360"),
 
-    {3, 'A', "Carriage Speed Limit, slow", "", "txtcSpeed(0)", "in/s", "txtcSpeedmm(0)", "mm/s"},
-    {3, 0, "Carriage Speed Limit, med", "", "txtcSpeed(1)", "in/s", "txtcSpeedmm(1)", "mm/s"},
-    {3, 0, "Carriage Speed Limit, fast", "", "txtcSpeed(2)", "in/s", "txtcSpeedmm(2)", "mm/s"},
+    Heads(3, 'A', "Carriage Speed Limit (in/s)", "Carriage Speed Limit (mm/s)"),
+    {3, 0, "slow", "", "txtcSpeed(0)", "in/s", "txtcSpeedmm(0)", "mm/s"},
+    {3, 0, "med", "", "txtcSpeed(1)", "in/s", "txtcSpeedmm(1)", "mm/s"},
+    {3, 0, "fast", "", "txtcSpeed(2)", "in/s", "txtcSpeedmm(2)", "mm/s"},
     {3, 0, "The machine's own limit", "", "lblcMaxSpeed", "in/s", "lblcMaxSpeedMM", "mm/s", false, true},
-    {3, 'B', "Mandrel RPM Limit, slow", "", "txtmSpeed(0)", "1/min", "txtmSpeedmm(0)", "1/min"},
-    {3, 0, "Mandrel RPM Limit, med", "", "txtmSpeed(1)", "1/min", "txtmSpeedmm(1)", "1/min"},
-    {3, 0, "Mandrel RPM Limit, fast", "", "txtmSpeed(2)", "1/min", "txtmSpeedmm(2)", "1/min"},
+    Heads(3, 'B', "Mandrel RPM Limit (1/min)", "Mandrel RPM Limit (1/min)"),
+    {3, 0, "slow", "", "txtmSpeed(0)", "1/min", "txtmSpeedmm(0)", "1/min"},
+    {3, 0, "med", "", "txtmSpeed(1)", "1/min", "txtmSpeedmm(1)", "1/min"},
+    {3, 0, "fast", "", "txtmSpeed(2)", "1/min", "txtmSpeedmm(2)", "1/min"},
     {3, 0, "The machine's own limit", "", "lblmMaxRPM", "1/min", "lblmMaxRPMMM", "1/min", false, true},
 };
 

@@ -17,6 +17,9 @@ struct SettingLine {
   bool yesNo = false;
   bool readOut = false;
   bool picture = false;  // offers the large picture
+  // Of a line without fields: it stands over those that follow.
+  const char* head = "";
+  const char* twinHead = "";
 };
 
 std::span<const SettingLine> SettingLines();

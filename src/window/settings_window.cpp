@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kTabBar = 49, kSide = 300;
 constexpr int kSentence = 352;  // width
+constexpr int kFieldX = 432, kTwinX = 544;
 constexpr const char* kPanels[] = {"picGeneral", "pic2Axis", "pic4Axis", "picSpeeds"};
 constexpr const char* kBelongs = "These values belong to the machine and serve every design.";
 constexpr const char* kHints[] = {
@@ -38,7 +39,7 @@ class Tab : public QAbstractButton {
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(124, 44);
     connect(this, &QAbstractButton::clicked, this,
-            [this, index] { desk_.binder.Run("lblTab", Event::Click, index); });
+            [this, index] { desk_.Run("lblTab", Event::Click, index); });
     desk.binder.Bind(field, this, [this] { update(); });
   }
 
@@ -73,6 +74,7 @@ class Line : public QWidget {
     const int below = (*line.note != '\0' ? Height(12, line.note) : 0) + (line.picture ? 26 : 0);
     text_ = Height(13, line.sentence);
     setFixedHeight(std::max(44, text_ + below + 26));
+    setAccessibleName(QString::fromLatin1(line.head));
     setMinimumWidth(660);
     connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
   }
@@ -90,6 +92,8 @@ class Line : public QWidget {
     p.fillRect(0, height() - 1, width(), 1, t[Token::Hairline]);
     if (line_.letter != 0) PaintLetter(p, t, QPointF(27.5, height() / 2.0), 11, line_.letter);
     Words(p, QRect(51, 13, kSentence, text_), 13, Token::Text, line_.sentence);
+    Head(p, kFieldX, line_.head);
+    Head(p, kTwinX, line_.twinHead);
     if (*line_.note != '\0')
       Words(p, QRect(51, TextBottom(), kSentence, height()), 12, Token::Second, line_.note);
   }
@@ -104,6 +108,14 @@ class Line : public QWidget {
     p.setFont(desk_.theme.Font(size));
     p.setPen(desk_.theme[token]);
     p.drawText(box, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, QString::fromLatin1(words));
+  }
+
+  // In two lines, its foot at the line's.
+  void Head(QPainter& p, int x, const char* words) const {
+    p.setFont(desk_.theme.Font(12, Weight::Medium));
+    p.setPen(desk_.theme[Token::Text]);
+    p.drawText(QRect(x, 0, kTwinX - kFieldX - 6, height() - 5),
+               Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, QString::fromLatin1(words));
   }
 
   Desk desk_;
@@ -166,7 +178,7 @@ class SettingsWindow : public StationDialog {
   const char* Leaving() const override { return "btnCancel"; }
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-      desk_.binder.Run("btnOK");
+      desk_.Run("btnOK");
     else
       StationDialog::keyPressEvent(event);
   }
@@ -225,6 +237,10 @@ class SettingsWindow : public StationDialog {
 
   QWidget* MakeLine(const SettingLine& setting) {
     auto* line = new Line(desk_, setting);
+    if (*setting.head != '\0') {
+      head_ = &setting;
+      return line;
+    }
     if (setting.picture) {
       auto* picture = new Link(desk_, Icon::Picture, Shown(Of("Label21").caption()), "Label21", line);
       picture->move(47, line->height() - 38);
@@ -234,11 +250,11 @@ class SettingsWindow : public StationDialog {
       auto* choice = new ChoiceSegments(desk_, Of(setting.field), {"Y", "N"}, {49, 34}, line);
       choice->setAccessibleName(QString::fromLatin1(setting.sentence));
       choice->setWhatsThis(QString::fromLatin1(setting.sentence));
-      choice->move(432, y - 2);
+      choice->move(kFieldX, y - 2);
       return line;
     }
-    AddFigure(*line, setting, setting.field, setting.unit, 432, y);
-    if (*setting.twin != '\0') AddFigure(*line, setting, setting.twin, setting.twinUnit, 544, y);
+    AddFigure(*line, setting, setting.field, setting.unit, kFieldX, y);
+    if (*setting.twin != '\0') AddFigure(*line, setting, setting.twin, setting.twinUnit, kTwinX, y);
     return line;
   }
 
@@ -249,9 +265,13 @@ class SettingsWindow : public StationDialog {
       figure = new ReadOut(desk_, Of(field), 14, &line);
     else
       figure = new FieldEdit(desk_, Of(field), Place::Panel, &line);
-    figure->setAccessibleName(QString::fromLatin1(setting.sentence) + QStringLiteral(", ") +
-                              QString::fromLatin1(unit));
-    figure->setWhatsThis(QString::fromLatin1(setting.sentence));
+    const char* over = head_ == nullptr || head_->tab != setting.tab ? ""
+                       : x == kFieldX                                ? head_->head
+                                                                     : head_->twinHead;
+    const QString sentence = QString::fromLatin1(setting.sentence);
+    figure->setAccessibleName(*over == '\0' ? sentence + QStringLiteral(", ") + QString::fromLatin1(unit)
+                                            : QString::fromLatin1(over) + QStringLiteral(", ") + sentence);
+    figure->setWhatsThis(*over == '\0' ? sentence : figure->accessibleName());
     figure->setGeometry(x, y, 72, 30);
     if (*unit == '\0') return;
     auto* word = new Word(desk_, QString::fromLatin1(unit), 12, Token::Second, Weight::Regular, &line);
@@ -269,7 +289,8 @@ class SettingsWindow : public StationDialog {
 
   QStackedWidget* pages_ = nullptr;
   Side* side_ = nullptr;
-  std::vector<Button*> home_;  // of tab 4-Axis the second, of the others the first
+  const SettingLine* head_ = nullptr;  // over the line that is being made
+  std::vector<Button*> home_;          // of tab 4-Axis the second, of the others the first
 };
 
 // Where the carriage offset is measured, large enough to look at from the machine.

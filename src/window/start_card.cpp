@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
+#include <QMouseEvent>
 
 #include "look/paint.h"
 #include "look/text.h"
@@ -29,6 +30,14 @@ QVBoxLayout* Column(QWidget* owner, Desk desk, const QString& title, const QStri
   return column;
 }
 
+// Words that are too long for one line of the card, broken near their middle.
+QString InTwoLines(QString words) {
+  constexpr qsizetype kLongest = 30;
+  if (words.size() <= kLongest) return words;
+  const qsizetype at = words.indexOf(QLatin1Char(' '), words.size() / 2);
+  return at < 0 ? words : words.replace(at, 1, QLatin1Char('\n'));
+}
+
 // A strip that tells of something to do once.
 class Strip : public QWidget {
  public:
@@ -50,7 +59,8 @@ class Strip : public QWidget {
 
 }  // namespace
 
-StartCard::StartCard(Desk desk, bool fourAxis, QWidget* parent) : QWidget(parent), desk_(desk) {
+StartCard::StartCard(Desk desk, bool fourAxis, QWidget* parent)
+    : QWidget(parent), desk_(desk), fourAxis_(fourAxis) {
   setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(28, 20, 28, 16);
@@ -69,9 +79,18 @@ void StartCard::resizeEvent(QResizeEvent*) {
   columns_->setSpacing(width() < 800 ? 20 : 36);
   for (QWidget* count : counts_) count->setFixedSize(46, low ? 28 : 38);
   for (QWidget* link : links_) link->setFixedHeight(low ? 26 : 34);
+  community_->setFixedHeight(low ? 32 : 38);
   for (QWidget* second : seconds_) second->setVisible(!low);
   strip_->setFixedHeight(low ? 48 : 62);
   strip_->setVisible(!offsetConfirmed_ && height() >= kLowest);
+}
+
+// Where the cells of the first row would be: whoever wants to type there is told what comes first.
+void StartCard::mouseReleaseEvent(QMouseEvent* event) {
+  if (fourAxis_ || event->button() != Qt::LeftButton)
+    event->ignore();
+  else
+    desk_.Run("txtWA", Event::Click, 1);
 }
 
 QWidget* StartCard::MakeCounts() {
@@ -114,16 +133,17 @@ QWidget* StartCard::MakeLinks() {
   owner->setObjectName(QStringLiteral("picVidLinks"));
   auto* column = Column(owner, desk_, QStringLiteral("Watch how it is done"),
                         QStringLiteral("Opens the web browser."), seconds_);
-  const auto link = [&](const Field& field, Icon icon, const char* control, int index, const QString& text) {
-    auto* button = new Button(desk_, ButtonLook::Flat, icon, text, owner);
+  const auto link = [&](const Field& field, Icon icon, const char* control, int index) {
+    auto* button = new Button(desk_, ButtonLook::Flat, icon, InTwoLines(Shown(field.caption())), owner);
     button->Runs(control, index);
-    button->setToolTip(Shown(field.caption()));
+    button->setAccessibleName(Shown(field.caption()));
     links_.push_back(button);
     column->addWidget(button, 0, Qt::AlignLeft);
+    return button;
   };
-  link(s.lblVidLink(0), Icon::Video, "lblVidLink", 0, Shown(s.lblVidLink(0).caption()));
-  link(s.lblVidLink(1), Icon::Video, "lblVidLink", 1, Shown(s.lblVidLink(1).caption()));
-  link(s.lblCommunity, Icon::Picture, "lblCommunity", -1, QStringLiteral("Torvane Community"));
+  link(s.lblVidLink(0), Icon::Video, "lblVidLink", 0);
+  link(s.lblVidLink(1), Icon::Video, "lblVidLink", 1);
+  community_ = link(s.lblCommunity, Icon::Picture, "lblCommunity", -1);
   links_.push_back(new FieldCheck(desk_, s.chkDontShowVideoLinks, Shown(s.chkDontShowVideoLinks.caption())));
   column->addWidget(links_.back());
   desk_.binder.Bind(s.picVidLinks, owner, [owner, &s] { ShowAs(*owner, s.picVidLinks.shown()); });

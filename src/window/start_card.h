@@ -15,6 +15,7 @@ class StartCard : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   QWidget* MakeCounts();
@@ -23,8 +24,10 @@ class StartCard : public QWidget {
   QWidget* MakeOffset(bool fourAxis);
 
   Desk desk_;
+  bool fourAxis_;
   QHBoxLayout* columns_ = nullptr;
   QWidget* strip_ = nullptr;
+  QWidget* community_ = nullptr;
   std::vector<QWidget*> counts_, links_, seconds_;
   bool offsetConfirmed_ = false;
 };

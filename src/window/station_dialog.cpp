@@ -1,6 +1,7 @@
 #include "window/station_dialog.h"
 
 #include <QBoxLayout>
+#include <algorithm>
 
 #include "look/text.h"
 #include "window/button.h"
@@ -59,16 +60,21 @@ void DialogHost::Follow() {
   for (std::size_t i = 0; i < desk_.station.windows.size(); ++i) {
     Window& window = *desk_.station.windows[i];
     if (dialogs_.contains(&window)) continue;
+    const Desk desk{desk_.station, desk_.binder, desk_.theme, &window};
     QWidget* made = nullptr;
-    if (window.name() == "frmSettings") made = MakeSettingsWindow(desk_, window, parent_);
-    if (window.name() == "frmBigPic") made = MakePictureWindow(desk_, window, parent_);
-    if (window.name() == "frmAbout") made = MakeAboutWindow(desk_, window, parent_);
-    if (window.name() == "frmMachine") made = MakeMachineWindow(desk_, window, parent_);
-    if (window.name() == "frmPolar") made = MakePreviewWindow(desk_, window, parent_);
+    if (window.name() == "frmSettings") made = MakeSettingsWindow(desk, window, parent_);
+    if (window.name() == "frmBigPic") made = MakePictureWindow(desk, window, parent_);
+    if (window.name() == "frmAbout") made = MakeAboutWindow(desk, window, parent_);
+    if (window.name() == "frmMachine") made = MakeMachineWindow(desk, window, parent_);
+    if (window.name() == "frmPolar") made = MakePreviewWindow(desk, window, parent_);
     if (made == nullptr) {
       desk_.station.Close(window);
       return;
     }
+    // What opens over a modal window would be blocked by it, so it is modal in its turn.
+    const bool overModal = std::any_of(dialogs_.begin(), dialogs_.end(),
+                                       [](const auto& open) { return open.second->isModal(); });
+    if (window.modal() || overModal) made->setWindowModality(Qt::ApplicationModal);
     dialogs_[&window] = made;
     made->show();
   }

@@ -19,7 +19,7 @@ class StationDialog : public QDialog {
  protected:
   // Its cross and Esc press this control.
   virtual const char* Leaving() const = 0;
-  void reject() override { desk_.binder.Run(Leaving()); }
+  void reject() override { desk_.Run(Leaving()); }
   Field& Of(std::string_view name) const { return *window_.Find(name); }
 
   // A button of the dialog, which runs its control and has the caption of it.

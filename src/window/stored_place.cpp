@@ -25,6 +25,7 @@ void TakeStoredPlace(QWidget& window, const DesignState& s) {
   const QPoint place(Pixels(s.meLeft), Pixels(s.meTop));
   if (QGuiApplication::screenAt(place + QPoint(40, 10)) != nullptr) window.move(place);
   KeepOnScreen(window);
+  if (s.meWasMaximized.text() == "1") window.setWindowState(Qt::WindowMaximized);
 }
 
 void StorePlace(const QWidget& window, DesignState& s) {

@@ -7,7 +7,8 @@
 
 namespace torvane {
 
-// Before the window is shown; a place on no screen leaves it to the desktop.
+// Before the window is shown; a place on no screen leaves it to the desktop. A window that was maximized is
+// so again, and its size the one that it goes back to.
 void TakeStoredPlace(QWidget& window, const DesignState& s);
 
 // A maximized window keeps the place that it goes back to.

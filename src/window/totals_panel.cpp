@@ -9,27 +9,41 @@
 
 namespace torvane {
 
+namespace {
+
+std::vector<Total> AllTotals(const DesignState& s, bool fourAxis) {
+  std::vector<Total> totals = TotalsOf(s, fourAxis);
+  if (!fourAxis) return totals;
+  const std::vector<Total> more = UncalculatedTotalsOf(s);
+  totals.insert(totals.end(), more.begin(), more.end());
+  return totals;
+}
+
+}  // namespace
+
 TotalsPanel::TotalsPanel(Desk desk, bool fourAxis, QWidget* parent) : QWidget(parent), desk_(desk) {
   DesignState& s = desk.station.s;
-  setMinimumHeight(fourAxis ? 150 : 170);
+  setMinimumHeight(fourAxis ? 190 : 170);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(14, 8, 12, 12);
   grid->setHorizontalSpacing(6);
   grid->setVerticalSpacing(4);
   grid->setColumnStretch(1, 1);
   grid->setColumnMinimumWidth(2, 26);
-  const std::vector<Total> totals = TotalsOf(s, fourAxis);
+  const std::vector<Total> totals = AllTotals(s, fourAxis);
+  const std::size_t calculated = TotalsOf(s, fourAxis).size();
   for (std::size_t i = 0; i < totals.size(); ++i) {
     // A hairline stands between the first and the others.
     const int row = static_cast<int>(i == 0 ? 0 : i + 1);
     grid->addWidget(new Word(desk_, Shown(totals[i].caption), 13, Token::Second), row, 0, Qt::AlignVCenter);
     auto* figure = new ReadOut(desk_, *totals[i].figure, i == 0 ? 32 : 15);
     figure->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    if (i >= calculated) figure->SetPale();
     grid->addWidget(figure, row, 1);
     auto* unit = new Word(desk_, {}, 12, Token::Second);
     grid->addWidget(unit, row, 2, Qt::AlignVCenter);
     desk_.binder.Bind(s.gUnits, unit,
-                      [unit, &s, fourAxis, i] { unit->SetText(Shown(TotalsOf(s, fourAxis)[i].unit)); });
+                      [unit, &s, fourAxis, i] { unit->SetText(Shown(AllTotals(s, fourAxis)[i].unit)); });
   }
   grid->setRowMinimumHeight(1, 8);
 }

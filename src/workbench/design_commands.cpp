@@ -11,6 +11,7 @@
 #include "persist/tagged_text.h"
 #include "workbench/layer_count.h"
 #include "workbench/messages.h"
+#include "workbench/preview.h"
 #include "workbench/recent_files.h"
 #include "workbench/recovery.h"
 
@@ -84,6 +85,7 @@ void mnuNewFile_Click(Station& station) {
   ShowName(s, "Torvane Designer");
   BlankInputs(s, 2);
   BlankInputs(s, 4);
+  BlankEndView(station);
   s.gDirty = false;
   s.gGridSync = true;
   station.ForgetHistory();
@@ -97,6 +99,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   s.gFileName = BehindLastBackslash(path);
   ShowName(s, "Torvane Designer ");
   station.ForgetHistory();
+  BlankEndView(station);
   if (!OpenFile(station, path, s.mnu2Axis)) return false;
   s.gDirty = false;
   Refresh4AXGrid(s);

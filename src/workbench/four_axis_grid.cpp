@@ -72,12 +72,13 @@ void cmbPattern_Change(Station& station, int row) {
   s.cmbPhiSplit(row).Enable(enabled);
   // A row that needs a choice says so in words; any other text is one.
   if (s.cmbPattern(row).text() != kNoPattern) s.cmbPattern(row).SetMark(Mark::Plain);
+  if (row == station.endView.row) DropStaleEndView(station);
 }
 
 void cmbPattern_Click(Station& station, int row) {
   station.Run("Form", Event::Click);
-  station.s.lblLayer = std::to_string(row);
-  station.polarTag = station.s.cmbPattern(row).text();
+  NoteEndView(station, row, station.s.cmbPattern(row).text());
+  DrawEndView(station);
   station.s.gDirty = true;
   RecalculateFourAxisRows(station.s);
 }
@@ -141,12 +142,6 @@ void Row_ReleaseRight(Station& station, int row) {
   station.s.mnuPopMenu.Show(true);
 }
 
-// A press of the picture shows its row's pattern again; without one, the mandrel alone.
-void picPolar_Click(Station& station, int) {
-  if (station.polarTag.empty()) station.polarPicture = PolarBase(station.s);
-  ShowPreview(station);
-}
-
 void Number_Release(Station& station, int row) {
   DesignState& s = station.s;
   s.gCurrentRow = row;
@@ -182,7 +177,7 @@ constexpr Operation kOperations[] = {
     {"btn4XRow", Event::Release, Row_Press},
     {"btn4XRow", Event::ReleaseRight, Row_ReleaseRight},
     {"btn4XRow", Event::Click, ShowPreviewOfRow},
-    {"picPolar", Event::Click, picPolar_Click},
+    {"picPolar", Event::Click, [](Station& station, int) { ShowPreview(station); }},
     {"Label18", Event::Click, [](Station& station, int) { ShowPreview(station); }},
     {"lbl4xLayerNo", Event::Release, Number_Release},
     {"lbl4xLayerNo", Event::ReleaseRight, Number_Release},

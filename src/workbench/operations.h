@@ -11,10 +11,11 @@ namespace torvane {
 class Station;
 
 enum class Event : std::uint8_t {
-  Typing,  // a key goes down in the field, before its text changes
-  Change,  // the text has changed, by whatever road
-  Key,     // a key was released in the field
-  Click,   // a click, or a choice from a list
+  Typing,   // a key goes down in the field, before its text changes
+  Change,   // the text has changed, by whatever road
+  Key,      // a key was released in the field
+  IdleKey,  // the same, and the text is as it was
+  Click,    // a click, or a choice from a list
   DoubleClick,
   Press,
   Release,

@@ -15,9 +15,17 @@ void SavePicture(const Station& station, std::string_view layer, std::string_vie
   const std::string ending = "." + std::string(extension);
   const std::string design = s.gFileName.empty() ? "Pattern" : s.gFileName.text();
   const std::string name = design.substr(0, design.rfind('.')) + "-layer-" + std::string(layer) + ending;
-  const auto path = platform.fileDialog.AskSave("Pictures (*" + ending + ")|*" + ending + "|",
-                                                BeforeLastBackslash(s.gFilePath.text()), name);
+  auto path = platform.fileDialog.AskSave("Pictures (*" + ending + ")|*" + ending + "|",
+                                          BeforeLastBackslash(s.gFilePath.text()), name);
   if (!path) return;
+  if (!UpperCase(*path).ends_with(UpperCase(ending))) *path += ending;
+  if (platform.files.Exists(*path)) {
+    // No copy is kept of a picture.
+    Message question;
+    question.text =
+        "\r\nThere is such a picture already:\r\n" + *path + "\r\n\r\nDo you want to replace it ?";
+    if (!platform.messageDialog.Ask(question)) return;
+  }
   const Outcome written = platform.files.WriteWhole(*path, {bytes});
   if (!written)
     platform.messageBox.Show("Torvane Designer", "The picture was not saved: " + written.reason(),

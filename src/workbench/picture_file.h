@@ -12,7 +12,8 @@ namespace torvane {
 std::string PictureTitle(const DesignState& s, std::string_view layer, std::string_view pattern);
 
 // Asks where the picture of a layer is to go, beside the design and under its name, and writes it. What
-// `bytes` are `extension` says, "png" or "svg". A refusal is told.
+// `bytes` are `extension` says, "png" or "svg"; a name gets it where it is missing. Asks before it replaces a
+// picture; a refusal is told.
 void SavePicture(const Station& station, std::string_view layer, std::string_view extension,
                  std::string_view bytes);
 

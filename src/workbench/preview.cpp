@@ -1,6 +1,7 @@
 #include "workbench/preview.h"
 
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 #include "calc/four_axis.h"
@@ -47,6 +48,9 @@ const DrawSpeed& SpeedOf(std::string_view text) {
   return kOtherSpeed;
 }
 
+// The row that a view names; a blank one names none.
+std::string RowName(const EndView& view) { return view.row > 0 ? std::to_string(view.row) : ""; }
+
 void Append(std::vector<PolarFigure>& picture, const std::vector<PolarFigure>& figures) {
   picture.insert(picture.end(), figures.begin(), figures.end());
 }
@@ -61,14 +65,16 @@ class PreviewWindow : public Window {
     station().StartTimer(station().tmrStartDraw);
   }
 
-  void Describe(const std::string& tag, int row) {
-    field("lblPolarTag") = tag;
-    field("lbllayerNo") = std::to_string(row);
-  }
-  void DescribeAngles(const Field& split, const Field& wrap) {
-    field("lblSplitAngle").CopyFrom(split);
-    field("lblW").CopyFrom(wrap);
+  // What the end view shows; with the row's angles if a row was pressed.
+  void Describe(bool withAngles) {
     const DesignState& s = station().s;
+    field("lblPolarTag") = station().endView.pattern;
+    field("lbllayerNo") = RowName(station().endView);
+    withAngles_ = withAngles;
+    if (!withAngles) return;
+    const Field& split = s.cmbPhiSplit(station().endView.row);
+    field("lblSplitAngle").CopyFrom(split);
+    field("lblW").CopyFrom(s.cmbPhiW(station().endView.row));
     const MaybeText tag = TextOf(s.signs, Degrees(s, split).as("##0.0"_mask));
     splitAngle_ = tag.good ? s.Read(tag.text) : Number::Failure();
   }
@@ -135,6 +141,7 @@ class PreviewWindow : public Window {
   DrawnPasses passes_;
   std::optional<PolarWalk> walk_;
   Number splitAngle_ = Number::Failure();
+  bool withAngles_ = false;
   bool paused_ = false;
   bool held_ = false;             // it waits for PLAY
   bool closedCircuit_ = false;    // the pass drawn last
@@ -149,8 +156,14 @@ void PreviewWindow::Begin() {
   held_ = false;
   picture_ = PolarBase(s);
   passes_ = {};
-  if (station().polarTag.empty()) return;
-  const auto pattern = PolarPatternOf(s, station().polarTag);
+  const EndView& view = station().endView;
+  // A redraw follows the end view where that has gone on to another pattern.
+  if (view.row > 0 &&
+      (field("lblPolarTag").text() != view.pattern || field("lbllayerNo").text() != RowName(view)))
+    Describe(withAngles_);
+  const std::string& tag = field("lblPolarTag").text();
+  if (tag.empty()) return;
+  const auto pattern = PolarPatternOf(s, tag);
   if (!pattern) return;
   field("lblC") = Number(pattern->groups).plain();
   field("lblP") = Number(pattern->circuits).plain();
@@ -199,7 +212,7 @@ PreviewWindow& OpenPreview(Station& station) {
 
 bool IsTooLarge(Station& station) {
   DesignState& s = station.s;
-  SplitPatternFields(s, station.polarTag);
+  SplitPatternFields(s, station.endView.pattern);
   const Number passes = Int(s.Read(s.gTagFields(2))) * Int(s.Read(s.gTagFields(3)));
   if (!holds(passes > kMostPolarPasses)) return false;
   station.platform.messageBox.Show("Torvane Designer",
@@ -209,49 +222,81 @@ bool IsTooLarge(Station& station) {
   return true;
 }
 
+// The whole picture; `each` is told of every pass.
+void DrawWhole(Station& station, const std::function<void(const PolarWalk::Step&)>& each) {
+  DesignState& s = station.s;
+  EndView& view = station.endView;
+  view.picture = PolarBase(s);
+  view.measures = PolarPatternOf(s, view.pattern);
+  if (!view.measures) return;
+  view.picture.push_back(PolarFirstBand(*view.measures));
+  PolarWalk walk(*view.measures, PolarMarks::ByBand);
+  while (const auto step = walk.Next()) {
+    Append(view.picture, step->figures);
+    each(*step);
+  }
+}
+
 }  // namespace
+
+void NoteEndView(Station& station, int row, const std::string& pattern) {
+  station.endView = {row, pattern, {}, {}};
+  station.s.lblLayer = RowName(station.endView);
+}
+
+void BlankEndView(Station& station) { NoteEndView(station, 0, ""); }
+
+void DropStaleEndView(Station& station) {
+  const EndView& view = station.endView;
+  if (view.row > 0 && station.s.cmbPattern(view.row).text() != view.pattern) station.endView = {};
+}
+
+void DrawEndView(Station& station) {
+  if (!station.endView.pattern.empty()) DrawWhole(station, [](const PolarWalk::Step&) {});
+}
 
 void DrawPolarCircPattern(Station& station, int row) {
   DesignState& s = station.s;
-  station.polarPicture = PolarBase(s);
-  SplitPatternFields(s, station.polarTag);
+  const std::string pattern = station.endView.pattern;
+  SplitPatternFields(s, pattern);
   // A row that is not chosen yet has the angle 0 and no passes.
   Kept windingAngle;
   windingAngle = s.Read(s.gTagFields(1));
-  CalculateAndShow(s, windingAngle, station.polarTag, row);
-  if (IsTooLarge(station)) return;
-  const auto pattern = PolarPatternOf(s, station.polarTag);
-  if (!pattern) return;
-  station.polarPicture.push_back(PolarFirstBand(*pattern));
-  PolarWalk walk(*pattern, PolarMarks::ByBand);
-  std::string trace;
-  while (const auto step = walk.Next()) {
-    Append(station.polarPicture, step->figures);
-    if (step->circuit == s.gPolarRow) trace = PolarTracePass(s, *step, row);
+  CalculateAndShow(s, windingAngle, pattern, row);
+  if (IsTooLarge(station)) {
+    station.endView.picture = PolarBase(s);
+    return;
   }
+  std::string trace;
+  DrawWhole(station, [&](const PolarWalk::Step& step) {
+    if (step.circuit == s.gPolarRow) trace = PolarTracePass(s, step, row);
+  });
   if (!trace.empty())
     SaveSetting(station.platform.store, kSettings, "strTRACE", PolarTraceHead(s) + "|" + trace);
 }
 
-void ShowPreview(Station& station) {
-  PreviewWindow& window = OpenPreview(station);
-  window.Describe(station.polarTag, station.s.gPolarRow);
-}
+void ShowPreview(Station& station) { OpenPreview(station).Describe(false); }
 
-bool HasPreview(const DesignState& s, int row) { return !IsHoopRow(s, row) && !s.cmbPattern(row).empty(); }
+bool HasPreview(const DesignState& s, int row) {
+  return s.btn4XRow(row).shown() && !IsHoopRow(s, row) && !s.cmbPattern(row).empty();
+}
 
 void ShowPreviewOfRow(Station& station, int row) {
   DesignState& s = station.s;
+  // A row without its button is taken by its number, which opens nothing.
+  if (!s.btn4XRow(row).shown()) {
+    station.Run("lbl4xLayerNo", Event::Release, row);
+    return;
+  }
   s.gPolarRow = row;
   s.lblLayer = std::to_string(row);
   station.Run("lbl4xLayerNo", Event::Release, row);
+  // The picture of another row stays, and its title with it.
   if (IsHoopRow(s, row)) return;
-  station.polarTag = s.cmbPattern(row).text();
+  NoteEndView(station, row, s.cmbPattern(row).text());
   if (!HasPreview(s, row)) return;
   DrawPolarCircPattern(station, row);
-  PreviewWindow& window = OpenPreview(station);
-  window.Describe(station.polarTag, row);
-  window.DescribeAngles(s.cmbPhiSplit(row), s.cmbPhiW(row));
+  OpenPreview(station).Describe(true);
 }
 
 void ShowPointer(Station& station, double x, double y) {
@@ -265,7 +310,7 @@ DrawnPasses PassesDrawn(const Station& station) {
 
 const std::vector<PolarFigure>& LastDrawing(const Station& station) {
   const Window* open = station.OpenWindow("frmPolar");
-  return open != nullptr ? static_cast<const PreviewWindow*>(open)->picture() : station.polarPicture;
+  return open != nullptr ? static_cast<const PreviewWindow*>(open)->picture() : station.endView.picture;
 }
 
 }  // namespace torvane

@@ -5,8 +5,16 @@
 
 namespace torvane {
 
-// Draws the whole pattern of a row into the main window's picture, writes the row's speeds, and stores the
-// pattern's trace text if it has as many circuits as the row pressed has a number.
+// The end view names a row and notes its pattern; its picture is blank until it is drawn.
+void NoteEndView(Station& station, int row, const std::string& pattern);
+void BlankEndView(Station& station);
+// Blanks it where its row holds another pattern by now.
+void DropStaleEndView(Station& station);
+
+// Draws the whole of the noted pattern into the end view.
+void DrawEndView(Station& station);
+// The same, writes the row's speeds, and stores the pattern's trace text if it has as many circuits as the
+// row pressed has a number.
 void DrawPolarCircPattern(Station& station, int row);
 
 // Whether a four-axis row can be previewed: it is no hoop, and its pattern's cell is not empty.
@@ -15,7 +23,7 @@ bool HasPreview(const DesignState& s, int row);
 // A press of a row's button: selects it and shows its preview, if it has one.
 void ShowPreviewOfRow(Station& station, int row);
 
-// Opens the preview of the pattern already shown.
+// Opens the preview of the pattern that the end view shows.
 void ShowPreview(Station& station);
 
 // The pointer stands at a point of the preview's picture, in the picture's units. Shows the point, and how
@@ -29,7 +37,7 @@ struct DrawnPasses {
 };
 DrawnPasses PassesDrawn(const Station& station);
 
-// The picture last drawn: the preview's while it is open, else the main window's.
+// The picture in front: the preview's while it is open, else the end view's.
 const std::vector<PolarFigure>& LastDrawing(const Station& station);
 
 }  // namespace torvane

@@ -19,13 +19,14 @@ constexpr Entry kFourAxisRow[] = {{"mnuCopy4Ax", "Copy 4-Axis Row"},
 
 std::vector<RowMenuEntry> RowMenu(const DesignState& s) {
   const bool pressed = PressedRow(s) > 0;
-  std::vector<RowMenuEntry> entries;
+  std::vector<RowMenuEntry> entries{{s.mnuWhatsThis.row().name, s.mnuWhatsThis.caption(),
+                                     "Then click what you want to know about.", false, true}};
   // These work on two-axis rows alone, whichever schedule is in use.
   for (const Field* entry :
        {&s.mnuCopy, &s.mnuPaste, &s.mnuClearRow, &s.mnuDeleteRow, &s.mnuReCalcSpeeds, &s.mnuRecalcAllRows})
-    entries.push_back({entry->row().name, entry->caption(),
-                       s.gShow4Axis ? "Works on the row of the 2-axis schedule." : "",
-                       entry == &s.mnuReCalcSpeeds, pressed || entry == &s.mnuRecalcAllRows});
+    entries.push_back(
+        {entry->row().name, entry->caption(), s.gShow4Axis ? "Works on the row of the 2-axis schedule." : "",
+         entry == &s.mnuCopy || entry == &s.mnuReCalcSpeeds, pressed || entry == &s.mnuRecalcAllRows});
   if (!s.gShow4Axis) return entries;
   for (const Entry& entry : kFourAxisRow)
     entries.push_back({entry.control, entry.caption, "", &entry == kFourAxisRow, pressed});

@@ -117,7 +117,11 @@ bool IsOneOf(std::string_view name, std::span<const std::string_view> names) {
 
 class SettingsDialog : public Window {
  public:
-  explicit SettingsDialog(Station& owner) : Window(owner, "frmSettings", AllFields()) { Load(); }
+  explicit SettingsDialog(Station& owner) : Window(owner, "frmSettings", AllFields()) {
+    SetModal(true);
+    Load();
+  }
+  using Window::SetModal;
 
   bool Run(std::string_view control, Event event, int index) override;
   void Closing() override { RecalculateTwoAxisLayers(s(), -1); }
@@ -131,6 +135,7 @@ class SettingsDialog : public Window {
   void Load();
   bool Change(std::string_view name, int index);
   bool Key(std::string_view name, int index);
+  bool IdleKey(std::string_view name);
   bool Click(std::string_view name, int index);
   void ChangeRow(std::size_t i, const Row& row);
   void KeyInRow(std::size_t i, const Row& row);
@@ -189,6 +194,8 @@ bool SettingsDialog::Run(std::string_view control, Event event, int index) {
       return Change(control, index);
     case Event::Key:
       return Key(control, index);
+    case Event::IdleKey:
+      return IdleKey(control);
     case Event::Click:
       return Click(control, index);
     default:
@@ -296,6 +303,13 @@ bool SettingsDialog::Key(std::string_view name, int index) {
   return Find(name) != nullptr || Find(At(name, index)) != nullptr;
 }
 
+// A key in the offset is enough to confirm it as it stands.
+bool SettingsDialog::IdleKey(std::string_view name) {
+  if (IsOneOf(name, kOffsetInches) || IsOneOf(name, kOffsetMillimetres))
+    ConfirmCarriageOffset(station().platform.store);
+  return Find(name) != nullptr;
+}
+
 void SettingsDialog::TakeOver() {
   for (std::size_t i = 0; i < kRowCount; ++i) {
     if (!pending_[i]) continue;
@@ -329,6 +343,13 @@ void OpenSettings(Station& station, int tab, CarriageOffsetMark mark) {
   dialog.ShowTab(tab);
   if (mark == CarriageOffsetMark::TooLow) dialog.MarkOffset(tab == 2 ? 0 : 1, Mark::StopTooLow);
   if (station.settingsOpened) station.settingsOpened(tab);
+}
+
+void OpenSettingsBeside(Station& station, int tab) {
+  const bool wasOpen = station.OpenWindow("frmSettings") != nullptr;
+  auto& dialog = OpenOnce<SettingsDialog>(station, "frmSettings");
+  if (!wasOpen) dialog.SetModal(false);
+  OpenSettings(station, tab);
 }
 
 }  // namespace torvane

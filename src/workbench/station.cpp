@@ -1,8 +1,11 @@
 #include "workbench/station.h"
 
+#include <algorithm>
+
 #include "design/catalogue.h"
 #include "workbench/all_rows.h"
 #include "workbench/captions.h"
+#include "workbench/preview.h"
 #include "workbench/recovery.h"
 
 namespace torvane {
@@ -113,6 +116,7 @@ bool Station::GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
   s.Restore(from.back());
   from.pop_back();
   ShowAllRowsFields(s, allRowsShown);
+  DropStaleEndView(*this);
   lastTyped_ = nullptr;
   ++history_;  // going back is no operation to remember
   s.gDirty = true;
@@ -156,6 +160,21 @@ void Station::RunFor(const Field& field, Event event) {
 
 bool Station::Run(std::string_view control, Event event, int index) {
   return Remembered(nullptr, [&] { return RunAnywhere(control, event, index); });
+}
+
+bool Station::RunIn(Window& window, std::string_view control, Event event, int index) {
+  return Remembered(nullptr, [&] {
+    const bool open = std::any_of(windows.begin(), windows.end(),
+                                  [&window](const auto& each) { return each.get() == &window; });
+    return (open && window.Run(control, event, index)) || RunAnywhere(control, event, index);
+  });
+}
+
+void Station::ReleaseKey(const Field& field) {
+  Remembered(nullptr, [&] {
+    RunFor(field, Event::IdleKey);
+    return true;
+  });
 }
 
 bool Station::RunAnywhere(std::string_view control, Event event, int index) {

@@ -47,6 +47,15 @@ struct DesignOnDisk {
 // What the operator sets in a row of the four-axis schedule: end wrap, split, type, pattern, pause.
 using FourAxisRow = std::array<std::string, 6>;
 
+// The end view of the main window: the row that its title names, the pattern noted for it, and the whole
+// picture of that pattern. Row 0: blank.
+struct EndView {
+  int row = 0;
+  std::string pattern;
+  std::optional<PolarPattern> measures;  // once it is drawn, where they can be read
+  std::vector<PolarFigure> picture;
+};
+
 class Station : private ChangeOperations {
  public:
   explicit Station(const Platform& platform);
@@ -69,6 +78,10 @@ class Station : private ChangeOperations {
   void Check(Field& field, bool on);
   // Runs the operation of a control; false if there is none.
   bool Run(std::string_view control, Event event, int index = 0);
+  // The same from within an open window: where it has such a control, that is the one.
+  bool RunIn(Window& window, std::string_view control, Event event, int index = 0);
+  // A key was released in a field and left its text as it was.
+  void ReleaseKey(const Field& field);
 
   // Takes back the last operation of the operator that changed the design, or does it again. False if there
   // is none. A new or opened design begins a new history.
@@ -127,9 +140,8 @@ class Station : private ChangeOperations {
   // A millimetre twin is being typed: the inch field that follows it is not mirrored back.
   bool twinIsTyped = false;
 
-  // The pattern whose picture is shown, and the picture last drawn in the main window.
-  std::string polarTag;
-  std::vector<PolarFigure> polarPicture;
+  // Set by NoteEndView alone.
+  EndView endView;
   // The four-axis row last copied, as it was then.
   std::optional<FourAxisRow> copiedFourAxisRow;
   // The character of the key last released in a field; 0 if its text became empty.

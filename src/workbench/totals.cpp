@@ -8,7 +8,6 @@ std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis) {
   // The wall stands in the inches of the band in either unit.
   const std::string_view wall = "in";
   constexpr int kAllRows = IndexSet::kAllRows;
-  // Nothing calculates volume and weight of four axes, so they are left out.
   if (fourAxis)
     return {{"Minutes", &s.lblMinutes(kAllRows), "min"},
             {"Length", &s.lblLength(kAllRows), filament},
@@ -20,6 +19,12 @@ std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis) {
           {"Part Volume :", &s.lblFilamentVOlume(0), inches ? "in\xB3" : "cm\xB3"},
           {"Est. Total Wgt. :", &s.lblEstWeight(0), "lb"},
           {"Est. Glue Wgt. :", &s.lblTotalGlueWgt(0), "g"}};
+}
+
+std::vector<Total> UncalculatedTotalsOf(const DesignState& s) {
+  return {{"Part Volume :", &s.lblFilamentVOlume(1), s.InInches() ? "in\xB3" : "cm\xB3"},
+          {"Est. Glue Wgt. :", &s.lblTotalGlueWgt(1), "g"},
+          {"Est. Build Time :", &s.lblBuildTime(1), "min"}};
 }
 
 std::vector<Total> LargeTotalsOf(const DesignState& s) {

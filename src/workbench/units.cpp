@@ -2,6 +2,7 @@
 #include "design/reset.h"
 #include "persist/settings.h"
 #include "workbench/messages.h"
+#include "workbench/preview.h"
 #include "workbench/twins.h"
 
 namespace torvane {
@@ -15,6 +16,7 @@ void ChangeUnits(Station& station, const char* inches) {
   SetUnits(s, station.platform.store, inches);
   BlankInputs(s, 2);
   BlankInputs(s, 4);
+  BlankEndView(station);
   s.gGridSync = true;
 }
 

@@ -34,12 +34,16 @@ class Window : private ChangeOperations, private FieldWatcher {
   // Whether a field is one of this window's.
   bool Owns(const Field& field) const;
 
+  // The other windows wait until it is closed.
+  bool modal() const { return modal_; }
+
   // What an event sets off here; false if nothing answers to that control.
   virtual bool Run(std::string_view control, Event event, int index) = 0;
   // The window is about to close, by whatever road.
   virtual void Closing() {}
 
  protected:
+  void SetModal(bool modal) { modal_ = modal; }
   Station& station() const { return station_; }
   // A field that the window is known to have.
   Field& field(std::string_view name);
@@ -55,6 +59,7 @@ class Window : private ChangeOperations, private FieldWatcher {
   FieldOwner owner_;
   std::vector<FieldRow> rows_;
   std::vector<Field> fields_;
+  bool modal_ = false;
 };
 
 }  // namespace torvane

@@ -78,7 +78,7 @@ std::vector<Case> Cases() {
        1,
        true,
        false,
-       {"This Torvane Design File has changed.", "Do you want to save the changes first ?"},
+       {"This Torvane Design File has changed.", " Do you want to save the changes first ?"},
        [](WindowOnStage& station) {
          station.s().gDirty = true;
          Run(station, "mnuNewFile");
@@ -106,7 +106,7 @@ std::vector<Case> Cases() {
        11,
        false,
        true,
-       {"Carriage Speed may Exceed", "Winder Capability"},
+       {"Carriage Speed may Exceed", " Winder Capability"},
        [=](WindowOnStage& station) {
          station.s().cMaxSpeed = 16;
          station.s().cmbPreWrapRPM(1) = "60";
@@ -125,8 +125,8 @@ std::vector<Case> Cases() {
        31,
        false,
        true,
-       {"Torvane v420 can not yet transition to hoop winding from",
-        "helical winding. The previous layer will be paused first,",
+       {"Torvane v420 can not yet transition to hoop winding from ",
+        "helical winding. The previous layer will be paused first, ",
         "then manually place filament, then hoop wind."},
        [](WindowOnStage& station) {
          station.s().txtNumberOfLayers(1) = "1";
@@ -172,7 +172,7 @@ std::vector<Case> Cases() {
        33,
        false,
        false,
-       {"Blinking Red Values Seem Too High.", "Please Check Values ..."},
+       {"Blinking Red Values Seem Too High.", " Please Check Values ... "},
        [](WindowOnStage& station) {
          station.s().chkHeatGunApp = "1";
          station.s().txtHGSpeed = "10.01";
@@ -184,13 +184,13 @@ std::vector<Case> Cases() {
        47,
        true,
        false,
-       {"Units are now in millimeters.", "Inputs will be lost.", "Do you wat to proceed ?"},
+       {"Units are now in millimeters.", "Inputs will be lost.", " Do you wat to proceed ?"},
        [](WindowOnStage& station) { Run(station, "mnuMM"); }},
       {"a band in millimetres",
        47,
        true,
        false,
-       {"Units are now in INCHES.", "Do You Want to use millimeters instead ?"},
+       {"Units are now in INCHES. ", "Do You Want to use millimeters instead ?"},
        type("txtBandWidthMM(0)", "6")},
       {"stop too low",
        567,
@@ -223,8 +223,8 @@ class MessagesOnScreen : public QObject {
   void TickSilences();
   void CellOutlivesTheMessageOfItsOwnKey();
   void SystemBoxesSayWhatFailed();
-  void SavedNamesGetTheirEnding_data();
-  void SavedNamesGetTheirEnding();
+  void NamesAreSavedAsTyped_data();
+  void NamesAreSavedAsTyped();
 };
 
 void MessagesOnScreen::EachIsShownAsAsked_data() {
@@ -271,12 +271,12 @@ void MessagesOnScreen::InchesAreAskedForToo() {
     const Seen no(Qt::Key_N);
     Run(station, "mnuINCH");
     QCOMPARE(no.text,
-             QStringLiteral("Units are now in inches.\nInputs will be lost.\nDo you wat to proceed ?"));
+             QStringLiteral("Units are now in inches.\nInputs will be lost.\n Do you wat to proceed ?"));
     QVERIFY(station.s().mnuMM);
   }
   const Seen no(Qt::Key_N);
   station.program->binder().Type(station.s().txtBandWidth(0), QStringLiteral("1"));
-  QCOMPARE(no.text, QStringLiteral("Units are now in Millimeters.\nDo You Want to use inches instead ?"));
+  QCOMPARE(no.text, QStringLiteral("Units are now in Millimeters. \nDo You Want to use inches instead ?"));
   QVERIFY(station.s().mnuMM);
 }
 
@@ -362,32 +362,58 @@ void MessagesOnScreen::SystemBoxesSayWhatFailed() {
   }
 }
 
-void MessagesOnScreen::SavedNamesGetTheirEnding_data() {
+void MessagesOnScreen::NamesAreSavedAsTyped_data() {
+  QTest::addColumn<QString>("proposed");
   QTest::addColumn<QString>("typed");
   QTest::addColumn<QString>("saved");
-  QTest::newRow("bare") << "Tube"
-                        << "Tube.t2d";
-  QTest::newRow("with a dot") << "Tube 1.5"
-                              << "Tube 1.5.t2d";
-  QTest::newRow("whole") << "Tube.T2D"
+  QTest::newRow("bare") << ""
+                        << "Tube"
+                        << "Tube";
+  QTest::newRow("with a dot") << ""
+                              << "Tube 1.5"
+                              << "Tube 1.5";
+  QTest::newRow("whole") << ""
+                         << "Tube.T2D"
                          << "Tube.T2D";
-  QTest::newRow("of the other family") << "Tube.t4d"
-                                       << "Tube.t4d.t2d";
+  QTest::newRow("of the other family") << ""
+                                       << "Tube.t4d"
+                                       << "Tube.t4d";
+  QTest::newRow("as proposed") << "old"
+                               << ""
+                               << "old";
 }
 
-void MessagesOnScreen::SavedNamesGetTheirEnding() {
+void MessagesOnScreen::NamesAreSavedAsTyped() {
+  QFETCH(const QString, proposed);
   QFETCH(const QString, typed);
   QFETCH(const QString, saved);
   const QTemporaryDir folder;
+  // It is there already, and nothing is asked.
+  QFile former(folder.filePath(saved));
+  QVERIFY(former.open(QIODevice::WriteOnly));
+  former.close();
   Theme theme{false};
   QtMessageBox box(theme);
   QtFileDialog dialog(box);
-  WhenShown<QFileDialog>([&typed](QFileDialog& shown) {
-    shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(typed);
-    QTest::keyClick(shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+  int asked = 0;
+  QTimer questions;
+  connect(&questions, &QTimer::timeout, &questions, [&asked] {
+    QWidget* top = QApplication::activeModalWidget();
+    if (top == nullptr || qobject_cast<QFileDialog*>(top) != nullptr) return;
+    ++asked;
+    QTest::keyClick(top->windowHandle(), Qt::Key_Escape);
   });
-  const auto path =
-      dialog.AskSave("Designs (*.t2d)|*.t2d|", StationPath(folder.path().toStdString()).value(), "");
+  questions.start(20);
+  WhenShown<QFileDialog>([&typed](QFileDialog& shown) {
+    auto* name = shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!typed.isEmpty()) name->setText(typed);
+    QTest::keyClick(name, Qt::Key_Return);
+    // A dialog that asked and was told no is still open.
+    if (shown.isVisible()) shown.reject();
+  });
+  const auto path = dialog.AskSave("Designs (*.t2d)|*.t2d|", StationPath(folder.path().toStdString()).value(),
+                                   proposed.toStdString());
+  QCOMPARE(asked, 0);
   QVERIFY(path);
   QCOMPARE(QString::fromStdString(path->substr(path->rfind('\\') + 1)), saved);
 }

@@ -1,6 +1,7 @@
 // The settings dialog: twins worked out by hand, what OK hands over and what Cancel does not take back.
 #include <gtest/gtest.h>
 
+#include "persist/settings.h"
 #include "support/station_on_stage.h"
 
 namespace torvane {
@@ -120,6 +121,50 @@ TEST_F(SettingsDialogTest, ComesUpOnTheTabLastLookedAt) {
   onStage.stage.store.Write("Settings", "LastSettingsTab", "7");
   station.Run("Command3", Event::Click);
   EXPECT_EQ(opened, 0);
+}
+
+TEST_F(SettingsDialogTest, HoldsTheOtherWindowsUnlessTheOffsetHasToBeMeasuredFirst) {
+  const auto modal = [&] { return station.OpenWindow("frmSettings")->modal(); };
+  EXPECT_TRUE(modal());
+  for (const char* opener : {"mnuSpeeds", "Label9", "Label10", "Command3"}) {
+    Close("btnCancel");
+    station.Run(opener, Event::Click);
+    EXPECT_TRUE(modal()) << opener;
+  }
+  for (const char* check : {"imgBUILD", "lblGoTrace", "lblManualOperation"}) {
+    Close("btnCancel");
+    station.Run(check, Event::Click);
+    EXPECT_FALSE(modal()) << check;
+  }
+  station.Run("mnuSpeeds", Event::Click);
+  EXPECT_FALSE(modal()) << "it is open already";
+  Close("btnCancel");
+  station.s.gCarriageOffsetFromRMPFace = "2";
+  station.s.txtZ2(1) = "1";
+  station.Run("txtZ2", Event::Click, 1);
+  EXPECT_TRUE(modal()) << "a stop that is too low is no check of the build";
+}
+
+TEST_F(SettingsDialogTest, AKeyThatLeavesTheOffsetAsItWasConfirmsIt) {
+  const auto confirmed = [&] { return IsCarriageOffsetConfirmed(onStage.stage.store); };
+  station.ReleaseKey(Shown("txtDHStructureWidth"));
+  EXPECT_FALSE(confirmed());
+  station.ReleaseKey(Shown("Text2"));
+  EXPECT_TRUE(confirmed());
+  EXPECT_EQ(TextOf("Text3"), "1.875") << "47.63 mm would be 1.88 in";
+  EXPECT_EQ(TextOf("Text2"), "47.63");
+}
+
+TEST_F(SettingsDialogTest, EachOfTwoWindowsRunsItsOwnButtons) {
+  Window& settings = *station.OpenWindow("frmSettings");
+  station.Run("mnuMachine", Event::Click);
+  ASSERT_EQ(station.windows.back()->name(), "frmMachine");
+  station.RunIn(settings, "btnCancel", Event::Click);
+  EXPECT_EQ(station.OpenWindow("frmSettings"), nullptr);
+  ASSERT_NE(station.OpenWindow("frmMachine"), nullptr);
+  // What a window does not have is the main window's.
+  station.RunIn(*station.OpenWindow("frmMachine"), "mnu4Axis", Event::Click);
+  EXPECT_TRUE(station.s.gShow4Axis);
 }
 
 }  // namespace
