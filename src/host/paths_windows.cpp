@@ -6,7 +6,6 @@
 #include "host/command_line.h"
 #include "host/file_system.h"
 #include "host/paths.h"
-#include "host/wide_windows.h"
 
 namespace torvane {
 
