@@ -48,6 +48,7 @@ std::optional<unsigned long> WriterOf(std::string_view name) {
 }
 
 Result<std::string> ReadRegularFile(const std::filesystem::path& path, std::uint64_t limit) {
+  constexpr std::uint64_t kMegabyte = std::uint64_t{1024} * 1024;
   const std::optional<FileStamp> stamp = StampOf(path);
   bool fits = !stamp || stamp->size <= limit;
   std::string bytes;
@@ -59,18 +60,17 @@ Result<std::string> ReadRegularFile(const std::filesystem::path& path, std::uint
   });
   if (!read) return Refusal{read.reason()};
   if (fits) return bytes;
-  return Refusal{"It is larger than " + std::to_string(limit / (1024 * 1024)) +
-                 " MB, the most that is read."};
+  return Refusal{"It is larger than " + std::to_string(limit / kMegabyte) + " MB, the most that is read."};
 }
 
 bool HoldsJust(const std::filesystem::path& path, std::string_view bytes) {
+  bool same = true;
   const Outcome read = ReadBlocks(path, [&](std::string_view block) {
-    const bool same = bytes.starts_with(block);
-    // What is left over at the end tells that the file holds something else.
-    bytes.remove_prefix(same ? block.size() : 0);
+    same = bytes.starts_with(block);
+    if (same) bytes.remove_prefix(block.size());
     return same;
   });
-  return read && bytes.empty();
+  return read && same && bytes.empty();
 }
 
 }  // namespace torvane

@@ -281,5 +281,16 @@ TEST_F(HostFilesTest, FormerFileStaysOnAFullDisk) {
   EXPECT_TRUE(files.WriteWhole("disk\\b.T2G", {std::string(20'000, 'n')}));  // the room was given back
 }
 
+TEST(RegularFiles, AreComparedAndLimitedByTheirBytes) {
+  const TemporaryFolder folder;
+  const auto file = folder.path / "a.txt";
+  EXPECT_FALSE(HoldsJust(file, ""));
+  Put(file, "abc");
+  EXPECT_TRUE(HoldsJust(file, "abc"));
+  for (const char* other : {"", "ab", "abd", "abcd"}) EXPECT_FALSE(HoldsJust(file, other)) << other;
+  EXPECT_EQ(ReadRegularFile(file, 3).value(), "abc");
+  EXPECT_FALSE(ReadRegularFile(file, 2));
+}
+
 }  // namespace
 }  // namespace torvane
