@@ -63,7 +63,8 @@ QRect PolarPanel::FigureBox(int place) const {
 
 void PolarPanel::PlaceGrazing() {
   const QRect box = FigureBox(kFigures - 1);
-  grazing_->setGeometry(box.x(), box.y() + 15, grazing_->sizeHint().width(), 18);
+  // Its figure stands at its right edge.
+  grazing_->setGeometry(box.x() - 2, box.y() + 15, grazing_->sizeHint().width(), 18);
   grazing_->setVisible(LayerRows(desk_.station.s) > 0);
 }
 

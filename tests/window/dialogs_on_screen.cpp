@@ -140,7 +140,7 @@ void DialogsOnScreen::ThePreviewOpensAQuarterAndAnEighthIn() {
   WindowOnStage station(StoreEntries{{"mnu2Axis", "0"}});
   // So far to the left and up that the preview has room on this screen.
   station.window().resize(800, 600);
-  station.window().move(-130, -20);
+  station.window().move(-140, -30);
   QCoreApplication::processEvents();
   station.program->binder().Run("picPolar");
   const QWidget* preview = station.DialogOf("frmPolar");

@@ -76,7 +76,7 @@ for angle in 45 30.5; do
   press Return
 done
 press ctrl+s
-answer Save Mast
+answer Save Mast.t2d
 until_true test -s "$design"
 
 # A build hands its program to the executor of the station's folder.
@@ -99,7 +99,7 @@ wait $station || fail "the station ended with $?: $(cat "$root/said")"
 
 start
 press ctrl+shift+s
-answer Save Again
+answer Save Again.t2d
 until_true test -s "$folder/TV_Design_Files/Again.t2d"
 figures() { "$root/usr/bin/torvane" info "$1" | grep -v 't2d'; }
 diff <(figures "$design") <(figures "$folder/TV_Design_Files/Again.t2d") || fail 'another design was reopened'
