@@ -18,6 +18,8 @@ constexpr int kFrame = 16;  // milliseconds
 constexpr double kLongestFrame = 0.1;
 // On the way to the end this share of a frame is spent playing.
 constexpr int kRushMilliseconds = 10;
+// A longer program keeps the window waiting while it is followed.
+constexpr int kLinesAtOnce = 200'000;
 
 }  // namespace
 
@@ -32,7 +34,9 @@ Outcome Session::Open(const std::string& hostPath, const QString& name) {
   if (!text) return Refusal{text.reason()};
   program_ = std::make_shared<const executor::Program>(text.value());
   name_ = name;
-  player_.Load(program_);
+  opening_ = program_->Lines() > kLinesAtOnce;
+  runsThen_ = false;
+  player_.Load(opening_ ? nullptr : program_);
   Prove();
   emit Opened();
   Changed();
@@ -41,6 +45,7 @@ Outcome Session::Open(const std::string& hostPath, const QString& name) {
 
 void Session::BeginManual(const executor::ManualSetup& setup) {
   name_.clear();
+  opening_ = false;
   program_.reset();
   proof_.reset();
   remarks_.clear();
@@ -49,36 +54,58 @@ void Session::BeginManual(const executor::ManualSetup& setup) {
   Changed();
 }
 
-// Whoever comes back with the proof of another program than the present one is not heard.
+// Whoever comes back with course or proof of another program than the present one is not heard.
 void Session::Prove() {
   proof_.reset();
   remarks_.clear();
-  prover_ = std::jthread([this, program = program_, limits = limits_](const std::stop_token& stop) {
-    auto proof = std::make_shared<const executor::Proof>(executor::Prove(program->text(), limits, stop));
-    if (stop.stop_requested()) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this, program, proof] {
-          if (program != program_) return;
-          proof_ = proof;
-          remarks_ = executor::RemarksOf(*proof_);
-          emit Proven();
-        },
-        Qt::QueuedConnection);
-  });
+  prover_ = std::jthread(
+      [this, program = program_, limits = limits_, follow = opening_](const std::stop_token& stop) {
+        if (follow) {
+          const auto course = std::make_shared<executor::Course>(executor::FollowCourse(*program, stop));
+          if (stop.stop_requested()) return;
+          QMetaObject::invokeMethod(
+              this,
+              [this, program, course] {
+                if (program == program_) TakeCourse(std::move(*course));
+              },
+              Qt::QueuedConnection);
+        }
+        auto proof = std::make_shared<const executor::Proof>(executor::Prove(program->text(), limits, stop));
+        if (stop.stop_requested()) return;
+        QMetaObject::invokeMethod(
+            this,
+            [this, program, proof] {
+              if (program != program_) return;
+              proof_ = proof;
+              remarks_ = executor::RemarksOf(*proof_);
+              emit Proven();
+            },
+            Qt::QueuedConnection);
+      });
+}
+
+void Session::TakeCourse(executor::Course course) {
+  opening_ = false;
+  player_.Load(program_, std::move(course));
+  if (runsThen_) player_.Run();
+  emit Opened();
+  Changed();
 }
 
 void Session::Run() {
+  runsThen_ = opening_;
   player_.Run();
   Changed();
 }
 
 void Session::Pause() {
+  runsThen_ = false;
   player_.Pause();
   Changed();
 }
 
 void Session::Stop() {
+  runsThen_ = false;
   player_.Stop();
   Changed();
 }

@@ -21,8 +21,8 @@ class Session : public QObject {
  public:
   explicit Session(const executor::Limits& limits);
 
-  // Reads the program and stands at its beginning. `name` is what the window calls it. A refusal leaves what
-  // was open.
+  // Reads the program and stands at its beginning; of a very long one as soon as it has been followed in the
+  // background. `name` is what the window calls it. A refusal leaves what was open.
   Outcome Open(const std::string& hostPath, const QString& name);
   void BeginManual(const executor::ManualSetup& setup);
 
@@ -52,6 +52,7 @@ class Session : public QObject {
 
  private:
   void Prove();
+  void TakeCourse(executor::Course course);
   void Tick();
   void Changed();
 
@@ -59,6 +60,8 @@ class Session : public QObject {
   executor::Player player_;
   QString name_;
   std::shared_ptr<const executor::Program> program_;
+  // The course of the program is being followed in the background; whether it is to run then.
+  bool opening_ = false, runsThen_ = false;
   std::shared_ptr<const executor::Proof> proof_;
   std::vector<executor::Remark> remarks_;
   QTimer timer_;

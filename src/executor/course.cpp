@@ -10,7 +10,7 @@ namespace {
 
 class Follower {
  public:
-  Course Run(const Program& program);
+  Course Run(const Program& program, const std::stop_token& stop);
 
  private:
   bool Take(const Line& line);  // false: nothing behind it is run
@@ -25,11 +25,11 @@ class Follower {
   bool carriageMoved_ = false;
 };
 
-Course Follower::Run(const Program& program) {
+Course Follower::Run(const Program& program, const std::stop_token& stop) {
   Begin(0, "Start");
   Reader reader(program.text());
   Line line;
-  while (reader.Next(line)) {
+  while (!stop.stop_requested() && reader.Next(line)) {
     if (line.kind == Line::Kind::Blank) {
       winding_.TakeComment(line.comment);
       course_.domes |= line.comment.find("WITH HEMI ENDS") != std::string_view::npos;
@@ -124,7 +124,9 @@ Mandrel Course::Part() const {
   return part;
 }
 
-Course FollowCourse(const Program& program) { return Follower().Run(program); }
+Course FollowCourse(const Program& program, const std::stop_token& stop) {
+  return Follower().Run(program, stop);
+}
 
 std::string_view InBrackets(std::string_view comment) {
   if (!comment.empty() && comment.front() == '[') comment.remove_prefix(1);

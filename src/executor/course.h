@@ -1,6 +1,7 @@
 // What a program will come to in time, known before it is played: its stages, its waits, the part it winds.
 #pragma once
 
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,9 @@ struct Course {
   Mandrel Part() const;
 };
 
-// Runs the program once without anybody waiting for it, in a time in proportion to its length.
-Course FollowCourse(const Program& program);
+// Runs the program once without anybody waiting for it, in a time in proportion to its length. Asked to stop,
+// it returns what it has so far.
+Course FollowCourse(const Program& program, const std::stop_token& stop = {});
 
 // What stands in the brackets of a comment.
 std::string_view InBrackets(std::string_view comment);

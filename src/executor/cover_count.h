@@ -46,11 +46,12 @@ class CoverCount {
   double Share(long long places) const {
     return Known() ? static_cast<double>(places) / static_cast<double>(places_.size()) : 0;
   }
-  void Cover(std::uint8_t* row, double from, double places);
+  void Cover(int row, double from, double places);
 
   Mandrel mandrel_;
   double band_ = 0, zLow_ = 0, rowHeight_ = 1;
   std::vector<std::uint8_t> places_;
+  std::vector<int> open_;  // of each row, the places that are not under two bands
   long long once_ = 0, twice_ = 0;
 };
 

@@ -1,6 +1,8 @@
 #include "executor/pattern.h"
 
 #include <cmath>
+#include <functional>
+#include <iterator>
 #include <limits>
 
 namespace torvane::executor {
@@ -30,6 +32,19 @@ double Aside(double degrees) {
 
 double BandWithinATurn(double band, double tangent, double radius) {
   return std::min(360.0, BandDegrees(band, tangent, radius));
+}
+
+// Millions of values take longer to sort than a window may keep its operator waiting.
+template <class Values, class Less = std::less<>>
+void Sort(Values& values, const std::stop_token& stop, const Less& less = {}) {
+  constexpr std::ptrdiff_t kAtOnce = 1 << 16;
+  const auto all = std::ssize(values);
+  const auto at = [&](std::ptrdiff_t index) { return values.begin() + std::min(index, all); };
+  for (std::ptrdiff_t i = 0; i < all && !stop.stop_requested(); i += kAtOnce)
+    std::sort(at(i), at(i + kAtOnce), less);
+  for (std::ptrdiff_t step = kAtOnce; step < all; step *= 2)
+    for (std::ptrdiff_t i = 0; i + step < all && !stop.stop_requested(); i += 2 * step)
+      std::inplace_merge(at(i), at(i + step), at(i + 2 * step), less);
 }
 
 // The tangent had the speeds been rounded the least favourable way.
@@ -92,8 +107,7 @@ class Finder {
 
   Gaps GapsAt(double z, bool out) const {
     std::vector<Crossing> crossings = CrossingsAt(z, out);
-    std::sort(crossings.begin(), crossings.end(),
-              [](const Crossing& a, const Crossing& b) { return a.angle < b.angle; });
+    Sort(crossings, stop_, [](const Crossing& a, const Crossing& b) { return a.angle < b.angle; });
     Gaps gaps;
     gaps.bands = static_cast<int>(crossings.size());
     const bool adds =
@@ -188,7 +202,7 @@ void FindAside(const std::vector<double>& angles, const std::vector<const Stroke
   for (std::size_t i = 0; i + 1 < n; ++i) off[i] = Aside(angles[i + 1] - angles[i] - usual);
   const double half = bandDegrees / 2, alike = bandDegrees / 5;
   std::vector<double> sorted = off;
-  std::sort(sorted.begin(), sorted.end());
+  Sort(sorted, stop);
   const auto repeats = [&](double value) {
     const auto first = std::upper_bound(sorted.begin(), sorted.end(), value - alike);
     return sorted.end() - first > 1 && first[1] < value + alike;
@@ -226,7 +240,7 @@ Alike MostAlike(const std::vector<double>& sorted, double width) {
 
 // Takes what a direction has to say of the steps, if fewer of them are alike than in the other.
 void CountAlike(const std::vector<double>& angles, const std::vector<const Stroke*>& strokes,
-                double bandDegrees, Pattern& pattern) {
+                double bandDegrees, Pattern& pattern, const std::stop_token& stop) {
   constexpr std::size_t kFewestSteps = 6;
   std::vector<double> steps;
   for (std::size_t i = 1; i < angles.size(); ++i)
@@ -234,7 +248,7 @@ void CountAlike(const std::vector<double>& angles, const std::vector<const Strok
   if (steps.size() < kFewestSteps) return;
   const double width = std::min(180.0, 2 * std::max(bandDegrees / 5, 2 * kAngleRounding + 1e-6));
   std::vector<double> sorted = steps;
-  std::sort(sorted.begin(), sorted.end());
+  Sort(sorted, stop);
   const Alike within = MostAlike(sorted, width);
   std::erase_if(sorted, [&](double step) { return within.Has(step, width); });
   const Alike between = MostAlike(sorted, width);
@@ -252,11 +266,11 @@ void CountAlike(const std::vector<double>& angles, const std::vector<const Strok
 
 // How far `next` lies from a band that is laid. Within the bands that is the nearer neighbour; where the laid
 // ones end beside it, the way that is left to go.
-double MissOf(double next, const std::vector<double>& angles, double same) {
+double MissOf(double next, const std::vector<double>& angles, double same, const std::stop_token& stop) {
   std::vector<double> places;
   places.reserve(angles.size());
   for (const double angle : angles) places.push_back(Wrapped(angle - next));
-  std::sort(places.begin(), places.end());
+  Sort(places, stop);
   std::vector<double> steps;
   for (std::size_t i = 1; i < places.size(); ++i)
     if (places[i] - places[i - 1] > same) steps.push_back(places[i] - places[i - 1]);
@@ -304,19 +318,19 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   // elsewhere. Where the head wraps the ends, the end of the last pass alone tells.
   const bool backCloser = backGaps.largest < outGaps.largest - layer.band / 10;
   const bool byBack = layer.carriageShift || out.size() < 2 || (!layer.wraps && backCloser);
-  CountAlike(out, strokes, pattern.bandDegrees, pattern);
+  CountAlike(out, strokes, pattern.bandDegrees, pattern, stop);
   if (stop.stop_requested()) return pattern;
   if (!layer.carriageShift) FindAside(out, strokes, true, pattern.bandDegrees, pattern.aside, stop);
   if (!byBack) {
     const double next = layer.endMandrel + (middle - layer.endZ) * strokes.back()->DegreesPerLength();
-    pattern.miss = MissOf(next, out, same);
+    pattern.miss = MissOf(next, out, same, stop);
   }
   const std::vector<double> back = finder.ProgressAt(middle, false, strokes);
-  CountAlike(back, strokes, pattern.bandDegrees, pattern);
+  CountAlike(back, strokes, pattern.bandDegrees, pattern, stop);
   if (stop.stop_requested()) return pattern;
   FindAside(back, strokes, false, pattern.bandDegrees, pattern.aside, stop);
   if (byBack && back.size() > 1)
-    pattern.miss = MissOf(back.back() + back.back() - back[back.size() - 2], back, same);
+    pattern.miss = MissOf(back.back() + back.back() - back[back.size() - 2], back, same, stop);
   pattern.drift = finder.Drift(radius);
   return pattern;
 }

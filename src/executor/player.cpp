@@ -50,8 +50,13 @@ Laid Reached(const Layer& layer, std::size_t from, double z) {
 }  // namespace
 
 void Player::Load(std::shared_ptr<const Program> program) {
+  Course course = program == nullptr ? Course() : FollowCourse(*program);
+  Load(std::move(program), std::move(course));
+}
+
+void Player::Load(std::shared_ptr<const Program> program, Course course) {
   program_ = std::move(program);
-  course_ = program_ == nullptr ? Course() : FollowCourse(*program_);
+  course_ = std::move(course);
   Rewind();
   state_ = program_ == nullptr ? RunState::Empty : RunState::Ready;
 }

@@ -46,6 +46,8 @@ class Player {
   static constexpr double kToTheEnd = 1e9;
 
   void Load(std::shared_ptr<const Program> program);
+  // With its course, which was followed before.
+  void Load(std::shared_ptr<const Program> program, Course course);
   void BeginManual(const ManualSetup& setup);
 
   // Starts, goes on after a pause, or starts anew after the end.

@@ -82,6 +82,7 @@ Proof Prover::Run(std::string_view program) {
                         "Nothing in this file moves the machine: it is hardly a program.");
   JudgeEnd(broken);
   JudgeLayers();
+  if (stop_.stop_requested()) return std::move(proof_);
   JudgeTime();
   for (LayerFigures& layer : proof_.layers) layer.stands = proof_.findings.WorstOf(layer.number);
   return std::move(proof_);

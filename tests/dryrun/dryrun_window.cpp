@@ -46,6 +46,7 @@ class DryRun : public QObject {
   void TellsWhatCannotBeOpened();
   void ShowsTextOfProgramsAsItStands();
   void OpensALongProgramAtOnce();
+  void OpensAVeryLongProgramBehindTheWindow();
   void FillsTheUnrolledView();
   void PaintsWhatABandCovers_data();
   void PaintsWhatABandCovers();
@@ -223,6 +224,7 @@ void DryRun::MovesByHand() {
 
 void DryRun::ShowsFindingsAndGoesToTheirLines() {
   std::string text = kShort;
+  text.insert(text.find("G1 F1"), "G28 F1\r\n");
   for (int i = 0; i < 200; ++i) text += "\r\n";
   text += "Q7 WHAT\r\n";
   Staged stage;
@@ -230,7 +232,7 @@ void DryRun::ShowsFindingsAndGoesToTheirLines() {
   stage.Open(Write("bad.T2G", text));
   stage.AwaitProof();
   QVERIFY(!stage.session.remarks().empty());
-  QCOMPARE(stage.session.remarks()[0].line, 216);
+  QCOMPARE(stage.session.remarks()[0].line, 217);
   auto* list = Find<ProgramList>(stage, "programList");
   QVERIFY(list->Follows());
   auto* findings = Find<QAbstractScrollArea>(stage, "findings");
@@ -298,6 +300,30 @@ void DryRun::OpensALongProgramAtOnce() {
 }
 
 // At 45 degrees round 4 in: a bare surface where no band lies, its colours where one does.
+void DryRun::OpensAVeryLongProgramBehindTheWindow() {
+  std::string text = kShort;
+  for (int line = 0; line < 250'000; ++line) text += "G4 P1\r\n";
+  const std::string path = Write("very-long.T2G", text);
+  Staged stage;
+  stage.window.show();
+  stage.window.Open(path);
+  QCOMPARE(stage.player().State(), RunState::Empty);
+  QCOMPARE(stage.session.name(), QStringLiteral("very-long.T2G"));
+  QTRY_COMPARE(stage.player().State(), RunState::Running);
+  QCOMPARE(stage.player().program()->Lines(), 250'015);
+  QCOMPARE(stage.player().course().waits.size(), 2U);
+  // What was asked of it meanwhile holds.
+  stage.Open(path);
+  QTRY_COMPARE(stage.player().State(), RunState::Ready);
+  // What comes back late belongs to a program that is no longer there.
+  stage.window.Open(path);
+  stage.Open(Write("short.T2G", kShort));
+  stage.AwaitProof();
+  QCOMPARE(stage.player().program()->Lines(), 15);
+  // A window that closes waits for nobody.
+  stage.window.Open(path);
+}
+
 void DryRun::FillsTheUnrolledView() {
   Staged stage;
   stage.window.show();
