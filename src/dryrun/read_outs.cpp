@@ -95,9 +95,9 @@ bool ProgressStrip::event(QEvent* event) {
     if (!piece.box.contains(help->pos())) continue;
     const executor::Stretch& s = *piece.stretch;
     const QString name = s.layer > 0 ? tr("Layer %1").arg(s.layer) : Words(s.name);
-    QToolTip::showText(help->globalPos(),
-                       PlainTip(tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds)))),
-                       this);
+    QToolTip::showText(
+        help->globalPos(),
+        PlainTip(tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds)))), this);
     return true;
   }
   QToolTip::hideText();

@@ -14,8 +14,8 @@ QString Shown(std::string_view stationText);
 // Nothing where a character is outside the station's code page.
 std::optional<std::string> Taken(const QString& text);
 
-// A tool tip that shows its text as it stands. The toolkit reads one that looks like markup as such, and text of
-// files, paths and programs may look like anything.
+// A tool tip that shows its text as it stands. The toolkit reads one that looks like markup as such, and text
+// of files, paths and programs may look like anything.
 QString PlainTip(const QString& text);
 
 }  // namespace torvane

@@ -35,7 +35,7 @@ std::string DesignFolder(Station& station) {
 // The family in use decides the reader, not the file.
 bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
   // Read first: what changes in between counts as changed.
-  const Result<std::string> bytes = station.platform.files.ReadWhole(path);
+  const Result<std::string> bytes = station.platform.files.ReadAtMost(path, kLargestText);
   station.onDisk = bytes ? DesignOnDisk{path, bytes.value()} : DesignOnDisk{};
   const Outcome opened = twoAxis
                              ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
@@ -148,7 +148,7 @@ std::string ChangedInFile(const DesignState& s) {
 // Asks before the file of the design in hand is replaced if another program or station has written it since.
 bool MayReplaceOnDisk(const Station& station, const std::string& path) {
   if (path != station.onDisk.path) return true;
-  const Result<std::string> standing = station.platform.files.ReadWhole(path);
+  const Result<std::string> standing = station.platform.files.ReadAtMost(path, kLargestText);
   if (!standing || standing.value() == station.onDisk.bytes) return true;
   Message question;
   question.text = "\r\nAnother program or station has changed this design since it was opened here:\r\n" +

@@ -349,7 +349,8 @@ void MessagesOnScreen::SystemBoxesSayWhatFailed() {
       {"Command2",
        "Can't Locate NotePad2.exe to display Torvane G-Code file,\nor Can't Find Torvane G-Code file."},
       {"mnuViewDesignFile",
-       "Can't Locate NotePad2.exe to display Torvane Design file\nor Can't locate Torvane Design file"}};
+       "Can't Locate NotePad2.exe to display Torvane Design file\nor Can't locate Torvane Design file\n\n"
+       "it is not there"}};
   for (const auto& failure : failures) {
     const Seen seen(Qt::Key_Return);
     station.stage.launcher.FailNext("it is not there");
