@@ -175,7 +175,7 @@ bool HasPattern(const std::vector<double>& angles) {
 }
 
 TEST(Damage, OfPatterns) {
-  std::vector<double> even, groups, random, onTop, someOdd;
+  std::vector<double> even, groups, random, onTop, roundTwice, someOdd;
   unsigned dice = 1;
   for (int i = 1; i <= 1000; ++i) {
     dice = dice * 1664525U + 1013904223U;
@@ -184,17 +184,20 @@ TEST(Damage, OfPatterns) {
     groups.push_back(i * 90.0 + i / 4 * 1.44);
     random.push_back(chance);
     onTop.push_back(i % 2 * 0.01);
+    // Rounded, a step of none is one forwards or one of almost a turn.
+    roundTwice.push_back(i / 3 * 90.0 + (i % 3 == 1 ? 0.01 : 0));
     someOdd.push_back(i % 10 == 0 ? chance : i * 0.36);
   }
   EXPECT_TRUE(HasPattern(even));
   EXPECT_TRUE(HasPattern(groups));
   EXPECT_TRUE(HasPattern(onTop));
+  EXPECT_TRUE(HasPattern(roundTwice));
   EXPECT_TRUE(HasPattern(someOdd));
   EXPECT_FALSE(HasPattern(random));
   const Proof proof = ProofOf(Dwelling(random));
   EXPECT_EQ(KindsOf(proof).back(), (std::pair<std::string, int>("no-pattern", 1))) << Report(proof);
-  // A third of it by chance is a pattern no more.
-  for (std::size_t i = 0; i < even.size(); i += 3) even[i] = random[i];
+  // A fifth of it beside its place leaves three steps of five.
+  for (std::size_t i = 0; i < even.size(); i += 5) even[i] = random[i];
   EXPECT_FALSE(HasPattern(even));
 }
 
@@ -269,15 +272,29 @@ TEST(Damage, IsNoneInATrace) {
   }
 }
 
+Layer EvenLayer(int strokes) {
+  Layer layer;
+  for (int i = 0; i < strokes; ++i)
+    layer.strokes.push_back({1, i, 0, 24, i * 10.0, i * 10.0 + 687.5, 6, 28, true, true, false});
+  layer.passes.resize(static_cast<std::size_t>(strokes), {1, 36, 1, 2, 0, 24, 0, 0, 1, 1});
+  layer.band = 0.25;
+  return layer;
+}
+
+// Thousands of bands on top of each other, before those that cover the part.
+TEST(Cover, LooksAtAllBands) {
+  Layer layer = EvenLayer(36);
+  layer.strokes.insert(layer.strokes.begin(), 5000, layer.strokes[0]);
+  const Mandrel mandrel{0, 24, 2, 2};
+  EXPECT_EQ(CoveredShare(layer, mandrel, 0, 24, kMostRows, {}),
+            CoveredShare(EvenLayer(36), mandrel, 0, 24, kMostRows, {}));
+}
+
 // What was stopped says nothing, at once.
 TEST(Damage, IsNotLookedForBehindAStop) {
   std::stop_source source;
   const std::stop_token running = source.get_token();
-  Layer layer;
-  for (int i = 0; i < 36; ++i)
-    layer.strokes.push_back({1, i, 0, 24, i * 10.0, i * 10.0 + 687.5, 6, 28, true, true, false});
-  layer.passes.resize(36, {1, 36, 1, 2, 0, 24, 0, 0, 1, 1});
-  layer.band = 0.25;
+  const Layer layer = EvenLayer(36);
   const Mandrel mandrel{0, 24, 2, 2};
   EXPECT_GT(CoveredShare(layer, mandrel, 0, 24, kMostRows, running), 0.9);
   EXPECT_EQ(FindPattern(layer, mandrel, 0, 24, 1, running).bands, 36);
