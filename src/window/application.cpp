@@ -29,6 +29,7 @@ WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
   station_.programProgress = &programDialog_;
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] { LetTick(); });
+  station_.timerStarts = [this] { WindClock(); };
   splash_ = std::make_unique<Splash>(desk());
   station_.Form_Load();
   main_ = std::make_unique<MainWindow>(desk());

@@ -39,7 +39,6 @@ PolarPanel::PolarPanel(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk
   });
   grazing_ = new ReadOut(desk, desk.station.s.lblGrazeAngle, 14, this);
   desk.binder.BindAll(this, [this] {
-    enlarge_->setEnabled(!desk_.station.endView.pattern.empty());
     PlaceGrazing();
     update();
   });

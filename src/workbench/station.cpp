@@ -219,6 +219,11 @@ NamedValue Station::FindValue(std::string_view name) const {
 
 bool Station::StartGuardPassed() const { return platform.clock.Now() - started > kStartGuard; }
 
+void Station::StartTimer(Timer& timer) {
+  timer.due = platform.clock.Now() + timer.interval;
+  if (timerStarts) timerStarts();
+}
+
 std::optional<Moment> Station::NextTick() const {
   std::optional<Moment> next;
   for (const NamedTimer& named : kTimers) {

@@ -97,7 +97,7 @@ class Station : private ChangeOperations {
   bool StartGuardPassed() const;
 
   // It is due one interval from now, also if it runs already.
-  void StartTimer(Timer& timer) { timer.due = platform.clock.Now() + timer.interval; }
+  void StartTimer(Timer& timer);
   void StopTimer(Timer& timer) { timer.due.reset(); }
   // When the next running timer is due.
   std::optional<Moment> NextTick() const;
@@ -160,6 +160,8 @@ class Station : private ChangeOperations {
 
   // Told of a window that is about to be destroyed: whoever shows it must not look at its fields any more.
   std::function<void(const Window& window)> windowCloses;
+  // Told that a timer starts: a message may come up next, and a timer ticks behind it all the same.
+  std::function<void()> timerStarts;
   // Told when the settings dialog opens, with its tab.
   std::function<void(int tab)> settingsOpened;
   // Follows each program while it is formed, and may cancel it; null if nobody looks.

@@ -222,6 +222,7 @@ class MessagesOnScreen : public QObject {
   void KeysAnswer();
   void TickSilences();
   void CellOutlivesTheMessageOfItsOwnKey();
+  void FieldsBlinkBehindTheirMessage();
   void SystemBoxesSayWhatFailed();
   void NamesAreSavedAsTyped_data();
   void NamesAreSavedAsTyped();
@@ -335,6 +336,28 @@ void MessagesOnScreen::CellOutlivesTheMessageOfItsOwnKey() {
   station.Keys("45");
   QCOMPARE(s.txtWA(1).text(), std::string("90"));
   QCOMPARE(s.txtWA(2).text(), std::string("45"));
+}
+
+// A message stops the operator's input, not the fields that it speaks of.
+void MessagesOnScreen::FieldsBlinkBehindTheirMessage() {
+  Theme theme{false};
+  QtMessageDialog dialog(theme);
+  WindowOnStage station(kConfirmed, &dialog);
+  DesignState& s = station.s();
+  s.chkHeatGunApp = "1";
+  s.txtHGSpeed = "10.01";
+  station.station().tmrBlink.interval = std::chrono::milliseconds(1);
+  bool marked = false;
+  WhenShown<MessageWindow>([&](MessageWindow& message) {
+    for (int look = 0; look < 500 && !marked; ++look) {
+      station.stage.clock.Advance(station.station().tmrBlink.interval);
+      QTest::qWait(2);
+      marked = s.txtHGSpeed.mark() == Mark::TooHigh;
+    }
+    QTest::keyClick(message.windowHandle(), Qt::Key_Return);
+  });
+  Run(station, "imgBUILD");
+  QVERIFY(marked);
 }
 
 void MessagesOnScreen::SystemBoxesSayWhatFailed() {
