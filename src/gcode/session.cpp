@@ -172,7 +172,8 @@ Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* pr
     Report(platform, s.gGCodeFilePath.text(), program.refusal());
     return Written::No;
   }
-  const Outcome written = platform.files.WriteWhole(s.gGCodeFilePath.text(), program.Text());
+  // A power cut brings back the former program, whole; the design builds this one again.
+  const Outcome written = platform.files.WriteWhole(s.gGCodeFilePath.text(), program.Text(), Lasting::Later);
   if (written) return Written::Whole;
   Report(platform, s.gGCodeFilePath.text(), written.reason());
   return Written::No;

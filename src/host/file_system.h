@@ -11,6 +11,7 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/files.h"
 #include "platform/result.h"
 
 namespace torvane {
@@ -48,10 +49,11 @@ struct Replacement {
 // Where rights or a mount keep the folder from taking a second file, the former one is written over: only
 // then can a kill leave a part, and a refusal says so if the former bytes are lost.
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Links links = Links::Followed);
+                                 const std::vector<std::string_view>& parts, Lasting lasting = Lasting::Now,
+                                 Links links = Links::Followed);
 
-// Makes `copy` hold the bytes of the file, with its rights, in the same way. A link under the name of the
-// copy is replaced.
+// Makes `copy` keep the bytes of the file, with its rights, for when ReplaceWhole takes its name: until then
+// both names may lead to one file. A link under the name of the copy is replaced.
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy);
 
 // Removes what processes that are gone have left in a folder in the middle of a write.

@@ -173,9 +173,6 @@ class Beside {
   bool placed_ = false;
 };
 
-// Until its folder has reached the disk, a power cut can bring the former file back, whole as it was.
-enum class Lasting { Now, Later };
-
 // 0 or the system's error number, the target being as it was.
 int PutWhole(const std::filesystem::path& target, const Former& rights,
              const std::vector<std::string_view>& parts, Lasting lasting) {
@@ -193,6 +190,24 @@ int PutWhole(const std::filesystem::path& target, const Former& rights,
   const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (opened) fsync(opened.Number());
   return 0;
+}
+
+// Gives a file a second name, which outlives the file that takes the first one; there is nothing to sync.
+// Only with a file of the user's own: another's may have to be written over in place (ReplaceWhole), which
+// would reach the second name as well.
+bool KeepAs(const std::filesystem::path& file, const std::filesystem::path& copy) {
+  struct stat found {
+  }, replaced{};
+  if (lstat(file.c_str(), &found) != 0 || !S_ISREG(found.st_mode) || found.st_uid != geteuid()) return false;
+  if (lstat(copy.c_str(), &replaced) == 0 && !S_ISREG(replaced.st_mode) && !S_ISLNK(replaced.st_mode))
+    return false;
+  const auto beside = copy.parent_path() / NameBeside(static_cast<unsigned long>(getpid()), 0);
+  unlink(beside.c_str());
+  if (link(file.c_str(), beside.c_str()) != 0) return false;
+  const bool kept = std::rename(beside.c_str(), copy.c_str()) == 0;
+  // It is still there if both names were those of one file before.
+  unlink(beside.c_str());
+  return kept;
 }
 
 Result<Replacement> Replace(const std::filesystem::path& target, const Former& former, const Former& rights,
@@ -233,13 +248,14 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
 }
 
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Links links) {
+                                 const std::vector<std::string_view>& parts, Lasting lasting, Links links) {
   const std::filesystem::path target = links == Links::Followed ? LinksFollowed(path) : path;
   const Former former(target, links);
-  return Replace(target, former, former, parts, Lasting::Now);
+  return Replace(target, former, former, parts, lasting);
 }
 
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
+  if (KeepAs(LinksFollowed(path), copy)) return Replacement{};
   const auto bytes = ReadRegularFile(path);
   if (!bytes) return Refusal{bytes.reason()};
   // What the copy is made for, a write of the file, brings the folder to the disk.

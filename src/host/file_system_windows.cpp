@@ -174,7 +174,7 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
 }
 
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Links links) {
+                                 const std::vector<std::string_view>& parts, Lasting, Links links) {
   const auto target = links == Links::Followed ? LinksFollowed(path) : path;
   const DWORD attributes = GetFileAttributesW(target.c_str());
   const bool there = attributes != INVALID_FILE_ATTRIBUTES;
@@ -195,7 +195,7 @@ Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
   const auto bytes = ReadRegularFile(path);
   if (!bytes) return Refusal{bytes.reason()};
-  return ReplaceWhole(copy, {bytes.value()}, Links::Replaced);
+  return ReplaceWhole(copy, {bytes.value()}, Lasting::Now, Links::Replaced);
 }
 
 void RemoveLeftovers(const std::filesystem::path& folder) {

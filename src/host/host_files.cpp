@@ -54,11 +54,18 @@ Result<std::string> HostFiles::ReadAtMost(std::string_view path, std::uint64_t l
   return ReadRegularFile(file.value(), limit);
 }
 
-Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
+bool HostFiles::AreOne(std::string_view path, std::string_view other) const {
+  std::error_code error;
+  const auto file = Found(path), another = Found(other);
+  return file && another && std::filesystem::equivalent(file.value(), another.value(), error);
+}
+
+Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts,
+                              Lasting lasting) {
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
   Tidy(LinksFollowed(file.value()).parent_path());
-  return Told(path, file.value(), ReplaceWhole(file.value(), parts));
+  return Told(path, file.value(), ReplaceWhole(file.value(), parts, lasting));
 }
 
 void HostFiles::Tidy(const std::filesystem::path& folder) {

@@ -65,7 +65,7 @@ std::optional<std::string> IniStore::Read(std::string_view section, std::string_
   return Current().text.Find(section, key);
 }
 
-Outcome IniStore::Write(std::string_view section, std::string_view key, std::string_view value) {
+Outcome IniStore::WriteAll(const std::vector<Entry>& entries) {
   const auto refused = [&](const std::string& reason) { return Refused("cannot be written", reason); };
   if (path_.empty()) return Refusal{"There is no folder for the settings."};
 
@@ -83,8 +83,13 @@ Outcome IniStore::Write(std::string_view section, std::string_view key, std::str
 
   if (const Outcome& readable = Current().readable; !readable) return readable;
   IniText& text = seen_->text;
-  if (text.Find(section, key) == value) return Done{};
-  text.Set(section, key, value);
+  bool changed = false;
+  for (const Entry& entry : entries) {
+    if (text.Find(entry.section, entry.key) == entry.value) continue;
+    text.Set(entry.section, entry.key, entry.value);
+    changed = true;
+  }
+  if (!changed) return Done{};
   if (text.Bytes().size() > kLargestText) {
     seen_.reset();  // it holds what the file does not
     return refused("The file would be larger than what is read.");

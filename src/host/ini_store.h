@@ -26,7 +26,10 @@ class IniStore : public SettingsStore {
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
   // Refused, with the file as it was, where it cannot be read, locked or replaced, or would become larger
   // than what is read.
-  Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
+  Outcome Write(std::string_view section, std::string_view key, std::string_view value) override {
+    return WriteAll({{std::string(section), std::string(key), std::string(value)}});
+  }
+  Outcome WriteAll(const std::vector<Entry>& entries) override;
   std::vector<Entry> All() const override;
 
  private:

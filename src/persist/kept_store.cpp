@@ -15,23 +15,38 @@ std::optional<std::string> KeptStore::Read(std::string_view section, std::string
 }
 
 Outcome KeptStore::Write(std::string_view section, std::string_view key, std::string_view value) {
-  Outcome written = leftAlone_ ? Refusal{refusal_} : under_.Write(section, key, value);
+  return WriteAll({{std::string(section), std::string(key), std::string(value)}});
+}
+
+Outcome KeptStore::WriteAll(const std::vector<Entry>& entries) {
+  Outcome written = leftAlone_ ? Refusal{refusal_} : under_.WriteAll(entries);
   if (!written) {
-    kept_[Name(section, key)] = value;
+    for (const Entry& entry : entries) kept_[Name(entry.section, entry.key)] = entry.value;
     if (!refused_) refusal_ = written.reason();
     refused_ = true;
     return written;
   }
-  if (!refused_) return written;
-  kept_.erase(Name(section, key));
-  while (!kept_.empty()) {
-    const auto& [name, text] = *kept_.begin();
-    if (!under_.Write(name.first, name.second, text)) return written;
-    kept_.erase(kept_.begin());
+  for (const Entry& entry : entries) kept_.erase(Name(entry.section, entry.key));
+  Settle();
+  return written;
+}
+
+void KeptStore::WriteLater(std::string_view section, std::string_view key, std::string_view value) {
+  kept_[Name(section, key)] = value;
+}
+
+void KeptStore::Settle() {
+  if (leftAlone_) return;
+  std::vector<Entry> entries;
+  for (const auto& [name, value] : kept_) entries.push_back({name.first, name.second, value});
+  if (const Outcome written = entries.empty() ? Done{} : under_.WriteAll(entries); !written) {
+    if (!refused_) refusal_ = written.reason();
+    refused_ = true;
+    return;
   }
+  kept_.clear();
   refused_ = false;
   told_ = false;
-  return written;
 }
 
 std::vector<SettingsStore::Entry> KeptStore::All() const {

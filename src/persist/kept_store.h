@@ -18,6 +18,9 @@ class KeptStore : public SettingsStore {
  public:
   // `under` must outlive it.
   explicit KeptStore(SettingsStore& under);
+  ~KeptStore() override { Settle(); }
+  KeptStore(const KeptStore&) = delete;
+  KeptStore& operator=(const KeptStore&) = delete;
 
   // A value that was refused reads as it was written here.
   std::optional<std::string> Read(std::string_view section, std::string_view key) const override;
@@ -25,6 +28,12 @@ class KeptStore : public SettingsStore {
   // again behind the next write that succeeds.
   Outcome Write(std::string_view section, std::string_view key, std::string_view value) override;
   Outcome Readable() const override { return leftAlone_ ? Refusal{refusal_} : under_.Readable(); }
+  Outcome WriteAll(const std::vector<Entry>& entries) override;
+  // For what no operator waits for: it reads as written at once, and is in the store with the next write, the
+  // next Settle or this object's end.
+  void WriteLater(std::string_view section, std::string_view key, std::string_view value);
+  // Offers the store all that is kept.
+  void Settle();
   // The store's own, with what is kept in their place or behind them.
   std::vector<Entry> All() const override;
 

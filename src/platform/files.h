@@ -15,6 +15,10 @@ namespace torvane {
 // The most that a design or a settings file holds, in bytes. What is larger is none.
 inline constexpr std::uint64_t kLargestText = std::uint64_t{16} * 1024 * 1024;
 
+// When a new file has outlived a power cut: at once, or within the seconds that the system takes to sync its
+// folder. Until then such a cut brings the former file back, whole.
+enum class Lasting { Now, Later };
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -26,6 +30,8 @@ class Files {
   virtual void MakeProgramFolderCurrent() = 0;
 
   virtual bool Exists(std::string_view path) const = 0;
+  // Both names lead to one file that is there.
+  virtual bool AreOne(std::string_view path, std::string_view other) const = 0;
   // When a file was last written, in a count of the computer's own: of two files the later has the greater.
   // Nothing where there is no such file.
   virtual std::optional<std::int64_t> LastWritten(std::string_view path) const = 0;
@@ -34,9 +40,13 @@ class Files {
   virtual Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const = 0;
   // Replaces or makes the file with the parts one behind the other, in one step: whenever the computer stops,
   // the file holds what it held or all the parts. Follows links. A refusal leaves the file as it was.
-  virtual Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) = 0;
-  // Makes `copy` a file of its own with the bytes and rights of the other, in the same way; a link under its
-  // name is replaced.
+  virtual Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts,
+                             Lasting lasting) = 0;
+  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
+    return WriteWhole(path, parts, Lasting::Now);
+  }
+  // Makes `copy` keep the bytes and rights of the other for when WriteWhole replaces that, in the same way; a
+  // link under its name is replaced.
   virtual Outcome Copy(std::string_view path, std::string_view copy) = 0;
   // Removes what stations that died in the middle of a write have left in a folder.
   virtual void RemoveLeftovers(std::string_view folder) = 0;

@@ -25,6 +25,12 @@ class SettingsStore {
   virtual std::optional<std::string> Read(std::string_view section, std::string_view key) const = 0;
   // The value is in the store when this returns. Another key's value never changes with it.
   virtual Outcome Write(std::string_view section, std::string_view key, std::string_view value) = 0;
+  // Several in one step where the store can, else one by one up to the first that is refused.
+  virtual Outcome WriteAll(const std::vector<Entry>& entries) {
+    for (const Entry& entry : entries)
+      if (Outcome written = Write(entry.section, entry.key, entry.value); !written) return written;
+    return Done{};
+  }
   virtual std::vector<Entry> All() const = 0;
 };
 

@@ -43,7 +43,11 @@ Result<std::string> MemoryFiles::ReadAtMost(std::string_view path, std::uint64_t
   return ReadWhole(path);
 }
 
-Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
+bool MemoryFiles::AreOne(std::string_view path, std::string_view other) const {
+  return Exists(path) && Full(path) == Full(other);
+}
+
+Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts, Lasting) {
   const std::string full = Full(path);
   if (const auto refusal = refusals_.find(full); refusal != refusals_.end()) return Refusal{refusal->second};
   if (path.empty() || path.back() == '\\' || IsFolder(full)) return Refusal{"Not a file"};

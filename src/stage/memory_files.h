@@ -24,8 +24,10 @@ class MemoryFiles : public Files {
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;
   Result<std::string> ReadWhole(std::string_view path) const override;
   Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const override;
+  bool AreOne(std::string_view path, std::string_view other) const override;
   // Refused also where the file's folder is missing.
-  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) override;
+  using Files::WriteWhole;
+  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts, Lasting) override;
   Outcome Copy(std::string_view path, std::string_view copy) override;
   void RemoveLeftovers(std::string_view) override {}
   Result<std::shared_ptr<void>> Lock(std::string_view path) override;

@@ -47,6 +47,11 @@ bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
   return bool(opened);
 }
 
+void NoteRecent(Station& station, const std::string& path) {
+  NoteRecentFile(station.keptStore, path);
+  station.StartTimer(station.tmrStore);
+}
+
 bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
 
 }  // namespace
@@ -103,7 +108,7 @@ bool OpenDesign(Station& station, const std::string& path) {
   if (!OpenFile(station, path, s.mnu2Axis)) return false;
   s.gDirty = false;
   Refresh4AXGrid(s);
-  NoteRecentFile(station.platform.store, path);
+  NoteRecent(station, path);
   return true;
 }
 
@@ -147,8 +152,9 @@ std::string ChangedInFile(const DesignState& s) {
 
 // Asks before the file of the design in hand is replaced if another program or station has written it since.
 bool MayReplaceOnDisk(const Station& station, const std::string& path) {
-  if (path != station.onDisk.path) return true;
-  const Result<std::string> standing = station.platform.files.ReadAtMost(path, kLargestText);
+  const Files& files = station.platform.files;
+  if (path != station.onDisk.path && !files.AreOne(path, station.onDisk.path)) return true;
+  const Result<std::string> standing = files.ReadAtMost(path, kLargestText);
   if (!standing || standing.value() == station.onDisk.bytes) return true;
   Message question;
   question.text = "\r\nAnother program or station has changed this design since it was opened here:\r\n" +
@@ -181,7 +187,7 @@ bool SaveDesign(Station& station, const std::string& path) {
   s.gDirty = false;
   s.gFileName = BehindLastBackslash(s.gFilePath.text());
   ShowName(s, "Torvane Designer ");
-  NoteRecentFile(station.platform.store, name);
+  NoteRecent(station, name);
   if (const std::string changed = ChangedInFile(s); !changed.empty())
     station.platform.messageBox.Show(
         "Torvane Designer",
@@ -204,7 +210,8 @@ void OpenNamedDesign(Station& station, const std::string& path) {
   if (!station.platform.files.Exists(path)) {
     station.platform.messageBox.Show("Torvane Designer", "There is no such file any more:\r\n" + path,
                                      BoxIcon::None);
-    ForgetRecentFile(station.platform.store, path);
+    ForgetRecentFile(station.keptStore, path);
+    station.StartTimer(station.tmrStore);
     return;
   }
   if (!AskToSaveFirst(station)) return;

@@ -10,12 +10,11 @@ constexpr std::string_view kSection = "RecentFiles";
 
 std::string KeyOf(int place) { return "File" + std::to_string(place); }
 
-void Store(SettingsStore& store, const std::vector<std::string>& files) {
+void Store(KeptStore& store, const std::vector<std::string>& files) {
   for (int place = 1; place <= kMostRecentFiles; ++place) {
     const auto i = static_cast<std::size_t>(place) - 1;
     const std::string file = i < files.size() ? files[i] : "";
-    if (GetSetting(store, kSection, KeyOf(place), "") != file)
-      SaveSetting(store, kSection, KeyOf(place), file);
+    if (GetSetting(store, kSection, KeyOf(place), "") != file) store.WriteLater(kSection, KeyOf(place), file);
   }
 }
 
@@ -30,14 +29,14 @@ std::vector<std::string> RecentFiles(const SettingsStore& store) {
   return files;
 }
 
-void NoteRecentFile(SettingsStore& store, const std::string& path) {
+void NoteRecentFile(KeptStore& store, const std::string& path) {
   std::vector<std::string> files = RecentFiles(store);
   std::erase(files, path);
   files.insert(files.begin(), path);
   Store(store, files);
 }
 
-void ForgetRecentFile(SettingsStore& store, const std::string& path) {
+void ForgetRecentFile(KeptStore& store, const std::string& path) {
   std::vector<std::string> files = RecentFiles(store);
   std::erase(files, path);
   Store(store, files);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/settings_store.h"
+#include "persist/kept_store.h"
 
 namespace torvane {
 
@@ -12,8 +12,9 @@ inline constexpr int kMostRecentFiles = 9;
 
 // Paths of the station.
 std::vector<std::string> RecentFiles(const SettingsStore& store);
-// Puts a design in front; beyond the most there are the last one goes.
-void NoteRecentFile(SettingsStore& store, const std::string& path);
-void ForgetRecentFile(SettingsStore& store, const std::string& path);
+// Puts a design in front; beyond the most there are the last one goes. The store has it a moment later, since
+// it moves up to all of them.
+void NoteRecentFile(KeptStore& store, const std::string& path);
+void ForgetRecentFile(KeptStore& store, const std::string& path);
 
 }  // namespace torvane

@@ -148,6 +148,7 @@ void Station::Form_Unload() {
   s.frmSplash.Show(false);
   ended = true;
   recovery.lock.reset();
+  keptStore.Settle();
   TellOfStore();
 }
 

@@ -41,7 +41,8 @@ struct NamedTimer {
 constexpr NamedTimer kTimers[] = {
     {"tmrBlink", &Station::tmrBlink},         {"tmrSplash", &Station::tmrSplash},
     {"tmrStartDraw", &Station::tmrStartDraw}, {"tmrDraw", &Station::tmrDraw},
-    {"tmrOffer", &Station::tmrOffer},         {"tmrRecovery", &Station::tmrRecovery}};
+    {"tmrOffer", &Station::tmrOffer},         {"tmrRecovery", &Station::tmrRecovery},
+    {"tmrStore", &Station::tmrStore}};
 
 }  // namespace
 

@@ -128,6 +128,8 @@ class Station : private ChangeOperations {
   Timer tmrOffer{std::chrono::milliseconds(200)};
   // From a change of the design to its recovery copy.
   Timer tmrRecovery{std::chrono::seconds(10)};
+  // From what may be stored later to the store.
+  Timer tmrStore{std::chrono::milliseconds(200)};
   Recovery recovery;
   DesignOnDisk onDisk;
 

@@ -32,6 +32,11 @@ void tmrOffer_Tick(Station& station, int) {
   OfferRecovery(station);
 }
 
+void tmrStore_Tick(Station& station, int) {
+  station.StopTimer(station.tmrStore);
+  station.keptStore.Settle();
+}
+
 void chkDontShowVideoLinks_Click(Station& station, int) {
   DesignState& s = station.s;
   if (!s.chkDontShowVideoLinks.checked()) return;
@@ -125,6 +130,7 @@ constexpr Operation kOperations[] = {
     {"mnuSpeeds", Event::Click, OpenSettingsAt<3>},
     {"mnuMachine", Event::Click, [](Station& station, int) { OpenMachine(station); }},
     {"tmrRecovery", Event::Tick, [](Station& station, int) { WriteRecovery(station); }},
+    {"tmrStore", Event::Tick, tmrStore_Tick},
     {"mnuProperties", Event::Click, OpenSettingsAt<0>},
     {"Label10", Event::Click, OpenSettingsAt<1>},
     {"Label9", Event::Click, OpenSettingsAt<2>},

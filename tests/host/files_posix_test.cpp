@@ -156,6 +156,13 @@ TEST_F(HostFilesTest, GoesThroughLinksAndKeepsRightsAndOwner) {
   EXPECT_EQ(after.st_uid, owner);
   EXPECT_NE(after.st_ino, before.st_ino) << "it was written over in place";
 
+  EXPECT_TRUE(files.AreOne("first", "far\\a.t2d"));
+  EXPECT_TRUE(files.AreOne("far\\a.t2d", files.ProgramFolder() + "\\first"));
+  Put(folder.path / "far" / "b.t2d", "new");
+  EXPECT_FALSE(files.AreOne("first", "far\\b.t2d"));
+  EXPECT_FALSE(files.AreOne("missing", "missing"));
+  std::filesystem::remove(folder.path / "far" / "b.t2d");
+
   // A copy has the rights of what it was made of and never goes where a link leads.
   Put(folder.path / "elsewhere", "kept");
   std::filesystem::create_symlink("elsewhere", folder.path / "copy");
@@ -167,6 +174,15 @@ TEST_F(HostFilesTest, GoesThroughLinksAndKeepsRightsAndOwner) {
   EXPECT_EQ(Bytes(folder.path / "copy"), "new");
   EXPECT_FALSE(files.Copy("missing", "copy"));
   EXPECT_EQ(Bytes(folder.path / "copy"), "new");
+  // Of the user's own file it is what that was, through links and though it is kept twice.
+  ASSERT_EQ(chown(file.c_str(), geteuid(), getegid()), 0);
+  for (int times = 0; times < 2; ++times) ASSERT_TRUE(files.Copy("first", "copy"));
+  ASSERT_TRUE(files.WriteWhole("first", {"newer"}));
+  EXPECT_EQ(Bytes(folder.path / "copy"), "new");
+  EXPECT_EQ(Bytes(file), "newer");
+  ASSERT_EQ(lstat((folder.path / "copy").c_str(), &after), 0);
+  EXPECT_EQ(after.st_mode & 07777, 0604U);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 4) << "something was left";
 
   std::filesystem::create_symlink("ring", folder.path / "ring");
   EXPECT_FALSE(files.WriteWhole("ring", {"x"}));

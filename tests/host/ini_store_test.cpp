@@ -129,6 +129,19 @@ TEST_F(IniStoreTest, TwoStoresSeeEachOthersWritesAtOnce) {
 }
 
 // What is found without reading anew is what a reader of the file would find.
+TEST_F(IniStoreTest, SeveralAreWrittenInOneStepOrNone) {
+  IniStore store(file.string());
+  ASSERT_TRUE(store.WriteAll({{"a", "x", "1"}, {"b", "y", "2"}, {"a", "x", "3"}}));
+  EXPECT_EQ(store.Read("a", "x"), "3");
+  EXPECT_EQ(store.Read("b", "y"), "2");
+  const auto written = StampOf(file);
+  ASSERT_TRUE(store.WriteAll({{"a", "x", "3"}, {"b", "y", "2"}}));
+  EXPECT_EQ(StampOf(file), written) << "there was nothing to write";
+  EXPECT_FALSE(store.WriteAll({{"a", "x", "4"}, {"a", "z", std::string(kLargestText, 'z')}}));
+  EXPECT_EQ(IniStore(file.string()).Read("a", "x"), "3");
+  EXPECT_EQ(store.Read("a", "x"), "3");
+}
+
 TEST_F(IniStoreTest, ManyWritesInARowLeaveTheTextThatTheyShow) {
   std::mt19937 dice(7);  // NOLINT: the same each time
   const auto any = [&](std::initializer_list<const char*> texts) {

@@ -303,21 +303,24 @@ TEST_F(TwoStationsTest, AskBeforeTheyReplaceWhatTheOtherHasSaved) {
   EXPECT_EQ(files.ReadWhole(kDesign).value(), others);
   EXPECT_TRUE(first->station.s.gDirty);
 
+  EXPECT_FALSE(SaveDesign(first->station, "TV_Design_Files\\a.t2d")) << "the same file";
+  ASSERT_EQ(Offers(), 2U);
+
   // Any other name is replaced unasked, and so is a file that is gone.
   files.Put("C:\\Torvane\\TV_Design_Files\\b.t2d", "another design");
   EXPECT_TRUE(SaveDesign(first->station, "C:\\Torvane\\TV_Design_Files\\b.t2d"));
   files.Remove(kDesign);
   EXPECT_TRUE(SaveDesign(other->station, kDesign));
-  EXPECT_EQ(Offers(), 1U);
+  EXPECT_EQ(Offers(), 2U);
 
   ASSERT_TRUE(OpenDesign(first->station, kDesign));
   files.Put(kDesign, others + " ");
   stage.messageDialog.answers = {{true, false}};
   EXPECT_TRUE(SaveDesign(first->station, kDesign));
-  EXPECT_EQ(Offers(), 2U);
+  EXPECT_EQ(Offers(), 3U);
   EXPECT_EQ(files.ReadWhole(kCopy).value(), others + " ");
   EXPECT_TRUE(SaveDesign(first->station, kDesign));
-  EXPECT_EQ(Offers(), 2U) << "what it has saved is known to it";
+  EXPECT_EQ(Offers(), 3U) << "what it has saved is known to it";
 }
 
 // A copy that was cut off by the crash itself, or damaged, is none.
