@@ -5,6 +5,7 @@
 #include "design/catalogue.h"
 #include "persist/tagged_text.h"
 #include "workbench/build_warnings.h"
+#include "workbench/marks.h"
 #include "workbench/number_hint.h"
 #include "workbench/preview.h"
 
@@ -67,7 +68,7 @@ void Script::List(const std::string& rest) {
 }
 
 void Script::ShowMark(const std::string& rest) {
-  out_ << Printable(rest) << ": " << NameOfMark(FieldOf(rest).mark()) << "\n";
+  out_ << Printable(rest) << ": " << NameOfMark(ShownMark(FieldOf(rest))) << "\n";
 }
 
 void Script::Shown(const std::string& rest) {
