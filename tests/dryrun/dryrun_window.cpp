@@ -1,4 +1,5 @@
 // The operator's keys and clicks in the dry run's window.
+#include <QLabel>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -256,15 +257,43 @@ void DryRun::TellsWhatCannotBeOpened() {
   QVERIFY(stage.window.Trouble().isEmpty());
 }
 
-// A program's line may look like markup.
+// A program's line may look like markup: in the list, in what the proof says of it, in the name of a stage.
 void DryRun::ShowsTextOfProgramsAsItStands() {
-  const QString hostile =
-      QStringLiteral("<img src=\"/dev/zero\"><font color=white>G1 Z1</font> &amp;\nsecond line");
+  const QString hostile = QStringLiteral("<img src=\"/dev/null\">");
   QVERIFY(Qt::mightBeRichText(hostile));
-  const QString tip = PlainTip(hostile);
-  QVERIFY(!tip.contains(QStringLiteral("<img")));
-  QCOMPARE(QTextDocumentFragment::fromHtml(tip).toPlainText(), hostile);
-  QCOMPARE(PlainTip(QStringLiteral("G1 Z1 [Move]")), QStringLiteral("G1 Z1 [Move]"));
+  QCOMPARE(QTextDocumentFragment::fromHtml(PlainTip(hostile + QStringLiteral("\n&amp;"))).toPlainText(),
+           hostile + QStringLiteral("\n&amp;"));
+
+  std::string text = kShort;
+  const std::string end = "[Take the part off]";
+  text.replace(text.find(end), end.size(), hostile.toStdString() + end);
+  text += "D0 ST=" + hostile.toStdString() + "\r\nG1 F2 Z13.875\r\nG1 Z3.875\r\n";
+  text += hostile.toStdString() + "\r\n";
+  Staged stage;
+  stage.window.resize(1280, 800);
+  stage.window.show();
+  stage.Open(Write("hostile.T2G", text));
+  stage.AwaitProof();
+  stage.window.grab();
+  for (const char* name : {"programList", "findings", "progress"}) {
+    QWidget* widget = Find<QWidget>(stage, name);
+    QVERIFY2(widget != nullptr, name);
+    auto* list = qobject_cast<QAbstractScrollArea*>(widget);
+    QWidget* face = list != nullptr ? list->viewport() : widget;
+    int hostileTips = 0;
+    for (int y = 2; y < face->height(); y += 6)
+      for (int x = 2; x < face->width(); x += list != nullptr ? face->width() : 12) {
+        QHelpEvent help(QEvent::ToolTip, {x, y}, face->mapToGlobal(QPoint(x, y)));
+        QApplication::sendEvent(face, &help);
+        for (const QWidget* top : QApplication::topLevelWidgets()) {
+          if (!top->inherits("QTipLabel") || !top->isVisible()) continue;
+          const QString tip = static_cast<const QLabel*>(top)->text();
+          QVERIFY2(!tip.contains(QStringLiteral("<img")), name);
+          hostileTips += tip.contains(QStringLiteral("&lt;img")) ? 1 : 0;
+        }
+      }
+    QVERIFY2(hostileTips > 0, name);
+  }
 }
 
 void DryRun::OpensALongProgramAtOnce() {
