@@ -23,6 +23,14 @@ std::vector<std::string> ProgramArguments(int count, char** words);
 // where the first word is none.
 std::optional<std::string> PathArgument(int count, char** words);
 
+// The words that arguments of a program come to: split at each blank, so that joined by one blank they are
+// the text again. None for an empty text.
+std::vector<std::string> WordsOf(std::string_view arguments);
+
+// What PathArgument says of a whole command line of Windows, the program's name in front with or without
+// quotes. Its library's words would lose blanks and quotes of a bare path.
+std::optional<std::wstring_view> BarePath(std::wstring_view commandLine);
+
 // The text of a variable of the environment, in UTF-8; empty where it is not set.
 std::string EnvironmentText(const char* name);
 

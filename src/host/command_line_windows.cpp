@@ -21,17 +21,10 @@ std::vector<std::string> ProgramArguments(int, char**) {
   return arguments;
 }
 
-// The library's words would lose blanks and quotes of a bare path.
 std::optional<std::string> PathArgument(int, char**) {
-  std::wstring_view line = GetCommandLineW();
-  const bool quoted = line.starts_with(L'"');
-  const auto end = line.find(quoted ? L'"' : L' ', quoted ? 1 : 0);
-  if (end == std::wstring_view::npos) return std::nullopt;
-  line.remove_prefix(end + (quoted ? 1 : 0));
-  if (line.starts_with(L' ')) line.remove_prefix(1);
-  const bool drive = line.size() > 2 && line[1] == L':' && (line[2] == L'\\' || line[2] == L'/');
-  if (!drive && !line.starts_with(L"\\\\")) return std::nullopt;
-  return Narrow(std::wstring(line));
+  const auto path = BarePath(GetCommandLineW());
+  if (!path) return std::nullopt;
+  return Narrow(*path);
 }
 
 std::string EnvironmentText(const char* name) {

@@ -76,20 +76,14 @@ std::optional<Command> Opener(std::string_view shown) {
   return Command{*program, {program->string(), std::string(shown)}};
 }
 
-// Words between single blanks, so that joined by one blank they are the text again. A path of the station is
-// one of the computer, whatever blanks it holds.
+// A path of the station is one of the computer, whatever blanks it holds.
 Result<Command> WithArguments(const fs::path& program, std::string_view arguments) {
   Command command{program, {program.string()}};
   if (arguments.empty()) return command;
   const auto text = arguments[0] == '\\' ? HostPath(arguments) : Result<std::string>(ToUtf8(arguments));
   if (!text || text.value().find('\0') != std::string::npos)
     return Refusal{"The command line holds a NUL character."};
-  std::string_view rest = text.value();
-  for (auto end = rest.find(' '); end != std::string_view::npos; end = rest.find(' ')) {
-    command.words.emplace_back(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
-  }
-  command.words.emplace_back(rest);
+  for (std::string& word : WordsOf(text.value())) command.words.push_back(std::move(word));
   return command;
 }
 
