@@ -39,8 +39,9 @@ template <int offset>
 void JogOffset(Station& station, int member) {
   DesignState& s = station.s;
   constexpr Mask kInches = offset == 1 || offset == 5 ? "###0.000"_mask : "###0.00"_mask;
+  constexpr Mask kMillimetres = "###0.0"_mask;
   Jog(station, kOffsets[offset], member, s.txtStepSize4Ax, {&s.txtAdjust(offset)},
-      s.InInches() ? kInches : "###0.0"_mask);
+      s.InInches() ? kInches : kMillimetres);
 }
 
 constexpr Operation Of(const JogPair& pair, void (*run)(Station&, int)) {
