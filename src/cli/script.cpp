@@ -5,6 +5,7 @@
 #include <chrono>
 #include <ostream>
 
+#include "cli/computer.h"
 #include "design/catalogue.h"
 #include "design/text.h"
 #include "handoff/launch.h"
@@ -85,8 +86,8 @@ const Script::Command* Script::Find(std::string_view word) {
   return nullptr;
 }
 
-Script::Script(Computer& computer, SettingsStore& store, std::ostream& out)
-    : computer_(computer), store_(store), out_(out) {
+Script::Script(Stage& stage, const Platform& computer, std::ostream& out)
+    : stage_(stage), computer_(computer), out_(out) {
   Watch();
 }
 
@@ -96,28 +97,27 @@ Script::~Script() {
 }
 
 void Script::Watch() {
-  Stage& stage = computer_.stage;
-  stage.messageDialog.observer = [this](const Message& message) {
+  stage_.messageDialog.observer = [this](const Message& message) {
     out_ << "message " << message.number << (message.okOnly ? " ok-only" : " yes-no")
          << (message.beep ? " beep" : "") << (message.offer ? " offer" : "") << ": " << OneLine(message.text)
          << "\n";
   };
-  stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
+  stage_.messageBox.observer = [this](const StagedMessageBox::Box& box) {
     out_ << "box " << OneLine(box.title) << ": " << OneLine(box.text) << "\n";
     if (!box.detail.empty()) out_ << "  " << WithoutHome(OneLine(box.detail)) << "\n";
   };
-  stage.fileDialog.observer = [this](const StagedFileDialog::Request& request) {
+  stage_.fileDialog.observer = [this](const StagedFileDialog::Request& request) {
     out_ << "dialog " << (request.save ? "save " : "open ") << OneLine(request.filter) << "\n";
   };
-  stage.launcher.startObserver = [this](const StagedLauncher::Started& started) {
+  stage_.launcher.startObserver = [this](const StagedLauncher::Started& started) {
     if (started.failed) return;
     out_ << "start: " << WithoutHome(started.commandLine) << "\n";
   };
-  stage.launcher.linkObserver = [this](const std::string& url) { out_ << "link " << OneLine(url) << "\n"; };
+  stage_.launcher.linkObserver = [this](const std::string& url) { out_ << "link " << OneLine(url) << "\n"; };
 }
 
 std::string Script::WithoutHome(std::string line) const {
-  const std::string home = computer_.AsPlatform(store_).files.ProgramFolder();
+  const std::string home = computer_.files.ProgramFolder();
   constexpr std::string_view kHome = "<home>";
   for (auto at = line.find(home); !home.empty() && at != std::string::npos;
        at = line.find(home, at + kHome.size()))
@@ -148,20 +148,20 @@ void Script::Store(const std::string& rest) {
   if (station_) throw ScriptError{"the store is written before the start"};
   const auto [section, behind] = FirstWord(rest);
   const auto [key, value] = FirstWord(behind);
-  const Outcome written = store_.Write(StationText(section), StationText(key), StationText(value));
+  const Outcome written = computer_.store.Write(StationText(section), StationText(key), StationText(value));
   if (!written) throw ScriptError{ToUtf8(written.reason())};
 }
 
 void Script::SetLocale(const std::string& rest) {
   if (station_) throw ScriptError{"the locale is set before the start"};
   if (rest != "comma" && rest != "point") throw ScriptError{"a locale is comma or point"};
-  computer_.stage.locale.signs.decimal = rest == "comma" ? ',' : '.';
+  stage_.locale.signs.decimal = rest == "comma" ? ',' : '.';
 }
 
 void Script::Start(const std::string&) {
   if (station_) throw ScriptError{"the station is started already"};
-  computer_.MakeStationFolders();
-  station_ = std::make_unique<WholeStation>(computer_.AsPlatform(store_));
+  prepare();
+  station_ = std::make_unique<WholeStation>(computer_);
   station_->settingsOpened = [this](int tab) { out_ << "settings tab " << tab << "\n"; };
   station_->Form_Load();
 }
@@ -218,11 +218,12 @@ void Script::Answer(const std::string& rest) {
   const auto [answer, tick] = FirstWord(rest);
   if ((answer != "yes" && answer != "no") || (!tick.empty() && tick != "noshow"))
     throw ScriptError{"an answer is yes or no, and perhaps noshow"};
-  computer_.stage.messageDialog.answers.push_back({answer == "yes", tick == "noshow"});
+  stage_.messageDialog.answers.push_back({answer == "yes", tick == "noshow"});
 }
 
 std::string Script::HomePath(const std::string& relative) const {
   const std::string path = Replaced(StationText(relative), '/', '\\');
+  if (path.empty()) throw ScriptError{"a path is missing"};
   std::string_view rest = path;
   bool leaves = rest.starts_with('\\') || rest.substr(1, 1) == ":";
   while (!rest.empty()) {
@@ -234,14 +235,14 @@ std::string Script::HomePath(const std::string& relative) const {
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
   if (leaves) throw ScriptError{relative + ": the path does not stay in the station's folder"};
-  return computer_.AsPlatform(store_).files.ProgramFolder() + "\\" + path;
+  return computer_.files.ProgramFolder() + "\\" + path;
 }
 
 void Script::File(const std::string& rest) {
   if (rest == "cancel")
-    computer_.stage.fileDialog.answers.emplace_back(std::nullopt);
+    stage_.fileDialog.answers.emplace_back(std::nullopt);
   else
-    computer_.stage.fileDialog.answers.emplace_back(HomePath(rest));
+    stage_.fileDialog.answers.emplace_back(HomePath(rest));
 }
 
 void Script::Wait(const std::string& rest) {
@@ -249,7 +250,7 @@ void Script::Wait(const std::string& rest) {
   const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), milliseconds);
   if (read.ec != std::errc() || read.ptr != rest.data() + rest.size() || milliseconds < 0)
     throw ScriptError{"a wait is a number of milliseconds"};
-  StagedClock& clock = computer_.stage.clock;
+  StagedClock& clock = stage_.clock;
   const Moment end = clock.Now() + std::chrono::milliseconds(milliseconds);
   while (station_) {
     const auto next = station_->NextTick();
@@ -279,6 +280,6 @@ void Script::Crash(const std::string&) {
 
 void Script::Quit(const std::string&) { Running().Form_Unload(); }
 
-void Script::NoStart(const std::string&) { computer_.stage.launcher.FailNext("it was told to fail"); }
+void Script::NoStart(const std::string&) { stage_.launcher.FailNext("it was told to fail"); }
 
 }  // namespace torvane

@@ -1,13 +1,14 @@
 // The station driven by text: a command a line, what it causes printed as it happens.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "cli/computer.h"
+#include "stage/stage.h"
 #include "workbench/station.h"
 
 namespace torvane {
@@ -22,8 +23,8 @@ std::string OneLine(std::string_view text);
 
 class Script {
  public:
-  // `store` is what the station reads and writes.
-  Script(Computer& computer, SettingsStore& store, std::ostream& out);
+  // The operator's part is played on `stage`; `computer` is what the station stands on.
+  Script(Stage& stage, const Platform& computer, std::ostream& out);
 
   ~Script();
   Script(const Script&) = delete;
@@ -31,6 +32,12 @@ class Script {
 
   // One line in UTF-8; throws ScriptError.
   void Follow(const std::string& line);
+
+  // Null before the start and behind a crash.
+  Station* station() { return station_.get(); }
+
+  // Makes the computer ready for a station; called before each start.
+  std::function<void()> prepare = [] {};
 
  private:
   struct Command;
@@ -88,16 +95,16 @@ class Script {
   // Both throw ScriptError: before the start, and for a name that no field has.
   Station& Running();
   Field& FieldOf(const std::string& name);
-  // Of a path in the station's folder, with slashes or backslashes; throws ScriptError for one that leaves
-  // it.
+  // Of a path in the station's folder, with slashes or backslashes; throws ScriptError for none and for one
+  // that leaves it.
   std::string HomePath(const std::string& relative) const;
   // On one line, the station's folder named "<home>".
   std::string WithoutHome(std::string line) const;
   // Prints what the station asks, tells and starts from here on.
   void Watch();
 
-  Computer& computer_;
-  SettingsStore& store_;
+  Stage& stage_;
+  const Platform computer_;
   std::ostream& out_;
   std::unique_ptr<Station> station_;
   Canceller canceller_{*this};

@@ -21,7 +21,8 @@ int RunScript(Computer& computer, const std::string& file) {
     }
   }
   std::istream& in = file.empty() ? std::cin : stream;
-  Script script(computer, computer.RealStore(), std::cout);
+  Script script(computer.stage, computer.AsPlatform(computer.RealStore()), std::cout);
+  script.prepare = [&computer] { computer.MakeStationFolders(); };
   std::string line;
   for (int number = 1; std::getline(in, line); ++number) {
     if (!line.empty() && line.back() == '\r') line.pop_back();

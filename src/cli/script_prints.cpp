@@ -1,6 +1,7 @@
 // What a script has printed: fields, values, files and pictures as they stand.
 #include <ostream>
 
+#include "cli/computer.h"
 #include "cli/script.h"
 #include "design/catalogue.h"
 #include "persist/tagged_text.h"
@@ -96,12 +97,12 @@ void Script::Bold(const std::string& rest) {
 
 void Script::ShowSetting(const std::string& rest) {
   const auto [section, key] = FirstWord(rest);
-  const auto value = store_.Read(StationText(section), StationText(key));
+  const auto value = computer_.store.Read(StationText(section), StationText(key));
   out_ << Printable(rest) << (value ? " = " + OneLine(*value) : " missing") << "\n";
 }
 
 void Script::Cat(const std::string& rest) {
-  const auto text = computer_.AsPlatform(store_).files.ReadWhole(HomePath(rest));
+  const auto text = computer_.files.ReadWhole(HomePath(rest));
   if (!text) throw ScriptError{Because(rest, text.reason())};
   for (const std::string_view line : LinesOf(text.value())) out_ << "| " << OneLine(line) << "\n";
 }

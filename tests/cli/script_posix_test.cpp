@@ -21,6 +21,11 @@ TEST_F(ProgramsStore, AScriptStaysInTheFolderAndShowsControlCharacters) {
       EXPECT_EQ(run.out, "") << path;
       EXPECT_TRUE(Holds(run.err, "station's folder")) << path << ": " << run.err;
     }
+  for (const char* line : {"cat\n", "cat \n", "file\n"}) {
+    const Ended run = follow(line);
+    EXPECT_EQ(run.status, 2) << line;
+    EXPECT_TRUE(Holds(run.err, "line 1: a path is missing")) << run.err;
+  }
   // The file's own 8-bit text; the stray byte of the last character is one of the page.
   EXPECT_EQ(follow("cat ./inside.txt\n").out, "| \\x1B[2Jinside\\ta\\x7F\xC3\x82\xE2\x80\xBA\n");
   EXPECT_EQ(follow("store Settings txtEmail1 a\x1B[31m\xC2\x81z\nsetting Settings txtEmail1\n").out,
