@@ -17,6 +17,9 @@ namespace torvane {
 
 namespace {
 
+// No machine means such a number, and no dry run reads it.
+constexpr double kBeyondMachines = 1e13;
+
 class Warnings {
  public:
   explicit Warnings(const Station& station) : station_(station), s_(station.s) {}
@@ -30,6 +33,7 @@ class Warnings {
     else
       LookAtTwoAxes(layers);
     if (s_.chkWindingSchedule.checked()) LookAtBuildTime();
+    LookAtSettings();
     LookAtNumbers(layers);
     if (!station_.recovery.refusal.empty())
       Warn(s_.gFilePath, "Save soon: there is no recovery copy", station_.recovery.refusal);
@@ -63,6 +67,7 @@ class Warnings {
   bool LookAtAngleLayer(int layer);
   bool LookAtPatternLayer(int layer);
   bool HasPattern(int layer);
+  void LookAtSettings();
   void LookAtNumbers(int layers);
 
   const Station& station_;
@@ -336,7 +341,35 @@ void Warnings::LookAtBuildTime() {
          "The layers take " + minutes.text() + ": a new figure of any layer sets it right.");
 }
 
-// Numbers of the family in use that hold the group sign, and texts that are no numbers.
+// What a program takes from the settings as it stands there: a store may hold any text.
+void Warnings::LookAtSettings() {
+  const auto look = [this](bool used, const Field& setting, const std::string& name) {
+    if (!used) return;
+    if (!number(setting).good())
+      Warn(setting, name + (setting.empty() ? " is missing" : " is no number: " + setting.text()),
+           "What needs it in the program would be left out, or cannot be read.");
+    else if (!holds(Abs(number(setting)) <= kBeyondMachines))
+      Warn(setting, name + " is beyond any machine", "What needs it cannot be read.");
+  };
+  look(true, s_.gCarriageOffsetFromRMPFace, "The carriage offset");
+  look(s_.gShow4Axis, s_.gDHYtoMandrelCenter, "The delivery head's distance from the mandrel");
+  look(true, s_.txtLimitSwitchApproachSpeed, "The approach speed to the limit switch");
+  look(s_.chkWindingSchedule.checked(), s_.txtMandrelRotateAfterLayerCompletion, "The turn between layers");
+  const bool preWraps[] = {s_.chkPreWrap1.checked(), s_.chkPreWrap2.checked()};
+  for (const int n : {1, 2}) {
+    look(preWraps[n - 1], s_.txtPreWrapAdvance(n), "The advance of a pre-wrap");
+    look(preWraps[n - 1], s_.cmbPreWrapRPM(n), "The mandrel speed of a pre-wrap");
+  }
+  look(preWraps[0] || preWraps[1], s_.txtMandrelAdvanceAfterPreWrapCarriageStop,
+       "The turn at the end of a pre-wrap");
+  const bool tape = s_.chkPromptForHST.checked();
+  look(tape, s_.txtHSTWidth, "The advance of the tape");
+  look(tape, s_.cmbHSTRPM, "The mandrel speed of the tape");
+  look(tape, s_.txtMandrelAdvanceAfterHSTCarriageStop, "The turn at the end of the tape");
+  look(s_.chkHeatGunApp.checked(), s_.cmbHGRPM, "The mandrel speed under the heat gun");
+}
+
+// Numbers of the family in use that hold the group sign or are too large, and texts that are no numbers.
 void Warnings::LookAtNumbers(int layers) {
   ForEachField(s_, [&](const Field& field) {
     const FieldRow& row = field.row();
@@ -347,8 +380,11 @@ void Warnings::LookAtNumbers(int layers) {
     if (!hint.empty()) Warn(field, "Look at the number", hint);
     const bool known = std::any_of(found_.begin(), found_.end(),
                                    [&field](const BuildWarning& w) { return w.field == &field; });
-    if (!known && !Trim(field.text()).empty() && !number(field).good())
+    if (known) return;
+    if (!Trim(field.text()).empty() && !number(field).good())
       Warn(field, "This is no number: " + field.text(), "What needs it stays as it was or is left out.");
+    if (holds(Abs(number(field)) > kBeyondMachines))
+      Warn(field, "This is beyond any machine: " + field.text(), "What needs it cannot be read.");
   });
 }
 

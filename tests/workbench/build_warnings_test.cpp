@@ -294,6 +294,47 @@ TEST_F(BuildWarningsTest, AFlatPartStartsFromAnInnerZThatIsHidden) {
   EXPECT_NE(startOf(Program()), before) << "the start is another";
 }
 
+// A store may hold any text, which a program takes as it stands or not at all.
+TEST_F(BuildWarningsTest, SettingsThatAreNoNumbers) {
+  TypeTube(station, 2, "45");
+  Name("tube.t2d");
+  for (Field* check : {&s.chkPreWrap1, &s.chkPromptForHST, &s.chkHeatGunApp}) *check = "1";
+  ASSERT_EQ(Fields(), std::vector<std::string>{});
+  const auto spoils = [&](Field& setting, const std::string& text, const std::string& without,
+                          const std::string& with) {
+    const std::string good = setting.text(), name = NameOf(setting);
+    EXPECT_NE(Program().find(without), std::string::npos) << name;
+    setting = text;
+    EXPECT_EQ(Fields(), std::vector<std::string>{name}) << text;
+    const std::string program = Program();
+    EXPECT_EQ(program.find(without), std::string::npos) << name;
+    EXPECT_NE(program.find(with), std::string::npos) << name;
+    setting = good;
+  };
+  spoils(s.gCarriageOffsetFromRMPFace, "x", "T2 Z1.875 ", "T2 Zx ");
+  spoils(s.gCarriageOffsetFromRMPFace, "", "T2 Z1.875 ", "T2 Z ");
+  spoils(s.gCarriageOffsetFromRMPFace, "1e14", "T2 Z1.875 ", "T2 Z100000000000000.000 ");
+  spoils(s.txtLimitSwitchApproachSpeed, "fast", "G28 F1.000 ", "G28 Ffast ");
+  spoils(s.cmbPreWrapRPM(1), "", "M4 S40 ", "[Carriage Back to");
+  spoils(s.txtPreWrapAdvance(1), "x", "[Carriage Move for Pre-Wrap]", "[Mandrel CW");
+  spoils(s.txtMandrelAdvanceAfterPreWrapCarriageStop, "x", "Rev's after Pre-Wrap]", "[Mandrel CW");
+  s.txtMandrelRotateAfterLayerCompletion = "90";
+  spoils(s.txtMandrelRotateAfterLayerCompletion, "1e14", "G4 C90 ", "G4 C100000000000000 ");
+  spoils(s.txtHSTWidth, "x", "[Forward Pass for Heat", "[SET MANDREL RPM]");
+  spoils(s.cmbHSTRPM, "x", "[Start Mandrel for HST", "[SET MANDREL RPM]");
+  spoils(s.txtMandrelAdvanceAfterHSTCarriageStop, "x", "Angle After HST Pass]", "[SET MANDREL RPM]");
+  spoils(s.cmbHGRPM, "x", "[SET MANDREL RPM]", "[Start Mandrel for HST");
+  s.txtLengthTotal(0) = "1e14";
+  EXPECT_TRUE(Warns("txtLengthTotal(0)")) << "beyond any machine";
+
+  TypeFlatTube(1);
+  ChoosePattern(1);
+  Name("flat.t4d");
+  s.txtAdjust(1) = "29";
+  s.txtAdjust(5) = "3";
+  spoils(s.gDHYtoMandrelCenter, "x", " Y4.4375 ", " Yx ");
+}
+
 TEST_F(BuildWarningsTest, TheFileAndItsProgram) {
   EXPECT_EQ(Fields().front(), "gFileName") << "no file yet";
   TypeFlatTube(1);
