@@ -1,7 +1,7 @@
 # Runs the fuzz targets; sourced behind tools/setup.sh.
 
-# fuzz SECONDS: builds them, then runs each for that long, as many at once as there are processors. What a
-# target finds lies in build/fuzz/found. Fails on a find.
+# fuzz SECONDS: builds them, then runs each for that long, as many at once as there are processors, from its
+# corpus and with the words of its dictionary. What a target finds lies in build/fuzz/found. Fails on a find.
 fuzz() {
   packages=(clang libclang-rt-14-dev)
   install_packages
@@ -18,7 +18,7 @@ fuzz_one() {
   local found=build/fuzz/found/$1 log=build/fuzz/$1.log
   mkdir -p "$found"
   if ! "build/fuzz/$1_fuzz" -max_total_time="$2" -max_len=65536 -timeout=60 -print_final_stats=1 \
-    -artifact_prefix="$found/" "$found" "fuzz/corpus/$1" >"$log" 2>&1; then
+    -dict="fuzz/dictionaries/$1.dict" -artifact_prefix="$found/" "$found" "fuzz/corpus/$1" >"$log" 2>&1; then
     tail -n 60 "$log"
     echo "fuzz $1: FOUND something, see above; to replay: build/fuzz/$1_fuzz FILE in $found"
     return 1
