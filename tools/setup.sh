@@ -36,8 +36,8 @@ configure() {
   cmake --preset "$1" -DTORVANE_WERROR=$strict >&2 || fail "cmake could not configure the $1 build"
 }
 
-# build PRESET
+# build PRESET [TARGET]
 build() {
   configure "$1"
-  cmake --build "build/$1" >&2 || fail "the $1 build failed"
+  cmake --build "build/$1" ${2:+--target "$2"} >&2 || fail "the $1 build failed"
 }
