@@ -16,9 +16,9 @@ namespace {
 using namespace torvane;
 
 constexpr std::string_view kHome = "C:\\Torvane\\";
-constexpr int kMostLines = 60;
+constexpr int kMostLines = 40;
 constexpr std::size_t kMostDigitsOfWait = 5;  // a minute and a half at most
-constexpr int kMostReports = 10;              // on one program
+constexpr int kMostReports = 4;               // on one program
 
 [[noreturn]] void Fail(const char* what, std::string_view text) {
   std::fprintf(stderr, "%s: %.*s\n", what, static_cast<int>(text.size()), text.data());
