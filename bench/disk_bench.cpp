@@ -3,11 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include "handoff/launch.h"
-#include "host/host_files.h"
-#include "host/ini_store.h"
+#include "host/files/host_files.h"
+#include "host/store/ini_store.h"
 #include "host/temporary_folder.h"
 #include "stage/stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 namespace {
@@ -26,7 +27,7 @@ class DiskStation {
         station(platform_) {
     MakeStationFolders(files_, [](const std::string&, const std::string&) {});
     store_.Write("Settings", "gHasUserCheckedCarriageZOffset", "1");
-    station.Form_Load();
+    Form_Load(station);
     stage_.clock.Advance(std::chrono::seconds(6));
     files_.WriteWhole(Path("sample.t2d"), {ReadRegularFile(DISK_BENCH_SAMPLE).value()});
     OpenDesign(station, Path("sample.t2d"));

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "dryrun/dry_run_window.h"
 #include "executor/programs.h"
+#include "executor/window/dry_run_window.h"
 #include "look/style.h"
 
 namespace torvane::dryrun {

@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-#include "design/number_text.h"
+#include "text/number_text.h"
 
 namespace torvane {
 namespace {

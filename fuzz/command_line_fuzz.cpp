@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "executor/request.h"
-#include "host/code_page.h"
-#include "host/command_line.h"
-#include "host/paths.h"
+#include "executor/player/request.h"
+#include "host/files/paths.h"
+#include "host/system/command_line.h"
 #include "platform/launcher.h"
+#include "text/code_page.h"
 
 namespace {
 

@@ -11,13 +11,14 @@
 #include <vector>
 
 #include "design/reset.h"
-#include "executor/reader.h"
-#include "executor/report.h"
+#include "executor/program/reader.h"
+#include "executor/proof/report.h"
 #include "handoff/launch.h"
-#include "host/ini_text.h"
+#include "host/store/ini_text.h"
 #include "stage/stage.h"
-#include "workbench/build_warnings.h"
-#include "workbench/design_commands.h"
+#include "workbench/build/build_warnings.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace {
 
@@ -99,7 +100,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   Watch watch;
   WholeStation station(stage.AsPlatform());
-  station.Form_Load();
+  Form_Load(station);
   stage.clock.Advance(std::chrono::seconds(6));
   ShowAxisDisplay(station.s, fourAxes);
   if (!OpenDesign(station, path)) Fail("the design cannot be opened");

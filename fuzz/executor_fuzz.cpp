@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "executor/report.h"
+#include "executor/proof/report.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace torvane::executor;

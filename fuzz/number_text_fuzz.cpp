@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "design/number_text.h"
+#include "text/number_text.h"
 
 namespace {
 

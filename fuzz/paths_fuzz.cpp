@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/code_page.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
+#include "text/code_page.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "executor/player.h"
+#include "executor/player/player.h"
 
 namespace {
 

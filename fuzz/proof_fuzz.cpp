@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "executor/report.h"
+#include "executor/proof/report.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 
 #include "cli/computer.h"
 #include "cli/script.h"
-#include "host/code_page.h"
-#include "workbench/design_commands.h"
+#include "text/code_page.h"
+#include "workbench/document/design_commands.h"
 
 namespace {
 

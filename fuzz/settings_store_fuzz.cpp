@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/ini_text.h"
+#include "host/store/ini_text.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/ini_text.h"
+#include "host/store/ini_text.h"
 #include "persist/calibration.h"
 #include "persist/kept_store.h"
 #include "persist/settings.h"

@@ -17,7 +17,7 @@ fuzz() {
 fuzz_one() {
   local found=build/fuzz/found/$1 log=build/fuzz/$1.log
   mkdir -p "$found"
-  # Freed memory is watched for as long as a run takes, no longer: more of it costs half the speed.
+  # Freed memory is watched for as long as a run takes, no longer: more of it costs time.
   if ! ASAN_OPTIONS=quarantine_size_mb=16:malloc_context_size=8 "build/fuzz/$1_fuzz" -max_total_time="$2" \
     -max_len=65536 -timeout=60 -print_final_stats=1 \
     -dict="fuzz/dictionaries/$1.dict" -artifact_prefix="$found/" "$found" "fuzz/corpus/$1" >"$log" 2>&1; then

@@ -9,7 +9,10 @@ check_windows() {
   cmake --build build/windows --target torvane_tests >&2 || fail "the windows build failed"
   if on_windows cmd /c exit >/dev/null 2>&1; then
     compare_programs
-    on_windows build/windows/tests/torvane_tests.exe --gtest_brief=1 || fail "tests failed under wine"
+    local tests
+    for tests in build/windows/tests/*_tests.exe; do
+      on_windows "$tests" --gtest_brief=1 || fail "tests failed under wine: $(basename "$tests")"
+    done
   else
     say "wine starts nothing here: the Windows programs are built and not run"
   fi

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "calc/four_axis.h"
-#include "design/text.h"
 #include "design/units.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -3,8 +3,8 @@
 #include "calc/layer_figures.h"
 #include "calc/speed_search.h"
 #include "calc/totals.h"
-#include "design/text.h"
 #include "design/units.h"
+#include "text/text.h"
 
 namespace torvane {
 

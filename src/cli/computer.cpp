@@ -2,16 +2,16 @@
 
 #include <cstdio>
 
-#include "design/text.h"
-#include "host/code_page.h"
-#include "host/default_store.h"
-#include "host/host_clock.h"
-#include "host/host_locale.h"
-#include "host/paths.h"
-#include "host/station_folder.h"
+#include "host/files/paths.h"
+#include "host/files/station_folder.h"
+#include "host/store/default_store.h"
+#include "host/system/host_clock.h"
+#include "host/system/host_locale.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
-#include "workbench/design_commands.h"
+#include "text/code_page.h"
+#include "text/text.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 

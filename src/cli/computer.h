@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/host_files.h"
+#include "host/files/host_files.h"
 #include "platform/platform.h"
 #include "stage/stage.h"
 

@@ -2,10 +2,10 @@
 
 #include "cli/commands.h"
 #include "cli/designs.h"
-#include "host/code_page.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
 #include "persist/four_axis_file.h"
 #include "persist/two_axis_file.h"
+#include "text/code_page.h"
 
 namespace torvane {
 

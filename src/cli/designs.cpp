@@ -4,12 +4,13 @@
 
 #include "design/catalogue.h"
 #include "design/reset.h"
-#include "design/text.h"
 #include "handoff/launch.h"
-#include "host/code_page.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
 #include "persist/settings.h"
-#include "workbench/design_commands.h"
+#include "text/code_page.h"
+#include "text/text.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 
@@ -54,7 +55,7 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   constexpr auto kPastStartGuard = std::chrono::seconds(6);
   auto station = std::make_unique<WholeStation>(platform);
   computer.stage.clock.Advance(-kPastStartGuard);
-  station->Form_Load();
+  Form_Load(*station);
   ShowAxisDisplay(station->s, !IsTwoAxisEnding(ending));
   computer.stage.clock.Advance(kPastStartGuard);
   station->Run("Form", Event::Click);

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/computer.h"
-#include "workbench/station.h"
+#include "workbench/station/station.h"
 
 namespace torvane {
 

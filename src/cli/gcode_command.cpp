@@ -7,8 +7,8 @@
 #include "cli/commands.h"
 #include "cli/designs.h"
 #include "gcode/session.h"
-#include "host/code_page.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
+#include "text/code_page.h"
 
 namespace torvane {
 

@@ -5,8 +5,8 @@
 #include "cli/commands.h"
 #include "cli/designs.h"
 #include "design/catalogue.h"
-#include "host/code_page.h"
-#include "workbench/totals.h"
+#include "text/code_page.h"
+#include "workbench/schedule/totals.h"
 
 namespace torvane {
 

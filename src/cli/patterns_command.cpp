@@ -6,8 +6,9 @@
 #include "cli/commands.h"
 #include "design/units.h"
 #include "handoff/launch.h"
-#include "host/code_page.h"
 #include "persist/settings.h"
+#include "text/code_page.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 
@@ -63,7 +64,7 @@ int RunPatterns(Computer& computer, const PatternOptions& options) {
   // No design is in hand, the one that was open last neither.
   SaveSetting(settings, kSettings, "gLastFileInUse", "");
   WholeStation station(computer.AsPlatform(settings));
-  station.Form_Load();
+  Form_Load(station);
   DescribePart(station, options);
   DesignState& s = station.s;
   auto patterns = nlohmann::ordered_json::array();

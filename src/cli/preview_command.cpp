@@ -1,11 +1,11 @@
 #include "calc/polar_walk.h"
 #include "cli/commands.h"
 #include "cli/designs.h"
-#include "host/code_page.h"
-#include "host/paths.h"
-#include "workbench/picture_file.h"
-#include "workbench/polar_svg.h"
-#include "workbench/preview.h"
+#include "host/files/paths.h"
+#include "text/code_page.h"
+#include "workbench/dialog/picture_file.h"
+#include "workbench/dialog/polar_svg.h"
+#include "workbench/dialog/preview.h"
 
 namespace torvane {
 

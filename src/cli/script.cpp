@@ -7,10 +7,11 @@
 
 #include "cli/computer.h"
 #include "design/catalogue.h"
-#include "design/text.h"
 #include "handoff/launch.h"
-#include "host/code_page.h"
-#include "workbench/recovery.h"
+#include "text/code_page.h"
+#include "text/text.h"
+#include "workbench/document/startup.h"
+#include "workbench/station/recovery.h"
 
 namespace torvane {
 
@@ -163,7 +164,7 @@ void Script::Start(const std::string&) {
   prepare();
   station_ = std::make_unique<WholeStation>(computer_);
   station_->settingsOpened = [this](int tab) { out_ << "settings tab " << tab << "\n"; };
-  station_->Form_Load();
+  Form_Load(*station_);
 }
 
 void Script::Type(const std::string& rest) {
@@ -278,7 +279,7 @@ void Script::Crash(const std::string&) {
   station_.reset();
 }
 
-void Script::Quit(const std::string&) { Running().Form_Unload(); }
+void Script::Quit(const std::string&) { Form_Unload(Running()); }
 
 void Script::NoStart(const std::string&) { stage_.launcher.FailNext("it was told to fail"); }
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "stage/stage.h"
-#include "workbench/station.h"
+#include "workbench/station/station.h"
 
 namespace torvane {
 

@@ -5,7 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/script.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
 
 namespace torvane {
 

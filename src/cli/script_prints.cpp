@@ -5,10 +5,10 @@
 #include "cli/script.h"
 #include "design/catalogue.h"
 #include "persist/tagged_text.h"
-#include "workbench/build_warnings.h"
-#include "workbench/marks.h"
-#include "workbench/number_hint.h"
-#include "workbench/preview.h"
+#include "workbench/build/build_warnings.h"
+#include "workbench/build/marks.h"
+#include "workbench/dialog/preview.h"
+#include "workbench/station/number_hint.h"
 
 namespace torvane {
 

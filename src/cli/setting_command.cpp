@@ -1,9 +1,9 @@
 #include <cstdio>
 
 #include "cli/commands.h"
-#include "host/code_page.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
+#include "text/code_page.h"
 
 namespace torvane {
 

@@ -1,6 +1,6 @@
 #include "design/catalogue.h"
 
-#include "design/text.h"
+#include "text/text.h"
 
 namespace torvane {
 

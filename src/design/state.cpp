@@ -4,7 +4,7 @@
 #include <variant>
 
 #include "design/catalogue.h"
-#include "design/text.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -4,7 +4,6 @@
 
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
-#include "design/text.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
 #include "gcode/finishing.h"
@@ -12,6 +11,7 @@
 #include "gcode/prewrap.h"
 #include "gcode/three_axis_program.h"
 #include "gcode/two_axis_program.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -1,8 +1,8 @@
 #include "gcode/two_axis_program.h"
 
-#include "design/text.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "workbench/station.h"
+#include "workbench/station/station.h"
 
 namespace torvane {
 

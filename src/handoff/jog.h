@@ -1,7 +1,7 @@
 // Correcting the design by one step: pairs of buttons of which one adds the step and the other takes it away.
 #pragma once
 
-#include "workbench/station.h"
+#include "workbench/station/station.h"
 
 namespace torvane {
 

@@ -4,10 +4,10 @@
 #include "handoff/executor.h"
 #include "handoff/jog.h"
 #include "persist/settings.h"
-#include "workbench/checklist.h"
-#include "workbench/design_commands.h"
-#include "workbench/messages.h"
-#include "workbench/settings_dialog.h"
+#include "workbench/build/checklist.h"
+#include "workbench/dialog/settings_dialog.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/station/messages.h"
 
 namespace torvane {
 
@@ -144,9 +144,11 @@ constexpr Operation kOperations[] = {
 std::span<const Operation> LaunchOperations() { return kOperations; }
 
 WholeStation::WholeStation(const Platform& computer) : Station(computer) {
-  Add(LaunchOperations());
-  Add(TraceOperations());
-  Add(JogOperations());
+  for (const auto& table :
+       {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
+        ChecklistOperations(), UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations(),
+        LaunchOperations(), TraceOperations(), JogOperations()})
+    Add(table);
 }
 
 Outcome StartExecutor(Station& station, std::string_view argument) {

@@ -3,14 +3,14 @@
 
 #include <span>
 
-#include "workbench/station.h"
+#include "workbench/station/station.h"
 
 namespace torvane {
 
 // The operations of the build, of manual operation and of the viewers.
 std::span<const Operation> LaunchOperations();
 
-// A station with everything that hands work to other programs.
+// A station with the operations of all rooms.
 class WholeStation : public Station {
  public:
   explicit WholeStation(const Platform& computer);

@@ -2,7 +2,7 @@
 
 #include <QTextDocument>
 
-#include "host/code_page.h"
+#include "text/code_page.h"
 
 namespace torvane {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "design/text.h"
 #include "persist/settings.h"
+#include "text/text.h"
 
 namespace torvane {
 

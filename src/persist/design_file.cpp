@@ -1,8 +1,8 @@
 #include "persist/design_file.h"
 
-#include "design/text.h"
 #include "design/units.h"
 #include "persist/settings.h"
+#include "text/text.h"
 
 namespace torvane {
 

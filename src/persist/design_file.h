@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include "design/state.h"
-#include "design/text.h"
 #include "design/units.h"
 #include "persist/tagged_text.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -4,9 +4,9 @@
 
 #include "calc/patterns.h"
 #include "design/reset.h"
-#include "design/text.h"
 #include "persist/design_file.h"
 #include "persist/tagged_text.h"
+#include "text/text.h"
 
 namespace torvane {
 

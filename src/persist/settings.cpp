@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "design/text.h"
 #include "design/units.h"
+#include "text/text.h"
 
 namespace torvane {
 

@@ -1,6 +1,6 @@
 #include "persist/tagged_text.h"
 
-#include "design/text.h"
+#include "text/text.h"
 
 namespace torvane {
 

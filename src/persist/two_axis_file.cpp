@@ -5,9 +5,9 @@
 
 #include "calc/two_axis.h"
 #include "design/reset.h"
-#include "design/text.h"
 #include "persist/design_file.h"
 #include "persist/tagged_text.h"
+#include "text/text.h"
 
 namespace torvane {
 

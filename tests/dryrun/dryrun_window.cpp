@@ -4,12 +4,12 @@
 #include <QTemporaryDir>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
-#include <QtTest>
+#include <QTest>
 #include <fstream>
 
-#include "dryrun/start.h"
-#include "executor/number.h"
-#include "host/ini_store.h"
+#include "executor/program/number.h"
+#include "executor/window/start.h"
+#include "host/store/ini_store.h"
 #include "look/text.h"
 #include "staging.h"
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <string>
 
-#include "dryrun/dry_run_window.h"
+#include "executor/window/dry_run_window.h"
 #include "look/style.h"
 
 namespace torvane::dryrun {

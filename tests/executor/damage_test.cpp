@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <set>
 
-#include "executor/cover.h"
-#include "executor/report.h"
+#include "executor/proof/cover.h"
+#include "executor/proof/report.h"
 #include "host/temporary_folder.h"
 #include "programs.h"
 

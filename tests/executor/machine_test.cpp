@@ -1,5 +1,5 @@
 // The machine's positions and times.
-#include "executor/machine.h"
+#include "executor/machine/machine.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The player: time, waits, speeds, and where the bands are at a moment. Figures by hand.
-#include "executor/player.h"
+#include "executor/player/player.h"
 
 #include <gtest/gtest.h>
 
-#include "executor/remarks.h"
+#include "executor/proof/remarks.h"
 #include "programs.h"
 
 namespace torvane::executor {

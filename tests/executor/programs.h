@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "executor/number.h"
-#include "executor/proof.h"
+#include "executor/program/number.h"
+#include "executor/proof/proof.h"
 
 namespace torvane::executor {
 

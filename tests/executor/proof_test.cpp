@@ -1,7 +1,7 @@
 // Programs made by hand whose cover is known beforehand.
 #include <gtest/gtest.h>
 
-#include "executor/report.h"
+#include "executor/proof/report.h"
 #include "programs.h"
 
 namespace torvane::executor {

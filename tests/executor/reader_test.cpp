@@ -1,10 +1,10 @@
 // The dialect: every form of a statement once, what is refused, and bytes that are no program.
-#include "executor/reader.h"
+#include "executor/program/reader.h"
 
 #include <gtest/gtest.h>
 
-#include "executor/number.h"
-#include "executor/report.h"
+#include "executor/program/number.h"
+#include "executor/proof/report.h"
 
 namespace torvane::executor {
 namespace {

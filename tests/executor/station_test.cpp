@@ -10,7 +10,7 @@
 #include <set>
 #include <sstream>
 
-#include "executor/report.h"
+#include "executor/proof/report.h"
 #include "programs.h"
 #include "support/ended_program.h"
 

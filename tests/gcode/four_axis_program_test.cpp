@@ -7,7 +7,7 @@
 
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {

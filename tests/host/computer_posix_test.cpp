@@ -10,12 +10,12 @@
 #include <cstdlib>
 #include <thread>
 
-#include "host/command_line.h"
-#include "host/default_store.h"
-#include "host/host_clock.h"
-#include "host/host_launcher.h"
-#include "host/host_locale.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
+#include "host/store/default_store.h"
+#include "host/system/command_line.h"
+#include "host/system/host_clock.h"
+#include "host/system/host_launcher.h"
+#include "host/system/host_locale.h"
 #include "host/temporary_folder.h"
 
 namespace torvane {

@@ -9,13 +9,13 @@
 #include <cstdlib>
 #include <thread>
 
-#include "host/default_store.h"
-#include "host/file_system.h"
-#include "host/host_clock.h"
-#include "host/host_files.h"
-#include "host/host_launcher.h"
-#include "host/paths.h"
-#include "host/registry_store_windows.h"
+#include "host/files/file_system.h"
+#include "host/files/host_files.h"
+#include "host/files/paths.h"
+#include "host/store/default_store.h"
+#include "host/store/registry_store_windows.h"
+#include "host/system/host_clock.h"
+#include "host/system/host_launcher.h"
 #include "host/temporary_folder.h"
 
 namespace torvane {
@@ -131,7 +131,7 @@ TEST(WindowsPaths, KeepTheirBackslashesAndDrives) {
   EXPECT_FALSE(HostPath(std::string_view("a\0b", 3)));
   const auto folder = RunningProgramFolder();
   ASSERT_TRUE(folder);
-  EXPECT_TRUE(std::filesystem::exists(SystemPath(folder.value()) / "torvane_tests.exe")) << folder.value();
+  EXPECT_TRUE(std::filesystem::exists(SystemPath(folder.value()) / "host_tests.exe")) << folder.value();
   EXPECT_NE(UserFolder().find(":\\"), std::string::npos) << UserFolder();
 }
 

@@ -9,9 +9,9 @@
 #include <memory>
 
 #include "host/ended_process.h"
-#include "host/file_system.h"
-#include "host/host_files.h"
-#include "host/paths.h"
+#include "host/files/file_system.h"
+#include "host/files/host_files.h"
+#include "host/files/paths.h"
 #include "host/somebody.h"
 #include "host/temporary_folder.h"
 

@@ -1,5 +1,5 @@
 // The store beside other processes, links and things that are no files.
-#include "host/ini_store.h"
+#include "host/store/ini_store.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 #include <array>
 
 #include "host/ended_process.h"
-#include "host/file_system.h"
+#include "host/files/file_system.h"
 #include "host/temporary_folder.h"
 
 namespace torvane {

@@ -1,4 +1,4 @@
-#include "host/ini_store.h"
+#include "host/store/ini_store.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/paths.h"
+#include "host/files/paths.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "persist/tagged_text.h"
 #include "persist/two_axis_file.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "support/station_on_stage.h"
-#include "workbench/build_warnings.h"
-#include "workbench/design_commands.h"
+#include "workbench/build/build_warnings.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {

@@ -5,11 +5,12 @@
 #include <utility>
 
 #include "design/catalogue.h"
-#include "design/text.h"
 #include "handoff/executor.h"
 #include "persist/tagged_text.h"
-#include "workbench/design_commands.h"
-#include "workbench/preview.h"
+#include "text/text.h"
+#include "workbench/dialog/preview.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 
@@ -151,7 +152,7 @@ void RandomOperator::Start() {
   station_->programProgress = this;
   fields_.clear();
   ForEachField(station_->s, [this](Field& field) { fields_.push_back(&field); });
-  station_->Form_Load();
+  Form_Load(*station_);
 }
 
 void RandomOperator::Do() {
@@ -435,7 +436,7 @@ void RandomOperator::Wait() {
 // Ends the program and starts it again, perhaps on a computer with other signs.
 void RandomOperator::Restart() {
   doing_ = "restart";
-  station_->Form_Unload();
+  Form_Unload(*station_);
   if (OneIn(4)) stage_.locale.signs.decimal = OneIn(2) ? ',' : '.';
   if (OneIn(4)) stage_.store.Write("Settings", "gIsLHDrive", OneIn(2) ? "True" : "False");
   if (OneIn(4)) stage_.store.Write("Settings", "chkShiftLayer", OneIn(2) ? "1" : "0");

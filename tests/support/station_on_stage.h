@@ -6,6 +6,7 @@
 
 #include "handoff/launch.h"
 #include "stage/stage.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 
@@ -18,7 +19,7 @@ class StationOnStage {
   }
 
   Station& Started() {
-    station_.Form_Load();
+    Form_Load(station_);
     stage.clock.Advance(std::chrono::seconds(6));
     station_.Run("mnuNewFile", Event::Click);
     return station_;

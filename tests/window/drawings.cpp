@@ -3,7 +3,7 @@
 #include <numbers>
 
 #include "on_stage.h"
-#include "window/polar_picture.h"
+#include "window/rail/polar_picture.h"
 
 namespace torvane {
 

@@ -6,16 +6,16 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
-#include <QtTest>
+#include <QTest>
 
 #include "look/style.h"
 #include "stage/stage.h"
-#include "window/application.h"
-#include "window/button.h"
-#include "window/field_widgets.h"
-#include "window/layers_view.h"
-#include "window/stepper.h"
-#include "workbench/design_commands.h"
+#include "window/field/button.h"
+#include "window/field/field_widgets.h"
+#include "window/field/stepper.h"
+#include "window/frame/application.h"
+#include "window/grid/layers_view.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 

@@ -3,7 +3,7 @@
 #include <QFileDialog>
 #include <QLabel>
 
-#include "host/paths.h"
+#include "host/files/paths.h"
 #include "on_stage.h"
 
 namespace torvane {

@@ -10,13 +10,13 @@
 #include "design/catalogue.h"
 #include "look/text.h"
 #include "on_stage.h"
-#include "window/field_widgets.h"
-#include "window/segments.h"
-#include "workbench/design_commands.h"
-#include "workbench/links.h"
-#include "workbench/machine_dialog.h"
-#include "workbench/preview.h"
-#include "workbench/row_menu.h"
+#include "window/field/field_widgets.h"
+#include "window/field/segments.h"
+#include "workbench/dialog/links.h"
+#include "workbench/dialog/machine_dialog.h"
+#include "workbench/dialog/preview.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/schedule/row_menu.h"
 
 namespace torvane {
 

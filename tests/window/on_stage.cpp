@@ -3,8 +3,8 @@
 #include <QProcess>
 
 #include "design/catalogue.h"
-#include "host/code_page.h"
 #include "look/text.h"
+#include "text/code_page.h"
 
 namespace torvane {
 

@@ -7,12 +7,12 @@
 #include <QListWidget>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include "look/style.h"
 #include "stage/stage.h"
-#include "window/application.h"
-#include "window/layers_model.h"
+#include "window/frame/application.h"
+#include "window/grid/layers_model.h"
 
 namespace torvane {
 

@@ -8,8 +8,8 @@
 #include <QPushButton>
 
 #include "on_stage.h"
-#include "window/marks_panel.h"
-#include "window/program_dialog.h"
+#include "window/dialog/program_dialog.h"
+#include "window/rail/marks_panel.h"
 
 namespace torvane {
 

@@ -11,12 +11,12 @@
 #include <cstdio>
 #include <fstream>
 
-#include "host/ini_store.h"
-#include "host/paths.h"
+#include "host/files/paths.h"
+#include "host/store/ini_store.h"
 #include "look/style.h"
-#include "window/application.h"
-#include "workbench/design_commands.h"
-#include "workbench/links.h"
+#include "window/frame/application.h"
+#include "workbench/dialog/links.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 

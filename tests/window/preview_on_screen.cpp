@@ -6,8 +6,8 @@
 #include <QXmlStreamReader>
 
 #include "on_stage.h"
-#include "workbench/design_commands.h"
-#include "workbench/preview.h"
+#include "workbench/dialog/preview.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 

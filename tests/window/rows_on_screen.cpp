@@ -5,7 +5,7 @@
 #include <QWhatsThis>
 
 #include "on_stage.h"
-#include "workbench/preview.h"
+#include "workbench/dialog/preview.h"
 
 namespace torvane {
 

@@ -2,7 +2,7 @@
 #include <QAbstractButton>
 
 #include "on_stage.h"
-#include "window/settings_lines.h"
+#include "window/dialog/settings_lines.h"
 
 namespace torvane {
 

@@ -6,9 +6,9 @@
 #include "design/catalogue.h"
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
-#include "workbench/build_outlook.h"
-#include "workbench/design_commands.h"
-#include "workbench/marks.h"
+#include "workbench/build/build_outlook.h"
+#include "workbench/build/marks.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {

@@ -2,10 +2,11 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
-#include "host/ini_store.h"
+#include "host/store/ini_store.h"
 #include "host/temporary_folder.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 namespace {
@@ -72,7 +73,7 @@ TEST(Restart, BringsTheSameStationBack) {
                             stage.fileDialog,
                             stage.launcher};
     auto station = std::make_unique<WholeStation>(platform);
-    station->Form_Load();
+    Form_Load(*station);
     stage.clock.Advance(std::chrono::seconds(6));
     return station;
   };
@@ -84,7 +85,7 @@ TEST(Restart, BringsTheSameStationBack) {
   first->Choose(first->s.chkPreWrap1, "1");
   first->Type(first->s.txtHGSpeed, "2.5");
   ASSERT_TRUE(SaveDesign(*first, "C:\\Torvane\\TV_Design_Files\\tube.t2d"));
-  first->Form_Unload();
+  Form_Unload(*first);
 
   IniStore secondStore(path);
   auto second = start(secondStore);

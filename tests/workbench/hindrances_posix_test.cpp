@@ -12,15 +12,16 @@
 #include <memory>
 
 #include "handoff/launch.h"
-#include "host/host_files.h"
-#include "host/host_launcher.h"
-#include "host/ini_store.h"
+#include "host/files/host_files.h"
 #include "host/somebody.h"
+#include "host/store/ini_store.h"
+#include "host/system/host_launcher.h"
 #include "host/temporary_folder.h"
 #include "persist/design_file.h"
 #include "stage/stage.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 namespace {
@@ -37,7 +38,7 @@ class Hindrance : public testing::Test {
     const Platform computer{*store,           stage.clock,      stage.locale, files, stage.messageDialog,
                             stage.messageBox, stage.fileDialog, launcher};
     station_ = std::make_unique<WholeStation>(computer);
-    station_->Form_Load();
+    Form_Load(*station_);
     stage.clock.Advance(std::chrono::seconds(6));
     station_->Run("mnuNewFile", Event::Click);
     TypeTube(*station_, 2, "45");

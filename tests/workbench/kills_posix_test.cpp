@@ -12,12 +12,13 @@
 #include <thread>
 
 #include "handoff/launch.h"
-#include "host/host_files.h"
+#include "host/files/host_files.h"
 #include "host/temporary_folder.h"
 #include "stage/stage.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
-#include "workbench/recovery.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
+#include "workbench/station/recovery.h"
 
 namespace torvane {
 namespace {
@@ -36,7 +37,7 @@ TEST(Kills, LeaveEveryFileWholeAsItWasBeforeOrAfter) {
   const Platform computer{stage.store,         stage.clock,      stage.locale,     files,
                           stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
   WholeStation station(computer);
-  station.Form_Load();
+  Form_Load(station);
   stage.clock.Advance(std::chrono::seconds(6));
   station.Run("mnuNewFile", Event::Click);
   TypeTube(station, 4, "45");

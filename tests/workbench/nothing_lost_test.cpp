@@ -6,8 +6,9 @@
 #include "persist/design_file.h"
 #include "persist/recovery_text.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
-#include "workbench/recovery.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
+#include "workbench/station/recovery.h"
 
 namespace torvane {
 namespace {
@@ -191,7 +192,7 @@ TEST_F(RecoveryTest, BringsBackEveryTextMarkAndList) {
 struct TwoStationsTest : testing::Test {
   struct Neighbour {
     explicit Neighbour(Stage& stage) : station(stage.AsPlatform()) {
-      station.Form_Load();
+      Form_Load(station);
       for (int i = 0; i < 2; ++i) {
         stage.clock.Advance(std::chrono::seconds(5));
         station.Tick();

@@ -1,13 +1,13 @@
 // The pattern preview without its window: the pointer's place, how far the drawing has come, its file.
-#include "workbench/preview.h"
+#include "workbench/dialog/preview.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "support/station_on_stage.h"
-#include "workbench/picture_file.h"
-#include "workbench/row_menu.h"
+#include "workbench/dialog/picture_file.h"
+#include "workbench/schedule/row_menu.h"
 
 namespace torvane {
 namespace {

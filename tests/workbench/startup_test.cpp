@@ -2,7 +2,8 @@
 
 #include "persist/settings.h"
 #include "support/station_on_stage.h"
-#include "workbench/design_commands.h"
+#include "workbench/document/design_commands.h"
+#include "workbench/document/startup.h"
 
 namespace torvane {
 namespace {
@@ -49,7 +50,7 @@ TEST(Startup, ReopensTheLastDesignByItsNameAlone) {
 
   Station second(first.stage.AsPlatform());
   SaveSetting(first.stage.store, kSettings, "gLastFileInUse", "E:\\elsewhere\\tube.t2d");
-  second.Form_Load();
+  Form_Load(second);
   EXPECT_EQ(second.s.txtWA(2).text(), "45.0");
   EXPECT_EQ(second.s.gLastFileInUse.text(), "C:\\Torvane\\TV_Design_Files\\tube.t2d");
   EXPECT_FALSE(second.s.gDirty);
@@ -59,7 +60,7 @@ TEST(Startup, ReopensTheLastDesignByItsNameAlone) {
        {"C:\\Torvane\\TV_Design_Files\\gone.t2d", "C:\\Torvane\\TV_Design_Files\\tube.TVD"}) {
     SaveSetting(first.stage.store, kSettings, "gLastFileInUse", last);
     Station third(first.stage.AsPlatform());
-    third.Form_Load();
+    Form_Load(third);
     EXPECT_EQ(third.s.gFileName.text(), "") << last;
     EXPECT_EQ(third.s.txtNumberOfLayers(0).text(), "0") << last;
   }

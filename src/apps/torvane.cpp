@@ -1,0 +1,175 @@
+// `torvane`: the station's companion on the command line.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <iostream>
+
+#include "cli/commands.h"
+#include "host/files/environment.h"
+#include "host/system/command_line.h"
+
+namespace torvane {
+
+namespace {
+
+void AddCommonOptions(CLI::App& app, CommonOptions& options) {
+  // A variable counts only where the option is not given. The parser's own way would read it for each
+  // command, those that are not run as well, behind the options.
+  options.home = EnvironmentText("TORVANE_HOME");
+  options.store = EnvironmentText("TORVANE_STORE");
+  const CLI::Validator named([](std::string& name) { return std::string(name.empty() ? "is empty" : ""); },
+                             "");
+  app.add_option("--home", options.home, "The station's folder [TORVANE_HOME, that of the window's station]")
+      ->check(named);
+  app.add_option("--store", options.store, "Settings in this INI file [TORVANE_STORE, the user's own store]")
+      ->check(named);
+  app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")
+      ->check(CLI::IsMember({"point", "comma"}));
+  app.add_option("--now", options.now, "\"YYYY-MM-DD hh:mm:ss\": the time of the run [the clock]");
+}
+
+// Of the commands that calculate.
+void AddSettings(CLI::App& app, CommonOptions& options) {
+  app.add_option("--setting", options.settings, "KEY=VALUE: this run's value of a setting or calibration key")
+      ->allow_extra_args(false);
+}
+
+// Of those that open a design.
+void AddDesignOptions(CLI::App& app, CommonOptions& options) {
+  AddSettings(app, options);
+  app.add_option("--field", options.fields, "NAME=TEXT: a field's text, set after the design is open")
+      ->allow_extra_args(false);
+}
+
+struct Arguments {
+  CommonOptions common;
+  std::vector<std::string> designs;
+  std::string design;
+  std::string out;
+  bool json = false;
+  bool brief = false;
+  std::string section, key, value;
+  std::string script;
+  int row = 0;
+  PatternOptions patterns;
+};
+
+using Command = std::function<int(Computer&)>;
+
+void AddDesigns(CLI::App& command, Arguments& a) {
+  AddDesignOptions(command, a.common);
+  command.add_option("DESIGN", a.designs, "Design files (.t2d, .t4d)")->required();
+}
+
+void AddDesign(CLI::App& command, Arguments& a) {
+  AddDesignOptions(command, a.common);
+  command.add_option("DESIGN", a.design, "The design file")->required();
+}
+
+void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
+  const auto add = [&](CLI::App& parent, const char* name, const char* help, Command run) {
+    CLI::App* command = parent.add_subcommand(name, help);
+    command->callback([&chosen, run = std::move(run)] { chosen = run; });
+    AddCommonOptions(*command, a.common);
+    return command;
+  };
+
+  CLI::App* gcode = add(app, "gcode", "Write the programs of designs into TV_G-Code_Files",
+                        [&a](Computer& c) { return RunGCode(c, a.designs, a.out == "-"); });
+  AddDesigns(*gcode, a);
+  gcode->add_option("--out", a.out, "-: to standard output instead")->check(CLI::IsMember({"-"}));
+
+  CLI::App* info = add(app, "info", "Show the figures of designs", [&a](Computer& c) {
+    return RunInfo(c, a.designs, a.json ? InfoForm::Json : a.brief ? InfoForm::Brief : InfoForm::Table);
+  });
+  AddDesigns(*info, a);
+  info->add_flag("--json", a.json, "Every field as one JSON object");
+  info->add_flag("--brief", a.brief, "A line for each design");
+
+  CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
+                          [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
+  AddDesign(*convert, a);
+  convert->add_option("OUT", a.out, "The file to write")->required();
+
+  CLI::App* patterns = add(app, "patterns", "List the winding patterns that close on a part",
+                           [&a](Computer& c) { return RunPatterns(c, a.patterns); });
+  patterns->add_option("--diameter", a.patterns.diameter, "Of the mandrel")->required();
+  patterns->add_option("--band", a.patterns.band, "Width of the filament band")->required();
+  patterns->add_option("--length", a.patterns.length, "Of a traverse")->required();
+  patterns->add_option("--wrap", a.patterns.wrap, "End wrap angle, degrees [180]");
+  patterns->add_option("--limit", a.patterns.limit, "Patterns below this winding angle, degrees [25]");
+  patterns->add_option("--opening", a.patterns.opening, "Polar opening diameter [0]");
+  AddSettings(*patterns, a.common);
+  patterns->add_flag("--mm", a.patterns.millimetres, "Lengths are millimetres, not inches");
+  patterns->add_flag("--json", a.patterns.json, "As one JSON object");
+
+  CLI::App* preview = add(app, "preview", "Draw a row's winding pattern into an SVG file",
+                          [&a](Computer& c) { return RunPreview(c, a.design, a.row, a.out); });
+  AddDesign(*preview, a);
+  preview->add_option("--row", a.row, "The layer row")->required();
+  preview->add_option("--out", a.out, "The picture to write")->required();
+
+  CLI::App* setting = app.add_subcommand("setting", "The station's settings");
+  setting->require_subcommand(1);
+  add(*setting, "list", "All known keys with their values, defaults and meaning",
+      [](Computer& c) { return RunSettingList(c); });
+  CLI::App* get =
+      add(*setting, "get", "Print a value", [&a](Computer& c) { return RunSettingGet(c, a.section, a.key); });
+  CLI::App* set = add(*setting, "set", "Store a value",
+                      [&a](Computer& c) { return RunSettingSet(c, a.section, a.key, a.value); });
+  for (CLI::App* command : {get, set}) {
+    command->add_option("SECTION", a.section, "Settings, or a calibration section")->required();
+    command->add_option("KEY", a.key, "The key")->required();
+  }
+  set->add_option("VALUE", a.value, "Its text")->required();
+
+  CLI::App* script = add(app, "script", "Drive the whole station by lines of text",
+                         [&a](Computer& c) { return RunScript(c, a.script); });
+  script->add_option("FILE", a.script, "The script [standard input]");
+}
+
+int Main(int argc, char** argv) {
+  CLI::App app("Torvane Designer on the command line", "torvane");
+  app.allow_windows_style_options(false);  // a path may begin with a slash there too
+  app.require_subcommand(1);
+  Arguments arguments;
+  Command chosen;
+  AddCommands(app, arguments, chosen);
+  try {
+    std::vector<std::string> words = ProgramArguments(argc, argv);
+    std::reverse(words.begin(), words.end());  // as this parser takes them
+    app.parse(words);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kUsage;
+  }
+  try {
+    Computer computer(arguments.common);
+    const int status = chosen(computer);
+    std::cout.flush();
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout) return status;
+    Complain("the output could not be written");
+    return kFailed;
+  } catch (const UsageError& error) {
+    Complain(error.reason);
+    return kUsage;
+  } catch (const CannotGoOn& error) {
+    Complain(error.reason);
+    return kFailed;
+  } catch (const std::exception& error) {
+    Complain(error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace
+
+}  // namespace torvane
+
+int main(int argc, char** argv) {
+  try {
+    return torvane::Main(argc, argv);
+  } catch (...) {
+    return torvane::kFailed;
+  }
+}

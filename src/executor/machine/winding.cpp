@@ -1,0 +1,191 @@
+#include "executor/machine/winding.h"
+
+#include <cmath>
+
+#include "executor/program/number.h"
+
+namespace torvane::executor {
+
+namespace {
+
+constexpr double kNoWay = 1e-6;
+
+bool EndsWinding(Command command) { return command == Command::Turn || command == Command::Wait; }
+
+bool EndsLayer(Command command) {
+  return command == Command::Stop || command == Command::End || command == Command::Endless;
+}
+
+int WholeNumber(double value) { return value > 0 && value < 1e9 ? static_cast<int>(value) : 0; }
+
+double CommentValue(std::string_view comment, std::string_view key) {
+  const auto at = comment.find(key);
+  if (at == std::string_view::npos) return 0;
+  std::string_view text = comment.substr(at + key.size());
+  text = text.substr(0, text.find_first_of(" ]"));
+  return ReadNumber(text, ',').value_or(0);
+}
+
+}  // namespace
+
+void Winding::TakeComment(std::string_view comment) {
+  if (comment.find("PART DESCRIPTION") == std::string_view::npos) return;
+  const auto take = [&](std::string_view key, double& value) {
+    if (value == 0) value = CommentValue(comment, key);
+  };
+  take("LeftDia=", comments_.leftDiameter);
+  take("RightDia=", comments_.rightDiameter);
+}
+
+void Winding::Take(const Line& line, const Motion& motion, const Machine& machine, const Position& before) {
+  const Command command = line.statement.command;
+  if (command == Command::Display) {
+    const Display display = ReadDisplay(line.statement.body);
+    if (!display.stage.empty() || !display.message.empty()) {
+      open_ = false;
+      schedule_ = display.stage == "Winding Schedule";
+      if (!display.stage.empty()) stage_ = display.stage;
+    } else if (display.hasLayer) {
+      BeginPass(display, line, machine);
+    }
+    return;
+  }
+  if (EndsLayer(command) || (open_ && EndsWinding(command) && !layers_.back().strokes.empty())) open_ = false;
+  TakeMotion(line, motion, machine, before);
+}
+
+void Winding::BeginPass(const Display& display, const Line& line, const Machine& machine) {
+  const int number = WholeNumber(display.layer);
+  if (layers_.empty() || layers_.back().number != number) {
+    layers_.emplace_back();
+    layers_.back().number = number;
+    layers_.back().line = line.number;
+    announcedLayers_ = std::max(announcedLayers_, display.layers);
+  }
+  open_ = true;
+  Layer& layer = layers_.back();
+  if (display.bandInches > 0) layer.band = display.bandInches * machine.UnitsPerInch();
+  if (display.hasBand && !(display.bandInches > 0) && layer.noBandLine == 0) layer.noBandLine = line.number;
+  if (display.leftDiameter > 0) layer.leftDiameter = display.leftDiameter;
+  layer.carriageShift = display.method == "cs";
+  Pass pass;
+  pass.number = display.pass;
+  pass.announced = display.passes > 0 ? display.passes : 1;
+  pass.line = line.number;
+  pass.startZ = pass.farZ = pass.endZ = machine.At().carriage;
+  layer.passes.push_back(pass);
+}
+
+void Winding::TakeMotion(const Line& line, const Motion& motion, const Machine& machine,
+                         const Position& before) {
+  Layer* layer = Open();
+  const Command command = line.statement.command;
+  if (motion.count == 0) return;
+  const Position& after = motion.segments[motion.count - 1].to;
+  const bool traverse = command == Command::Move && motion.carriageMoves && motion.mandrelTurns;
+  if (layer == nullptr) {
+    const bool moves = std::abs(after.carriage - before.carriage) > kNoWay;
+    if (traverse && schedule_ && moves && strayMoves_++ == 0) strayLine_ = line.number;
+    CheckRunningAngle(line, motion);
+    return;
+  }
+  for (std::size_t i = 0; i < motion.count; ++i) layer->seconds += motion.segments[i].seconds;
+  if (motion.ownTurn) ++layer->ownTurns;
+  if (command == Command::Ellipse || command == Command::Withdraw) layer->wraps = true;
+  if (command == Command::Dwell && line.statement.words.Has('L') && line.statement.words.Has('C') &&
+      layer->oddDwellLine == 0) {
+    if (line.statement.words.IsBare('C') || line.statement.words.At('C') < 0) {
+      layer->oddDwellLine = line.number;
+      layer->oddDwellAngle = line.statement.words.At('C');
+    }
+  }
+  if (traverse) {
+    TakeTraverse(line, motion, before);
+    if (machine.HasHead()) TakeHead(line, std::min(before.head, after.head));
+  } else if (command != Command::Move || layer->strokes.empty()) {
+    layer->endTurns.push_back({after.carriage, std::abs(after.mandrel - before.mandrel)});
+  }
+  layer->endZ = after.carriage;
+  layer->endMandrel = after.mandrel;
+  layer->passes.back().endZ = after.carriage;
+  if (layer->strokes.empty()) layer->passes.back().startZ = after.carriage;
+  CheckRunningAngle(line, motion);
+}
+
+void Winding::TakeHead(const Line& line, double y) {
+  Layer& layer = layers_.back();
+  if (layer.headLine != 0 && y >= layer.nearestHead) return;
+  layer.headLine = line.number;
+  layer.nearestHead = y;
+}
+
+void Winding::TakeTraverse(const Line& line, const Motion& motion, const Position& before) {
+  Layer& layer = layers_.back();
+  Pass& pass = layer.passes.back();
+  const int passIndex = static_cast<int>(layer.passes.size()) - 1;
+  const Position& after = motion.segments[motion.count - 1].to;
+  if (pass.moves == 0) {
+    pass.startZ = before.carriage;
+    pass.farZ = after.carriage;
+    pass.farLine = line.number;
+  } else {
+    pass.backZ = after.carriage;
+    pass.backLine = line.number;
+  }
+  ++pass.moves;
+  // Where the carriage arrives, and where the mandrel has done its turn.
+  Position arrival = after, turned = after;
+  for (std::size_t i = motion.count; i-- > 0;) {
+    const Segment& s = motion.segments[i];
+    if (s.from.carriage == after.carriage) arrival = s.from;
+    if (s.from.mandrel == after.mandrel) turned = s.from;
+  }
+  const double way = arrival.carriage - before.carriage;
+  if (std::abs(way) < kNoWay) {
+    layer.endTurns.push_back({after.carriage, std::abs(after.mandrel - before.mandrel)});
+    return;
+  }
+  Stroke stroke{
+      line.number, passIndex,  before.carriage, arrival.carriage,    before.mandrel, arrival.mandrel,
+      motion.feed, motion.rpm, motion.ownTurn,  pass.moves % 2 == 1, false};
+  const double tail = std::abs(after.carriage - turned.carriage);
+  // A short tail comes from rounded speeds: the band bends less than it is wide.
+  if (tail > layer.band / 2 && tail > kNoWay && std::abs(turned.carriage - before.carriage) > kNoWay) {
+    stroke.z1 = turned.carriage;
+    stroke.m1 = turned.mandrel;
+    layer.strokes.push_back(stroke);
+    stroke = {line.number,   passIndex,   turned.carriage, after.carriage, turned.mandrel,
+              after.mandrel, motion.feed, motion.rpm,      motion.ownTurn, stroke.out,
+              true};
+  }
+  layer.strokes.push_back(stroke);
+  if (arrival.mandrel != after.mandrel)
+    layer.endTurns.push_back({after.carriage, std::abs(after.mandrel - arrival.mandrel)});
+}
+
+// The A word repeats the sum of the turns that are told with one. It starts anywhere; from then on both must
+// go on together, but for an ellipse, whose A may already hold the shift that its withdrawal makes.
+void Winding::CheckRunningAngle(const Line& line, const Motion& motion) {
+  const Words& words = line.statement.words;
+  if (!words.Has('A')) return;
+  toldTurns_ += motion.turn;
+  ++turnsSince_;
+  if (line.statement.command == Command::Ellipse) return;
+  const double ahead = words.At('A') - toldTurns_;
+  const double jump = ahead - runningAhead_;
+  const double rounding = 0.005 * turnsSince_ + 0.011;
+  if (runningKnown_ && std::abs(jump) > rounding && open_) {
+    Layer& layer = layers_.back();
+    if (layer.passes.size() == 1 && layer.passes[0].moves == 1) {
+      layer.startJump = jump;
+    } else if (layer.angleFaultLine == 0) {
+      layer.angleFaultLine = line.number;
+      layer.angleFault = jump;
+    }
+  }
+  runningKnown_ = true;
+  runningAhead_ = ahead;
+  turnsSince_ = 0;
+}
+
+}  // namespace torvane::executor

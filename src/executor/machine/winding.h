@@ -1,0 +1,115 @@
+// What a program winds: its layers, their passes and the lines along which the band is laid.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "executor/machine/machine.h"
+#include "executor/program/reader.h"
+
+namespace torvane::executor {
+
+// A traverse: the carriage goes from z0 to z1 while the mandrel goes from m0 to m1, both evenly.
+struct Stroke {
+  int line = 0;
+  int pass = 0;  // index of the pass in its layer
+  double z0 = 0, z1 = 0, m0 = 0, m1 = 0;
+  double feed = 0, rpm = 0;
+  bool ownTurn = false;
+  bool out = false;  // the pass's way out, not its way back
+  // The end of a traverse whose mandrel had done its turn before the carriage arrived.
+  bool tail = false;
+
+  double DegreesPerLength() const { return (m1 - m0) / (z1 - z0); }
+  bool Reaches(double z) const { return z0 < z1 ? z0 <= z && z <= z1 : z1 <= z && z <= z0; }
+  double AngleAt(double z) const { return m0 + (z - z0) * DegreesPerLength(); }
+};
+
+struct Pass {
+  double number = 0, announced = 0;
+  int line = 0;
+  int moves = 0;  // traverses: two make a pass
+  double startZ = 0, farZ = 0, endZ = 0;
+  double backZ = 0;  // where its way back ends, before the head wraps the end
+  int farLine = 0, backLine = 0;
+};
+
+// Mandrel turns while the carriage stands, and those round the ends.
+struct EndTurn {
+  double z = 0, degrees = 0;
+};
+
+struct Layer {
+  int number = 0;
+  int line = 0;
+  bool carriageShift = false;
+  double band = 0;          // width, in the program's unit; 0 unknown
+  int noBandLine = 0;       // of a display that tells a width of 0; line 0: there is none
+  double leftDiameter = 0;  // 0 unknown
+  std::vector<Pass> passes;
+  std::vector<Stroke> strokes;
+  std::vector<EndTurn> endTurns;
+  double seconds = 0;
+  double endZ = 0, endMandrel = 0;  // where the last statement left them
+  bool wraps = false;               // turns round the ends with the head
+  int ownTurns = 0;                 // turns written in degrees, each rounded to two decimals
+  // A dwell against a register whose angle is empty or below 0, as hoop rows have it; line 0: there is none.
+  int oddDwellLine = 0;
+  double oddDwellAngle = 0;
+  // By how much the A words run ahead of the turns behind the first traverse, against before.
+  double startJump = 0;
+  // How near to the axis the delivery head stands while it travels along; line 0: the machine has none.
+  int headLine = 0;
+  double nearestHead = 0;
+  int angleFaultLine = 0;
+  double angleFault = 0;
+};
+
+// The operator's comments in the head of the program. They steer nothing; the proof takes from them what no
+// statement says: the right diameter, and the left one where the displays lack it.
+struct HeadComments {
+  double leftDiameter = 0, rightDiameter = 0;
+};
+
+class Winding {
+ public:
+  // `before` is where the machine stood when the statement began.
+  void Take(const Line& line, const Motion& motion, const Machine& machine, const Position& before);
+  // A line that is a comment alone.
+  void TakeComment(std::string_view comment);
+
+  const std::vector<Layer>& layers() const { return layers_; }
+  const HeadComments& comments() const { return comments_; }
+  // Nothing while no pass runs.
+  const Layer* OpenLayer() const { return open_ ? &layers_.back() : nullptr; }
+  double AnnouncedLayers() const { return announcedLayers_; }
+  bool ScheduleOpen() const { return schedule_; }
+  std::string_view stage() const { return stage_; }
+  // Traverses of the schedule under no display of a pass: how many, and the first one's line.
+  int StrayMoves() const { return strayMoves_; }
+  int StrayLine() const { return strayLine_; }
+
+ private:
+  void BeginPass(const Display& display, const Line& line, const Machine& machine);
+  void TakeMotion(const Line& line, const Motion& motion, const Machine& machine, const Position& before);
+  void TakeTraverse(const Line& line, const Motion& motion, const Position& before);
+  void TakeHead(const Line& line, double y);
+  void CheckRunningAngle(const Line& line, const Motion& motion);
+  Layer* Open() { return open_ ? &layers_.back() : nullptr; }
+
+  std::vector<Layer> layers_;
+  HeadComments comments_;
+  double announcedLayers_ = 0;
+  bool open_ = false;
+  bool schedule_ = false;
+  std::string_view stage_;
+  int strayMoves_ = 0, strayLine_ = 0;
+  // Of the A words: the turns told with them, what the last one ran ahead of those, and how many turns since,
+  // each rounded.
+  double toldTurns_ = 0;
+  bool runningKnown_ = false;
+  double runningAhead_ = 0;
+  int turnsSince_ = 0;
+};
+
+}  // namespace torvane::executor

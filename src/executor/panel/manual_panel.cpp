@@ -1,0 +1,114 @@
+#include "executor/panel/manual_panel.h"
+
+#include <QPainter>
+
+#include "executor/session/words.h"
+#include "look/paint.h"
+
+namespace torvane::dryrun {
+
+using executor::Axis;
+using executor::RunState;
+
+namespace {
+
+constexpr int kHead = 36, kLeft = 14, kRowHeight = 54, kStepsTop = 62;
+constexpr int kAxesTop = 196;
+
+bool IsLength(Axis axis) { return axis == Axis::Carriage || axis == Axis::Head; }
+
+}  // namespace
+
+ManualPanel::ManualPanel(Stand stand, QWidget* parent)
+    : QWidget(parent),
+      stand_(stand),
+      home_(
+          new PlainButton(stand.theme, ButtonLook::Outline, Icon::Home, tr("To the limit switches"), this)) {
+  setObjectName(QStringLiteral("manualPanel"));
+  AddSteps({0.01, 0.1, 1, 10}, "lengthStep", lengthStep_, lengths_, kStepsTop);
+  AddSteps({1, 10, 90, 360}, "angleStep", angleStep_, angles_, kStepsTop + 64);
+  AddAxis(Axis::Carriage, tr("Carriage Z"), "jogZ", Icon::Left, Icon::Right);
+  AddAxis(Axis::Mandrel, tr("Mandrel A"), "jogA", Icon::Minus, Icon::Plus);
+  AddAxis(Axis::Head, tr("Delivery head Y"), "jogY", Icon::Up, Icon::Down);
+  AddAxis(Axis::Rotation, tr("Head rotation B"), "jogB", Icon::Minus, Icon::Plus);
+  home_->setObjectName(QStringLiteral("jogHome"));
+  home_->setFixedHeight(42);
+  home_->setGeometry(kLeft, kAxesTop + 4 * kRowHeight + 10, home_->sizeHint().width(), 42);
+  connect(home_, &PlainButton::clicked, this, [this] { stand_.session.Home(); });
+  connect(&stand.session, &Session::Played, this, &ManualPanel::Refresh);
+  connect(&stand.session, &Session::Opened, this, &ManualPanel::Refresh);
+  Refresh();
+}
+
+void ManualPanel::AddSteps(const std::vector<double>& steps, const char* object, double& chosen,
+                           std::vector<PlainButton*>& buttons, int top) {
+  int x = kLeft;
+  for (const double step : steps) {
+    auto* button =
+        new PlainButton(stand_.theme, ButtonLook::Outline, Icon::None, QString::number(step), this);
+    button->setObjectName(QStringLiteral("%1%2").arg(QString::fromLatin1(object)).arg(step));
+    button->setGeometry(x, top + 20, 62, 34);
+    x += 68;
+    connect(button, &PlainButton::clicked, this, [this, step, &chosen] {
+      chosen = step;
+      Refresh();
+    });
+    buttons.push_back(button);
+  }
+}
+
+// The larger Z is at the left, as in the drawings.
+void ManualPanel::AddAxis(Axis axis, const QString& name, const char* object, Icon less, Icon more) {
+  const int top = kAxesTop + static_cast<int>(rows_.size()) * kRowHeight;
+  const bool left = axis == Axis::Carriage;
+  const auto add = [&](Icon icon, double sign, const QString& end, int x) {
+    auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, icon, {}, this);
+    button->setObjectName(QString::fromLatin1(object) + end);
+    button->setAccessibleName(name + (sign > 0 ? tr(", more") : tr(", less")));
+    button->setToolTip(button->accessibleName());
+    button->setFixedHeight(42);
+    button->setGeometry(x, top, 62, 42);
+    button->setAutoRepeat(true);
+    button->setAutoRepeatDelay(500);
+    connect(button, &PlainButton::clicked, this, [this, axis, sign] {
+      stand_.session.Jog(axis, sign * (IsLength(axis) ? lengthStep_ : angleStep_));
+    });
+    return button;
+  };
+  auto* first = add(less, left ? 1 : -1, left ? QStringLiteral("More") : QStringLiteral("Less"), 150);
+  auto* second = add(more, left ? -1 : 1, left ? QStringLiteral("Less") : QStringLiteral("More"), 218);
+  rows_.push_back({axis, first, second, name, top});
+}
+
+void ManualPanel::Refresh() {
+  const executor::Player& player = stand_.player();
+  const bool manual = player.State() == RunState::Manual;
+  for (const Row& row : rows_) {
+    const bool there = row.axis == Axis::Carriage || row.axis == Axis::Mandrel || player.course().head;
+    row.less->setEnabled(manual && there);
+    row.more->setEnabled(manual && there);
+  }
+  home_->setEnabled(manual);
+  for (PlainButton* button : lengths_) button->SetFilled(button->text().toDouble() == lengthStep_);
+  for (PlainButton* button : angles_) button->SetFilled(button->text().toDouble() == angleStep_);
+  update();
+}
+
+void ManualPanel::paintEvent(QPaintEvent*) {
+  const Theme& t = stand_.theme;
+  QPainter p(this);
+  PaintPanelHead(p, t, rect(), kHead, tr("Move the machine by hand"));
+  p.setFont(t.Font(12));
+  p.setPen(t[Token::Second]);
+  p.drawText(QRect(kLeft, kStepsTop - 2, width(), 20), Qt::AlignVCenter, tr("Step of lengths, inches"));
+  p.drawText(QRect(kLeft, kStepsTop + 62, width(), 20), Qt::AlignVCenter, tr("Step of angles, degrees"));
+  p.setFont(t.Font(14, Weight::Medium));
+  for (const Row& row : rows_) {
+    p.setPen(t[row.less->isEnabled() ? Token::Text : Token::Off]);
+    p.drawText(QRect(kLeft, row.top, 132, 42), Qt::AlignVCenter, row.name);
+    if (row.less->isEnabled()) continue;
+    p.drawText(QRect(292, row.top, width() - 300, 42), Qt::AlignVCenter, tr("not on this machine"));
+  }
+}
+
+}  // namespace torvane::dryrun

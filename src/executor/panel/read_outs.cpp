@@ -1,0 +1,272 @@
+#include "executor/panel/read_outs.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+
+#include "executor/program/number.h"
+#include "executor/proof/report.h"
+#include "executor/session/words.h"
+#include "look/paint.h"
+#include "look/text.h"
+
+namespace torvane::dryrun {
+
+using executor::Player;
+using executor::RunState;
+
+namespace {
+
+const QChar kDegree(0xB0), kDash(0x2013);
+
+QString Text(double value, int decimals) { return QString::fromStdString(executor::Fixed(value, decimals)); }
+
+// A column of the display: what it is called, its figure, its unit.
+struct Cell {
+  QString caption, figure, unit;
+  double share = 0;
+  int keep = 0;  // where there is little room those with the least go first
+};
+
+QString Counted(double number) { return number > 0 ? Text(number, 0) : QString(); }
+
+std::vector<Cell> DisplayCells(const Player& player) {
+  const executor::Screen& s = player.screen();
+  const QString unit = player.course().millimetres ? QObject::tr("mm/s") : QObject::tr("in/s");
+  const auto of = [](double all) { return all > 0 ? QObject::tr("of %1").arg(Counted(all)) : QString(); };
+  const QString angle = Words(s.windingAngle);
+  const bool number = !angle.isEmpty() && angle[0].isDigit();
+  QString stage = Words(s.stage);
+  QString message = Words(s.message);
+  message.replace(QLatin1Char('_'), QLatin1Char(' '));
+  return {{message.isEmpty() ? QObject::tr("Stage") : QObject::tr("Message"),
+           message.isEmpty() ? stage : message,
+           {},
+           186,
+           9},
+          {QObject::tr("Layer"), Counted(s.layer), of(s.layers), 78, 8},
+          {QObject::tr("Pass"), Counted(s.pass), of(s.passes), 90, 7},
+          {QObject::tr("RPM"), Words(s.rpm), {}, 66, 4},
+          {QObject::tr("Carriage Speed"), Words(s.carriageSpeed), s.carriageSpeed.empty() ? QString() : unit,
+           108, 3},
+          {QObject::tr("Winding Angle"), angle, number ? QObject::tr("deg") : QString(), 106, 5},
+          {QObject::tr("Method"), Words(s.method), {}, 75, 2},
+          {QObject::tr("Minutes Left"), Words(s.minutesLeft), {}, 90, 1}};
+}
+
+}  // namespace
+
+Strip::Strip(Stand stand, int height, QWidget* parent) : QWidget(parent), stand_(stand) {
+  setFixedHeight(height);
+  connect(&stand.session, &Session::Opened, this, [this] { update(); });
+  connect(&stand.session, &Session::Played, this, [this] { update(); });
+}
+
+ProgressStrip::ProgressStrip(Stand stand, QWidget* parent) : Strip(stand, 52, parent) {
+  setObjectName(QStringLiteral("progress"));
+  setAccessibleName(tr("Elapsed and remaining time"));
+}
+
+std::vector<ProgressStrip::Piece> ProgressStrip::Pieces() const {
+  const executor::Course& course = stand_.player().course();
+  const double side = width() < 900 ? 110 : 178;
+  const double gap = course.stretches.size() > 60 ? 1 : 3;
+  const QRectF room(side, 13, width() - 2 * side, 26);
+  const double count = static_cast<double>(course.stretches.size());
+  // Short ones stay visible; what they take is missing from the others in proportion.
+  const double least = std::min(4.0, room.width() / std::max(1.0, count) / 2);
+  const double spread = room.width() - count * (least + gap);
+  std::vector<Piece> pieces;
+  double x = room.left();
+  for (const executor::Stretch& stretch : course.stretches) {
+    const double wide = least + std::max(0.0, spread) * stretch.seconds / std::max(1e-9, course.seconds);
+    pieces.push_back({QRectF(x, room.top(), wide, room.height()), &stretch});
+    x += wide + gap;
+  }
+  return pieces;
+}
+
+bool ProgressStrip::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return Strip::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  for (const Piece& piece : Pieces()) {
+    if (!piece.box.contains(help->pos())) continue;
+    const executor::Stretch& s = *piece.stretch;
+    const QString name = s.layer > 0 ? tr("Layer %1").arg(s.layer) : Words(s.name);
+    QToolTip::showText(
+        help->globalPos(),
+        PlainTip(tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds)))), this);
+    return true;
+  }
+  QToolTip::hideText();
+  return true;
+}
+
+void ProgressStrip::paintEvent(QPaintEvent*) {
+  const Theme& t = stand_.theme;
+  const Player& player = stand_.player();
+  QPainter p(this);
+  PaintPanel(p, t, rect());
+  const bool known = player.program() != nullptr;
+  const auto time = [&](Qt::Alignment side, const QString& caption, const QString& figure) {
+    const QRect room = rect().adjusted(9, 0, -9, 0);
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(QRect(room.left(), 3, room.width(), 18), static_cast<int>(side | Qt::AlignVCenter), caption);
+    p.setFont(t.Font(20, Weight::Medium));
+    p.setPen(t[known ? Token::Figures : Token::Off]);
+    p.drawText(QRect(room.left(), 20, room.width(), 26), static_cast<int>(side | Qt::AlignVCenter), figure);
+  };
+  time(Qt::AlignLeft, tr("Elapsed"), known ? ClockText(player.Elapsed()) : kDash);
+  const bool endless = player.EndlessNow() && player.State() != RunState::Finished;
+  time(Qt::AlignRight, player.course().endless && !endless ? tr("Until endless run") : tr("Remaining"),
+       !known    ? QString(kDash)
+       : endless ? tr("no end")
+                 : ClockText(player.Remaining()));
+  p.setFont(t.Font(12, Weight::Medium));
+  for (const Piece& piece : Pieces()) {
+    const executor::Stretch& s = *piece.stretch;
+    const double share = std::clamp((player.Elapsed() - s.begins) / s.seconds, 0.0, 1.0);
+    const double radius = std::min(3.0, piece.box.width() / 2);
+    const QString name = s.layer > 0 ? QString::number(s.layer) : QString();
+    const bool named = p.fontMetrics().horizontalAdvance(name) + 4 < piece.box.width();
+    p.setPen(Qt::NoPen);
+    p.setBrush(t[Token::Hairline]);
+    p.drawRoundedRect(piece.box, radius, radius);
+    p.setPen(t[Token::Text]);
+    if (named) p.drawText(piece.box, Qt::AlignCenter, name);
+    QRectF done = piece.box;
+    done.setWidth(done.width() * share);
+    p.save();
+    p.setClipRect(done);
+    p.setPen(Qt::NoPen);
+    p.setBrush(t[Token::Accent]);
+    p.drawRoundedRect(piece.box, radius, radius);
+    p.setPen(t[Token::OnAccent]);
+    if (named) p.drawText(piece.box, Qt::AlignCenter, name);
+    p.restore();
+  }
+}
+
+DisplayStrip::DisplayStrip(Stand stand, QWidget* parent) : Strip(stand, 56, parent) {
+  setObjectName(QStringLiteral("display"));
+  setAccessibleName(tr("What the program displays"));
+}
+
+void DisplayStrip::paintEvent(QPaintEvent*) {
+  const Theme& t = stand_.theme;
+  QPainter p(this);
+  PaintPanel(p, t, rect());
+  std::vector<Cell> cells = DisplayCells(stand_.player());
+  const auto sum = [&cells] {
+    double all = 0;
+    for (const Cell& cell : cells) all += cell.share;
+    return all;
+  };
+  while (cells.size() > 3 && sum() > width())
+    cells.erase(std::min_element(cells.begin(), cells.end(),
+                                 [](const Cell& a, const Cell& b) { return a.keep < b.keep; }));
+  const double factor = width() / sum();
+  double x = 0;
+  for (const Cell& cell : cells) {
+    const double wide = cell.share * factor;
+    if (x > 0) {
+      p.setPen(t[Token::Hairline]);
+      p.drawLine(QPointF(std::round(x) + 0.5, 1), QPointF(std::round(x) + 0.5, height() - 1));
+    }
+    const QRectF room(x + 12, 0, wide - 14, height());
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(QRectF(room.left(), 6, room.width(), 18), Qt::AlignVCenter,
+               p.fontMetrics().elidedText(cell.caption, Qt::ElideRight, static_cast<int>(room.width())));
+    p.setFont(t.Font(20, Weight::Medium));
+    const bool empty = cell.figure.isEmpty();
+    // Figure and unit are read together: a long one is written smaller.
+    const double unit = cell.unit.isEmpty() ? 0 : QFontMetricsF(t.Font(13)).horizontalAdvance(cell.unit) + 4;
+    for (const int size : {16, 14, 12, 11})
+      if (!empty && p.fontMetrics().horizontalAdvance(cell.figure) + unit > room.width())
+        p.setFont(t.Font(size, Weight::Medium));
+    p.setPen(t[empty ? Token::Off : Token::Figures]);
+    const QString figure =
+        empty ? QString(kDash)
+              : p.fontMetrics().elidedText(cell.figure, Qt::ElideRight, static_cast<int>(room.width()));
+    p.drawText(QRectF(room.left(), 22, room.width() + 4, 28), Qt::AlignVCenter, figure);
+    const double after = room.left() + p.fontMetrics().horizontalAdvance(figure) + 4;
+    p.setFont(t.Font(13));
+    p.setPen(t[Token::Second]);
+    if (after + p.fontMetrics().horizontalAdvance(cell.unit) <= x + wide - 2)
+      p.drawText(QRectF(after, 24, 80, 27), Qt::AlignVCenter, cell.unit);
+    x += wide;
+  }
+}
+
+AxesStrip::AxesStrip(Stand stand, QWidget* parent) : Strip(stand, 58, parent) {
+  setObjectName(QStringLiteral("axes"));
+  setAccessibleName(tr("Where the axes are"));
+}
+
+void AxesStrip::paintEvent(QPaintEvent*) {
+  const Theme& t = stand_.theme;
+  const Player& player = stand_.player();
+  const executor::Course& course = player.course();
+  const executor::Position& at = player.At();
+  const bool empty = player.State() == RunState::Empty;
+  const bool running = player.State() == RunState::Running || player.State() == RunState::Manual;
+  const QString unit = course.millimetres ? tr("mm") : tr("in");
+  struct Row {
+    QChar letter;
+    bool there;
+    QString figure, unit, below;
+  };
+  const double angle = at.mandrel - std::floor(at.mandrel / 360) * 360;
+  QString below = tr("at rest");
+  if (running && player.Moving() && std::abs(player.TargetZ() - at.carriage) > 0.005)
+    below = tr("to %1").arg(Text(player.TargetZ(), 2));
+  else if (std::abs(at.carriage - course.homeZ) < 0.005)
+    below = tr("at home");
+  const double wide = width() / 4.0;
+  const bool narrow = wide < 150;
+  const QString turn = narrow ? QString() : tr("turn %1, ").arg(Text(std::floor(at.mandrel / 360), 0));
+  const bool turns = running && player.Rpm() > 0;
+  const Row rows[] = {
+      {u'Z', !empty, Text(at.carriage, 2), unit, below},
+      {u'A', !empty, Text(angle >= 359.95 ? 0 : angle, 1), kDegree,
+       turn + (turns ? tr("%1 RPM").arg(Text(player.Rpm(), 1)) : tr("standing"))},
+      {u'Y', course.head, Text(at.head, 2), unit, {}},
+      {u'B', course.rotation, Text(at.rotation, 2), kDegree, {}},
+  };
+  QPainter p(this);
+  PaintPanel(p, t, rect());
+  // A narrow strip has room for six figures beside the letter and the unit.
+  const double margin = narrow ? 6 : 14, tag = narrow ? 18 : 20, unitRoom = narrow ? 28 : 38;
+  for (int i = 0; i < 4; ++i) {
+    const Row& row = rows[i];
+    const double x = i * wide;
+    const QRectF letter(x + margin, 22 - tag / 2, tag, tag);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(t[Token::Hairline]);
+    if (i > 0) p.drawLine(QPointF(std::round(x) + 0.5, 1), QPointF(std::round(x) + 0.5, height() - 1));
+    p.setPen(Qt::NoPen);
+    p.setBrush(t[row.there ? Token::Accent : Token::Hairline]);
+    p.drawRoundedRect(letter, 4, 4);
+    p.setFont(t.Font(13, Weight::Medium));
+    p.setPen(t[row.there ? Token::OnAccent : Token::Off]);
+    p.drawText(letter, Qt::AlignCenter, row.letter);
+    p.setFont(t.Font(narrow ? 18 : 25, Weight::Medium));
+    p.setPen(t[row.there ? Token::Figures : Token::Off]);
+    p.drawText(QRectF(letter.right(), 4, x + wide - unitRoom - 4 - letter.right(), 34),
+               Qt::AlignRight | Qt::AlignVCenter, row.there ? row.figure : QString(kDash));
+    p.setFont(t.Font(13));
+    p.setPen(t[Token::Second]);
+    if (row.there)
+      p.drawText(QRectF(x + wide - unitRoom, 8, unitRoom, 28), Qt::AlignLeft | Qt::AlignVCenter, row.unit);
+    p.setFont(t.Font(11));
+    const QString absent = narrow ? tr("not there") : tr("not on this machine");
+    const QString note = empty ? QString() : row.there ? row.below : absent;
+    p.drawText(QRectF(x + 10, 36, wide - 52, 16), Qt::AlignRight | Qt::AlignVCenter, note);
+  }
+}
+
+}  // namespace torvane::dryrun

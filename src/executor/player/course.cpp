@@ -1,0 +1,137 @@
+#include "executor/player/course.h"
+
+#include <algorithm>
+
+#include "executor/program/reader.h"
+
+namespace torvane::executor {
+
+namespace {
+
+class Follower {
+ public:
+  Course Run(const Program& program, const std::stop_token& stop);
+
+ private:
+  bool Take(const Line& line);  // false: nothing behind it is run
+  void Begin(int layer, std::string_view name);
+  void BeginStretch(const Line& line);
+  void WatchAxes(const Line& line);
+  void PlaceLayers();
+
+  Machine machine_;
+  Winding winding_;
+  Course course_;
+  bool carriageMoved_ = false;
+};
+
+Course Follower::Run(const Program& program, const std::stop_token& stop) {
+  Begin(0, "Start");
+  Reader reader(program.text());
+  Line line;
+  while (!stop.stop_requested() && reader.Next(line)) {
+    if (line.kind == Line::Kind::Blank) {
+      winding_.TakeComment(line.comment);
+      course_.domes |= line.comment.find("WITH HEMI ENDS") != std::string_view::npos;
+    } else if (line.kind == Line::Kind::Statement && !Take(line)) {
+      break;
+    }
+  }
+  auto& stretches = course_.stretches;
+  stretches.erase(
+      std::remove_if(stretches.begin(), stretches.end(), [](const Stretch& s) { return s.seconds <= 0; }),
+      stretches.end());
+  course_.millimetres = machine_.Millimetres();
+  course_.homeZ = machine_.HomeZ();
+  PlaceLayers();
+  return std::move(course_);
+}
+
+bool Follower::Take(const Line& line) {
+  const Command command = line.statement.command;
+  if (command == Command::End) return false;
+  if (command == Command::Wait) course_.waits.push_back({line.number, std::string(InBrackets(line.comment))});
+  const Position before = machine_.At();
+  const Motion motion = machine_.Run(line.statement);
+  winding_.Take(line, motion, machine_, before);
+  BeginStretch(line);
+  for (std::size_t i = 0; i < motion.count; ++i) {
+    course_.seconds += motion.segments[i].seconds;
+    course_.stretches.back().seconds += motion.segments[i].seconds;
+  }
+  WatchAxes(line);
+  course_.endless = command == Command::Endless;
+  return !course_.endless;
+}
+
+void Follower::Begin(int layer, std::string_view name) {
+  course_.stretches.push_back({layer, std::string(name), course_.seconds, 0});
+}
+
+void Follower::BeginStretch(const Line& line) {
+  if (line.statement.command != Command::Display) return;
+  const int now = course_.stretches.back().layer;
+  if (const Layer* layer = winding_.OpenLayer()) {
+    if (layer->number != now) Begin(layer->number, "");
+    return;
+  }
+  const Display display = ReadDisplay(line.statement.body);
+  if (!display.stage.empty() && display.stage != "Winding Schedule") {
+    Begin(0, display.stage);
+  } else if (now != 0) {
+    Begin(0, "End");
+  }
+}
+
+void Follower::WatchAxes(const Line& line) {
+  const Words& words = line.statement.words;
+  const Command command = line.statement.command;
+  if (command == Command::Identity) course_.head |= words.Has('Y');
+  course_.rotation |= words.Has('B');
+  const auto reach = [&](double z) {
+    course_.lowestZ = carriageMoved_ ? std::min(course_.lowestZ, z) : z;
+    course_.highestZ = carriageMoved_ ? std::max(course_.highestZ, z) : z;
+    carriageMoved_ = true;
+  };
+  if (command == Command::Endless) {
+    reach(words.At('Z'));
+    reach(line.statement.secondZ);
+  } else if (words.Has('Z') && command != Command::Dwell && command != Command::Identity) {
+    reach(words.At('Z'));
+    course_.head |= words.Has('Y');
+  }
+}
+
+void Follower::PlaceLayers() {
+  for (const Layer& layer : winding_.layers())
+    course_.layers.push_back({MandrelOf(layer, winding_.comments()), layer.band});
+}
+
+}  // namespace
+
+Mandrel Course::Part() const {
+  Mandrel part;
+  for (const LayerPlace& layer : layers) {
+    const Mandrel& m = layer.mandrel;
+    if (m.zLeft <= m.zRight) continue;
+    if (part.zLeft <= part.zRight) {
+      part = m;
+      continue;
+    }
+    part.zRight = std::min(part.zRight, m.zRight);
+    part.zLeft = std::max(part.zLeft, m.zLeft);
+  }
+  return part;
+}
+
+Course FollowCourse(const Program& program, const std::stop_token& stop) {
+  return Follower().Run(program, stop);
+}
+
+std::string_view InBrackets(std::string_view comment) {
+  if (!comment.empty() && comment.front() == '[') comment.remove_prefix(1);
+  while (!comment.empty() && (comment.back() == ']' || comment.back() == ' ')) comment.remove_suffix(1);
+  return comment;
+}
+
+}  // namespace torvane::executor

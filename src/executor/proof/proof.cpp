@@ -1,0 +1,282 @@
+#include "executor/proof/proof.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <string>
+
+#include "executor/program/number.h"
+#include "executor/proof/cover.h"
+#include "executor/proof/sense.h"
+
+namespace torvane::executor {
+
+namespace {
+
+// Half of the last decimal that a length or speed is written with.
+constexpr double kLastDecimal = 0.005;
+constexpr double kFarOff = 4;
+// Of the rasters of all layers. A program of more layers than any machine winds gets coarser ones.
+constexpr int kRowsInAll = 32 * kMostRows;
+
+// What is wrong with the line, and what its command is for.
+std::string Unreadable(const Line& line) {
+  constexpr std::size_t kShown = 60;
+  std::string text = "Cannot read \"" + std::string(line.text.substr(0, kShown)) +
+                     (line.text.size() > kShown ? "..." : "") + "\": " + line.trouble + '.';
+  const std::string_view word = line.text.substr(0, line.text.find_first_of(" \t["));
+  for (const Form& form : Forms())
+    if (form.word == word) text += ' ' + std::string(word) + ": " + std::string(form.sentence);
+  return text;
+}
+
+class Prover {
+ public:
+  Prover(const Limits& limits, const std::stop_token& stop) : limits_(limits), stop_(stop) {}
+
+  Proof Run(std::string_view program);
+
+ private:
+  void TakeLine(const Line& line);
+  void TakeStatement(const Line& line);
+  void TakeTrouble(const Line& line, Trouble trouble);
+  void WatchLimits(const Line& line);
+  void WatchTravel(int line, double z);
+  void WatchHead(int line, double y);
+  void WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
+                  std::string_view unit);
+  void JudgeEnd(bool brokenLine);
+  void JudgeLayers();
+  void JudgeTime();
+
+  int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
+  Place PlaceNow() const {
+    const Layer* layer = winding_.OpenLayer();
+    return {LayerNow(), winding_.stage(), layer != nullptr && !layer->strokes.empty()};
+  }
+  std::string Stage() const { return PlaceNow().InBrackets(); }
+  std::string_view Unit() const { return machine_.Millimetres() ? "mm" : "in"; }
+
+  Limits limits_;
+  const std::stop_token& stop_;
+  Machine machine_;
+  Winding winding_;
+  Proof proof_;
+  Readiness readiness_{proof_.findings};
+  bool ended_ = false, buildTime_ = false;
+  int firstLine_ = 0, lastLine_ = 0;
+  std::string_view lastText_;
+  Command last_ = Command::Absolute;
+};
+
+Proof Prover::Run(std::string_view program) {
+  Reader reader(program);
+  Line line;
+  while (!stop_.stop_requested() && reader.Next(line)) TakeLine(line);
+  proof_.millimetres = machine_.Millimetres();
+  if (!proof_.anyStatement) return std::move(proof_);
+  const bool broken = !program.empty() && program.back() != '\n' && !line.comment.empty() &&
+                      line.comment.find(']') == std::string_view::npos;
+  if (!readiness_.AnythingMoved())
+    proof_.findings.Add(Kind::NothingMoves, firstLine_, 0,
+                        "Nothing in this file moves the machine: it is hardly a program.");
+  JudgeEnd(broken);
+  JudgeLayers();
+  if (stop_.stop_requested()) return std::move(proof_);
+  JudgeTime();
+  for (LayerFigures& layer : proof_.layers) layer.stands = proof_.findings.WorstOf(layer.number);
+  return std::move(proof_);
+}
+
+void Prover::TakeLine(const Line& line) {
+  if (!line.comment.empty() && line.kind == Line::Kind::Blank) winding_.TakeComment(line.comment);
+  if (line.kind != Line::Kind::Unreadable) WatchBytes(line, proof_.findings);
+  if (line.kind == Line::Kind::Blank) return;
+  if (ended_) {
+    proof_.findings.Add(Kind::BehindEnd, line.number, 0,
+                        "This line stands behind the end of the run and is never reached.");
+    return;
+  }
+  if (line.kind == Line::Kind::Unreadable) {
+    proof_.findings.Add(Kind::Unreadable, line.number, 0, Unreadable(line));
+    return;
+  }
+  TakeStatement(line);
+}
+
+void Prover::TakeStatement(const Line& line) {
+  if (!proof_.anyStatement) firstLine_ = line.number;
+  proof_.anyStatement = true;
+  ++proof_.statements;
+  last_ = line.statement.command;
+  lastLine_ = line.number;
+  lastText_ = line.text;
+  const Words& words = line.statement.words;
+  switch (last_) {
+    case Command::Display:
+      // What a program without a heat gun ends with, behind heat shrink tape.
+      ended_ = winding_.stage() != "Heat Gun Curing" &&
+               ReadDisplay(line.statement.body).message.substr(0, 11) == "No Heat Gun";
+      break;
+    case Command::Wait:
+      ++proof_.waits;
+      break;
+    case Command::End:
+      ended_ = true;
+      break;
+    case Command::BuildTime:
+      buildTime_ = true;
+      proof_.announcedSeconds = words.At('H') * 3600 + words.At('M') * 60 + words.At('S');
+      break;
+    case Command::Endless:
+      ended_ = proof_.endless = true;
+      WatchTravel(line.number, words.At('Z'));
+      WatchTravel(line.number, line.statement.secondZ);
+      if (!machine_.Turning())
+        proof_.findings.Add(Kind::Standstill, line.number, 0,
+                            "The carriage runs to and fro without end while the mandrel stands.");
+      break;
+    default:
+      break;
+  }
+  const Position before = machine_.At();
+  const Motion motion = machine_.Run(line.statement);
+  for (std::size_t i = 0; i < motion.count; ++i) proof_.seconds += motion.segments[i].seconds;
+  winding_.Take(line, motion, machine_, before);
+  readiness_.Take(line, motion, PlaceNow());
+  WatchSense(line, motion, PlaceNow(), machine_, limits_, proof_.findings);
+  TakeTrouble(line, motion.trouble);
+  WatchLimits(line);
+}
+
+void Prover::TakeTrouble(const Line& line, Trouble trouble) {
+  const char* text = nullptr;
+  switch (trouble) {
+    case Trouble::None:
+      return;
+    case Trouble::CarriageStands:
+      text = "The carriage is sent on without a speed and never arrives.";
+      break;
+    case Trouble::MandrelStands:
+      text = "A turn of the mandrel is waited for while it stands.";
+      break;
+    case Trouble::RegisterEmpty:
+      text = "The mandrel is to go by an angle that has not been saved.";
+      break;
+  }
+  proof_.findings.Add(Kind::Standstill, line.number, LayerNow(), text);
+}
+
+void Prover::WatchTravel(int line, double z) {
+  if (!proof_.carriageMoved) proof_.lowestZ = proof_.highestZ = z;
+  proof_.carriageMoved = true;
+  proof_.lowestZ = std::min(proof_.lowestZ, z);
+  proof_.highestZ = std::max(proof_.highestZ, z);
+  if (limits_.carriageTravel <= 0) return;
+  const double low = machine_.HomeZ(), high = low + limits_.carriageTravel * machine_.UnitsPerInch();
+  if (z >= low - kLastDecimal && z <= high + kLastDecimal) return;
+  proof_.findings.Add(Kind::Travel, line, LayerNow(),
+                      "The carriage is sent to Z=" + Fixed(z, 2) + ", outside its travel from Z=" +
+                          Fixed(low, 2) + " (its limit switch) to Z=" + Fixed(high, 2) + Stage() + ".");
+}
+
+void Prover::WatchHead(int line, double y) {
+  const double out = limits_.headRetracted * machine_.UnitsPerInch();
+  if (y < -kLastDecimal) {
+    proof_.findings.Add(
+        Kind::HeadTravel, line, LayerNow(),
+        "The delivery head is sent to Y=" + Fixed(y, 2) + ", past the mandrel's axis" + Stage() + '.');
+  } else if (limits_.headRetracted > 0 && y > out + kLastDecimal) {
+    proof_.findings.Add(Kind::HeadTravel, line, LayerNow(),
+                        "The delivery head is sent to Y=" + Fixed(y, 2) + "; fully retracted it stands " +
+                            Fixed(out, 2) + ' ' + std::string(Unit()) + " from the mandrel's axis" + Stage() +
+                            '.');
+  }
+}
+
+void Prover::WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
+                        std::string_view unit) {
+  const double speed = std::abs(line.statement.words.At(letter));
+  if (limit <= 0 || speed <= limit + kLastDecimal) return;
+  proof_.findings.Add(kind, line.number, LayerNow(),
+                      std::string(what) + " is to run at " + Fixed(speed, 2) + ' ' + std::string(unit) +
+                          "; it does no more than " + Fixed(limit, 2) + Stage() + '.');
+}
+
+void Prover::WatchLimits(const Line& line) {
+  const std::string perSecond = std::string(Unit()) + "/s";
+  switch (line.statement.command) {
+    case Command::Move:
+    case Command::Ellipse:
+    case Command::Withdraw:
+      if (line.statement.words.Has('Z')) WatchTravel(line.number, line.statement.words.At('Z'));
+      if (line.statement.words.Has('Y')) WatchHead(line.number, line.statement.words.At('Y'));
+      break;
+    case Command::Turn:
+    case Command::Home:
+      break;
+    default:
+      return;
+  }
+  WatchSpeed(Kind::CarriageSpeed, line, 'F', limits_.carriageSpeed * machine_.UnitsPerInch(), "The carriage",
+             perSecond);
+  WatchSpeed(Kind::HeadSpeed, line, 'E', limits_.headSpeed * machine_.UnitsPerInch(), "The delivery head",
+             perSecond);
+  WatchSpeed(Kind::MandrelSpeed, line, 'S', limits_.mandrelSpeed, "The mandrel", "revolutions a minute");
+}
+
+// A program ends by X99, in an endless heat gun run, by stopping the mandrel or, behind heat shrink tape, by
+// telling that there is no heat gun.
+void Prover::JudgeEnd(bool brokenLine) {
+  const bool tape = winding_.stage() == "Heat Shrink Tape", gun = winding_.stage() == "Heat Gun Curing";
+  const bool done = ended_ || (!gun && !tape && last_ == Command::Stop);
+  if (done && !winding_.ScheduleOpen() && !brokenLine) return;
+  std::string text = "The program breaks off behind \"" + std::string(lastText_.substr(0, 60)) + '"';
+  text += winding_.ScheduleOpen() ? ": the winding has begun and its end is not told."
+          : machine_.Turning()    ? ": the mandrel is left turning."
+                                  : ": no ending follows.";
+  proof_.findings.Add(Kind::BreaksOff, lastLine_, 0, text);
+}
+
+void Prover::JudgeLayers() {
+  std::set<int> seen;
+  const auto layers = static_cast<int>(std::min<std::size_t>(winding_.layers().size(), kRowsInAll));
+  const int rows = std::clamp(kRowsInAll / std::max(1, layers), kFewestRows, kMostRows);
+  for (const Layer& layer : winding_.layers()) {
+    if (stop_.stop_requested()) return;
+    if (!seen.insert(layer.number).second)
+      proof_.findings.Add(Kind::Passes, layer.line, layer.number,
+                          "layer " + std::to_string(layer.number) + " is announced a second time.");
+    proof_.layers.push_back(
+        ProveLayer(layer, winding_.comments(), machine_.UnitsPerInch(), rows, proof_.findings, stop_));
+    proof_.filament += proof_.layers.back().filament;
+    proof_.windingSeconds += layer.seconds;
+  }
+  if (static_cast<double>(seen.size()) < winding_.AnnouncedLayers())
+    proof_.findings.Add(Kind::Passes, winding_.layers().back().line, 0,
+                        Fixed(winding_.AnnouncedLayers(), 0) + " layers are announced and " +
+                            Counted(static_cast<long long>(seen.size()), "is", "are") + " there.");
+  if (winding_.StrayMoves() > 0)
+    proof_.findings.Add(Kind::Passes, winding_.StrayLine(), 0,
+                        Counted(winding_.StrayMoves(), "traverse", "traverses") +
+                            " of the winding stand under no announced pass.");
+}
+
+// The announcement is an estimate: for each end of a pass it takes half a turn, where the dwells come to none
+// or, with an angle added, to two. What is further off has another reason.
+void Prover::JudgeTime() {
+  const double announced = proof_.announcedSeconds, run = proof_.windingSeconds;
+  if (!buildTime_ || run <= 0 || std::abs(run - announced) < 120) return;
+  if (run <= kFarOff * announced && announced <= kFarOff * run) return;
+  proof_.findings.Add(Kind::Time, 0, 0,
+                      "The layers take " + Fixed(run / 60, 1) + " minutes where " + Fixed(announced / 60, 0) +
+                          " are announced.");
+}
+
+}  // namespace
+
+Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop) {
+  return Prover(limits, stop).Run(program);
+}
+
+}  // namespace torvane::executor

@@ -1,0 +1,161 @@
+#include "executor/window/dry_run_window.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QPainter>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "executor/session/words.h"
+#include "look/screen.h"
+
+namespace torvane::dryrun {
+
+using executor::RunState;
+
+namespace {
+
+constexpr int kStatus = 24, kMargin = 8, kLeft = 452, kFindings = 146;
+
+}  // namespace
+
+DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
+    : theme_(theme),
+      stand_{theme, session},
+      ask_(std::move(ask)),
+      bar_(new RunBar(stand_, this)),
+      progress_(new ProgressStrip(stand_, this)),
+      list_(new ProgramList(stand_)),
+      press_(new PressPanel(stand_)),
+      left_(new QWidget),
+      leftStack_(new QStackedWidget),
+      display_(new DisplayStrip(stand_)),
+      axes_(new AxesStrip(stand_)),
+      view_(new MandrelView(stand_)),
+      findings_(new FindingsList(stand_)),
+      space_(new QShortcut(QKeySequence(Qt::Key_Space), this)) {
+  setObjectName(QStringLiteral("dryRunWindow"));
+  setMinimumSize(800, 600);
+  resize(1280, 800);
+  KeepOnScreen(*this);
+  setAcceptDrops(true);
+  auto* running = new QVBoxLayout(left_);
+  running->setContentsMargins(0, 0, 0, 0);
+  running->setSpacing(kMargin);
+  running->addWidget(list_, 1);
+  running->addWidget(press_);
+  leftStack_->addWidget(left_);
+  leftStack_->addWidget(new ManualPanel(stand_));
+  auto* right = new QVBoxLayout;
+  right->setSpacing(kMargin);
+  right->addWidget(display_);
+  right->addWidget(axes_);
+  right->addWidget(view_, 1);
+  right->addWidget(findings_);
+  auto* body = new QHBoxLayout;
+  body->setSpacing(kMargin);
+  body->addWidget(leftStack_);
+  body->addLayout(right, 1);
+  auto* middle = new QVBoxLayout;
+  middle->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  middle->setSpacing(kMargin);
+  middle->addWidget(progress_);
+  middle->addLayout(body, 1);
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, kStatus);
+  all->setSpacing(0);
+  all->addWidget(bar_);
+  all->addLayout(middle, 1);
+
+  connect(space_, &QShortcut::activated, this, [this] { stand_.session.PressButton(); });
+  for (const auto& [key, step] : {std::pair(Qt::Key_Plus, 1), {Qt::Key_Equal, 1}, {Qt::Key_Minus, -1}})
+    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+            [this, step = step] { bar_->Step(step); });
+  connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &DryRunWindow::Ask);
+  connect(bar_, &RunBar::OpenAsked, this, &DryRunWindow::Ask);
+  connect(list_, &ProgramList::OpenAsked, this, &DryRunWindow::Ask);
+  connect(findings_, &FindingsList::LineChosen, list_, &ProgramList::ShowLine);
+  connect(&session, &Session::Opened, this, &DryRunWindow::Refresh);
+  connect(&session, &Session::Played, this, &DryRunWindow::Refresh);
+  list_->setFocus();
+  Refresh();
+}
+
+void DryRunWindow::Ask() {
+  const std::string path = ask_(this);
+  if (!path.empty()) Open(path);
+}
+
+void DryRunWindow::Open(const std::string& hostPath) {
+  const QString path = QString::fromStdString(hostPath);
+  const Outcome opened = stand_.session.Open(hostPath, QFileInfo(path).fileName());
+  Tell(opened ? QString() : tr("%1 cannot be opened: %2").arg(path, Words(opened.reason())));
+  if (opened) stand_.session.Run();
+}
+
+void DryRunWindow::Tell(const QString& trouble) {
+  trouble_ = trouble;
+  update();
+}
+
+void DryRunWindow::Refresh() {
+  const executor::Player& player = stand_.player();
+  // Space is the machine's button while it is waited for, and the focused button's else.
+  space_->setEnabled(player.State() == RunState::Waiting);
+  leftStack_->setCurrentIndex(player.State() == RunState::Manual ? 1 : 0);
+  const QString name = stand_.session.name();
+  setWindowTitle(name.isEmpty() ? tr("Torvane dry run") : tr("%1 - Torvane dry run").arg(name));
+}
+
+void DryRunWindow::resizeEvent(QResizeEvent*) {
+  const int spare = width() - 1280;
+  // The program gives way first, down to where a statement can still be read.
+  leftStack_->setFixedWidth(std::clamp(kLeft + (spare < 0 ? spare * 3 / 8 : 0), 270, kLeft));
+  findings_->setFixedHeight(height() < 720 ? 91 : kFindings);
+  bar_->SetNarrow(width() < 1120);
+}
+
+void DryRunWindow::paintEvent(QPaintEvent*) {
+  const Theme& t = theme_;
+  QPainter p(this);
+  p.fillRect(rect(), t[Token::Window]);
+  const QRect status(0, height() - kStatus, width(), kStatus);
+  p.fillRect(status, t[Token::Bars]);
+  p.setPen(t[Token::Hairline]);
+  p.drawLine(status.topLeft(), status.topRight());
+  p.setFont(t.Font(12));
+  const QString right = tr("Torvane dry run");
+  const int most = status.width() - 36 - p.fontMetrics().horizontalAdvance(right);
+  p.setPen(t[Token::Second]);
+  p.drawText(status.adjusted(0, 1, -12, 0), Qt::AlignRight | Qt::AlignVCenter, right);
+  const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
+  p.setPen(t[trouble_.isEmpty() ? Token::Second : Token::Fault]);
+  const QString words = trouble_.isEmpty() ? tr("Space presses the button") + dot +
+                                                 tr("+ and %1 change the speed").arg(QChar(0x2212))
+                                           : trouble_;
+  p.drawText(QRect(12, status.top() + 1, most, kStatus - 1), Qt::AlignVCenter,
+             p.fontMetrics().elidedText(words, Qt::ElideMiddle, most));
+}
+
+// The desktop has changed its colours.
+void DryRunWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::ThemeChange) return;
+  theme_.SetDark(DesktopIsDark());
+  QApplication::setPalette(theme_.Palette());
+}
+
+void DryRunWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls[0].isLocalFile()) event->acceptProposedAction();
+}
+
+void DryRunWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  Open(event->mimeData()->urls()[0].toLocalFile().toStdString());
+}
+
+}  // namespace torvane::dryrun

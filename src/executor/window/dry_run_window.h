@@ -1,0 +1,63 @@
+// The dry run's window.
+#pragma once
+
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QWidget>
+#include <functional>
+
+#include "executor/panel/findings_list.h"
+#include "executor/panel/manual_panel.h"
+#include "executor/panel/press_panel.h"
+#include "executor/panel/program_list.h"
+#include "executor/panel/read_outs.h"
+#include "executor/panel/run_bar.h"
+#include "executor/view/mandrel_view.h"
+
+namespace torvane::dryrun {
+
+class DryRunWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Asks the operator for a program: its path on the computer, empty for none.
+  using AskForProgram = std::function<std::string(QWidget* parent)>;
+
+  DryRunWindow(Theme& theme, Session& session, AskForProgram ask);
+
+  // Opens a program and runs it. What cannot be opened is told in place.
+  void Open(const std::string& hostPath);
+  // A sentence at the foot of the window, instead of the help that stands there.
+  void Tell(const QString& trouble);
+  const QString& Trouble() const { return trouble_; }
+  MandrelView& mandrelView() { return *view_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void Ask();
+  void Refresh();
+
+  Theme& theme_;
+  Stand stand_;
+  AskForProgram ask_;
+  RunBar* bar_;
+  ProgressStrip* progress_;
+  ProgramList* list_;
+  PressPanel* press_;
+  QWidget* left_;
+  QStackedWidget* leftStack_;
+  DisplayStrip* display_;
+  AxesStrip* axes_;
+  MandrelView* view_;
+  FindingsList* findings_;
+  QShortcut* space_;
+  QString trouble_;
+};
+
+}  // namespace torvane::dryrun

@@ -1,0 +1,43 @@
+// The drawing of the two-axis part, to scale, with the ends' fields as its children.
+#pragma once
+
+#include <QWidget>
+
+#include "window/desk/arrangement.h"
+#include "window/desk/binder.h"
+#include "window/field/placed_field.h"
+#include "window/part/part_scene.h"
+
+namespace torvane {
+
+class PartDrawing : public QWidget {
+ public:
+  explicit PartDrawing(Desk desk, QWidget* parent = nullptr);
+
+  // The ends' fields in the order of the focus: left diameter, left stop, right diameter, right stop.
+  const std::vector<QWidget*>& stops() const { return stops_; }
+  void Arrange(Arrangement arrangement);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  // An end's fields stand on a child of the drawing, so that they go and come together.
+  struct End {
+    QWidget *owner, *title;
+    PlacedField diameter, stop;
+  };
+
+  End MakeEnd(bool left);
+  void PlaceEnd(const End& end, bool left);
+  void PlaceEnds();
+
+  Desk desk_;
+  Arrangement arrangement_ = Arrangement::Open;
+  PartScene scene_;
+  End left_{}, right_{};
+  std::vector<QWidget*> stops_;
+};
+
+}  // namespace torvane

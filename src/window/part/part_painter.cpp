@@ -1,0 +1,230 @@
+#include "window/part/part_painter.h"
+
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace torvane {
+
+namespace {
+
+constexpr double kBesideMandrel = 15;  // from a mandrel's end to the line of its diameter
+constexpr double kRadiusForText = 28;  // what a diameter's text on the mandrel needs above the axis
+
+}  // namespace
+
+SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
+  // Kept free at both sides for the ends' fields.
+  const double sides = arrangement == Arrangement::Open ? 124 : arrangement == Arrangement::Folded ? 210 : 90;
+  SketchFrame frame;
+  frame.area = QRectF({0, 0}, size);
+  frame.postWidth = arrangement == Arrangement::Open ? 20 : 14;
+  frame.postLeft = sides + frame.postWidth;
+  frame.postRight = size.width() - sides - frame.postWidth - 2;
+  const int middle = size.height() / 2;
+  switch (arrangement) {
+    case Arrangement::Open:
+      frame.axisY = middle - 6;
+      frame.rulerY = size.height() - 29;
+      frame.mostDiameter = std::min(frame.axisY - 42, frame.rulerY - frame.axisY - 27) * 2;
+      break;
+    case Arrangement::Folded:
+      frame.axisY = middle - 6;
+      frame.rulerY = size.height() - 12;
+      frame.mostDiameter = (frame.axisY - 14) * 2;
+      break;
+    case Arrangement::Large:
+      frame.axisY = middle - 14;
+      frame.rulerY = size.height() - 28;
+      frame.mostDiameter = (frame.axisY - 26) * 2;
+      break;
+  }
+  return frame;
+}
+
+PartPainter::PartPainter(const Theme& theme, const PartScene& scene, const QSize& size,
+                         Arrangement arrangement)
+    : t_(theme),
+      scene_(scene),
+      arrangement_(arrangement),
+      size_(size),
+      f_(TwoAxisFrame(arrangement, size)),
+      sketch_(theme, f_, arrangement, scene.homeRight, scene.zGrowsLeft()) {
+  double far = kExampleFar, length = kExampleFar - kExampleHome;
+  double leftDiameter = kExampleDiameter, rightDiameter = kExampleDiameter;
+  if (scene.complete()) {
+    far = std::max(*scene.leftStop, *scene.rightStop);
+    length = *scene.length;
+    leftDiameter = *scene.leftDiameter;
+    rightDiameter = *scene.rightDiameter;
+  }
+  sketch_.Scale(std::max(far, length), std::max(leftDiameter, rightDiameter));
+  leftRadius_ = leftDiameter * sketch_.scale() / 2;
+  rightRadius_ = rightDiameter * sketch_.scale() / 2;
+  // The mandrel begins at the far stop and is as long as the part.
+  const double a = XOf(far), b = XOf(std::max(0.0, far - length));
+  mandrelLeft_ = std::min(a, b);
+  mandrelRight_ = std::max(a, b);
+}
+
+double PartPainter::RadiusAt(double x) const {
+  const double share = (x - mandrelLeft_) / std::max(mandrelRight_ - mandrelLeft_, 1.0);
+  return leftRadius_ + (rightRadius_ - leftRadius_) * share;
+}
+
+void PartPainter::Paint(QPainter& p) const {
+  sketch_.PaintGround(p);
+  sketch_.PaintPosts(p, mandrelLeft_, mandrelRight_);
+  QPainterPath outline(QPointF(mandrelLeft_, f_.axisY - leftRadius_));
+  outline.lineTo(mandrelRight_, f_.axisY - rightRadius_);
+  outline.lineTo(mandrelRight_, f_.axisY + rightRadius_);
+  outline.lineTo(mandrelLeft_, f_.axisY + leftRadius_);
+  outline.closeSubpath();
+  sketch_.PaintMandrel(p, outline, Radius(), scene_.complete());
+  if (scene_.complete()) {
+    if (scene_.angle) PaintBand(p);
+    if (arrangement_ == Arrangement::Open) sketch_.PaintAxis(p, mandrelLeft_, mandrelRight_);
+  }
+  sketch_.PaintRuler(p);
+  PaintOffset(p);
+  const double top = f_.axisY - Radius() - (arrangement_ == Arrangement::Folded ? 6 : 10);
+  if (scene_.leftStop) sketch_.PaintFoot(p, *scene_.leftStop, top, Token::Accent);
+  if (scene_.rightStop)
+    sketch_.PaintFoot(p, *scene_.rightStop, top, scene_.stopTooLow ? Token::TooLow : Token::Accent);
+  switch (arrangement_) {
+    case Arrangement::Open:
+      sketch_.PaintChips(p, {70, 5}, {size_.width() - 78.0, 5});
+      PaintLegend(p);
+      PaintDimensions(p);
+      break;
+    case Arrangement::Folded:
+      sketch_.PaintChips(p, {12, size_.height() - 22.0}, {size_.width() - 12.0, size_.height() - 22.0});
+      break;
+    case Arrangement::Large:
+      sketch_.PaintLargeEnds(p, scene_.leftStopText, scene_.rightStopText);
+      break;
+  }
+}
+
+void PartPainter::PaintLegend(QPainter& p) const {
+  if (scene_.legend.isEmpty()) return;
+  p.setFont(t_.Font(12, Weight::Medium));
+  const QFontMetrics bold = p.fontMetrics();
+  const QFontMetrics plain(t_.Font(12));
+  const double title = bold.horizontalAdvance(scene_.legend);
+  const QString out = QStringLiteral("out"), back = QStringLiteral("back");
+  const bool lines = scene_.angle && *scene_.angle < 90;
+  const double keys =
+      lines ? 20 + 26 + plain.horizontalAdvance(out) + 10 + 26 + plain.horizontalAdvance(back) : 0;
+  const double tail = plain.horizontalAdvance(scene_.bandText);
+  double x = std::max(124.0, (size_.width() - title - keys - 14 - tail) / 2);
+  p.setPen(t_[Token::Text]);
+  p.drawText(QPointF(x, 15), scene_.legend);
+  x += title + 20;
+  if (lines) {
+    x = sketch_.PaintKey(p, {x, 15}, Token::BandOut, out);
+    x = sketch_.PaintKey(p, {x, 15}, Token::BandBack, back);
+  }
+  p.setFont(t_.Font(12));
+  p.setPen(t_[Token::Second]);
+  p.drawText(QPointF(x + 4, 15), scene_.bandText);
+}
+
+void PartPainter::PaintBand(QPainter& p) const {
+  const double from = std::max(mandrelLeft_, std::min(XOf(*scene_.leftStop), XOf(*scene_.rightStop)));
+  const double to = std::min(mandrelRight_, std::max(XOf(*scene_.leftStop), XOf(*scene_.rightStop)));
+  if (to - from < 2) return;
+  const auto radiusAt = [this](double x) { return RadiusAt(x); };
+  const double width = scene_.band.value_or(0) * sketch_.scale();
+  p.save();
+  QPainterPath clip(QPointF(from, f_.axisY - RadiusAt(from)));
+  clip.lineTo(to, f_.axisY - RadiusAt(to));
+  clip.lineTo(to, f_.axisY + RadiusAt(to));
+  clip.lineTo(from, f_.axisY + RadiusAt(from));
+  clip.closeSubpath();
+  p.setClipPath(clip);
+  if (*scene_.angle >= kDrawnAsHoop) {
+    sketch_.PaintHoops(p, mandrelLeft_, mandrelRight_, width, radiusAt);
+  } else {
+    // From home to the far end, and back with the same sense of turning.
+    const double angle = *scene_.angle * std::numbers::pi / 180;
+    const bool homeRight = sketch_.zGrowsLeft();
+    const double home = homeRight ? mandrelRight_ : mandrelLeft_;
+    const double far = homeRight ? mandrelLeft_ : mandrelRight_;
+    double turn = std::numbers::pi / 4;
+    std::vector<BandPoint> out, back;
+    LayHelix(out, home, far, angle, f_.axisY, radiusAt, turn);
+    LayHelix(back, far, home, angle, f_.axisY, radiusAt, turn);
+    for (const bool front : {false, true}) {
+      sketch_.PaintBand(p, out, width, Token::BandOut, front);
+      sketch_.PaintBand(p, back, width, Token::BandBack, front);
+    }
+  }
+  p.restore();
+}
+
+void PartPainter::PaintOffset(QPainter& p) const {
+  if (!scene_.offset || arrangement_ == Arrangement::Folded) return;
+  const double x = XOf(*scene_.offset), zero = XOf(0);
+  const QRectF box(std::min(x, zero), f_.rulerY - 22, std::abs(zero - x), 22);
+  const QColor ink = t_[scene_.stopTooLow ? Token::TooLow : Token::Off];
+  p.save();
+  p.setClipRect(box);
+  p.setPen(QPen(ink, 1));
+  for (double at = box.left() - 22; at < box.right(); at += 6)
+    p.drawLine(QPointF(at, box.bottom()), QPointF(at + 22, box.top()));
+  p.restore();
+  p.setPen(QPen(ink, 1));
+  p.drawLine(QPointF(x, box.top() - 2), QPointF(x, f_.rulerY));
+  if (arrangement_ != Arrangement::Open) return;
+  p.setFont(t_.Font(11));
+  const double width = p.fontMetrics().horizontalAdvance(scene_.offsetText);
+  // Only where the ruler's own figures leave room.
+  if (std::abs(zero - x) > width + 4)
+    p.drawText(QRectF(x - width / 2 - 2, f_.rulerY + 7, width + 4, 14), Qt::AlignCenter, scene_.offsetText);
+}
+
+void PartPainter::PaintDimensions(QPainter& p) const {
+  const double top = f_.axisY - Radius(), bottom = f_.axisY + Radius();
+  if (!scene_.total.isEmpty() && scene_.complete())
+    sketch_.PaintDimension(p, std::max(30.0, top - 16), mandrelLeft_, mandrelRight_, scene_.total,
+                           Token::Figures);
+  const bool stops = scene_.leftStop && scene_.rightStop;
+  sketch_.PaintDimension(p, std::min(f_.rulerY - 14, bottom + 13),
+                         stops ? XOf(*scene_.leftStop) : mandrelLeft_,
+                         stops ? XOf(*scene_.rightStop) : mandrelRight_, scene_.winding,
+                         scene_.complete() ? Token::Figures : Token::Off);
+  if (!scene_.complete()) return;
+  PaintDiameter(p, mandrelLeft_ - kBesideMandrel, leftRadius_, scene_.leftDiameterText, true);
+  PaintDiameter(p, mandrelRight_ + kBesideMandrel, rightRadius_, scene_.rightDiameterText, false);
+}
+
+void PartPainter::PaintDiameter(QPainter& p, double x, double radius, const QString& text, bool left) const {
+  p.setPen(QPen(t_[Token::Dimension], 1));
+  p.drawLine(QPointF(x, f_.axisY - radius), QPointF(x, f_.axisY + radius));
+  for (const double sign : {-1.0, 1.0}) {
+    const double y = f_.axisY + sign * radius;
+    p.drawLine(QPointF(x - 4, y), QPointF(x + 4, y));
+    p.setBrush(t_[Token::Dimension]);
+    p.drawPolygon(QPolygonF({{x, y}, {x - 2, y - sign * 6}, {x + 2, y - sign * 6}}));
+  }
+  if (text.isEmpty()) return;
+  p.setFont(t_.Font(12, Weight::Medium));
+  const double width = p.fontMetrics().horizontalAdvance(text) + 8;
+  // Beside its line where the post leaves room, else on the mandrel, or above a mandrel too thin for it.
+  const bool beside = left ? x - 6 - width > f_.postLeft + 6 : x + 6 + width < f_.postRight - 6;
+  const bool within = !beside && radius >= kRadiusForText;
+  const double outwards = beside ? 6 : within ? -kBesideMandrel - 4 - width : -14;
+  const QRectF box(left ? x - outwards - width : x + outwards,
+                   f_.axisY - (beside || within ? 28 : radius + 21), width, 18);
+  if (beside || within) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(t_[Token::Drawing]);
+    p.drawRoundedRect(box, 3, 3);
+  }
+  p.setPen(t_[Token::Figures]);
+  p.drawText(box, Qt::AlignCenter, text);
+}
+
+}  // namespace torvane

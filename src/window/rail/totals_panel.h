@@ -1,0 +1,32 @@
+// The totals of a design: build time large, the rest in lines; and a panel of three to be read from afar.
+#pragma once
+
+#include <QWidget>
+
+#include "window/desk/binder.h"
+
+namespace torvane {
+
+class TotalsPanel : public QWidget {
+ public:
+  TotalsPanel(Desk desk, bool fourAxis, QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Desk desk_;
+};
+
+class LargeTotals : public QWidget {
+ public:
+  explicit LargeTotals(Desk desk, QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Desk desk_;
+};
+
+}  // namespace torvane

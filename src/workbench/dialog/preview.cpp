@@ -1,0 +1,301 @@
+#include "workbench/dialog/preview.h"
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+#include "calc/four_axis.h"
+#include "calc/patterns.h"
+#include "persist/settings.h"
+#include "text/text.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr WindowField kFields[] = {
+    {"lblPolarTag", Kind::ReadOut},
+    {"lbllayerNo", Kind::ReadOut},
+    {"lblSplitAngle", Kind::ReadOut},
+    {"lblW", Kind::ReadOut},
+    {"lblPhiL", Kind::ReadOut},
+    {"lblG", Kind::ReadOut},
+    {"lblC", Kind::ReadOut},
+    {"lblP", Kind::ReadOut},
+    {"lblCircuitNo", Kind::ReadOut},
+    {"lblPassNo", Kind::ReadOut},
+    {"lblX", Kind::ReadOut},
+    {"lblY", Kind::ReadOut},
+    {"lblRadius", Kind::ReadOut},
+    {"lblAngle", Kind::ReadOut},
+    {"cmbSpeed", Kind::List},
+    {"btnPause", Kind::Control, {}, false, "PAUSE"},
+    {"btnPlay", Kind::Control, {}, false, "PLAY"},
+    {"btnRedraw", Kind::Control, {}, false, "&Redraw"},
+    {"btnClose", Kind::Control, {}, false, "&Close"},
+};
+
+struct DrawSpeed {
+  std::string_view speed;
+  int afterPass, afterCircuit;  // milliseconds
+};
+constexpr DrawSpeed kSpeeds[] = {{"1/2x", 500, 1000}, {"1x", 250, 500}, {"2x", 125, 250}, {"4x", 10, 125}};
+constexpr DrawSpeed kOtherSpeed = {"", 20, 500};
+
+const DrawSpeed& SpeedOf(std::string_view text) {
+  for (const DrawSpeed& speed : kSpeeds)
+    if (speed.speed == text) return speed;
+  return kOtherSpeed;
+}
+
+void Append(std::vector<PolarFigure>& picture, const std::vector<PolarFigure>& figures) {
+  picture.insert(picture.end(), figures.begin(), figures.end());
+}
+
+// The walk as a player: each step waits for its timer, a pause holds it, a redraw begins anew.
+class PreviewWindow : public Window {
+ public:
+  explicit PreviewWindow(Station& owner) : Window(owner, "frmPolar", kFields) {
+    field("cmbSpeed").SetEntries({"1/2x", "1x", "2x", "4x"});
+    field("cmbSpeed") = GetSetting(station().platform.store, kSettings, "cmbSpeed", "1x");
+    field("btnPlay").Enable(false);
+    station().StartTimer(station().tmrStartDraw);
+  }
+
+  // What the end view shows; with the row's angles if a row was pressed.
+  void Describe(bool withAngles) {
+    const DesignState& s = station().s;
+    field("lblPolarTag") = station().endView.pattern;
+    field("lbllayerNo") = RowName(station().endView);
+    withAngles_ = withAngles;
+    if (!withAngles) return;
+    const Field& split = s.cmbPhiSplit(station().endView.row);
+    field("lblSplitAngle").CopyFrom(split);
+    field("lblW").CopyFrom(s.cmbPhiW(station().endView.row));
+    const MaybeText tag = TextOf(s.signs, Degrees(s, split).as("##0.0"_mask));
+    splitAngle_ = tag.good ? s.Read(tag.text) : Number::Failure();
+  }
+
+  void ShowPointer(double x, double y) {
+    field("lblX") = Number(x).as("####.0#"_mask);
+    field("lblY") = Number(y).as("####.0#"_mask);
+    const DesignState& s = station().s;
+    const double turn = std::atan2(y, x) * 180 / std::numbers::pi;
+    field("lblRadius") = FormatNumberText(s.signs, std::hypot(x, y), "0.00"_mask) + " " + s.gUnits.text();
+    field("lblAngle") = FormatNumberText(s.signs, turn < 0 ? turn + 360 : turn, "0.0"_mask) + "\xB0";
+  }
+
+  DrawnPasses passesDrawn() const { return passes_; }
+  const std::vector<PolarFigure>& picture() const { return picture_; }
+
+  bool Run(std::string_view control, Event event, int) override {
+    if (event == Event::Tick && control == "tmrStartDraw") return Begin(), true;
+    if (event == Event::Tick && control == "tmrDraw") return GoOn(), true;
+    if (event != Event::Click) return false;
+    if (control == "cmbSpeed") {
+      SaveSetting(station().platform.store, kSettings, "cmbSpeed", field("cmbSpeed").text());
+      return true;
+    }
+    if (control == "btnPause" || control == "btnPlay") return Hold(control == "btnPause"), true;
+    if (control == "btnRedraw") return Begin(), true;
+    if (control != "btnClose") return false;
+    station().Close(*this);
+    return true;
+  }
+
+  void Closing() override {
+    station().StopTimer(station().tmrStartDraw);
+    station().StopTimer(station().tmrDraw);
+  }
+
+ private:
+  // The paused flag holds the walk behind the pass that is drawn next, or behind its circuit.
+  void Hold(bool paused) {
+    field("btnPause").Enable(!paused);
+    field("btnPlay").Enable(paused);
+    paused_ = paused;
+    if (paused || !held_) return;
+    held_ = false;
+    WaitBySpeed();
+  }
+
+  void WaitBySpeed() {
+    if (paused_) {
+      held_ = true;
+      return;
+    }
+    const DrawSpeed& speed = SpeedOf(field("cmbSpeed").text());
+    station().tmrDraw.interval =
+        std::chrono::milliseconds(waitsForCircuit_ ? speed.afterCircuit : speed.afterPass);
+    station().StartTimer(station().tmrDraw);
+  }
+
+  void Begin();
+  void DrawPass();
+  void GoOn();
+
+  std::vector<PolarFigure> picture_;
+  DrawnPasses passes_;
+  std::optional<PolarWalk> walk_;
+  Number splitAngle_ = Number::Failure();
+  bool withAngles_ = false;
+  bool paused_ = false;
+  bool held_ = false;             // it waits for PLAY
+  bool closedCircuit_ = false;    // the pass drawn last
+  bool waitsForCircuit_ = false;  // the pause is the one behind a circuit
+};
+
+void PreviewWindow::Begin() {
+  DesignState& s = station().s;
+  station().StopTimer(station().tmrStartDraw);
+  station().StopTimer(station().tmrDraw);
+  walk_.reset();
+  held_ = false;
+  picture_ = PolarBase(s);
+  passes_ = {};
+  const EndView& view = station().endView;
+  // A redraw follows the end view where that has gone on to another pattern.
+  if (view.row > 0 &&
+      (field("lblPolarTag").text() != view.pattern || field("lbllayerNo").text() != RowName(view)))
+    Describe(withAngles_);
+  const std::string& tag = field("lblPolarTag").text();
+  if (tag.empty()) return;
+  const auto pattern = PolarPatternOf(s, tag);
+  if (!pattern) return;
+  field("lblC") = Number(pattern->groups).plain();
+  field("lblP") = Number(pattern->circuits).plain();
+  field("lblPhiL") = Number(pattern->traverseRotation).as("###.0"_mask);
+  const Number grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
+  field("lblG") = FormatNumberText(s.signs, grazing.valueOr0(), "###.0"_mask) + " \xB0";
+  Append(picture_, PolarArcs(*pattern, splitAngle_));
+  picture_.push_back(PolarFirstBand(*pattern));
+  passes_.all = static_cast<int>(pattern->groups * pattern->circuits);
+  walk_.emplace(*pattern, PolarMarks::ByDivision);
+  DrawPass();
+}
+
+void PreviewWindow::DrawPass() {
+  const auto step = walk_->Next();
+  if (!step) {
+    walk_.reset();
+    return;
+  }
+  field("lblCircuitNo") = Number(step->circuit).plain();
+  field("lblPassNo") = Number(step->pass).plain();
+  Append(picture_, step->figures);
+  ++passes_.drawn;
+  closedCircuit_ = step->closesCircuit;
+  waitsForCircuit_ = false;
+  WaitBySpeed();
+}
+
+void PreviewWindow::GoOn() {
+  station().StopTimer(station().tmrDraw);
+  if (!walk_) return;
+  if (closedCircuit_ && !waitsForCircuit_) {
+    waitsForCircuit_ = true;
+    WaitBySpeed();
+    return;
+  }
+  DrawPass();
+}
+
+PreviewWindow& OpenPreview(Station& station) {
+  // A second press shows another pattern: the window begins anew.
+  if (Window* open = station.OpenWindow("frmPolar")) station.Close(*open);
+  station.windows.push_back(std::make_unique<PreviewWindow>(station));
+  return static_cast<PreviewWindow&>(*station.windows.back());
+}
+
+bool IsTooLarge(Station& station) {
+  DesignState& s = station.s;
+  SplitPatternFields(s, station.endView.pattern);
+  const Number passes = Int(s.Read(s.gTagFields(2))) * Int(s.Read(s.gTagFields(3)));
+  if (!holds(passes > kMostPolarPasses)) return false;
+  station.platform.messageBox.Show("Torvane Designer",
+                                   "A pattern of " + FormatNumberText(s.signs, passes.value(), "#0"_mask) +
+                                       " passes cannot be drawn. The preview draws 100000 passes at most.",
+                                   BoxIcon::Information);
+  return true;
+}
+
+// The whole picture; `each` is told of every pass.
+void DrawWhole(Station& station, const std::function<void(const PolarWalk::Step&)>& each) {
+  DesignState& s = station.s;
+  EndView& view = station.endView;
+  view.picture = PolarBase(s);
+  view.measures = PolarPatternOf(s, view.pattern);
+  if (!view.measures) return;
+  view.picture.push_back(PolarFirstBand(*view.measures));
+  PolarWalk walk(*view.measures, PolarMarks::ByBand);
+  while (const auto step = walk.Next()) {
+    Append(view.picture, step->figures);
+    each(*step);
+  }
+}
+
+}  // namespace
+
+void DrawEndView(Station& station) {
+  if (!station.endView.pattern.empty()) DrawWhole(station, [](const PolarWalk::Step&) {});
+}
+
+void DrawPolarCircPattern(Station& station, int row) {
+  DesignState& s = station.s;
+  const std::string pattern = station.endView.pattern;
+  SplitPatternFields(s, pattern);
+  // A row that is not chosen yet has the angle 0 and no passes.
+  Kept windingAngle;
+  windingAngle = s.Read(s.gTagFields(1));
+  CalculateAndShow(s, windingAngle, pattern, row);
+  if (IsTooLarge(station)) {
+    station.endView.picture = PolarBase(s);
+    return;
+  }
+  std::string trace;
+  DrawWhole(station, [&](const PolarWalk::Step& step) {
+    if (step.circuit == s.gPolarRow) trace = PolarTracePass(s, step, row);
+  });
+  if (!trace.empty())
+    SaveSetting(station.platform.store, kSettings, "strTRACE", PolarTraceHead(s) + "|" + trace);
+}
+
+void ShowPreview(Station& station) { OpenPreview(station).Describe(false); }
+
+bool HasPreview(const DesignState& s, int row) {
+  return s.btn4XRow(row).shown() && !IsHoopRow(s, row) && !s.cmbPattern(row).empty();
+}
+
+void ShowPreviewOfRow(Station& station, int row) {
+  DesignState& s = station.s;
+  // A row without its button is taken by its number, which opens nothing.
+  if (!s.btn4XRow(row).shown()) {
+    station.Run("lbl4xLayerNo", Event::Release, row);
+    return;
+  }
+  s.gPolarRow = row;
+  s.lblLayer = std::to_string(row);
+  station.Run("lbl4xLayerNo", Event::Release, row);
+  // The picture of another row stays, and its title with it.
+  if (IsHoopRow(s, row)) return;
+  NoteEndView(station, row, s.cmbPattern(row).text());
+  if (!HasPreview(s, row)) return;
+  DrawPolarCircPattern(station, row);
+  OpenPreview(station).Describe(true);
+}
+
+void ShowPointer(Station& station, double x, double y) {
+  if (Window* open = station.OpenWindow("frmPolar")) static_cast<PreviewWindow*>(open)->ShowPointer(x, y);
+}
+
+DrawnPasses PassesDrawn(const Station& station) {
+  const Window* open = station.OpenWindow("frmPolar");
+  return open != nullptr ? static_cast<const PreviewWindow*>(open)->passesDrawn() : DrawnPasses{};
+}
+
+const std::vector<PolarFigure>& LastDrawing(const Station& station) {
+  const Window* open = station.OpenWindow("frmPolar");
+  return open != nullptr ? static_cast<const PreviewWindow*>(open)->picture() : station.endView.picture;
+}
+
+}  // namespace torvane

@@ -1,0 +1,294 @@
+#include "workbench/document/design_commands.h"
+
+#include <algorithm>
+
+#include "calc/patterns.h"
+#include "design/catalogue.h"
+#include "design/reset.h"
+#include "gcode/session.h"
+#include "persist/settings.h"
+#include "persist/tagged_text.h"
+#include "text/text.h"
+#include "workbench/dialog/preview.h"
+#include "workbench/document/recent_files.h"
+#include "workbench/station/layer_count.h"
+#include "workbench/station/messages.h"
+#include "workbench/station/recovery.h"
+
+namespace torvane {
+
+namespace {
+
+// The number under which the system reports a file that cannot be read.
+constexpr std::string_view kFileAccessError = "75";
+
+void ShowName(DesignState& s, const char* caption) {
+  s.frmMain.SetCaption(caption);
+  if (s.lblStatusBar2.tip().empty()) s.lblStatusBar2.CopyFrom(s.gFileName);
+}
+
+std::string DesignFolder(Station& station) {
+  station.platform.files.MakeProgramFolderCurrent();
+  return station.platform.files.CurrentFolder() + std::string(kDesignFolder);
+}
+
+// The family in use decides the reader, not the file.
+bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
+  // Read first: what changes in between counts as changed.
+  const Result<std::string> bytes = station.platform.files.ReadAtMost(path, kLargestText);
+  station.onDisk = bytes ? DesignOnDisk{path, bytes.value()} : DesignOnDisk{};
+  const Outcome opened = twoAxis
+                             ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
+                             : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
+  if (!opened)
+    station.platform.messageBox.Show(
+        "Torvane Designer",
+        "Unexpected Opening File" + std::string(kFileAccessError) + " : " + opened.reason(), BoxIcon::None);
+  return bool(opened);
+}
+
+void NoteRecent(Station& station, const std::string& path) {
+  NoteRecentFile(station.keptStore, path);
+  station.StartTimer(station.tmrStore);
+}
+
+bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
+
+}  // namespace
+
+void ChooseFamily(Station& station, bool fourAxis) {
+  DesignState& s = station.s;
+  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
+  if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
+}
+
+void MakeStationFolders(
+    Files& files, const std::function<void(const std::string& folder, const std::string& reason)>& refused) {
+  constexpr std::string_view kPrograms = kProgramFolder.substr(0, kProgramFolder.size() - 1);
+  files.RemoveLeftovers(files.ProgramFolder());
+  for (const std::string_view folder : {kDesignFolder, kPrograms}) {
+    const std::string path = files.ProgramFolder() + std::string(folder);
+    const Outcome made = files.MakeFolder(path);
+    if (!made) refused(path, made.reason());
+    files.RemoveLeftovers(path);
+  }
+}
+
+const std::string& DesignName(const DesignState& s) {
+  return s.lblStatusBar2.empty() ? s.gFileName.text() : s.lblStatusBar2.text();
+}
+
+bool AskToSaveFirst(Station& station) {
+  if (!station.s.gDirty) return true;
+  ShowMessageDialog(station,
+                    "\r\n\r\nThis Torvane Design File has changed.\r\n"
+                    " Do you want to save the changes first ?",
+                    1, {.beep = true});
+  return !station.s.gMsgAnswer || btnSaveAS_Click(station);
+}
+
+void mnuNewFile_Click(Station& station) {
+  DesignState& s = station.s;
+  s.gGridSync = false;
+  if (!AskToSaveFirst(station)) {
+    s.gGridSync = true;
+    return;
+  }
+  s.gFileName = "";
+  s.gFilePath = "";
+  ShowName(s, "Torvane Designer");
+  BlankInputs(s, 2);
+  BlankInputs(s, 4);
+  BlankEndView(station);
+  s.gDirty = false;
+  s.gGridSync = true;
+  station.ForgetHistory();
+}
+
+bool OpenDesign(Station& station, const std::string& path) {
+  DesignState& s = station.s;
+  s.gMirrorOnChange = true;
+  s.gFilePath = path;
+  s.gLastFileInUse = path;
+  s.gFileName = BehindLastBackslash(path);
+  ShowName(s, "Torvane Designer ");
+  station.ForgetHistory();
+  BlankEndView(station);
+  if (!OpenFile(station, path, s.mnu2Axis)) return false;
+  s.gDirty = false;
+  Refresh4AXGrid(s);
+  NoteRecent(station, path);
+  return true;
+}
+
+void btnOPen_Click(Station& station) {
+  DesignState& s = station.s;
+  if (!AskToSaveFirst(station)) return;
+  s.gMirrorOnChange = true;
+  const auto path = station.platform.fileDialog.AskOpen(
+      s.mnu2Axis ? "Torvane 2Ax Design File (*.t2d)|*.t2d|" : "Torvane 4Ax Design File (*.t4d)|*.t4d|",
+      DesignFolder(station));
+  if (path) OpenDesign(station, *path);
+}
+
+namespace {
+
+// A value that shares its line of the file with others.
+bool StandsInAList(const FieldRow& row) {
+  for (const std::string_view name :
+       {"txtZ2", "txtZ4", "txtDia", "txtPODia", "txtAdjust", "txtSkirtLeft", "txtSkirtRight"})
+    if (row.name == name) return true;
+  return IsScheduleRow(row);
+}
+
+// Texts that the file holds otherwise than the window, each on a line of its own.
+std::string ChangedInFile(const DesignState& s) {
+  std::string changed;
+  ForEachField(s, [&](const Field& field) {
+    const FieldRow& row = field.row();
+    if ((row.kind != Kind::Text && row.kind != Kind::List) || !IsOfDesign(row) ||
+        !IsUsed(row, field.index(), s.gShow4Axis) || (IsScheduleRow(row) && field.index() > LayerRows(s)))
+      return;
+    const std::string& text = field.text();
+    const bool separates = StandsInAList(row) && text.find(';') != std::string::npos;
+    if (!separates && std::none_of(text.begin(), text.end(), EndsValue)) return;
+    changed += "\r\n";
+    if (IsScheduleRow(row)) changed += "Layer " + std::to_string(field.index()) + ": ";
+    changed += text;
+  });
+  return changed;
+}
+
+// Asks before the file of the design in hand is replaced if another program or station has written it since.
+bool MayReplaceOnDisk(const Station& station, const std::string& path) {
+  const Files& files = station.platform.files;
+  if (path != station.onDisk.path && !files.AreOne(path, station.onDisk.path)) return true;
+  const Result<std::string> standing = files.ReadAtMost(path, kLargestText);
+  if (!standing || standing.value() == station.onDisk.bytes) return true;
+  Message question;
+  question.text = "\r\nAnother program or station has changed this design since it was opened here:\r\n" +
+                  path + "\r\n\r\nDo you want to replace it by yours ?";
+  return station.platform.messageDialog.Ask(question);
+}
+
+}  // namespace
+
+bool SaveDesign(Station& station, const std::string& path) {
+  DesignState& s = station.s;
+  if (!MayReplaceOnDisk(station, path)) return false;
+  const std::string formerPath = s.gFilePath.text();
+  const std::string formerLast = s.gLastFileInUse.text();
+  s.gFilePath = path;
+  s.gLastFileInUse = path;
+  std::string name = path;
+  const Result<std::string> saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, name)
+                                               : SaveTorvaneMakeFileVer40(s, station.platform, name);
+  if (!saved) {
+    s.gFilePath = formerPath;
+    s.gLastFileInUse = formerLast;
+    station.platform.messageBox.Show(
+        "Error", "The design file was not written:\r\n" + name + "\r\n" + saved.reason(), BoxIcon::Stop);
+    return false;
+  }
+  s.gFilePath = name;
+  station.onDisk = {name, saved.value()};
+  if (s.mnu2Axis) WriteProgram(station);
+  s.gDirty = false;
+  s.gFileName = BehindLastBackslash(s.gFilePath.text());
+  ShowName(s, "Torvane Designer ");
+  NoteRecent(station, name);
+  if (const std::string changed = ChangedInFile(s); !changed.empty())
+    station.platform.messageBox.Show(
+        "Torvane Designer",
+        "The design is saved, but its file cannot hold these texts as they stand. "
+        "A blank stands for each ; or < of them:" +
+            changed,
+        BoxIcon::None);
+  return true;
+}
+
+Written WriteProgram(Station& station) {
+  ProgramProgress* const progress = station.programProgress;
+  if (progress != nullptr) progress->Begin();
+  const Written written = WriteGCode(station.s, station.platform, progress);
+  if (progress != nullptr) progress->End();
+  return written;
+}
+
+void OpenNamedDesign(Station& station, const std::string& path) {
+  if (!station.platform.files.Exists(path)) {
+    station.platform.messageBox.Show("Torvane Designer", "There is no such file any more:\r\n" + path,
+                                     BoxIcon::None);
+    ForgetRecentFile(station.keptStore, path);
+    station.StartTimer(station.tmrStore);
+    return;
+  }
+  if (!AskToSaveFirst(station)) return;
+  const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
+  if (ending == ".T2D" || ending == ".T4D") ChooseFamily(station, ending == ".T4D");
+  OpenDesign(station, path);
+  FollowWithRecovery(station, false);
+}
+
+void mnuRecent_Click(Station& station, int index) {
+  const std::vector<std::string> recent = RecentFiles(station.platform.store);
+  if (index >= 1 && index <= static_cast<int>(recent.size()))
+    OpenNamedDesign(station, recent[static_cast<std::size_t>(index) - 1]);
+}
+
+bool btnSaveAS_Click(Station& station) {
+  const DesignState& s = station.s;
+  const auto path = station.platform.fileDialog.AskSave(
+      s.mnu2Axis ? "Torvane 2-Ax Design File (*.t2d)|*.t2d|" : "Torvane 4-Ax Design File (*.t4d)|*.t4d|",
+      DesignFolder(station), WithoutLast(s.gFileName.text(), 4));
+  return !path || SaveDesign(station, *path);
+}
+
+void OpenLastDesignerFileInUse(Station& station) {
+  DesignState& s = station.s;
+  const Platform& platform = station.platform;
+  mnuNewFile_Click(station);
+  const std::string last = GetSetting(platform.store, kSettings, "gLastFileInUse", "");
+  s.gFileName = BehindLastBackslash(last);
+  const bool twoAxis = GetSetting(platform.store, kSettings, "mnu2Axis", "0") == "1";
+  s.mnu2Axis = twoAxis;
+  s.mnu4Axis = !twoAxis;
+  s.optX(twoAxis ? 0 : 1) = "True";
+  s.optX(twoAxis ? 1 : 0) = "False";
+  s.optX(twoAxis ? 0 : 1).SetBold(true);
+  s.optX(twoAxis ? 1 : 0).SetBold(false);
+
+  const std::string name = s.gFileName.text();
+  if (!name.empty() && !UpperCase(last).ends_with("TVD")) {
+    const bool twoAxisName = IsTwoAxisName(name);
+    ShowAxisDisplay(s, !twoAxisName);
+    const std::string path = DesignFolder(station) + "\\" + name;
+    if (!twoAxisName || platform.files.Exists(path)) {
+      OpenFile(station, path, twoAxisName);
+      s.gLastFileInUse = path;
+    }
+  }
+  platform.files.MakeProgramFolderCurrent();
+  s.gFileName = BehindLastBackslash(s.gLastFileInUse.text());
+  s.lblStatusBar2.CopyFrom(s.gFileName);
+}
+
+namespace {
+
+constexpr Operation kOperations[] = {
+    {"mnuNewFile", Event::Click, [](Station& station, int) { mnuNewFile_Click(station); }},
+    {"btnOPen", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
+    {"mnuOpenFile", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
+    {"btnSaveAS", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuSaveFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuRecent", Event::Click, mnuRecent_Click},
+    {"mnuUndo", Event::Click, [](Station& station, int) { station.Undo(); }},
+    {"mnuRedo", Event::Click, [](Station& station, int) { station.Redo(); }},
+    {"mnuSaveAsFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+};
+
+}  // namespace
+
+std::span<const Operation> DesignOperations() { return kOperations; }
+
+}  // namespace torvane

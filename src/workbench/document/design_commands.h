@@ -1,0 +1,53 @@
+// New, open, save, and the reopening of the last design.
+#pragma once
+
+#include "gcode/session.h"
+#include "workbench/station/station.h"
+
+namespace torvane {
+
+// Of the designs, below the station's folder.
+inline constexpr std::string_view kDesignFolder = "\\TV_Design_Files";
+
+// Makes the folders of designs and programs where they are missing. `refused` hears of one that cannot be
+// made, with its path and the reason.
+void MakeStationFolders(
+    Files& files, const std::function<void(const std::string& folder, const std::string& reason)>& refused);
+
+// Name of the design in hand, as its line in the window says it; empty of a new one.
+const std::string& DesignName(const DesignState& s);
+
+// Puts the question whether a changed design is to be saved first; saves it on yes. False if that was
+// refused: who would throw the design away then stops. A save that the operator cancels counts as answered.
+bool AskToSaveFirst(Station& station);
+
+// New: asks about unsaved changes, then blanks the design of both families.
+void mnuNewFile_Click(Station& station);
+// Open: asks about unsaved changes, then for a file of the family in use; nothing happens if it is cancelled.
+void btnOPen_Click(Station& station);
+// Save: asks for a name and saves under it; nothing happens if it is cancelled. False if it was refused.
+bool btnSaveAS_Click(Station& station);
+
+// Turns to a family and remembers the choice; no value of the design changes.
+void ChooseFamily(Station& station, bool fourAxis);
+
+// Opens a design file of the family in use, as an open does once its file is chosen. A refusal is told in a
+// message box; false then.
+bool OpenDesign(Station& station, const std::string& path);
+
+// Writes the design under a name and, in the two-axis family, its program. A refusal is told in a message
+// box, and the design keeps its name and its unsaved mark.
+bool SaveDesign(Station& station, const std::string& path);
+
+// Opens a design that the operator named beside the file dialog: a recent one, or one dropped on the window.
+// Asks about unsaved changes first, and turns to the family of the file's ending. A file that is not there is
+// told, and the design stays.
+void OpenNamedDesign(Station& station, const std::string& path);
+
+// Writes the design's program; the front end may follow it and end it.
+Written WriteProgram(Station& station);
+
+// Reopens at the start what was open at the last exit, if its file still lies in the design folder.
+void OpenLastDesignerFileInUse(Station& station);
+
+}  // namespace torvane

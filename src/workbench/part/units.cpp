@@ -1,0 +1,82 @@
+// The design's unit, and the band in both.
+#include "design/reset.h"
+#include "persist/settings.h"
+#include "workbench/part/twins.h"
+#include "workbench/station/end_view.h"
+#include "workbench/station/messages.h"
+
+namespace torvane {
+
+namespace {
+
+// Values are never converted: another unit empties the design.
+void ChangeUnits(Station& station, const char* inches) {
+  DesignState& s = station.s;
+  s.gGridSync = false;
+  SetUnits(s, station.platform.store, inches);
+  BlankInputs(s, 2);
+  BlankInputs(s, 4);
+  BlankEndView(station);
+  s.gGridSync = true;
+}
+
+void AskForUnits(Station& station, const std::string& question, int number, const char* inches) {
+  ShowMessageDialog(station, question, number, {.beep = true});
+  if (station.s.gMsgAnswer) ChangeUnits(station, inches);
+}
+
+void mnuINCH_Click(Station& station, int) {
+  if (station.s.mnuINCH) return;
+  AskForUnits(station, "\r\nUnits are now in inches.\r\nInputs will be lost.\r\n Do you wat to proceed ?", 48,
+              "Y");
+}
+
+void mnuMM_Click(Station& station, int) {
+  if (station.s.mnuMM) return;
+  AskForUnits(station,
+              "\r\nUnits are now in millimeters.\r\nInputs will be lost.\r\n Do you wat to proceed ?", 47,
+              "N");
+}
+
+void txtBandWidth_Key(Station& station, int i) {
+  DesignState& s = station.s;
+  SetTwin(s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
+  if (s.gUnits.text() == "mm")
+    AskForUnits(station, "\r\nUnits are now in Millimeters. \r\nDo You Want to use inches instead ?\r\n", 47,
+                "Y");
+}
+
+void txtBandWidthMM_Key(Station& station, int i) {
+  DesignState& s = station.s;
+  s.gDirty = true;
+  SetInchesFromTwin(station, s.txtBandWidth(i), s.txtBandWidthMM(i), "#0.000"_mask);
+  if (s.gUnits.text() == "in")
+    AskForUnits(station, "\r\nUnits are now in INCHES. \r\nDo You Want to use millimeters instead ?\r\n", 47,
+                "N");
+}
+
+void txtBandThickness_Key(Station& station, int i) {
+  DesignState& s = station.s;
+  SetTwin(s.txtBandThicknessMM(i), s.txtBandThickness(i), "##0.000"_mask);
+}
+
+void txtBandThicknessMM_Key(Station& station, int i) {
+  DesignState& s = station.s;
+  s.gDirty = true;
+  SetInchesFromTwin(station, s.txtBandThickness(i), s.txtBandThicknessMM(i), "#0.0000"_mask);
+}
+
+constexpr Operation kOperations[] = {
+    {"mnuINCH", Event::Click, mnuINCH_Click},
+    {"mnuMM", Event::Click, mnuMM_Click},
+    {"txtBandWidth", Event::Key, txtBandWidth_Key},
+    {"txtBandWidthMM", Event::Key, txtBandWidthMM_Key},
+    {"txtBandThickness", Event::Key, txtBandThickness_Key},
+    {"txtBandThicknessMM", Event::Key, txtBandThicknessMM_Key},
+};
+
+}  // namespace
+
+std::span<const Operation> UnitOperations() { return kOperations; }
+
+}  // namespace torvane

@@ -1,0 +1,59 @@
+// The design's totals follow the figures of its rows.
+#include "calc/layer_figures.h"
+#include "calc/totals.h"
+#include "calc/two_axis.h"
+#include "workbench/station/station.h"
+
+namespace torvane {
+
+namespace {
+
+void lblPassesToCover_Change(Station& station, int) {
+  if (station.s.gGridSync) SyncGridToLayerTable(station.s);
+}
+
+void lblMinutesToCover_Change(Station& station, int) {
+  DesignState& s = station.s;
+  if (!s.gGridSync) return;
+  s.lblBuildTime(0).CopyFrom(s.lblMinutesToCover(IndexSet::kAllRows));
+  EstimateTwoAxisBuildTime(s);
+}
+
+void lblLengthToCover_Change(Station& station, int) {
+  station.s.lblLengthRequired(0).CopyFrom(station.s.lblLengthToCover(IndexSet::kAllRows));
+}
+
+// A four-axis row's figure: the sum of the rows in use. A sum that a schedule of winding angles has written
+// itself stands.
+void SumFourAxisRows(DesignState& s, FieldArray& column, int row, Mask mask) {
+  if (row == IndexSet::kAllRows) return;
+  column(IndexSet::kAllRows) = SumOfRows(column, RowsOf(s.txtNumberOfLayers(1))).as(mask);
+}
+
+void lblMinutes_Change(Station& station, int row) {
+  SumFourAxisRows(station.s, station.s.lblMinutes, row, "####0.0"_mask);
+  EstimateFourAxisBuildTime(station.s);
+}
+
+void lblLength_Change(Station& station, int row) {
+  SumFourAxisRows(station.s, station.s.lblLength, row, "####0.0"_mask);
+}
+
+void lblNPasses_Change(Station& station, int row) {
+  SumFourAxisRows(station.s, station.s.lblNPasses, row, "#####"_mask);
+}
+
+constexpr Operation kOperations[] = {
+    {"lblPassesToCover", Event::Change, lblPassesToCover_Change},
+    {"lblMinutesToCover", Event::Change, lblMinutesToCover_Change},
+    {"lblLengthToCover", Event::Change, lblLengthToCover_Change},
+    {"lblMinutes", Event::Change, lblMinutes_Change},
+    {"lblLength", Event::Change, lblLength_Change},
+    {"lblNPasses", Event::Change, lblNPasses_Change},
+};
+
+}  // namespace
+
+std::span<const Operation> EstimateOperations() { return kOperations; }
+
+}  // namespace torvane

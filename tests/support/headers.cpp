@@ -1,0 +1,1 @@
+// Compiled with the headers that the test programs share.
