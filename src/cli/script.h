@@ -100,6 +100,8 @@ class Script {
   std::string HomePath(const std::string& relative) const;
   // On one line, the station's folder named "<home>".
   std::string WithoutHome(std::string line) const;
+  // A line of what a name shows; a name that shows nothing prints none.
+  void Print(const std::string& name, std::string_view what);
   // Prints what the station asks, tells and starts from here on.
   void Watch();
 

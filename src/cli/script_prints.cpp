@@ -64,36 +64,29 @@ void Script::Get(const std::string& rest) {
   out_ << Printable(rest) << " = " << OneLine(text) << "\n";
 }
 
+void Script::Print(const std::string& name, std::string_view what) {
+  out_ << Printable(name) << ": " << OneLine(what) << "\n";
+}
+
 void Script::List(const std::string& rest) {
   for (const std::string& entry : FieldOf(rest).entries()) out_ << "| " << OneLine(entry) << "\n";
 }
 
-void Script::ShowMark(const std::string& rest) {
-  out_ << Printable(rest) << ": " << NameOfMark(ShownMark(FieldOf(rest))) << "\n";
-}
+void Script::ShowMark(const std::string& rest) { Print(rest, NameOfMark(ShownMark(FieldOf(rest)))); }
 
-void Script::Shown(const std::string& rest) {
-  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).shown()) << "\n";
-}
+void Script::Shown(const std::string& rest) { Print(rest, YesNo(FieldOf(rest).shown())); }
 
-void Script::Enabled(const std::string& rest) {
-  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).enabled()) << "\n";
-}
+void Script::Enabled(const std::string& rest) { Print(rest, YesNo(FieldOf(rest).enabled())); }
 
 void Script::Caption(const std::string& rest) {
   const Field& field = FieldOf(rest);
   // A label shows its text.
-  out_ << Printable(rest) << ": " << OneLine(field.caption().empty() ? field.text() : field.caption())
-       << "\n";
+  Print(rest, field.caption().empty() ? field.text() : field.caption());
 }
 
-void Script::Tip(const std::string& rest) {
-  out_ << Printable(rest) << ": " << OneLine(FieldOf(rest).tip()) << "\n";
-}
+void Script::Tip(const std::string& rest) { Print(rest, FieldOf(rest).tip()); }
 
-void Script::Bold(const std::string& rest) {
-  out_ << Printable(rest) << ": " << YesNo(FieldOf(rest).bold()) << "\n";
-}
+void Script::Bold(const std::string& rest) { Print(rest, YesNo(FieldOf(rest).bold())); }
 
 void Script::ShowSetting(const std::string& rest) {
   const auto [section, key] = FirstWord(rest);
@@ -141,8 +134,6 @@ void Script::Warnings(const std::string&) {
          << "\n";
 }
 
-void Script::Hint(const std::string& rest) {
-  out_ << Printable(rest) << ": " << OneLine(NumberHint(FieldOf(rest), Running().s.signs)) << "\n";
-}
+void Script::Hint(const std::string& rest) { Print(rest, NumberHint(FieldOf(rest), Running().s.signs)); }
 
 }  // namespace torvane
