@@ -37,9 +37,9 @@ void SpeedsOfRate(const DesignState& s, Number windingAngle, Number& mandrelRPM,
 
 void CalculatePattern(DesignState& s, Number windingAngle, Number carriageSpeed, std::string_view patternText,
                       int row) {
-  SplitPatternFields(s, patternText);
-  const Number a = s.Read(s.gTagFields(2)).valueOr0();
-  const Number b = s.Read(s.gTagFields(3)).valueOr0();
+  const PatternFields pattern = SplitPatternFields(s, patternText);
+  const Number a = s.Read(pattern.groups).valueOr0();
+  const Number b = s.Read(pattern.circuits).valueOr0();
   s.lblNPasses(row) = (a * b).plain();
   const Number length = TraverseLength(s);
   const Number secondsPerTraverse = length / carriageSpeed / Cos(windingAngle / 180 * kPi) + kEndOfTraverse;
@@ -111,8 +111,7 @@ void RecalculateFourAxisRow(DesignState& s, int row) {
     CalculateAndShow(s, s.gWindAngle, pattern, row);
     return;
   }
-  SplitPatternFields(s, pattern);
-  const Number windingAngle = s.Read(s.gTagFields(1));
+  const Number windingAngle = s.Read(SplitPatternFields(s, pattern).angle);
   if (windingAngle.good()) CalculateAndShow(s, windingAngle, pattern, row);
 }
 

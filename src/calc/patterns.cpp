@@ -95,8 +95,7 @@ bool SameBeginning(std::string_view a, std::string_view b) {
 void Choose(DesignState& s, int row, const std::string& stored) {
   s.cmbPattern(row) = stored;
   s.cmbPattern(row).SetMark(Mark::Plain);
-  SplitPatternFields(s, stored);
-  const Number windingAngle = s.Read(s.gTagFields(1));
+  const Number windingAngle = s.Read(SplitPatternFields(s, stored).angle);
   if (windingAngle.good()) CalculateAndShow(s, windingAngle, stored, row);
 }
 
@@ -128,8 +127,9 @@ std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAn
          " | " + NumberToText(signs, wrapAngle) + "\xB0";
 }
 
-void SplitPatternFields(DesignState& s, std::string_view text) {
+PatternFields SplitPatternFields(DesignState& s, std::string_view text) {
   s.gTagFields.Split(text, text.find(';') != std::string_view::npos ? "|" : kPatternSeparators);
+  return {s.gTagFields(1), s.gTagFields(2), s.gTagFields(3), s.gTagFields(4)};
 }
 
 bool IsHoopRow(const DesignState& s, int row) { return EqualNoCase(s.cmb3D(row).text(), "HOOP"); }

@@ -45,8 +45,13 @@ std::string PatternText(NumberSigns signs, const Pattern& pattern, double wrapAn
 // What stands between the fields of a pattern: "|", "x" in either case, and the degree sign.
 inline constexpr std::string_view kPatternSeparators = "|xX\xB0";
 
-// Leaves a pattern's fields in `gTagFields`: angle, groups, circuits, end wrap angle.
-void SplitPatternFields(DesignState& s, std::string_view text);
+// A pattern's fields, as they stand in its text; those that it lacks are empty.
+struct PatternFields {
+  std::string angle, groups, circuits, wrapAngle;
+};
+
+// Splits a pattern's text, and leaves its fields in `gTagFields` as well.
+PatternFields SplitPatternFields(DesignState& s, std::string_view text);
 
 // Whether a four-axis row's type is a hoop, in either case of letters.
 bool IsHoopRow(const DesignState& s, int row);

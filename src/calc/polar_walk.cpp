@@ -31,12 +31,11 @@ PolarFigure Segment(PolarKind kind, PolarColour colour, Point from, Point to) {
 
 }  // namespace
 
-std::optional<PolarPattern> PolarPatternOf(DesignState& s, std::string_view patternText) {
-  SplitPatternFields(s, patternText);
-  const Number angle = s.Read(s.gTagFields(1));
-  const Number groups = Int(s.Read(s.gTagFields(2)));
-  const Number circuits = Int(s.Read(s.gTagFields(3)));
-  const Number wrapAngle = s.Read(s.gTagFields(4));
+std::optional<PolarPattern> PolarPatternOf(const DesignState& s, const PatternFields& pattern) {
+  const Number angle = s.Read(pattern.angle);
+  const Number groups = Int(s.Read(pattern.groups));
+  const Number circuits = Int(s.Read(pattern.circuits));
+  const Number wrapAngle = s.Read(pattern.wrapAngle);
   const Number diameter = number(s.txtDia(0));
   const Number circumference = diameter * kPi;
   const Number rotation = TraverseLength(s) * Tan(angle * kShortPi / 180) / circumference * 360;

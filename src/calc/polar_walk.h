@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "calc/patterns.h"
 #include "design/state.h"
 
 namespace torvane {
@@ -34,8 +35,8 @@ struct PolarPattern {
   double bandStep = 0;  // a band's share of a turn
 };
 
-// The pattern of a text on the part in hand; nothing if a value cannot be read.
-std::optional<PolarPattern> PolarPatternOf(DesignState& s, std::string_view patternText);
+// The pattern on the part in hand; nothing if a value cannot be read.
+std::optional<PolarPattern> PolarPatternOf(const DesignState& s, const PatternFields& pattern);
 
 // Mandrel, polar opening and the ticks on the axes.
 std::vector<PolarFigure> PolarBase(const DesignState& s);

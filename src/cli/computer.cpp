@@ -114,7 +114,6 @@ Computer::Computer(const CommonOptions& options) {
   Result<HostFiles> files = HostFiles::At(home.value());
   if (!files) throw UsageError{Because(home.value(), files.reason())};
   files_.emplace(files.value());
-  files_->MakeProgramFolderCurrent();
   files_->tell = [](const std::string& text) { Complain(ToUtf8(OneLine(text))); };
   realStore_ = StoreAt(options.store);
   // Another machine's limits and calibration would be another program.

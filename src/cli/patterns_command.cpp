@@ -41,12 +41,11 @@ void DescribePart(Station& station, const PatternOptions& options) {
 }
 
 nlohmann::ordered_json PatternOf(DesignState& s, const std::string& entry) {
-  SplitPatternFields(s, entry);
-  CalculateAndShow(s, s.Read(s.gTagFields(1)), entry, 1);
-  SplitPatternFields(s, entry);
-  return {{"pattern", ToUtf8(entry)},          {"angle", s.gTagFields(1)},
-          {"groups", s.gTagFields(2)},         {"circuits", s.gTagFields(3)},
-          {"passes", s.lblNPasses(1).text()},  {"endWrap", s.gTagFields(4)},
+  const PatternFields pattern = SplitPatternFields(s, entry);
+  CalculateAndShow(s, s.Read(pattern.angle), entry, 1);
+  return {{"pattern", ToUtf8(entry)},          {"angle", pattern.angle},
+          {"groups", pattern.groups},          {"circuits", pattern.circuits},
+          {"passes", s.lblNPasses(1).text()},  {"endWrap", pattern.wrapAngle},
           {"minutes", s.lblMinutes(1).text()}, {"filament", s.lblLength(1).text()}};
 }
 

@@ -1,3 +1,4 @@
+#include "calc/patterns.h"
 #include "calc/polar_walk.h"
 #include "cli/commands.h"
 #include "cli/designs.h"
@@ -18,7 +19,7 @@ int RunPreview(Computer& computer, const std::string& design, int row, const std
   if (row < 1 || row > RowsOf(s.txtNumberOfLayers(1)))
     throw UsageError{design + ": there is no row " + std::to_string(row)};
   NoteEndView(station, row, s.cmbPattern(row).text());
-  const auto pattern = PolarPatternOf(s, station.endView.pattern);
+  const auto pattern = PolarPatternOf(s, SplitPatternFields(s, station.endView.pattern));
   if (!pattern) {
     Complain(design + ": row " + std::to_string(row) + " has no pattern to draw");
     return kFailed;

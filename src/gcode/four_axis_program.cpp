@@ -108,14 +108,14 @@ void WritePass(Schedule& schedule, int n, PassNumber at, const dialect::LayerDis
   if (!holds(at.pass == passes) || !holds(at.group == groups)) dialect::EmptyLine(p);
 }
 
-void WritePatternLayer(Schedule& schedule, int n) {
+void WritePatternLayer(Schedule& schedule, int n, const PatternFields& pattern) {
   GCodeSession& session = schedule.session;
   DesignState& s = session.s;
   Program& p = session.program;
-  s.gWindAngle = s.Read(s.gTagFields(1));
-  schedule.passes = Int(s.Read(s.gTagFields(2)));
-  schedule.groups = Int(s.Read(s.gTagFields(3)));
-  schedule.wrapAngle = s.Read(s.gTagFields(4));
+  s.gWindAngle = s.Read(pattern.angle);
+  schedule.passes = Int(s.Read(pattern.groups));
+  schedule.groups = Int(s.Read(pattern.circuits));
+  schedule.wrapAngle = s.Read(pattern.wrapAngle);
   schedule.traverseAngle =
       schedule.traverseLength * Tan(s.gWindAngle * kShortPi / 180) / schedule.circumference * 360;
   CalculateSpeeds(schedule, "", 0, n);
@@ -150,11 +150,11 @@ void WriteLayer(Schedule& schedule, int n) {
   DesignState& s = schedule.session.s;
   Program& p = schedule.session.program;
   if (n == 1) dialect::Save(p, dialect::Register::FarEnd, "MARK THE MANDREL REFERFENCE ANGLE");
-  SplitPatternFields(s, s.cmbPattern(n).text());
-  if (s.gTagFields(1) == "HOOP")
+  const PatternFields pattern = SplitPatternFields(s, s.cmbPattern(n).text());
+  if (pattern.angle == "HOOP")
     WriteHoop(schedule, n);
   else
-    WritePatternLayer(schedule, n);
+    WritePatternLayer(schedule, n, pattern);
   dialect::CommentLine(p, "END LAYER #", n, " ----------------------------------------------");
   dialect::EmptyLine(p);
   if (s.chkPause(n).checked()) dialect::WaitForButton(p, "User Requested Pause After This Layer");

@@ -26,8 +26,7 @@ void TakeWindAngle(DesignState& s, int layer) {
   } else if (BeginsWithHoop(s) && layer == 1) {
     s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
   } else {
-    SplitPatternFields(s, s.cmbPattern(layer).text());
-    s.gWindAngle = s.Read(s.gTagFields(1));
+    s.gWindAngle = s.Read(SplitPatternFields(s, s.cmbPattern(layer).text()).angle);
   }
 }
 

@@ -30,7 +30,7 @@ bool NameProgram(DesignState& s, const Files& files) {
   const std::string& name = s.gFileName.text();
   if (name.size() < kExtension) return false;
   s.gGCodeFileName = ProgramName(s);
-  s.gGCodeFilePath = files.CurrentFolder() + std::string(kProgramFolder) + s.gGCodeFileName.text();
+  s.gGCodeFilePath = files.ProgramFolder() + std::string(kProgramFolder) + s.gGCodeFileName.text();
   s.gGCodeFolder = WithoutLast(s.gGCodeFilePath.text(), name.size());
   return true;
 }
@@ -73,8 +73,7 @@ bool TakeFirstAngle(GCodeSession& session) {
     s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
     return true;
   }
-  SplitPatternFields(s, pattern);
-  if (!s.gTagFields(1).empty()) return true;
+  if (!SplitPatternFields(s, pattern).angle.empty()) return true;
   session.platform.messageBox.Show("Winding Angle Error", "Winding Angle Undefined", BoxIcon::None);
   return false;
 }
@@ -149,7 +148,6 @@ std::string ProgramName(const DesignState& s) {
 }
 
 bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
-  platform.files.MakeProgramFolderCurrent();
   SetDefaultStops(s);
   SetPassEnds(s);
   if (!NameProgram(s, platform.files)) return false;

@@ -24,15 +24,14 @@ void ShowError(Station& station, std::string_view text, std::string_view reason 
 
 Outcome Start(Station& station, std::string_view program, std::string_view arguments) {
   Files& files = station.platform.files;
-  files.MakeProgramFolderCurrent();
-  return station.platform.launcher.Start(program, arguments, files.CurrentFolder());
+  return station.platform.launcher.Start(program, arguments, files.ProgramFolder());
 }
 
 // False, with the settings dialog open, until the operator has confirmed the carriage offset. Where the
 // message is silenced the last answer to any question decides.
-bool OffsetIsConfirmed(Station& station, const std::string& message) {
+bool OffsetIsConfirmed(Station& station, const StationMessage& message) {
   if (IsCarriageOffsetConfirmed(station.platform.store)) return true;
-  if (ShowMessageDialog(station, message, 33, {.okOnly = true, .beep = true, .offer = true})) return true;
+  if (ShowMessageDialog(station, message)) return true;
   OpenSettingsBeside(station, station.s.mnu2Axis ? 1 : 2);
   return false;
 }
@@ -45,10 +44,7 @@ bool RaiseSmallAngles(Station& station) {
     const Number angle = s.Read(s.LayerTable2Ax(layer, 1));
     if (!angle.good()) return false;
     if (!holds(angle < kLeastAngle)) continue;
-    ShowMessageDialog(station,
-                      "\r\nWARNING: 2-Axis Torvane May Have Trouble with\r\n"
-                      "Winding Angles less than 25 Degrees.\r\n\r\nProceed with Caution ...",
-                      32, {.okOnly = true, .beep = true, .offer = true});
+    ShowMessageDialog(station, messages::kFlatAngle);
     // In the computer's sign: "25.0" would read as 250 where the comma is the decimal sign.
     s.txtWA(layer) = Number(kLeastAngle).as("##.0"_mask);
     s.gDirty = true;
@@ -58,15 +54,12 @@ bool RaiseSmallAngles(Station& station) {
 }
 
 std::string ProgramPath(Station& station) {
-  return station.platform.files.CurrentFolder() + std::string(kProgramFolder) + ProgramName(station.s);
+  return station.platform.files.ProgramFolder() + std::string(kProgramFolder) + ProgramName(station.s);
 }
 
 void imgBUILD_Click(Station& station, int) {
   const std::string_view failed = "Can't Locate TorvaneExecutor.exe or G-Code File.\r\nBuild cannot proceed.";
-  if (!OffsetIsConfirmed(station,
-                         "\r\nBefore your first winding, you need to measure the carriage\r\n"
-                         "Z-offset distance. Click OK to open the settings page.\r\n"))
-    return;
+  if (!OffsetIsConfirmed(station, messages::kMeasureOffsetBeforeBuild)) return;
   if (!RaiseSmallAngles(station)) return ShowError(station, failed);
   if (!station.gWrapValuesAccepted && CheckWrapHGValues(station)) return;
   AskToSaveFirst(station);
@@ -84,14 +77,12 @@ void Command2_Click(Station& station, int) {
   const Written written = WriteProgram(station);
   if (written == Written::Cancelled) return;
   if (written != Written::Whole) return ShowError(station, failed);
-  station.platform.files.MakeProgramFolderCurrent();
   const Outcome shown = Start(station, kViewer, ProgramPath(station));
   if (!shown) ShowError(station, failed, shown.reason());
 }
 
 void mnuViewDesignFile_Click(Station& station, int) {
-  station.platform.files.MakeProgramFolderCurrent();
-  const Outcome shown = Start(station, station.platform.files.CurrentFolder() + "\\" + std::string(kViewer),
+  const Outcome shown = Start(station, station.platform.files.ProgramFolder() + "\\" + std::string(kViewer),
                               station.s.gFilePath.text());
   if (!shown)
     ShowError(station,
@@ -108,12 +99,11 @@ void ShowFolder(Station& station, const std::string& folder) {
 
 void mnuViewDesignDirectory_Click(Station& station, int) {
   const std::string& path = station.s.gFilePath.text();
-  station.platform.files.MakeProgramFolderCurrent();
   ShowFolder(station, path.substr(0, path.rfind('\\') + 1));
 }
 
 void mnuViewGCodeDirectory_Click(Station& station, int) {
-  ShowFolder(station, station.platform.files.CurrentFolder() + std::string(kProgramFolder));
+  ShowFolder(station, station.platform.files.ProgramFolder() + std::string(kProgramFolder));
 }
 
 void mnuManually_Click(Station& station, int) { StartExecutor(station, "MANUAL"); }
@@ -156,9 +146,7 @@ Outcome StartExecutor(Station& station, std::string_view argument) {
 }
 
 bool OffsetIsConfirmedForManual(Station& station) {
-  return OffsetIsConfirmed(station,
-                           "\r\nBefore first winding, you need to measure the carriage Z-offset distance.\r\n"
-                           "Click OK to open the settings page.\r\n");
+  return OffsetIsConfirmed(station, messages::kMeasureOffsetBeforeMoving);
 }
 
 }  // namespace torvane

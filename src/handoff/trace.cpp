@@ -41,10 +41,9 @@ void SpotVerifyHeader(const DesignState& s, Program& p) {
 
 void RunTraceFile(Station& station, const Program& p) {
   Files& files = station.platform.files;
-  files.MakeProgramFolderCurrent();
   std::vector<std::string_view> text = p.Text();
   text.push_back("\r\n");
-  const std::string path = files.CurrentFolder() + "\\TV_TRACE.TVG";
+  const std::string path = files.ProgramFolder() + "\\TV_TRACE.TVG";
   const Outcome written = files.WriteWhole(path, text);
   // The machine would drive to where the former trace went.
   if (!written)

@@ -23,11 +23,9 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  // Full path of the folder that holds the program, with no backslash behind it.
+  // Full path of the folder that holds the program, with no backslash behind it. Names without a folder refer
+  // to it.
   virtual std::string ProgramFolder() const = 0;
-  // The folder that names without a folder refer to. It belongs to this object, not to the process.
-  virtual std::string CurrentFolder() const = 0;
-  virtual void MakeProgramFolderCurrent() = 0;
 
   virtual bool Exists(std::string_view path) const = 0;
   // Both names lead to one file that is there.

@@ -2,14 +2,13 @@
 
 namespace torvane {
 
-MemoryFiles::MemoryFiles(std::string programFolder)
-    : programFolder_(std::move(programFolder)), currentFolder_(programFolder_) {
+MemoryFiles::MemoryFiles(std::string programFolder) : programFolder_(std::move(programFolder)) {
   folders_.insert(programFolder_);
 }
 
 std::string MemoryFiles::Full(std::string_view path) const {
   const bool absolute = !path.empty() && (path[0] == '\\' || (path.size() > 1 && path[1] == ':'));
-  std::string full = absolute ? std::string(path) : currentFolder_ + "\\" + std::string(path);
+  std::string full = absolute ? std::string(path) : programFolder_ + "\\" + std::string(path);
   while (!full.empty() && full.back() == '\\') full.pop_back();
   return full;
 }

@@ -17,8 +17,6 @@ class MemoryFiles : public Files {
   explicit MemoryFiles(std::string programFolder = "C:\\Torvane");
 
   std::string ProgramFolder() const override { return programFolder_; }
-  std::string CurrentFolder() const override { return currentFolder_; }
-  void MakeProgramFolderCurrent() override { currentFolder_ = programFolder_; }
 
   bool Exists(std::string_view path) const override;
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;
@@ -49,7 +47,7 @@ class MemoryFiles : public Files {
 
   void Keep(const std::string& full, std::string bytes);
 
-  std::string programFolder_, currentFolder_;
+  std::string programFolder_;
   std::map<std::string, std::string> files_, refusals_;
   std::map<std::string, std::weak_ptr<void>> locks_;
   std::map<std::string, std::int64_t> written_;  // by rising number of the write

@@ -70,7 +70,7 @@ TEST(PolarPicture, OfWhatCannotBeReadIsTheMandrelAlone) {
   EXPECT_EQ(PolarBase(s).size(), 6U);
   for (const char* text : {"", "HOOP", "Select ...", "18.12 | x 12 | 180\xB0", "18.12 | 400 x 400 | 180\xB0",
                            "18.12 | 0 x 12 | 180\xB0"})
-    EXPECT_FALSE(PolarPatternOf(s, text)) << text;
+    EXPECT_FALSE(PolarPatternOf(s, SplitPatternFields(s, text))) << text;
 }
 
 }  // namespace

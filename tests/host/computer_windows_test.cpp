@@ -68,8 +68,6 @@ TEST_F(RegistryStoreTest, RefusesWhatTheRegistryCannotHold) {
 
 class WindowsFilesTest : public testing::Test {
  protected:
-  void SetUp() override { files.MakeProgramFolderCurrent(); }
-
   TemporaryFolder folder;
   HostFiles files = HostFiles::At(HostText(folder.path)).value();
 };

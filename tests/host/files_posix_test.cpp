@@ -20,17 +20,15 @@ namespace {
 
 class HostFilesTest : public testing::Test {
  protected:
-  void SetUp() override { files.MakeProgramFolderCurrent(); }
-
   TemporaryFolder folder;
   HostFiles files = HostFiles::At(folder.path.string()).value();
 };
 
-TEST_F(HostFilesTest, NamesWithoutAFolderAreInTheObjectsCurrentFolder) {
-  HostFiles fresh = HostFiles::At(folder.path.string()).value();
-  EXPECT_EQ(fresh.CurrentFolder(), StationPath(std::filesystem::current_path().string()).value());
-  EXPECT_EQ(fresh.ProgramFolder(), StationPath(folder.path.string()).value());
-  EXPECT_EQ(HostFiles::At(folder.path.string() + "/").value().ProgramFolder(), fresh.ProgramFolder());
+TEST_F(HostFilesTest, NamesWithoutAFolderAreInTheProgramsFolder) {
+  const TemporaryFolder other;
+  const HostFiles fresh = HostFiles::At(other.path.string()).value();
+  EXPECT_EQ(files.ProgramFolder(), StationPath(folder.path.string()).value());
+  EXPECT_EQ(HostFiles::At(folder.path.string() + "/").value().ProgramFolder(), files.ProgramFolder());
   EXPECT_FALSE(HostFiles::At("/srv/Ω"));
 
   ASSERT_TRUE(files.MakeFolder("TV_Design_Files"));

@@ -144,7 +144,6 @@ TEST_F(Hindrance, ADiskWithNoRoomForACopy) {
     GTEST_SKIP() << "no small disk to be had";
   const std::shared_ptr<void> mounted(nullptr, [&](void*) { umount(disk.path.c_str()); });
   HostFiles real = HostFiles::At(disk.path.string()).value();
-  real.MakeProgramFolderCurrent();
   const Platform platform{stage.store,         stage.clock,      stage.locale,     real,
                           stage.messageDialog, stage.messageBox, stage.fileDialog, stage.launcher};
   ASSERT_TRUE(ReplaceDesign(platform, "a.t2d", std::string(24'000, 'f')));

@@ -16,19 +16,16 @@ std::string WithoutBackslash(std::string path) {
 Result<HostFiles> HostFiles::At(std::string_view programFolder) {
   const auto program = AbsoluteStationPath(programFolder);
   if (!program) return Refusal{"The program cannot run in this folder. " + program.reason()};
-  const auto current = AbsoluteStationPath(".");
-  return HostFiles(WithoutBackslash(program.value()),
-                   WithoutBackslash(current ? current.value() : program.value()));
+  return HostFiles(WithoutBackslash(program.value()));
 }
 
-HostFiles::HostFiles(std::string programFolder, std::string currentFolder)
-    : programFolder_(std::move(programFolder)), currentFolder_(std::move(currentFolder)) {}
+HostFiles::HostFiles(std::string programFolder) : programFolder_(std::move(programFolder)) {}
 
 Result<std::filesystem::path> HostFiles::Found(std::string_view path) const {
   if (path.empty()) return Refusal{"There is no file name."};
   const auto name = HostPath(path);
   if (!name) return Refusal{name.reason()};
-  const auto folder = HostPath(currentFolder_ + "\\");
+  const auto folder = HostPath(programFolder_ + "\\");
   if (!folder) return Refusal{folder.reason()};
   return SystemPath(folder.value()) / SystemPath(name.value());
 }

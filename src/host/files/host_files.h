@@ -17,13 +17,10 @@ namespace torvane {
 // Reasons do not name the file.
 class HostFiles : public Files {
  public:
-  // The program's folder as a path of the computer; refused where the station's text cannot say it. The
-  // process's working folder is current at first, the program's folder if that cannot be said.
+  // The program's folder as a path of the computer; refused where the station's text cannot say it.
   static Result<HostFiles> At(std::string_view programFolder);
 
   std::string ProgramFolder() const override { return programFolder_; }
-  std::string CurrentFolder() const override { return currentFolder_; }
-  void MakeProgramFolderCurrent() override { currentFolder_ = programFolder_; }
 
   // A folder or a device is no file.
   bool Exists(std::string_view path) const override;
@@ -44,14 +41,14 @@ class HostFiles : public Files {
   std::function<void(const std::string& text)> tell;
 
  private:
-  HostFiles(std::string programFolder, std::string currentFolder);
+  explicit HostFiles(std::string programFolder);
   Result<std::filesystem::path> Found(std::string_view path) const;
 
   // Once for each folder, since somewhere else no start looks for leftovers.
   void Tidy(const std::filesystem::path& folder);
   Outcome Told(std::string_view path, const std::filesystem::path& file, const Result<Replacement>& replaced);
 
-  std::string programFolder_, currentFolder_;
+  std::string programFolder_;
   std::set<std::filesystem::path> toldOf_, tidied_;
 };
 

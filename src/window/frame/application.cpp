@@ -14,7 +14,6 @@ WindowComputer::WindowComputer(HostFiles files_, std::unique_ptr<SettingsStore> 
       messageDialog(theme),
       messageBox(theme),
       fileDialog(messageBox) {
-  files.MakeProgramFolderCurrent();
   files.tell = [this](const std::string& text) { messageBox.Show("Torvane Designer", text, BoxIcon::None); };
   MakeStationFolders(files, [this](const std::string& folder, const std::string& reason) {
     messageBox.Show("Torvane Designer", folder + ": " + reason, BoxIcon::Stop);

@@ -56,8 +56,7 @@ void txtPreWrapAdvance_Key(Station& station, int i) {
   DesignState& s = station.s;
   Store(station, KeyOf("txtPreWrapAdvance", i), s.txtPreWrapAdvance(i));
   if (holds(number(s.txtPreWrapAdvance(i)) * number(s.cmbPreWrapRPM(i)) / 60 > s.cMaxSpeed))
-    ShowMessageDialog(station, "\r\n\r\nCarriage Speed may Exceed\r\n Winder Capability", 11,
-                      {.okOnly = true, .beep = true, .offer = true});
+    ShowMessageDialog(station, messages::kAdvanceBeyondCapability);
   SetTwin(s.txtPreWrapAdvanceMM(i), s.txtPreWrapAdvance(i), kTwinMask);
 }
 
@@ -160,8 +159,7 @@ bool CheckWrapHGValues(Station& station) {
     const bool behindHeatGun = &value.field != &s.txtHSTWidth || s.chkHeatGunApp.checked();
     if (!value.chosen.checked() || !behindHeatGun || !value.TooHigh(s.InInches())) continue;
     station.StartTimer(station.tmrBlink);
-    ShowMessageDialog(station, "\r\n\r\nBlinking Red Values Seem Too High.\r\n Please Check Values ... ", 33,
-                      {.okOnly = true, .beep = true});
+    ShowMessageDialog(station, messages::kValuesSeemTooHigh);
     return true;
   }
   return false;

@@ -160,7 +160,7 @@ void PreviewWindow::Begin() {
     Describe(withAngles_);
   const std::string& tag = field("lblPolarTag").text();
   if (tag.empty()) return;
-  const auto pattern = PolarPatternOf(s, tag);
+  const auto pattern = PolarPatternOf(s, SplitPatternFields(s, tag));
   if (!pattern) return;
   field("lblC") = Number(pattern->groups).plain();
   field("lblP") = Number(pattern->circuits).plain();
@@ -209,8 +209,8 @@ PreviewWindow& OpenPreview(Station& station) {
 
 bool IsTooLarge(Station& station) {
   DesignState& s = station.s;
-  SplitPatternFields(s, station.endView.pattern);
-  const Number passes = Int(s.Read(s.gTagFields(2))) * Int(s.Read(s.gTagFields(3)));
+  const PatternFields pattern = SplitPatternFields(s, station.endView.pattern);
+  const Number passes = Int(s.Read(pattern.groups)) * Int(s.Read(pattern.circuits));
   if (!holds(passes > kMostPolarPasses)) return false;
   station.platform.messageBox.Show("Torvane Designer",
                                    "A pattern of " + FormatNumberText(s.signs, passes.value(), "#0"_mask) +
@@ -224,7 +224,7 @@ void DrawWhole(Station& station, const std::function<void(const PolarWalk::Step&
   DesignState& s = station.s;
   EndView& view = station.endView;
   view.picture = PolarBase(s);
-  view.measures = PolarPatternOf(s, view.pattern);
+  view.measures = PolarPatternOf(s, SplitPatternFields(s, view.pattern));
   if (!view.measures) return;
   view.picture.push_back(PolarFirstBand(*view.measures));
   PolarWalk walk(*view.measures, PolarMarks::ByBand);
@@ -243,10 +243,9 @@ void DrawEndView(Station& station) {
 void DrawPolarCircPattern(Station& station, int row) {
   DesignState& s = station.s;
   const std::string pattern = station.endView.pattern;
-  SplitPatternFields(s, pattern);
   // A row that is not chosen yet has the angle 0 and no passes.
   Kept windingAngle;
-  windingAngle = s.Read(s.gTagFields(1));
+  windingAngle = s.Read(SplitPatternFields(s, pattern).angle);
   CalculateAndShow(s, windingAngle, pattern, row);
   if (IsTooLarge(station)) {
     station.endView.picture = PolarBase(s);

@@ -276,11 +276,7 @@ void SettingsDialog::SpeedKey(int index, std::string_view name, std::string_view
                               std::string_view limit) {
   const Field& typed = field(At(name, index));
   if (!field(limit).empty() && holds(number(typed) > number(field(limit))) &&
-      ShowMessageDialog(station(),
-                        "\r\nSpeed desired may exceed speed capability of Torvane.\r\n"
-                        "Max Speed of Torvane is indicated at " +
-                            NumberToText(s().signs, s().cMaxSpeed) + ".",
-                        5, {.okOnly = true}))
+      ShowMessageDialog(station(), messages::kSpeedBeyondCapability, NumberToText(s().signs, s().cMaxSpeed)))
     return;
   field(At(twin, index)) = (number(typed) * factor).as(kTwoDecimals);
 }

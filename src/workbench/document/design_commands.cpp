@@ -28,8 +28,7 @@ void ShowName(DesignState& s, const char* caption) {
 }
 
 std::string DesignFolder(Station& station) {
-  station.platform.files.MakeProgramFolderCurrent();
-  return station.platform.files.CurrentFolder() + std::string(kDesignFolder);
+  return station.platform.files.ProgramFolder() + std::string(kDesignFolder);
 }
 
 // The family in use decides the reader, not the file.
@@ -80,10 +79,7 @@ const std::string& DesignName(const DesignState& s) {
 
 bool AskToSaveFirst(Station& station) {
   if (!station.s.gDirty) return true;
-  ShowMessageDialog(station,
-                    "\r\n\r\nThis Torvane Design File has changed.\r\n"
-                    " Do you want to save the changes first ?",
-                    1, {.beep = true});
+  ShowMessageDialog(station, messages::kSaveFirst);
   return !station.s.gMsgAnswer || btnSaveAS_Click(station);
 }
 
@@ -268,7 +264,6 @@ void OpenLastDesignerFileInUse(Station& station) {
       s.gLastFileInUse = path;
     }
   }
-  platform.files.MakeProgramFolderCurrent();
   s.gFileName = BehindLastBackslash(s.gLastFileInUse.text());
   s.lblStatusBar2.CopyFrom(s.gFileName);
 }

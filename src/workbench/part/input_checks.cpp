@@ -115,12 +115,7 @@ void txtZ2_Click(Station& station, int) {
   if (s.txtZ2(1).mark() != Mark::StopTooLow) return;
   if (!station.gSlamMessageShown) {
     const bool fourAxis = s.optX(1).checked();
-    ShowMessageDialog(station,
-                      std::string("Carriage will slam Limit Switch.\r\n"
-                                  "Enter a Z value greater than the Z home position.\r\n\r\n") +
-                          (fourAxis ? "Go To Settings --> 4-Axis --> Red Highlight"
-                                    : "Go To Settings --> 2-Axis --> Red Highlight"),
-                      567, {.okOnly = true, .beep = true});
+    ShowMessageDialog(station, messages::kStopInsideOffset, fourAxis ? "4" : "2");
     OpenSettings(station, fourAxis ? 2 : 1, CarriageOffsetMark::TooLow);
   }
   station.gSlamMessageShown = !station.gSlamMessageShown;

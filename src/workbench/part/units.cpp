@@ -20,39 +20,32 @@ void ChangeUnits(Station& station, const char* inches) {
   s.gGridSync = true;
 }
 
-void AskForUnits(Station& station, const std::string& question, int number, const char* inches) {
-  ShowMessageDialog(station, question, number, {.beep = true});
+void AskForUnits(Station& station, const StationMessage& question, const char* inches) {
+  ShowMessageDialog(station, question);
   if (station.s.gMsgAnswer) ChangeUnits(station, inches);
 }
 
 void mnuINCH_Click(Station& station, int) {
   if (station.s.mnuINCH) return;
-  AskForUnits(station, "\r\nUnits are now in inches.\r\nInputs will be lost.\r\n Do you wat to proceed ?", 48,
-              "Y");
+  AskForUnits(station, messages::kInches, "Y");
 }
 
 void mnuMM_Click(Station& station, int) {
   if (station.s.mnuMM) return;
-  AskForUnits(station,
-              "\r\nUnits are now in millimeters.\r\nInputs will be lost.\r\n Do you wat to proceed ?", 47,
-              "N");
+  AskForUnits(station, messages::kMillimetres, "N");
 }
 
 void txtBandWidth_Key(Station& station, int i) {
   DesignState& s = station.s;
   SetTwin(s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
-  if (s.gUnits.text() == "mm")
-    AskForUnits(station, "\r\nUnits are now in Millimeters. \r\nDo You Want to use inches instead ?\r\n", 47,
-                "Y");
+  if (s.gUnits.text() == "mm") AskForUnits(station, messages::kInchBandInMillimetres, "Y");
 }
 
 void txtBandWidthMM_Key(Station& station, int i) {
   DesignState& s = station.s;
   s.gDirty = true;
   SetInchesFromTwin(station, s.txtBandWidth(i), s.txtBandWidthMM(i), "#0.000"_mask);
-  if (s.gUnits.text() == "in")
-    AskForUnits(station, "\r\nUnits are now in INCHES. \r\nDo You Want to use millimeters instead ?\r\n", 47,
-                "N");
+  if (s.gUnits.text() == "in") AskForUnits(station, messages::kMillimetreBandInInches, "N");
 }
 
 void txtBandThickness_Key(Station& station, int i) {

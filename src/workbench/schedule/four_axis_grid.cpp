@@ -25,7 +25,6 @@ void CalculateHoopRow(DesignState& s, int row) {
 void optType_Click(Station& station, int index) {
   if (!station.s.optType(index).exists()) return;
   station.s.gDirty = true;
-  station.platform.files.MakeProgramFolderCurrent();
   SelectPartType(station.s, index);
 }
 
@@ -36,12 +35,7 @@ void cmb3D_Click(Station& station, int row) {
   s.gDirty = true;
   if (IsHoopRow(s, row)) {
     if (!s.optType(2).checked())
-      ShowMessageDialog(station,
-                        "\r\nTorvane v" + s.gVersionNumber.text() +
-                            " can not yet transition to hoop winding from \r\n"
-                            "helical winding. The previous layer will be paused first, \r\n"
-                            "then manually place filament, then hoop wind.\r\n",
-                        31, {.okOnly = true, .beep = true, .offer = true});
+      ShowMessageDialog(station, messages::kHoopBehindHelix, s.gVersionNumber.text());
     s.cmbPattern(row).SetEntries({});
     s.cmbPattern(row) = "HOOP";
     CalculateHoopRow(s, row);

@@ -65,10 +65,7 @@ void Cell_Key(Station& station, int row, Mask mask) {
 void txtWA_Key(Station& station, int row) {
   DesignState& s = station.s;
   s.gDirty = true;
-  if (holds(number(s.txtWA(row)) > 80))
-    ShowMessageDialog(station,
-                      "\r\n\r\nWinding Angles Above 80 deg Should be Set\r\nto 90 deg to Hoop wind the part",
-                      12, {.okOnly = true, .offer = true});
+  if (holds(number(s.txtWA(row)) > 80)) ShowMessageDialog(station, messages::kSteepAngle);
   Cell_Key<&Fields::txtWA>(station, row, "##.00"_mask);
 }
 
@@ -84,11 +81,8 @@ void txtMRPM_Key(Station& station, int row) {
   RecalculateTwoAxisLayers(s, kAllRows);
   s.gGridSync = true;
   if (row == kAllRows && holds(number(s.txtMRPM(row)) > s.mMaxRPM) && station.StartGuardPassed())
-    ShowMessageDialog(station,
-                      "Input Mandrel Speed exceeds Torvane\r\nMax RPM of " +
-                          FormatNumberText(s.signs, s.mMaxRPM, "##0.0"_mask) +
-                          ".\r\n\r\nInput Slower Mandrel Speed.",
-                      6, {.okOnly = true});
+    ShowMessageDialog(station, messages::kMandrelBeyondMaximum,
+                      FormatNumberText(s.signs, s.mMaxRPM, "##0.0"_mask));
 }
 
 void List_Click(Station& station, FieldArray& column, int row) {
