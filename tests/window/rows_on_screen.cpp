@@ -60,6 +60,8 @@ class RowsOnScreen : public QObject {
   void TheEndViewIsTheRowsOwn();
   void TheCountIsAskedForInAnEmptyGrid();
   void CaptionsAreWhole();
+  void TheFirstClickTakesTheWholeText();
+  void UndoIsTheStationsInATextToo();
 };
 
 void RowsOnScreen::EmphasisGoesWhereItIsDropped() {
@@ -204,6 +206,38 @@ void RowsOnScreen::TheCountIsAskedForInAnEmptyGrid() {
   QCOMPARE(caption->grab().toImage(), plain);
   QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, QPoint(head->sectionViewportPosition(2) + 20, 10));
   QCOMPARE(told(), std::size_t{2});
+}
+
+void RowsOnScreen::TheFirstClickTakesTheWholeText() {
+  Desktop desktop;
+  desktop.Type("txtLengthTotal(0)", "0");
+  auto* edit = desktop.Find<QLineEdit>(QStringLiteral("txtLengthTotal(0)"));
+  QCOMPARE(edit->text(), QStringLiteral("0"));
+  QTest::mouseClick(edit, Qt::LeftButton, {}, edit->rect().center());
+  QCOMPARE(edit->selectedText(), QStringLiteral("0"));
+  desktop.Keys("24");
+  QCOMPARE(edit->text(), QStringLiteral("24"));
+  // A second click sets the cursor.
+  QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(edit->width() - 2, edit->height() / 2));
+  QVERIFY(!edit->hasSelectedText());
+  desktop.Keys("5");
+  QCOMPARE(edit->text(), QStringLiteral("245"));
+}
+
+void RowsOnScreen::UndoIsTheStationsInATextToo() {
+  Desktop desktop;
+  desktop.WindowOnStage::Type("txtLengthTotal(0)", "24");
+  desktop.WindowOnStage::Type("txtBandWidth(0)", "0.25");
+  const auto text = [&desktop](const char* field) { return desktop.station().FindField(field)->text(); };
+  desktop.Key(Qt::Key_Z, Qt::ControlModifier);
+  QCOMPARE(text("txtBandWidth(0)"), std::string());
+  QCOMPARE(text("txtLengthTotal(0)"), std::string("24"));
+  desktop.Key(Qt::Key_Z, Qt::ControlModifier);
+  QCOMPARE(text("txtLengthTotal(0)"), std::string());
+  desktop.Key(Qt::Key_Y, Qt::ControlModifier);
+  desktop.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  QCOMPARE(text("txtLengthTotal(0)"), std::string("24"));
+  QCOMPARE(text("txtBandWidth(0)"), std::string("0.25"));
 }
 
 void RowsOnScreen::CaptionsAreWhole() {

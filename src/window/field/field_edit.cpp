@@ -58,6 +58,18 @@ InputLook FieldEdit::Look() const {
   return {ShownMark(field_), field_.enabled(), hasFocus(), place_ != Place::Panel};
 }
 
+// What is taken back is what the operator did last, not what this field alone remembers.
+bool FieldEdit::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+      key->ignore();
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
 void FieldEdit::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(this);
@@ -72,6 +84,8 @@ void FieldEdit::paintEvent(QPaintEvent* event) {
 
 void FieldEdit::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
+  // The first click takes the whole text, so that typing replaces it; the next one sets the cursor.
+  if (std::exchange(entered_, false) && !hasSelectedText()) selectAll();
   // A double click is one click and the double click, not two clicks.
   if (event->button() == Qt::LeftButton && !std::exchange(doubled_, false))
     desk_.Run(field_.row().name, Event::Click, field_.index());
@@ -97,6 +111,7 @@ void FieldEdit::keyReleaseEvent(QKeyEvent* event) {
 void FieldEdit::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
   if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
+  entered_ = event->reason() == Qt::MouseFocusReason;
 }
 
 }  // namespace torvane

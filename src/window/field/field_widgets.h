@@ -32,6 +32,7 @@ class FieldEdit : public QLineEdit {
   Field& field() const { return field_; }
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -49,6 +50,7 @@ class FieldEdit : public QLineEdit {
   bool moves_ = false;    // a double click moves the machine
   bool doubled_ = false;  // the release to come ends a double click
   bool idle_ = false;     // the key that is down was pressed here and has changed nothing
+  bool entered_ = false;  // the click that is under way brought the keyboard here
 };
 
 // A list: its entries open below it; Alt+Down, Down or a click opens them, a letter chooses.
