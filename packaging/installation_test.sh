@@ -8,6 +8,10 @@ fail() { printf 'installation: %s\n' "$*" >&2; exit 1; }
 
 "$cmake" --install "$build" --prefix "$root/usr" >/dev/null
 bin=$root/usr/bin samples=$root/usr/share/torvane/samples
+# The notices of what is compiled in go with the programs.
+for notice in 'University of Cincinnati' 'Niels Lohmann'; do
+  grep -q "$notice" "$root/usr/share/doc/torvane-designer/copyright" || fail "no notice of $notice"
+done
 unset TORVANE_HOME TORVANE_STORE XDG_CONFIG_HOME
 export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$root
 

@@ -114,6 +114,23 @@ TEST(Pages, ShowCodeAsItStands) {
   EXPECT_GT(lines, 5);
 }
 
+// The packages that set-up and checks install, each with its licence.
+TEST(Pages, TellTheLicenceOfEachPackage) {
+  const std::vector<std::string> named = NamesOn(TextOf(kRoot / "docs" / "third-party.md"));
+  const std::set<std::string> known(named.begin(), named.end());
+  int packages = 0;
+  std::vector<fs::path> scripts = {kRoot / "check"};
+  for (const auto& entry : fs::directory_iterator(kRoot / "tools"))
+    if (entry.path().extension() == ".sh") scripts.push_back(entry.path());
+  for (const fs::path& script : scripts)
+    for (const std::string& list : AllOf(TextOf(script), std::regex("packages\\+?=\\(([^)]*)\\)"), 1)) {
+      std::istringstream words(list);
+      for (std::string package; words >> package; ++packages)
+        EXPECT_EQ(known.count(package), 1U) << script << " installs " << package;
+    }
+  EXPECT_GT(packages, 15);
+}
+
 TEST(Pages, TheCodeMapShowsEveryRoom) {
   const std::vector<std::string> named = NamesOn(TextOf(kRoot / "docs" / "code-map.md"));
   const std::set<std::string> known(named.begin(), named.end());
