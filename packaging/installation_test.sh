@@ -9,7 +9,7 @@ fail() { printf 'installation: %s\n' "$*" >&2; exit 1; }
 "$cmake" --install "$build" --prefix "$root/usr" >/dev/null
 bin=$root/usr/bin samples=$root/usr/share/torvane/samples
 # The notices of what is compiled in go with the programs.
-for notice in 'University of Cincinnati' 'Niels Lohmann'; do
+for notice in 'University of Cincinnati' 'Redistributions in binary form' 'Niels Lohmann' 'Permission is hereby'; do
   grep -q "$notice" "$root/usr/share/doc/torvane-designer/copyright" || fail "no notice of $notice"
 done
 unset TORVANE_HOME TORVANE_STORE XDG_CONFIG_HOME
