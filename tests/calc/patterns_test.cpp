@@ -129,6 +129,10 @@ TEST_F(FourAxisRow, KeepsAStoredPatternWhateverItsCase) {
   EXPECT_EQ(s.cmbPattern(1).text(), "3 | 5 X 10 | 180\xB0");
   EXPECT_EQ(s.cmbPattern(1).mark(), Mark::Plain);
   EXPECT_EQ(s.lblNPasses(1).text(), "50");
+  s.LayerTable4Ax.Set(1, 5, "7.465 | 2 X 25 | 180\xB0");
+  PopulatePatternCombo(s, 1);
+  EXPECT_EQ(s.cmbPattern(1).text(), "Select ...") << "the angle counts to its last digit";
+  s.LayerTable4Ax.Set(1, 5, "3 | 5 X 10 | 180\xB0");
   s.cmbPhiW(1) = "170\xB0";
   PopulatePatternCombo(s, 1);
   EXPECT_EQ(s.cmbPattern(1).text(), "Select ...");

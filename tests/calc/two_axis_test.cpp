@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "calc/totals.h"
+#include "design/units.h"
 #include "support/station_on_stage.h"
 
 namespace torvane {
@@ -83,6 +84,12 @@ TEST_F(TwoAxis, ATypedMandrelSpeedStands) {
   EXPECT_EQ(s.txtCarriageSpeed(1).text(), "2.09");
   RecalculateTwoAxisLayers(s, 1);
   EXPECT_EQ(Row(s, 1).substr(0, 9), "28.6|6.00");
+  // Each row of the grid has its own speeds, to the last.
+  for (const int row : {15, 18}) {
+    s.txtWA(row) = "45";
+    RecalculateTwoAxisLayers(s, row);
+    EXPECT_EQ(Row(s, row).substr(0, 9), "28.6|6.00") << row;
+  }
 }
 
 TEST_F(TwoAxis, WholePart) {
@@ -98,6 +105,16 @@ TEST_F(TwoAxis, WholePart) {
   EstimateThickness(s, 0);
   EXPECT_EQ(s.lblFinalThickness(0).text(), "0.240");
   EXPECT_EQ(s.lblFinalThickness(0).tip(), "0.240");
+
+  // 471.2 cubic centimetres are 28.76 cubic inches.
+  ShowUnits(s, "N");
+  s.Length_Total = "600";
+  s.Diameter_Right = "100";
+  s.lblFinalThickness(0) = "2.5";
+  EstimatePart(s);
+  EXPECT_EQ(s.lblFilamentVOlume(0).text(), "471.24");
+  EXPECT_EQ(s.lblEstWeight(0).text(), "2.16");
+  EXPECT_EQ(s.lblTotalGlueWgt(0).text(), "330");
 }
 
 TEST_F(TwoAxis, BuildTimeIsLeftInHoursAndMinutes) {

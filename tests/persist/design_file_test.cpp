@@ -70,6 +70,16 @@ TEST_F(DesignFile, WithTooFewTagsIsNoDesign) {
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_EQ(onStage.stage.messageBox.shown[0].title, "Input File Error");
   EXPECT_EQ(onStage.stage.messageBox.shown[0].text, "Input File Lacks Sufficient Data");
+
+  // Twelve of the fifteen that a save writes are a design, eleven are none.
+  TypeTube(station, 1, "45");
+  std::string text = Save("all.t2d");
+  for (const char* tag : {"Add_Revs", "Mandrel_RPM", "Carriage_Speeds"})
+    text = std::regex_replace(text, std::regex("<" + std::string(tag) + ">[^<]*</w>"), "");
+  EXPECT_TRUE(Open(text));
+  EXPECT_EQ(s.txtDiameterLeft.text(), "4.000");
+  EXPECT_TRUE(Open(std::regex_replace(text, std::regex("<Layer_Type>"), "<Layer>")));
+  EXPECT_EQ(s.txtDiameterLeft.text(), "");
 }
 
 // Nothing of the design before it stands in a program of no layers.
@@ -147,18 +157,19 @@ TEST_F(DesignFile, OfALargerScheduleKeepsFifteenRows) {
 }
 
 TEST_F(DesignFile, OfTheOtherDecimalSignIsTranslated) {
-  TypeTube(station, 2, "45");
+  TypeTube(station, 2, "45.5");
+  s.txtDiameterLeft = "4.5";
   const std::string point = Save("point.t2d");
   StationOnStage commaStage(',');
   Station& comma = commaStage.Started();
   commaStage.stage.files.Put(std::string(kFolder) + "point.t2d", point);
   ASSERT_TRUE(OpenDesign(comma, std::string(kFolder) + "point.t2d"));
-  EXPECT_EQ(comma.s.txtDiameterLeft.text(), "4,000");
-  EXPECT_EQ(comma.s.txtWA(2).text(), "45,0");
+  EXPECT_EQ(comma.s.txtDiameterLeft.text(), "4,500");
+  EXPECT_EQ(comma.s.txtWA(2).text(), "45,5");
   std::string path = std::string(kFolder) + "comma.t2d";
   ASSERT_TRUE(SaveTorvaneMakeFileVer20(comma.s, comma.platform, path));
   ASSERT_TRUE(Open(commaStage.stage.files.ReadWhole(path).value()));
-  EXPECT_EQ(s.txtDiameterLeft.text(), "4.000");
+  EXPECT_EQ(s.txtDiameterLeft.text(), "4.500");
 }
 
 TEST_F(DesignFile, ASaveUnderAFirstGenerationNameChangesIt) {

@@ -62,6 +62,14 @@ TEST_F(FourAxisFile, FillsRowsByTheirOwnNumbers) {
   EXPECT_EQ(s.lblFinalThickness(1).text(), "0.0");
 }
 
+TEST_F(FourAxisFile, OfMillimetresHasOneDecimal) {
+  std::string text = FileOf("hemi", "", 0);
+  text.replace(text.find("<Units>in"), 9, "<Units>mm");
+  ASSERT_TRUE(Open(text));
+  EXPECT_EQ(s.txtAdjust(0).text() + "|" + s.txtAdjust(6).text(), "0.8|0.8");
+  EXPECT_EQ(s.txtDia(1).text() + "|" + s.txtPODia(1).text(), "4.0|1.0");
+}
+
 TEST_F(FourAxisFile, WithoutATypeLeavesThePartTypeAsItStood) {
   station.Run("optType", Event::Click, 1);
   ASSERT_TRUE(Open(FileOf("", "", 0)));

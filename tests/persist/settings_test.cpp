@@ -1,4 +1,5 @@
 #include "persist/settings.h"
+#include "persist/calibration.h"
 
 #include <gtest/gtest.h>
 
@@ -89,6 +90,26 @@ TEST(Settings, ThatAreNoNumbersLeaveTheFormerValue) {
   EXPECT_EQ(s.iMaxCarriageSpeeds, (std::array<double, 3>{2, 2, 6}));
   EXPECT_FALSE(s.chkShiftLayer);
   EXPECT_FALSE(s.chkHeatGunApp.checked());
+}
+
+// What the machine is taken for until it is calibrated.
+TEST(Calibration, OfAnEmptyStoreIsTheUsualMachine) {
+  StationOnStage point, comma(',');
+  const DesignState& s = point.Started().s;
+  EXPECT_EQ(s.cMaxTravel, 48);
+  EXPECT_EQ(s.cMaxSpeed, 9.04);
+  EXPECT_EQ(s.mMaxRPM, 90.2);
+  EXPECT_EQ(s.dhlMaxSpeed, 0);
+  EXPECT_EQ(comma.Started().s.cMaxSpeed, 9.04);
+  EXPECT_EQ(s.cmbPreWrapRPM(1).text() + "|" + s.cmbPreWrapRPM(2).text() + "|" + s.cmbHGRPM.text() + "|" +
+                s.cmbHSTRPM.text(),
+            "40|40|10|20");
+  EXPECT_EQ(s.cmbHGRPM.entries().size(), 21U) << "to 90 RPM";
+  std::string steps;
+  for (const CalibrationKey& key : CalibrationKeys())
+    if (key.key == "cMaxSteps" || key.key.find("Clicks") != std::string_view::npos)
+      steps += CalibrationText(s, point.stage.store, key) + "|";
+  EXPECT_EQ(steps, "173904|3623|21735.00|");
 }
 
 TEST(Settings, StoredBooleansReadInEitherForm) {

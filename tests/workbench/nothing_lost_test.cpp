@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "persist/design_file.h"
-#include "persist/recovery_text.h"
 #include "support/station_on_stage.h"
 #include "workbench/document/design_commands.h"
 #include "workbench/document/startup.h"
@@ -153,42 +152,6 @@ TEST_F(RecoveryTest, TheFormerStationsCopyIsNotWrittenOverBeforeItWasOffered) {
   EXPECT_NE(files.ReadWhole(kRecovery).value(), "former");
 }
 
-TEST_F(RecoveryTest, BringsBackEveryTextMarkAndList) {
-  TypeTube(station, 3, "45");
-  s.Comments = std::string("tab\there, back\\slash,\r\nline \xB0");
-  station.Choose(s.optX(1), "True");
-  s.txtDia(0) = "4";
-  s.txtDia(1) = "4";
-  s.txtZ4(0) = "28";
-  s.txtBandWidth(1) = "0.25";
-  s.txtNumberOfLayers(1) = "2";
-  station.Choose(s.cmb3D(1), "REG");
-  s.gFileName = "tube.t4d";
-  const Snapshot before = s.TakeSnapshot();
-  const std::string text = RecoveryText(s);
-
-  StationOnStage other;
-  DesignState& t = other.Started().s;
-  ASSERT_FALSE(t.HasTextsOf(before));
-  const auto design = ReadRecovery(text);
-  ASSERT_TRUE(design);
-  Restore(t, *design);
-  const Snapshot after = t.TakeSnapshot();
-  EXPECT_EQ(after.texts, before.texts);
-  ASSERT_EQ(after.looks.size(), before.looks.size());
-  for (std::size_t i = 0; i < before.looks.size(); ++i) {
-    EXPECT_EQ(after.looks[i].mark, before.looks[i].mark) << i;
-    EXPECT_EQ(after.looks[i].shown, before.looks[i].shown) << i;
-    EXPECT_EQ(after.looks[i].enabled, before.looks[i].enabled) << i;
-  }
-  EXPECT_EQ(t.cmbPattern(1).entries(), s.cmbPattern(1).entries());
-  EXPECT_FALSE(t.cmbPattern(1).entries().empty());
-  EXPECT_EQ(t.LayerTable2Ax(2, 1), "45");
-  EXPECT_TRUE(t.gShow4Axis);
-  EXPECT_EQ(t.gFileName.text(), "tube.t4d");
-  EXPECT_EQ(RecoveryText(t), text);
-}
-
 struct TwoStationsTest : testing::Test {
   struct Neighbour {
     explicit Neighbour(Stage& stage) : station(stage.AsPlatform()) {
@@ -322,19 +285,6 @@ TEST_F(TwoStationsTest, AskBeforeTheyReplaceWhatTheOtherHasSaved) {
   EXPECT_EQ(files.ReadWhole(kCopy).value(), others + " ");
   EXPECT_TRUE(SaveDesign(first->station, kDesign));
   EXPECT_EQ(Offers(), 3U) << "what it has saved is known to it";
-}
-
-// A copy that was cut off by the crash itself, or damaged, is none.
-TEST_F(RecoveryTest, TakesNothingButAWholeCopy) {
-  TypeTube(station, 1, "45");
-  const std::string text = RecoveryText(s);
-  ASSERT_TRUE(ReadRecovery(text));
-  for (std::size_t length = 0; length < text.size(); length += 97)
-    EXPECT_FALSE(ReadRecovery(text.substr(0, length))) << length;
-  EXPECT_FALSE(ReadRecovery(text + "x"));
-  EXPECT_FALSE(ReadRecovery("TORVANE RECOVERY COPY 1\nfield\tx\nEND"));
-  EXPECT_FALSE(ReadRecovery("TORVANE RECOVERY COPY 1\n\nEND"));
-  EXPECT_FALSE(ReadRecovery(std::string(1000, '\\')));
 }
 
 }  // namespace
