@@ -114,6 +114,13 @@ TEST_F(BuildWarningsTest, CarriageShiftDoesNotMoveOrLeavesTheStops) {
   s.txtZ2(0) = "4";
   s.txtZ2(1) = "50";
   EXPECT_FALSE(Warns("cmbMethod(1)"));
+  // The second pass is the first one to move.
+  for (const auto& [diameter, passes] : {std::pair("0.15", "2"), std::pair("0.08", "1")}) {
+    s.txtDiameterLeft = diameter;
+    SetEnds(1, "");
+    ASSERT_EQ(s.lblPassesToCover(1).text(), passes);
+    EXPECT_EQ(Warns("cmbMethod(1)"), passes == std::string("2"));
+  }
 }
 
 TEST_F(BuildWarningsTest, ARowWithoutAnAngleAndEmptyStopsAreNamed) {

@@ -130,6 +130,16 @@ TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
   EXPECT_FALSE(files.Exists(kRecovery)) << "the operator did not want it";
 }
 
+// The ten seconds begin with the first key, not with each.
+TEST_F(RecoveryTest, WhoGoesOnTypingIsCopiedToo) {
+  LetSplashClose();
+  for (int key = 0; key < 6; ++key) {
+    station.Type(s.txtDiameterLeft, std::to_string(key));
+    Wait(2);
+  }
+  EXPECT_TRUE(files.Exists(kRecovery));
+}
+
 TEST_F(RecoveryTest, ADesignThatFoundNoPlaceAtTheEndStays) {
   LetSplashClose();
   station.Type(s.txtDiameterLeft, "4");

@@ -171,16 +171,20 @@ TEST(EndViewTest, ARowWithoutEndWrapsIsTakenAndOpensNothing) {
   EXPECT_EQ(s.lblLayer.text(), "");
 }
 
-TEST(RowMenuTest, BeginsWithWhatsThisInBothFamilies) {
+TEST(RowMenuTest, OfNoRowBeginsWithWhatsThisInBothFamilies) {
   StationOnStage onStage;
   Station& station = onStage.Started();
   for (const bool fourAxis : {false, true}) {
     station.Choose(station.s.optX(fourAxis ? 1 : 0), "True");
     const auto entries = RowMenu(station.s);
     EXPECT_EQ(entries[0].caption, "Whats This ?");
-    EXPECT_TRUE(entries[0].usable);
     EXPECT_EQ(entries[1].caption, "Copy Row");
     EXPECT_TRUE(entries[1].beginsGroup);
+    EXPECT_EQ(entries.size(), fourAxis ? 11U : 7U);
+    // Without a row there is nothing to copy; all rows are always there.
+    for (const RowMenuEntry& entry : entries)
+      EXPECT_EQ(entry.usable, entry.control == "mnuWhatsThis" || entry.control == "mnuRecalcAllRows")
+          << entry.control;
   }
 }
 

@@ -3,6 +3,7 @@
 #include "persist/settings.h"
 #include "support/station_on_stage.h"
 #include "workbench/document/design_commands.h"
+#include "workbench/document/recent_files.h"
 #include "workbench/document/startup.h"
 
 namespace torvane {
@@ -111,6 +112,18 @@ TEST(StartGuard, KeepsTheFirstFiveSecondsQuiet) {
   onStage.stage.clock.Advance(std::chrono::milliseconds(1));
   station.s.txtDiameterLeft = "4";
   EXPECT_EQ(station.s.txtMRPM(1).text(), "28.6");
+}
+
+TEST(RecentFilesTest, AreTheLastNineTheLatestFirst) {
+  MemoryStore under;
+  {
+    KeptStore store(under);
+    for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"}) NoteRecentFile(store, name);
+    NoteRecentFile(store, "g");
+    ForgetRecentFile(store, "i");
+    NoteRecentFile(store, "k");
+  }
+  EXPECT_EQ(RecentFiles(under), (std::vector<std::string>{"k", "g", "j", "h", "f", "e", "d", "c", "b"}));
 }
 
 TEST(Open, AFileThatCannotBeReadIsToldAndLeavesTheGridFollowing) {

@@ -32,6 +32,18 @@ TEST_F(UndoTest, TakesBackWholeOperations) {
   EXPECT_EQ(s.txtWA(2).text(), "60");
   station.Type(s.txtWA(1), "30");
   EXPECT_FALSE(station.CanRedo());
+  station.Type(s.txtWA(3), "50");
+  ASSERT_TRUE(station.Undo());
+  EXPECT_EQ(s.txtWA(3).text() + "|" + s.txtWA(1).text(), "45|30") << "each field is an operation";
+}
+
+TEST_F(UndoTest, GoesAHundredOperationsBack) {
+  TypeTube(station, 2, "45");
+  for (int i = 1; i <= 101; ++i) station.Type(s.txtWA(i % 2 + 1), std::to_string(i));
+  int undone = 0;
+  while (station.Undo()) ++undone;
+  EXPECT_EQ(undone, 100);
+  EXPECT_EQ(s.txtWA(1).text() + "|" + s.txtWA(2).text(), "45|1") << "the first one stands";
 }
 
 TEST_F(UndoTest, BringsADesignBackThatAUnitChangeEmptied) {
