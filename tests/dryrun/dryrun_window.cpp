@@ -2,9 +2,9 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
-#include <QTest>
 #include <fstream>
 
 #include "executor/program/number.h"
@@ -125,11 +125,25 @@ void DryRun::OpensEmpty() {
   QVERIFY(!Find(stage, "stopButton")->isEnabled());
   QVERIFY(!Find(stage, "pressButton")->isEnabled());
   QVERIFY(Find(stage, "openHere")->isVisible());
+  // Of an axis that has a place the letter stands on a colour.
+  const auto axesThere = [&stage] {
+    const QImage strip = Find<QWidget>(stage, "axes")->grab().toImage();
+    int quarters = 0;
+    for (int i = 0; i < 4; ++i) {
+      bool there = false;
+      for (int x = strip.width() * i / 4; x < strip.width() * (i + 1) / 4; ++x)
+        there = there || strip.pixelColor(x, 15) == stage.theme[Token::Accent];
+      quarters += there ? 1 : 0;
+    }
+    return quarters;
+  };
+  QCOMPARE(axesThere(), 0);
   stage.asked = Write("short.T2G", kShort);
   Click(stage, "openHere");
   QCOMPARE(stage.session.name(), QStringLiteral("short.T2G"));
   QCOMPARE(stage.player().State(), RunState::Running);
   QVERIFY(!Find(stage, "openHere")->isVisible());
+  QCOMPARE(axesThere(), 2);
   // A question that is answered with nothing leaves the program as it is.
   stage.asked.clear();
   Click(stage, "openButton");
@@ -150,7 +164,7 @@ void DryRun::RunsToItsEndByTheButton() {
   QTRY_COMPARE(stage.player().LineNow(), 15);
   QTRY_COMPARE(stage.player().State(), RunState::Waiting);
   QCOMPARE(press->accessibleDescription(), QStringLiteral("Take the part off"));
-  Click(stage, "pressButton");
+  QTest::keyClick(press, Qt::Key_Return);
   QTRY_COMPARE(stage.player().State(), RunState::Finished);
   QCOMPARE(stage.player().Elapsed(), 12.0);
   QVERIFY(!press->isEnabled());

@@ -63,6 +63,7 @@ TEST(Damage, OfWhatAMachineIsToldFirst) {
 TEST(Damage, OfMotorsAndHoming) {
   const std::string good = ProgramOf({});
   EXPECT_EQ(OnlyFinding(Without(good, "M17\n")), "fault motors-off at 5 in 0");
+  EXPECT_EQ(OnlyFinding(With(good, "M17\n", "M17\nM18\n")), "fault motors-off at 7 in 0");
   EXPECT_EQ(OnlyFinding(With(good, kPass2, "M18\n" + kPass2)), "fault motors-off at 18 in 1");
   EXPECT_EQ(OnlyFinding(With(good, kPass2, "M18\nM17\n" + kPass2)), "fault motors-off at 18 in 1");
   EXPECT_EQ(OnlyFinding(good + "M18\nX99\n"), "none");

@@ -3,6 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "executor/machine/limits.h"
+#include "executor/machine/winding.h"
+#include "executor/program/reader.h"
+#include "programs.h"
+#include "stage/stores.h"
+
 namespace torvane::executor {
 namespace {
 
@@ -49,6 +55,11 @@ TEST(Machine, WaitsForAnAngleModuloATurn) {
   EXPECT_DOUBLE_EQ(run.last.turn, 80);
   run.Do("G4 C-90");  // the mandrel turns one way only
   EXPECT_DOUBLE_EQ(run.last.turn, 270);
+  // A mandrel a hair past the angle has reached it, further on it goes round.
+  for (const char* text : {"M602", "G4 C0.0000005", "G4 L602 C0"}) run.Do(text);
+  EXPECT_DOUBLE_EQ(run.last.turn, 0);
+  for (const char* text : {"G4 C0.000005", "G4 L602 C0"}) run.Do(text);
+  EXPECT_NEAR(run.last.turn, 360, 1e-4);
 }
 
 TEST(Machine, RunsEveryAxisAtItsOwnSpeed) {
@@ -80,6 +91,62 @@ TEST(Machine, SaysWhatNeverArrives) {
   EXPECT_EQ(run.last.trouble, Trouble::MandrelStands);
   run.Do("G4 L601");
   EXPECT_EQ(run.last.trouble, Trouble::RegisterEmpty);
+}
+
+Winding WindingOf(const std::string& program) {
+  Machine machine;
+  Winding winding;
+  Reader reader(program);
+  for (Line line; reader.Next(line);) {
+    if (line.kind != Line::Kind::Statement) continue;
+    const Position before = machine.At();
+    winding.Take(line, machine.Run(line.statement), machine, before);
+  }
+  return winding;
+}
+
+// The mandrel is done with its turn before the carriage arrives: what is left bends the band where it is
+// longer than half of that is wide.
+TEST(Winding, HasATailWhereTheMandrelIsDoneFirst) {
+  const auto strokes = [](const std::string& turn) {
+    return WindingOf(Begun() + PassLine(1, 1) + "G1 F6 Z28 S10 C" + turn + "\n").layers().at(0).strokes;
+  };
+  EXPECT_EQ(strokes("238.8").size(), 1U) << "0.12 in";
+  const auto bent = strokes("238.7");
+  ASSERT_EQ(bent.size(), 2U) << "0.13 in";
+  EXPECT_FALSE(bent[0].tail);
+  EXPECT_TRUE(bent[1].tail);
+  EXPECT_NEAR(bent[1].z0, 27.87, 1e-9);
+  EXPECT_DOUBLE_EQ(bent[1].z1, 28);
+}
+
+TEST(Winding, TakesDiametersFromTheHeadAlone) {
+  Winding winding;
+  winding.TakeComment("12345678 PART DESCRIPTION");
+  EXPECT_EQ(winding.comments().leftDiameter, 0);
+  winding.TakeComment("PART DESCRIPTION: LeftDia=4.5 RightDia=2");
+  winding.TakeComment("PART DESCRIPTION: LeftDia=5");
+  EXPECT_EQ(winding.comments().leftDiameter, 4.5) << "the first one stands";
+  EXPECT_EQ(winding.comments().rightDiameter, 2);
+}
+
+TEST(Limits, AreReadFromTheCalibrationOfTheDecimalSign) {
+  MemoryStore store;
+  store.Write("TV2_Calibration", "cMaxTravel", "60");
+  store.Write("TV2_Calibration", "cMaxSpeed", "-5");
+  store.Write("TV2_Calibration", "mMaxRPM", "fast");
+  store.Write("TV2_Calibration_DC", "cMaxTravel", "60,5");
+  store.Write("TV4_Calibration", "dhlMaxSpeed", "3");
+  store.Write("Settings", "gDHYtoMandrelCenter", "4.5");
+  const Limits limits = ReadLimits(store, '.');
+  EXPECT_EQ(limits.carriageTravel, 60);
+  EXPECT_EQ(limits.carriageSpeed, 0) << "no machine runs below nothing: it is not watched";
+  EXPECT_EQ(limits.mandrelSpeed, 0);
+  EXPECT_EQ(limits.headSpeed, 3);
+  EXPECT_EQ(limits.headRetracted, 4.5);
+  const Limits comma = ReadLimits(store, ',');
+  EXPECT_EQ(comma.carriageTravel, 60.5);
+  EXPECT_EQ(comma.carriageSpeed, Limits{}.carriageSpeed) << "what is not stored is the usual machine's";
 }
 
 }  // namespace

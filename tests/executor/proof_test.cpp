@@ -58,6 +58,7 @@ TEST(Proof, FindsTheOneBandBesideItsPlace) {
 TEST(Proof, CountsPasses) {
   EXPECT_EQ(KindsOf(ProofOf(ProgramOf({.announced = 37}))), (Kinds{{"passes", 1}}));
   EXPECT_EQ(KindsOf(ProofOf(ProgramOf({.passes = 3}))), (Kinds{{"few-passes", 1}}));
+  EXPECT_EQ(ProofOf(ProgramOf({.passes = 1})).layers.at(0).pattern.miss, 0) << "one pass has no next";
   const std::string stray = Begun() + LayerOf({}) + "M4 S20\nG1 Z28\n" + Ended();
   EXPECT_EQ(KindsOf(ProofOf(stray)), (Kinds{{"passes", 0}}));
   std::string missing = ProgramOf({});
@@ -135,6 +136,21 @@ TEST(Proof, TellsWhereAProgramEnds) {
   EXPECT_GE(cut.findings.Count(Level::Fault), 2) << Report(cut);
   EXPECT_EQ(KindsOf(ProofOf(head + "X99\nG1 Z9\nM5\n")), (Kinds{{"behind-end", 0}}));
   EXPECT_FALSE(ProofOf("[nothing]\n\nhello\n").anyStatement);
+}
+
+// A layer that stands for as long as it is told to.
+TEST(Proof, WatchesTheTimeAnnounced) {
+  const auto warns = [](const std::string& seconds, const std::string& announced) {
+    const auto kinds = KindsOf(ProofOf("M711 H0 M0 S" + announced + "\n" + Begun() + PassLine(1, 1) +
+                                       "M4 S10\nG4 P" + seconds + "0000\n" + Ended()));
+    return std::count(kinds.begin(), kinds.end(), std::pair<std::string, int>("time", 0)) > 0;
+  };
+  EXPECT_FALSE(warns("400", "100")) << "an estimate may be four times off";
+  EXPECT_TRUE(warns("401", "100"));
+  EXPECT_FALSE(warns("100", "400"));
+  EXPECT_TRUE(warns("100", "401"));
+  EXPECT_FALSE(warns("149", "30")) << "less than two minutes are none";
+  EXPECT_TRUE(warns("150", "30"));
 }
 
 TEST(Proof, ReportsWhatItCannotReadAndGoesOn) {

@@ -24,12 +24,16 @@ TEST(Number, TakesWhatMasksWrite) {
                         {"0,13", ',', 0.13},
                         {",", ',', 0},
                         {"0.50", ',', 0.5},
-                        {"360", ',', 360}}) {
+                        {"360", ',', 360},
+                        {"-10000000000000", '.', -1e13},
+                        {"0.000000001", '.', 1e-9},
+                        {"0.0000000009", '.', 0}}) {
     const auto value = ReadNumber(c.text, c.sign);
     ASSERT_TRUE(value) << c.text;
     EXPECT_DOUBLE_EQ(*value, c.value) << c.text;
   }
-  for (const char* text : {"", "0,13", "1.2.3", "1-2", "E5", "1E", "nan", "inf", "0x10", "1e300", " 1", "1 "})
+  for (const char* text :
+       {"", "0,13", "1.2.3", "1-2", "E5", "1E", "nan", "inf", "0x10", "1e300", " 1", "1 ", "10000000000001"})
     EXPECT_FALSE(ReadNumber(text, '.')) << text;
   EXPECT_EQ(Fixed(-0.001, 2), "0.00");
 }

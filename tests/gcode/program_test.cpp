@@ -26,6 +26,23 @@ TEST(Program, ALineWithAFailedPartIsLeftOut) {
   EXPECT_EQ(p.lines(), 2);
 }
 
+// Neither the passes that are to come nor what is written passes the limits, of lines or of characters.
+TEST(Program, HoldsNoMoreThanItsLimits) {
+  const auto goesOn = [](ProgramLimits limits, int passes, int lines) {
+    Program p({}, nullptr, limits);
+    p.BeginLayer(1, passes, 2);
+    for (int line = 0; line < lines; ++line) p.Line("12345678");
+    return p.GoesOn(0);
+  };
+  // A line has ten characters, and in a pass that is to come twelve.
+  EXPECT_TRUE(goesOn({10, 1000}, 5, 10));
+  EXPECT_FALSE(goesOn({10, 1000}, 6, 0));
+  EXPECT_FALSE(goesOn({10, 1000}, 1, 11));
+  EXPECT_TRUE(goesOn({1000, 120}, 5, 12));
+  EXPECT_FALSE(goesOn({1000, 119}, 5, 0));
+  EXPECT_FALSE(goesOn({1000, 120}, 1, 13));
+}
+
 // A text stays within its part of its line.
 TEST(Program, TextsEndNeitherTheirLineNorTheirComment) {
   Program p({});
@@ -46,6 +63,14 @@ struct ProgramOfTube : testing::Test {
 
   std::string Written() { return onStage.stage.files.ReadWhole(kPath).value(); }
 
+  // The first line of a comment, without it.
+  std::string LineOf(const std::string& comment) {
+    const std::string text = Written();
+    const auto at = text.find(" [" + comment);
+    return at == std::string::npos ? "none"
+                                   : text.substr(text.rfind('\n', at) + 1, at - text.rfind('\n', at) - 1);
+  }
+
   static constexpr const char* kPath = "C:\\Torvane\\TV_G-Code_Files\\tube.T2G";
   StationOnStage onStage;
   Station& station = onStage.Started();
@@ -57,6 +82,31 @@ TEST_F(ProgramOfTube, IsWrittenUnderTheStationsFolder) {
   EXPECT_EQ(s.gGCodeFilePath.text(), kPath);
   EXPECT_EQ(s.gGCodeFolder.text(), "C:\\Torvane\\TV_G-Code_Files\\");
   EXPECT_TRUE(Written().ends_with("[Heat Gun Forever Between These Z Values]\r\n"));
+  EXPECT_EQ(LineOf("Move Carriage to LS"), "G28 F1.000");
+  // 20 turns a minute of tape an inch wide.
+  EXPECT_EQ(LineOf("Forward Pass for Heat Shrink Tape"), "G1 F.33 Z28");
+}
+
+// The operator's own wrap stands at both ends of every pass; where the carriage shifts a negative one counts
+// in the first pass alone.
+TEST_F(ProgramOfTube, WrapsOnByTheOperatorsAngle) {
+  struct Case {
+    const char *method, *angle;
+    int dwells;
+  };
+  s.gGridSync = false;
+  s.txtNumberOfLayers(0) = "1";
+  s.lblPassesToCover(1) = "3";
+  for (const Case& c : {Case{"ms", "12.5", 6}, Case{"ms", "-12.5", 6}, Case{"cs", "12.5", 6},
+                        Case{"cs", "-12.5", 2}, Case{"ms", "0", 0}, Case{"ms", " ", 0}}) {
+    s.cmbMethod(1) = c.method;
+    s.txtAddRevs(1) = c.angle;
+    EXPECT_EQ(WriteGCode(s, station.platform), Written::Whole);
+    const std::string text = Written(), dwell = c.angle + std::string(" deg.]");
+    int found = 0;
+    for (auto at = text.find(dwell); at != std::string::npos; at = text.find(dwell, at + 1)) ++found;
+    EXPECT_EQ(found, c.dwells) << c.method << c.angle;
+  }
 }
 
 // Every text that stands in a program, one at a time: whatever it holds, the program has no line more.
@@ -108,6 +158,11 @@ TEST_F(ProgramOfTube, OfTheOtherFamilyChangesNoDwell) {
   ASSERT_TRUE(FormProgram(s, station.platform, program));
   // 3 inches round, the band 0.3536 on the slant: 27 steps of 13.33 degrees.
   EXPECT_NE(TextOf(program).find("G4 L602 C13.33 "), std::string::npos);
+  // The head leads by 5 degrees and stands square while the mandrel dwells.
+  EXPECT_NE(TextOf(program).find(" B50.00 [Move Far End"), std::string::npos);
+  EXPECT_NE(TextOf(program).find(" B-50.00 [Move Home End"), std::string::npos);
+  EXPECT_NE(TextOf(program).find(" B0.00 [Dwell Far End"), std::string::npos);
+  EXPECT_NE(TextOf(program).find(" B0.00 [Dwell Home End"), std::string::npos);
   station.Run("optX", Event::Click, 0);
   EXPECT_EQ(schedule(), before);
 }

@@ -44,6 +44,13 @@ TEST_F(Sections, DwellAnglesOfBothSpacings) {
   EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 1), "");
 }
 
+TEST_F(Sections, ACarriageShiftsByABandOnTheSlant) {
+  s.Band_Width = "0.5";
+  EXPECT_EQ(CarriageShift(s, 30, 1).value(), 0);
+  EXPECT_NEAR(CarriageShift(s, 30, 4).value(), 3, 1e-6);
+  EXPECT_FALSE(CarriageShift(s, 0, 4).good());
+}
+
 TEST_F(Sections, PreWrapFeedsShowTheirMask) {
   s.txtZ2(0) = "28";
   s.txtZ2(1) = "4";
@@ -182,6 +189,14 @@ TEST_F(Wrapped, HoopTurnsOnceMoreThanItsBands) {
                        "M0 [PAUSE AFTER HOOP WINDING]\r\n"
                        "[END Layer 2: HOOP LAYER   "))
       << text;
+}
+
+TEST_F(Wrapped, AHoopsHeadIsTurnedFiveDegreesAtLeast) {
+  EXPECT_EQ(HoopHeadAngle(0).value(), 84);
+  EXPECT_EQ(HoopHeadAngle(78).value(), 6);
+  EXPECT_EQ(HoopHeadAngle(79.5).value(), 5);
+  EXPECT_EQ(HoopHeadAngle(90).value(), 5);
+  EXPECT_FALSE(HoopHeadAngle(Number::Failure()).good());
 }
 
 TEST_F(Wrapped, StartPositionStaysWithinHalfAPart) {

@@ -59,6 +59,10 @@ TEST_F(DesignFile, AMillimetreBandShowsTheFilesValues) {
   EXPECT_EQ(s.txtBandWidthMM(0).text(), "6.351");
   EXPECT_EQ(s.txtBandWidth(0).text(), "0.250");
   EXPECT_EQ(s.gUnits.text(), "mm");
+  // A file of the first generation tells no unit: it is of inches.
+  s.mnuINCH = false;
+  ASSERT_TRUE(Open(std::regex_replace(text, std::regex("<Units>"), "<Unit>")));
+  EXPECT_TRUE(s.mnuINCH && !s.mnuMM);
 }
 
 TEST_F(DesignFile, WithTooFewTagsIsNoDesign) {
@@ -131,6 +135,8 @@ TEST_F(DesignFile, NoCellMovesItsNeighbours) {
   EXPECT_EQ(s.txtAddRevs(2).text() + "|" + s.txtAddRevs(3).text(), "4 5|0");
   onStage.stage.messageBox.shown.clear();
   TypeTube(station, 3, "45");
+  s.txtWA(5) = "30;5";  // no layer, and of the other family
+  s.txtDia(0) = "4;5";
   onStage.stage.fileDialog.answers.emplace_back(std::string(kFolder) + "cells.t2d");
   btnSaveAS_Click(station);
   EXPECT_TRUE(onStage.stage.messageBox.shown.empty());

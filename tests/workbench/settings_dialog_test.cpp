@@ -147,12 +147,18 @@ TEST_F(SettingsDialogTest, HoldsTheOtherWindowsUnlessTheOffsetHasToBeMeasuredFir
 
 TEST_F(SettingsDialogTest, AKeyThatLeavesTheOffsetAsItWasConfirmsIt) {
   const auto confirmed = [&] { return IsCarriageOffsetConfirmed(onStage.stage.store); };
+  const char* const offsets[] = {"txtCarriageOffsetFromRMPFace", "txtCarriageOffsetFromRMPFaceMM", "Text2",
+                                 "Text3"};
+  for (const char* offset : offsets) EXPECT_EQ(Shown(offset).mark(), Mark::NeedsInput) << offset;
   station.ReleaseKey(Shown("txtDHStructureWidth"));
   EXPECT_FALSE(confirmed());
   station.ReleaseKey(Shown("Text2"));
   EXPECT_TRUE(confirmed());
   EXPECT_EQ(TextOf("Text3"), "1.875") << "47.63 mm would be 1.88 in";
   EXPECT_EQ(TextOf("Text2"), "47.63");
+  Close("btnCancel");
+  Open();
+  for (const char* offset : offsets) EXPECT_EQ(Shown(offset).mark(), Mark::Plain) << offset;
 }
 
 TEST_F(SettingsDialogTest, EachOfTwoWindowsRunsItsOwnButtons) {

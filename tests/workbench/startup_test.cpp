@@ -24,6 +24,7 @@ TEST(Startup, OnAnEmptyStoreComesUpBlankInInchesWithTwoAxes) {
   EXPECT_EQ(s.cmbHGRPM.entries().back(), "90");
   EXPECT_EQ(s.iMaxMandrelRPM[2], 45);
   EXPECT_EQ(s.txtHGSpeedMM.text(), "25.4");
+  EXPECT_TRUE(onStage.station().FirstRunOrUpgrade);
   EXPECT_EQ(Stored(onStage.stage, "gVersionNumber"), "420");
   EXPECT_EQ(Stored(onStage.stage, "chkUpdateCellsAuto"), "1");
 }
@@ -36,6 +37,7 @@ TEST(Startup, UpgradesTheStoreOfAVersionTwoStation) {
   SaveSetting(store, kSettings, "gLastFileInUse", "C:\\Torvane\\TV_Design_Files\\old.t4d");
   SaveSetting(store, "TV2_Calibration_DC", "gCarriageBoardID", "board 7");
   const DesignState& s = onStage.Started().s;
+  EXPECT_TRUE(onStage.station().FirstRunOrUpgrade);
   EXPECT_EQ(s.iMaxMandrelRPM[0], 20);
   EXPECT_EQ(Stored(onStage.stage, "gLastFileInUse"), "");
   EXPECT_EQ(GetSetting(store, "TV2_Calibration_DC", "gCarriageBoardID", "missing"), "");
@@ -54,7 +56,7 @@ TEST(Startup, ReopensTheLastDesignByItsNameAlone) {
   Form_Load(second);
   EXPECT_EQ(second.s.txtWA(2).text(), "45.0");
   EXPECT_EQ(second.s.gLastFileInUse.text(), "C:\\Torvane\\TV_Design_Files\\tube.t2d");
-  EXPECT_FALSE(second.s.gDirty);
+  EXPECT_FALSE(second.s.gDirty || second.FirstRunOrUpgrade);
 
   // One that is gone is forgotten, and one of the first generation is not opened.
   for (const char* last :
@@ -136,6 +138,13 @@ TEST(Open, AFileThatCannotBeReadIsToldAndLeavesTheGridFollowing) {
   EXPECT_TRUE(station.s.gMirrorOnChange);
   EXPECT_EQ(onStage.stage.messageDialog.shown[0].number, 1);
   EXPECT_EQ(onStage.stage.fileDialog.asked[0].filter, "Torvane 2Ax Design File (*.t2d)|*.t2d|");
+
+  const std::string path = "C:\\Torvane\\TV_Design_Files\\large.t2d";
+  onStage.stage.files.Put(path, std::string(kLargestText + 1, '\n'));
+  EXPECT_FALSE(OpenDesign(station, path));
+  EXPECT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  EXPECT_TRUE(station.s.gGridSync);
+  EXPECT_TRUE(RecentFiles(station.keptStore).empty());
 }
 
 }  // namespace
