@@ -134,11 +134,13 @@ constexpr Operation kOperations[] = {
 std::span<const Operation> LaunchOperations() { return kOperations; }
 
 WholeStation::WholeStation(const Platform& computer) : Station(computer) {
-  for (const auto& table :
-       {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
-        ChecklistOperations(), UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations(),
-        LaunchOperations(), TraceOperations(), JogOperations()})
-    Add(table);
+  for (const auto& table : Tables()) Add(table);
+}
+
+std::vector<std::span<const Operation>> WholeStation::Tables() {
+  return {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
+          ChecklistOperations(),   UnitOperations(),         EstimateOperations(),    DesignOperations(),
+          WindowOperations(),      LaunchOperations(),       TraceOperations(),       JogOperations()};
 }
 
 Outcome StartExecutor(Station& station, std::string_view argument) {

@@ -14,6 +14,7 @@ std::span<const Operation> LaunchOperations();
 class WholeStation : public Station {
  public:
   explicit WholeStation(const Platform& computer);
+  static std::vector<std::span<const Operation>> Tables();
 };
 
 }  // namespace torvane

@@ -8,6 +8,7 @@
 #include "handoff/executor.h"
 #include "persist/tagged_text.h"
 #include "text/text.h"
+#include "workbench/dialog/machine_dialog.h"
 #include "workbench/dialog/preview.h"
 #include "workbench/document/design_commands.h"
 #include "workbench/document/startup.h"
@@ -90,12 +91,14 @@ struct Button {
   std::string_view control;
   int index = 0;
 };
-constexpr Button kWindowButtons[] = {{"btnOK"},     {"btnCancel"},  {"btnClose"},  {"btnPause"},
-                                     {"btnPlay"},   {"btnRedraw"},  {"lblTab", 0}, {"lblTab", 1},
-                                     {"lblTab", 2}, {"lblTab", 3},  {"Label21"},   {"Command5"},
-                                     {"Command6"},  {"lblHelpURL"}, {"cmbSpeed"},  {"lblCheckNewSoftware"}};
+constexpr Button kWindowButtons[] = {
+    {"btnOK"},          {"btnCancel"},  {"btnClose"},  {"btnPause"},
+    {"btnPlay"},        {"btnRedraw"},  {"lblTab", 0}, {"lblTab", 1},
+    {"lblTab", 2},      {"lblTab", 3},  {"Label21"},   {"Command5"},
+    {"Command6"},       {"lblHelpURL"}, {"cmbSpeed"},  {"lblCheckNewSoftware"},
+    {"btnShowMessages"}};
 constexpr std::string_view kWindowOpeners[] = {"Command3", "btnProperties", "mnuSpeeds", "mnuProperties",
-                                               "Label10",  "Label9",        "mnuAbout"};
+                                               "Label10",  "Label9",        "mnuAbout",  "mnuMachine"};
 
 std::string FirstDifference(std::string_view one, std::string_view other) {
   const auto lines = [](std::string_view text) {
@@ -128,10 +131,7 @@ RandomOperator::RandomOperator(std::uint64_t seed, const std::vector<Sample>& sa
   }
   stage_.files.FailWrites(std::string(kFolder) + "full.t2d", "There is no room.");
   stage_.files.FailWrites(std::string(kFolder) + "full.t4d", "There is no room.");
-  for (const auto& table :
-       {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
-        ChecklistOperations(), UnitOperations(), EstimateOperations(), DesignOperations(), WindowOperations(),
-        LaunchOperations(), TraceOperations()})
+  for (const auto& table : WholeStation::Tables())
     for (const Operation& operation : table)
       // Changes and ticks are no doings of an operator.
       if (operation.event != Event::Change && operation.event != Event::Tick)
@@ -296,9 +296,14 @@ void RandomOperator::TypeIntoField() {
 
 void RandomOperator::TypeIntoWindow() {
   if (station_->windows.empty()) return RunOperation();
-  const std::string name(OneOf(kWindowFields));
+  const bool machine = station_->windows.back()->name() == "frmMachine";
+  const std::string name(machine ? OneOf(MachineLines()).field : OneOf(kWindowFields));
   Field* field = station_->FindField(name);
   if (field == nullptr) return;
+  if (field->row().kind == Kind::Check) {
+    doing_ = "check " + name;
+    return station_->Check(*field, OneIn(2));
+  }
   const std::string text = TextFor(*field);
   doing_ = "type " + name + " " + text;
   station_->Type(*field, text);
