@@ -6,6 +6,8 @@
 #include <cmath>
 
 #include "calc/four_axis.h"
+#include "calc/layer_figures.h"
+#include "design/units.h"
 #include "support/station_on_stage.h"
 
 namespace torvane {
@@ -121,6 +123,24 @@ TEST_F(FourAxisRow, FollowsItsPattern) {
   EXPECT_EQ(s.lblNPasses(26).text() + "|" + s.lblMinutes(26).text() + "|" + s.lblLength(26).text(),
             "48|14.7|252.3");
   EXPECT_EQ(s.gBuildMinutes, 15);
+}
+
+TEST_F(FourAxisRow, OfMillimetresRunsAtTheClassInInches) {
+  ShowUnits(s, "N");
+  s.iMaxCarriageSpeeds = {2, 4, 6};
+  for (const auto& [rate, speed] :
+       {std::pair("SLOW", "50.80"), std::pair("MED", "101.60"), std::pair("FAST", "152.40")}) {
+    s.cmbRate = rate;
+    CalculateAndShow(s, 45, "45 | 2 x 3 | 180\xB0", 1);
+    EXPECT_EQ(s.lblcSpeed(1).text(), speed);
+  }
+}
+
+// Pi has six digits here, as its programs have it.
+TEST_F(FourAxisRow, TurnsAreMeasuredInTheShortPi) {
+  EXPECT_NEAR(GrazingAngle(4, 2).value(), 120.0001014, 1e-6);
+  // One turn round 100,000 inches, with a rise of an inch.
+  EXPECT_NEAR(HelixLength(1e5, 1, 1, 60, 1).value(), 3 * 314159.0, 0.001);
 }
 
 TEST_F(FourAxisRow, KeepsAStoredPatternWhateverItsCase) {

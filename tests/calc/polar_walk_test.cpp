@@ -51,6 +51,13 @@ TEST(PolarWalk, MarksByTheBandAreOfItsWidthAndWholeDegrees) {
       EXPECT_LE(figure.kind == PolarKind::Arc ? figure.to : 0, 2 * kPi + 1e-9);
 }
 
+// A pass ends at 350 degrees: a mark of 36 degrees goes on behind the full turn.
+TEST(PolarWalk, AMarkThatPassesTheFullTurnBeginsAnew) {
+  const auto steps = StepsOf({2, 2, 2, 180, 175, 0.1}, PolarMarks::ByBand);
+  EXPECT_NEAR(steps[0].figures[0].from, 350.0 / 180 * kPi, 1e-9);
+  EXPECT_NEAR(steps[0].figures[0].to, 26.0 / 180 * kPi, 1e-9);
+}
+
 TEST(PolarPicture, ArcsEndAtTheLeftAndSpanTheWrap) {
   const auto half = PolarArcs({1, 2, 2, 180, 90, 0.25}, 45);
   EXPECT_EQ(half[1].from, 0);
