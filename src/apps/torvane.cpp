@@ -51,6 +51,7 @@ struct Arguments {
   bool brief = false;
   std::string section, key, value;
   std::string script;
+  bool trace = false;
   int row = 0;
   PatternOptions patterns;
 };
@@ -125,8 +126,10 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   set->add_option("VALUE", a.value, "Its text")->required();
 
   CLI::App* script = add(app, "script", "Drive the whole station by lines of text",
-                         [&a](Computer& c) { return RunScript(c, a.script); });
+                         [&a](Computer& c) { return RunScript(c, a.script, a.trace); });
   script->add_option("FILE", a.script, "The script [standard input]");
+  script->add_flag("--trace", a.trace,
+                   "Print each statement that a failed number skips: its field and routine");
 }
 
 int Main(int argc, char** argv) {

@@ -37,7 +37,8 @@ int RunSettingGet(Computer& computer, const std::string& section, const std::str
 int RunSettingSet(Computer& computer, const std::string& section, const std::string& key,
                   const std::string& value);
 
-// Drives a station by the lines of a file; standard input without a name.
-int RunScript(Computer& computer, const std::string& file);
+// Drives a station by the lines of a file; standard input without a name. `traces`: it prints what is
+// skipped, too.
+int RunScript(Computer& computer, const std::string& file, bool traces);
 
 }  // namespace torvane

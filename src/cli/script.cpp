@@ -117,6 +117,12 @@ void Script::Watch() {
   stage_.launcher.linkObserver = [this](const std::string& url) { out_ << "link " << OneLine(url) << "\n"; };
 }
 
+void Script::SkipPrinter::Skipped(const Field& field, std::string_view routine) {
+  out_ << "skipped: " << NameOf(field);
+  if (!routine.empty()) out_ << " in " << routine;
+  out_ << "\n";
+}
+
 std::string Script::WithoutHome(std::string line) const {
   const std::string home = computer_.files.ProgramFolder();
   constexpr std::string_view kHome = "<home>";
@@ -163,6 +169,7 @@ void Script::Start(const std::string&) {
   if (station_) throw ScriptError{"the station is started already"};
   prepare();
   station_ = std::make_unique<WholeStation>(computer_);
+  if (traces_) station_->s.skips = &skips_;
   station_->settingsOpened = [this](int tab) { out_ << "settings tab " << tab << "\n"; };
   Form_Load(*station_);
 }

@@ -33,6 +33,9 @@ class Script {
   // One line in UTF-8; throws ScriptError.
   void Follow(const std::string& line);
 
+  // Prints the field of each statement that is skipped, too, and the routine it stands in. Before the start.
+  void Trace() { traces_ = true; }
+
   // Null before the start and behind a crash.
   Station* station() { return station_.get(); }
 
@@ -88,6 +91,15 @@ class Script {
     Script& script_;
   };
 
+  class SkipPrinter : public SkipWatcher {
+   public:
+    explicit SkipPrinter(std::ostream& out) : out_(out) {}
+    void Skipped(const Field& field, std::string_view routine) override;
+
+   private:
+    std::ostream& out_;
+  };
+
   // The first word and what stands behind the one blank that follows it.
   static std::pair<std::string, std::string> FirstWord(const std::string& text);
   // Sets off an event of the control that a name like "btnLR(0)" says.
@@ -110,6 +122,8 @@ class Script {
   std::ostream& out_;
   std::unique_ptr<Station> station_;
   Canceller canceller_{*this};
+  SkipPrinter skips_{out_};
+  bool traces_ = false;
 };
 
 }  // namespace torvane

@@ -9,7 +9,7 @@
 
 namespace torvane {
 
-int RunScript(Computer& computer, const std::string& file) {
+int RunScript(Computer& computer, const std::string& file, bool traces) {
   std::ifstream stream;
   if (!file.empty()) {
     std::error_code error;
@@ -22,6 +22,7 @@ int RunScript(Computer& computer, const std::string& file) {
   }
   std::istream& in = file.empty() ? std::cin : stream;
   Script script(computer.stage, computer.AsPlatform(computer.RealStore()), std::cout);
+  if (traces) script.Trace();
   script.prepare = [&computer] { computer.MakeStationFolders(); };
   std::string line;
   for (int number = 1; std::getline(in, line); ++number) {

@@ -26,13 +26,20 @@ Field& Field::operator=(std::string_view text) {
   return *this;
 }
 
-Field& Field::operator=(const MaybeText& text) { return text.good ? *this = text.text : *this; }
+Field& Field::Skip(const char* routine) {
+  if (exists() && owner_->skips != nullptr) owner_->skips->Skipped(*this, routine);
+  return *this;
+}
+
+Field& Field::operator=(const MaybeText& text) { return text.good ? *this = text.text : Skip(""); }
 
 Field& Field::operator=(const Masked& number) {
+  if (!number.value.good()) return Skip(number.routine);
   return exists() ? *this = TextOf(owner_->signs, number) : *this;
 }
 
 Field& Field::operator=(const Plain& number) {
+  if (!number.value.good()) return Skip(number.routine);
   return exists() ? *this = TextOf(owner_->signs, number) : *this;
 }
 

@@ -30,6 +30,14 @@ class FieldWatcher {
   virtual void Gone(const Field&) {}
 };
 
+// Told of each write that a failed number has skipped, and of the routine that would have written; that is
+// empty where a text of its own was made of the number.
+class SkipWatcher {
+ public:
+  virtual ~SkipWatcher() = default;
+  virtual void Skipped(const Field& field, std::string_view routine) = 0;
+};
+
 // What all fields of one design share.
 struct FieldOwner {
   explicit FieldOwner(NumberSigns signsOfComputer) : signs(signsOfComputer) {}
@@ -37,6 +45,7 @@ struct FieldOwner {
   NumberSigns signs;
   ChangeOperations* operations = nullptr;
   FieldWatcher* watcher = nullptr;
+  SkipWatcher* skips = nullptr;  // null if nobody looks
 };
 
 // NoNumber is no field's own mark: it is shown of a text that a number's field cannot read.
@@ -120,6 +129,7 @@ class Field {
 
  private:
   void Repaint() const;
+  Field& Skip(const char* routine);
 
   template <class Value>
   void Set(Value& place, Value value) {

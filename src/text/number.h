@@ -28,9 +28,10 @@ class Number {
   // For a step that goes on with 0 where its number fails.
   constexpr double valueOr0() const { return good_ ? value_ : 0; }
 
-  // On its way to text, which is the only road there: under a mask, or as plain number text.
-  constexpr Masked as(Mask mask) const;
-  constexpr Plain plain() const;
+  // On its way to text, which is the only road there: under a mask, or as plain number text. `routine` is the
+  // one that asks, for a trace of what is skipped.
+  constexpr Masked as(Mask mask, const char* routine = __builtin_FUNCTION()) const;
+  constexpr Plain plain(const char* routine = __builtin_FUNCTION()) const;
 
  private:
   constexpr Number() = default;
@@ -56,14 +57,16 @@ constexpr Number operator/(Number a, Number b) {
 struct Masked {
   Number value = Number::Failure();
   Mask mask{};
+  const char* routine = "";
 };
 
 struct Plain {
   Number value = Number::Failure();
+  const char* routine = "";
 };
 
-constexpr Masked Number::as(Mask mask) const { return {*this, mask}; }
-constexpr Plain Number::plain() const { return {*this}; }
+constexpr Masked Number::as(Mask mask, const char* routine) const { return {*this, mask, routine}; }
+constexpr Plain Number::plain(const char* routine) const { return {*this, routine}; }
 
 // A comparison that cannot be made holds for neither side of an "is" and "is not".
 enum class Comparison { No, Yes, Impossible };

@@ -43,5 +43,15 @@ TEST_F(ProgramsStore, AScriptStaysInTheFolderAndShowsControlCharacters) {
   EXPECT_EQ(input.status, 2) << input.err;
 }
 
+// A layer of a part that has no diameter and no length yet.
+TEST_F(ProgramsStore, ATracedScriptPrintsWhatAFailedNumberSkips) {
+  Put(Path("layer.script"), "start\nwait 6000\ntype txtNumberOfLayers(0) 1\ntype txtWA(1) 45\n");
+  const Ended traced = StartWith("script --trace " + Quoted(Path("layer.script")), "mine.ini");
+  EXPECT_EQ(traced.status, 0) << traced.err;
+  for (const char* skipped : {"lblPassesToCover(1) in WritePasses", "lblMinutesToCover(1) in Minutes"})
+    EXPECT_TRUE(Holds(traced.out, "skipped: " + std::string(skipped) + "\n")) << traced.out;
+  EXPECT_EQ(StartWith("script " + Quoted(Path("layer.script")), "mine.ini").out, "");
+}
+
 }  // namespace
 }  // namespace torvane

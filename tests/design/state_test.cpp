@@ -32,6 +32,25 @@ TEST(Fields, TheChangeOperationRunsInsideAWriteOfAnotherText) {
   EXPECT_FALSE(number(s.txtWA(19)).good());
 }
 
+TEST(Fields, AWatcherIsToldOfEachWriteThatAFailedNumberSkips) {
+  struct Skips : SkipWatcher {
+    void Skipped(const Field& field, std::string_view routine) override {
+      seen.push_back(NameOf(field) + " in " + std::string(routine));
+    }
+    std::vector<std::string> seen;
+  } skips;
+  DesignState s({});
+  s.skips = &skips;
+  const Number failed = Number(1) / 0;
+  s.txtWA(3) = failed.as("##0.0"_mask);
+  s.txtWA(4) = failed.plain();
+  s.txtWA(5) = TextOf(s.signs, failed.plain());
+  s.txtWA(6) = Number(45).plain();
+  s.txtWA(19) = failed.plain();
+  EXPECT_EQ(skips.seen,
+            (std::vector<std::string>{"txtWA(3) in TestBody", "txtWA(4) in TestBody", "txtWA(5) in "}));
+}
+
 TEST(Fields, ARestoreSetsAllTextsAndRunsNothing) {
   DesignState s({});
   s.txtWA(3) = "45";

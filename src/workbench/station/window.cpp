@@ -24,6 +24,7 @@ Window::Window(Station& station, std::string_view name, std::span<const WindowFi
   }
   owner_.operations = this;
   owner_.watcher = this;
+  owner_.skips = station.s.skips;
 }
 
 Window::~Window() {
