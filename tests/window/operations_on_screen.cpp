@@ -18,6 +18,7 @@ class OperationsOnScreen : public QObject {
 
  private slots:
   void WarningsAreListedAndStopNothing();
+  void ANewDesignBeginsWithItsLayers();
   void RecentDesignsOpenFromTheMenu();
   void MachinePageTakesWhatIsTyped();
   void APageThatClosesIsGoneBeforeAMessageComes();
@@ -77,6 +78,27 @@ void OperationsOnScreen::WarningsAreListedAndStopNothing() {
   QVERIFY(!NotesOf(desktop.station()).empty());
   QTest::mouseClick(build, Qt::LeftButton);
   QCOMPARE(desktop.stage.launcher.starts.size(), 1U);
+}
+
+// Five counts a row, and below them what has to be measured once.
+void OperationsOnScreen::ANewDesignBeginsWithItsLayers() {
+  Desktop measured;
+  WindowOnStage fresh;
+  const auto shown = [](const WindowOnStage& station, const QString& text) -> QAbstractButton* {
+    for (auto* button : station.program->mainWindow().findChildren<QAbstractButton*>())
+      if (button->isVisible() && (button->text() == text || button->accessibleName() == text)) return button;
+    return nullptr;
+  };
+  QVERIFY(shown(measured, QStringLiteral("Measure now")) == nullptr);
+  QVERIFY(shown(fresh, QStringLiteral("Measure now")) != nullptr);
+  const auto place = [&](int count) { return shown(fresh, QStringLiteral("%1 layers").arg(count))->pos(); };
+  for (int count = 2; count <= 15; ++count) {
+    const bool begins = count % 5 == 1;
+    QVERIFY(begins ? place(count).y() > place(count - 1).y() : place(count).y() == place(count - 1).y());
+    QVERIFY(begins ? place(count).x() == place(1).x() : place(count).x() > place(count - 1).x());
+  }
+  QTest::mouseClick(shown(fresh, QStringLiteral("3 layers")), Qt::LeftButton);
+  QCOMPARE(fresh.s().txtNumberOfLayers(0).text(), std::string("3"));
 }
 
 void OperationsOnScreen::RecentDesignsOpenFromTheMenu() {

@@ -159,6 +159,15 @@ void PreviewOnScreen::TellsWhereThePointerStands() {
   QVERIFY2(preview.Text("lblRadius").ends_with(" mm"), preview.Text("lblRadius").c_str());
   QVERIFY2(preview.Text("lblAngle").starts_with("27") || preview.Text("lblAngle").starts_with("26"),
            preview.Text("lblAngle").c_str());
+
+  // Where nothing is drawn there is no place to tell.
+  WindowOnStage blank;
+  blank.program->binder().Do([&blank] { ShowPreview(blank.station()); });
+  canvas = blank.DialogOf("frmPolar")->findChild<QWidget*>(QStringLiteral("picPreview"));
+  QMouseEvent event(QEvent::MouseMove, QPoint(200, 200), canvas->mapToGlobal(QPoint(200, 200)), Qt::NoButton,
+                    Qt::NoButton, {});
+  QApplication::sendEvent(canvas, &event);
+  QCOMPARE(blank.station().FindField("lblX")->text(), std::string());
 }
 
 void PreviewOnScreen::SavesItsPicture() {

@@ -132,8 +132,13 @@ void SettingsByKeys::EveryFieldStandsOnItsTab() {
   }
   for (int tab = 0; tab <= 3; ++tab) {
     QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("lblTab(%1)").arg(tab)), Qt::LeftButton);
-    for (int other = 0; other <= 3; ++other)
+    for (int other = 0; other <= 3; ++other) {
       QCOMPARE(dialog->findChild<QWidget*>(QString::fromLatin1(kPages[other]))->isVisible(), other == tab);
+      // A bar stands over the heading of the page in sight.
+      const QImage heading =
+          dialog->findChild<QWidget*>(QStringLiteral("lblTab(%1)").arg(other))->grab().toImage();
+      QCOMPARE(heading.pixelColor(60, 1) == station.theme[Token::Accent], other == tab);
+    }
   }
 }
 
