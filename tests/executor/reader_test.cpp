@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "executor/program/number.h"
+#include "executor/program/program.h"
 #include "executor/proof/report.h"
 
 namespace torvane::executor {
@@ -68,6 +69,16 @@ TEST(Reader, KnowsEveryForm) {
   }
   EXPECT_EQ(line.number, 53);
   EXPECT_EQ(statements, 51);
+}
+
+TEST(Program, HasItsLinesWithoutTheirEnds) {
+  const Program program("G20\r\n\nM5\rM4\r\nX99");
+  EXPECT_EQ(program.Lines(), 4);
+  EXPECT_EQ(program.Line(1), "G20");
+  EXPECT_EQ(program.Line(2), "");
+  EXPECT_EQ(program.Line(3), "M5\rM4");
+  EXPECT_EQ(program.Line(4), "X99");
+  EXPECT_EQ(program.Line(5), "");
 }
 
 TEST(Reader, RefusesWithAReason) {

@@ -128,6 +128,34 @@ TEST_F(LaunchTest, AValueThatSeemsTooHighBlinksUntilItIsAccepted) {
   EXPECT_NE(Started(), "");
 }
 
+// From stop to stop, with the operator in between; with the head the ends stand for the stops.
+TEST_F(LaunchTest, ATraceGoesFromEndToEnd) {
+  DesignState& s = station.s;
+  const auto trace = [this] {
+    station.Run("lblGoTrace", Event::Click);
+    return onStage.stage.files.ReadWhole("C:\\Torvane\\TV_TRACE.TVG").value();
+  };
+  const auto holds = [](const std::string& text, std::initializer_list<const char*> parts) {
+    std::size_t at = 0;
+    for (const char* part : parts) {
+      at = text.find(part, at);
+      if (at == std::string::npos) return std::string(part);
+    }
+    return std::string();
+  };
+  TypeTube(station, 1, "45");
+  EXPECT_EQ(holds(trace(), {"G28 F", " Z4 [", "M0 [Wait for Operator Button Press]", " Z28 [", "X99"}), "");
+  station.Choose(s.optX(1), "True");
+  station.Run("optType", Event::Click, 2);
+  s.txtZ4(0) = "30";
+  s.txtZ4(3) = "2";
+  s.txtDia(0) = "4";
+  s.txtAdjust(3) = "1.5";
+  EXPECT_EQ(
+      holds(trace(), {"G28 ", " Z2.00", " Y3.50", "M0 [Wait for Button Press]", " Z30.00", " Y3.50", "X99"}),
+      "");
+}
+
 TEST_F(LaunchTest, ATraceThatCannotBeWrittenMovesNothing) {
   station.Run("lblHome", Event::Click);
   ASSERT_EQ(Started(), "Torvane_Executor.exe TRACE");

@@ -95,6 +95,10 @@ TEST_F(IniStoreTest, HandWrittenFileIsReadAndKeptWhenRewritten) {
   expected.replace(expected.find("[broken"), 0, "mnu2Axis=0\n");
   expected.replace(expected.find("cMaxTravel=120"), std::string::npos, "cMaxTravel=121\n");
   EXPECT_EQ(Bytes(file), expected);
+
+  // The mark in front of an editor's file belongs to no section's name.
+  Put(file, "\xEF\xBB\xBF[Settings]\nmnu2Axis=1\n");
+  EXPECT_EQ(Store().Read("Settings", "mnu2Axis"), "1");
 }
 
 TEST_F(IniStoreTest, DamagedFileGivesWhatIsReadableAndLosesNoLine) {
