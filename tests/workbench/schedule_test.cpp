@@ -13,13 +13,6 @@ struct ScheduleTest : testing::Test {
   DesignState& s = station.s;
 };
 
-TEST_F(ScheduleTest, AllRowsAreWorkedOutFromTheirAngles) {
-  TypeTube(station, 2, "45");
-  for (int row = 1; row <= 2; ++row) s.txtMRPM(row) = "10";
-  station.Run("mnuRecalcAllRows", Event::Click);
-  EXPECT_EQ(s.txtMRPM(1).text() + "|" + s.txtMRPM(2).text(), "28.6|28.6");
-}
-
 // Where the drive stands at the left, the right stop is the far one.
 TEST_F(ScheduleTest, TheStopsGiveTheLength) {
   TypeTube(station, 1, "45");
