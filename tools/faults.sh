@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
 # Who notices a fault: works the faults of tools/faults/set into the sources, one at a time, and says which test
-# turns red. A line for each, then the totals. The release build stands, with its tests.
+# turns red. A line for each, then the totals. The release build stands, with its tests; build nothing else in the
+# folder meanwhile.
 #
 #   tools/faults.sh [--room NAME] [--own] [--set FILE] [NUMBER | FROM-TO]
 #
 # A fault's line is found by its text and the line before it, in whatever file it stands by now. The room's own
-# tests come first; if they notice nothing, all tests, unless --own. A crash counts as noticed, and what takes longer than a
-# minute. Ends badly if a fault is gone from the sources or does not build: draw another (tools/faults/draw.sh).
+# tests come first; if they notice nothing, all tests, unless --own. A crash counts as noticed, and what takes
+# longer than a minute. Ends badly if a fault is gone from the sources or does not build: name it in
+# tools/faults/left_out with the reason and draw again, tools/faults/draw.sh >tools/faults/set.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
-usage() { sed -n '2,9s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+usage() { sed -n '2,12s/^# \{0,1\}//p' "$0" >&2; exit 2; }
 room='' only_own='' set=tools/faults/set first=1 last=1000000
 while [ $# -gt 0 ]; do
   case $1 in

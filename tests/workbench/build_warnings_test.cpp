@@ -201,6 +201,15 @@ TEST_F(BuildWarningsTest, FiguresThatCannotBeWound) {
   EXPECT_TRUE(Warns("lblPassesToCover(1)"));
 }
 
+// A pass takes three lines at least, and a program holds ten million.
+TEST_F(BuildWarningsTest, MorePassesThanAProgramHolds) {
+  TypeTube(station, 1, "45");
+  for (const auto& [passes, warned] : {std::pair("3333333", false), std::pair("3333334", true)}) {
+    s.lblPassesToCover(1).Restore(passes);
+    EXPECT_EQ(WhyOf("txtWA(1)").starts_with("No program holds so many"), warned) << passes;
+  }
+}
+
 TEST_F(BuildWarningsTest, FourAxisSpeedsOfTheMachine) {
   TypeFlatTube(1);
   Name("flat.t4d");

@@ -69,20 +69,6 @@ TEST(Startup, ReopensTheLastDesignByItsNameAlone) {
   }
 }
 
-TEST(Startup, ComesUpWithTheFamilyLastInUse) {
-  for (const bool two : {true, false}) {
-    StationOnStage onStage;
-    SaveSetting(onStage.stage.store, kSettings, "gVersionNumber", "420");
-    SaveSetting(onStage.stage.store, kSettings, "mnu2Axis", two ? "1" : "0");
-    Form_Load(onStage.station());
-    const DesignState& s = onStage.station().s;
-    EXPECT_EQ(s.mnu2Axis, two);
-    EXPECT_NE(s.mnu4Axis, two);
-    EXPECT_TRUE(s.optX(two ? 0 : 1).checked());
-    EXPECT_FALSE(s.optX(two ? 1 : 0).checked());
-  }
-}
-
 TEST(Startup, PutsStoredNumbersIntoTheComputersSign) {
   StationOnStage onStage;
   MemoryStore& store = onStage.stage.store;
