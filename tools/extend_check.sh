@@ -66,11 +66,15 @@ below src/executor/program/statement.cpp '{"M711"' \
 below docs/dialect.md '| `M711` |' '| `M712` | R | announces the batch of the resin |'
 
 section "A message"
+above src/workbench/station/messages.h '}  // namespace messages' \
+  'inline constexpr StationMessage kResinBatch = {
+    9901, {.okOnly = true, .offer = true}, "A batch is a number from 1 on"};
+'
 above src/workbench/part/input_checks.cpp 'constexpr Operation kOperations[] = {' \
   'void txtResinBatch_Key(Station& station, int) {
   station.s.gDirty = true;
   if (!holds(number(station.s.txtResinBatch) >= 1))
-    ShowMessageDialog(station, "A batch is a number from 1 on", 9901, {.okOnly = true, .offer = true});
+    ShowMessageDialog(station, messages::kResinBatch);
 }
 '
 
