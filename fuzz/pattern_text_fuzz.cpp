@@ -23,7 +23,7 @@ bool IsDrawn(const PolarFigure& figure) {
 }
 
 void Walk(DesignState& s, std::string_view text, PolarMarks marks) {
-  const auto pattern = PolarPatternOf(s, text);
+  const auto pattern = PolarPatternOf(s, SplitPatternFields(s, text));
   if (!pattern) return;
   // The station draws no more; a few passes show what the rest would.
   if (double{1} * pattern->groups * pattern->circuits > kMostPolarPasses) return;
