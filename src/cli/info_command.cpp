@@ -55,27 +55,26 @@ void PrintPair(std::string_view caption, std::string_view value, std::string_vie
               Padded(ToUtf8(value), 10, true).c_str(), ToUtf8(unit).c_str());
 }
 
-// A column of the layers; its unit follows the design's where there are two.
+// A column of the layers.
 struct Column {
   const char* heading;
   FieldArray Fields::*field;
   int width;
   bool right;
-  const char* unitInches = "";
-  const char* unitMillimetres = unitInches;
+  FieldUnit unit = FieldUnit::None;
 };
 
 constexpr Column kTwoAxisColumns[] = {
     {"Type", &Fields::cmb2AxisLayerType, 7, false},
-    {"Angle", &Fields::txtWA, 7, true, "deg"},
+    {"Angle", &Fields::txtWA, 7, true, FieldUnit::Degrees},
     {"Speed", &Fields::cmbSpeed, 6, false},
     {"Method", &Fields::cmbMethod, 7, false},
-    {"Wrap", &Fields::txtAddRevs, 6, true, "deg"},
-    {"Mandrel", &Fields::txtMRPM, 8, true, "RPM"},
-    {"Carriage", &Fields::txtCarriageSpeed, 9, true, "in/s", "mm/s"},
+    {"Wrap", &Fields::txtAddRevs, 6, true, FieldUnit::Degrees},
+    {"Mandrel", &Fields::txtMRPM, 8, true, FieldUnit::Rpm},
+    {"Carriage", &Fields::txtCarriageSpeed, 9, true, FieldUnit::Speed},
     {"Passes", &Fields::lblPassesToCover, 7, true},
     {"Minutes", &Fields::lblMinutesToCover, 8, true},
-    {"Length", &Fields::lblLengthToCover, 9, true, "ft", "m"},
+    {"Length", &Fields::lblLengthToCover, 9, true, FieldUnit::Filament},
 };
 
 constexpr Column kFourAxisColumns[] = {
@@ -84,11 +83,11 @@ constexpr Column kFourAxisColumns[] = {
     {"Wrap", &Fields::cmbPhiW, 5, true},
     {"Split", &Fields::cmbPhiSplit, 5, true},
     {"Pause", &Fields::chkPause, 5, true},
-    {"Mandrel", &Fields::lblRPM, 8, true, "RPM"},
-    {"Carriage", &Fields::lblcSpeed, 9, true, "in/s", "mm/s"},
+    {"Mandrel", &Fields::lblRPM, 8, true, FieldUnit::Rpm},
+    {"Carriage", &Fields::lblcSpeed, 9, true, FieldUnit::Speed},
     {"Passes", &Fields::lblNPasses, 7, true},
     {"Minutes", &Fields::lblMinutes, 8, true},
-    {"Length", &Fields::lblLength, 9, true, "ft", "m"},
+    {"Length", &Fields::lblLength, 9, true, FieldUnit::Filament},
 };
 
 using Columns = std::span<const Column>;
@@ -107,8 +106,7 @@ void PrintLayers(const DesignState& s, Columns columns) {
   std::printf("\n       ");
   for (const Column& column : columns)
     std::printf(" %s",
-                Padded(s.InInches() ? column.unitInches : column.unitMillimetres, column.width, column.right)
-                    .c_str());
+                Padded(std::string(TextOf(column.unit, s.InInches())), column.width, column.right).c_str());
   std::printf("\n");
   const int rows = RowsOf(s.txtNumberOfLayers(s.Panel()));
   for (int row = 1; row <= rows; ++row) PrintRow(s, columns, row, std::to_string(row));
@@ -116,43 +114,39 @@ void PrintLayers(const DesignState& s, Columns columns) {
   std::printf("\n");
 }
 
-void PrintTwoAxisPart(const DesignState& s, const char* length) {
-  PrintPair("Left diameter", s.txtDiameterLeft.text(), length);
-  PrintPair("Right diameter", s.txtDiameterRight.text(), length);
-  PrintPair("Total length", s.txtLengthTotal(0).text(), length);
-  PrintPair("Left stop", s.txtZ2(0).text(), length);
-  PrintPair("Right stop", s.txtZ2(1).text(), length);
-  PrintPair("Winding length", s.txtZ2(2).text(), length);
+// A field with its name and unit; the second figure of a pair goes without the name.
+void PrintField(const DesignState& s, const Field& field, bool named = true) {
+  const FieldWords& words = WordsOf(field);
+  PrintPair(named ? words.name : "", field.text(), TextOf(words.unit, s.InInches()));
 }
 
-void PrintFourAxisPart(const DesignState& s, const char* length) {
+void PrintFields(const DesignState& s, std::initializer_list<const Field*> fields) {
+  for (const Field* field : fields) PrintField(s, *field);
+}
+
+void PrintTwoAxisPart(const DesignState& s) {
+  PrintFields(s, {&s.txtDiameterLeft, &s.txtDiameterRight, &s.txtLengthTotal(0), &s.txtZ2(0), &s.txtZ2(1),
+                  &s.txtZ2(2)});
+}
+
+void PrintFourAxisPart(const DesignState& s) {
   PrintPair("Part type", s.gPartType.text(), "");
-  PrintPair("Left diameter", s.txtDia(0).text(), length);
-  PrintPair("Right diameter", s.txtDia(1).text(), length);
-  PrintPair("Left Z", s.txtZ4(0).text(), length);
-  PrintPair("Inner left Z", s.txtZ4(1).text(), length);
-  PrintPair("Inner right Z", s.txtZ4(2).text(), length);
-  PrintPair("Right Z", s.txtZ4(3).text(), length);
-  PrintPair("Length", s.lblLengthTotal.text(), length);
-  PrintPair("Left polar opening", s.txtPODia(0).text(), length);
-  PrintPair("Right polar opening", s.txtPODia(1).text(), length);
-  PrintPair("Grazing angle", s.lblGrazeAngle.text(), "");
-  PrintPair("Winding rate", s.cmbRate.text(), "");
+  PrintFields(s, {&s.txtDia(0), &s.txtDia(1), &s.txtZ4(0), &s.txtZ4(1), &s.txtZ4(2), &s.txtZ4(3),
+                  &s.lblLengthTotal, &s.txtPODia(0), &s.txtPODia(1), &s.lblGrazeAngle, &s.cmbRate});
 }
 
 void PrintTable(const DesignState& s) {
-  const char* length = s.InInches() ? "in" : "mm";
   const int panel = s.Panel();
   std::printf("%s\n", ToUtf8(s.gFileName.text()).c_str());
   if (s.gShow4Axis)
-    PrintFourAxisPart(s, length);
+    PrintFourAxisPart(s);
   else
-    PrintTwoAxisPart(s, length);
-  PrintPair("Band width", s.txtBandWidth(panel).text(), "in");
-  PrintPair("", s.txtBandWidthMM(panel).text(), "mm");
-  PrintPair("Band thickness", s.txtBandThickness(panel).text(), "in");
-  PrintPair("", s.txtBandThicknessMM(panel).text(), "mm");
-  PrintPair("Number of Layers", s.txtNumberOfLayers(panel).text(), "");
+    PrintTwoAxisPart(s);
+  PrintField(s, s.txtBandWidth(panel));
+  PrintField(s, s.txtBandWidthMM(panel), false);
+  PrintField(s, s.txtBandThickness(panel));
+  PrintField(s, s.txtBandThicknessMM(panel), false);
+  PrintField(s, s.txtNumberOfLayers(panel));
   PrintLayers(s, s.gShow4Axis ? Columns(kFourAxisColumns) : Columns(kTwoAxisColumns));
   for (const Total& total : TotalsOf(s, s.gShow4Axis))
     PrintPair(total.caption, total.figure->text(), total.unit);

@@ -33,6 +33,28 @@ enum class UsedBy : std::uint8_t {
   Window,  // no part of a design or of the station's constants
 };
 
+// What stands behind a field's figure. The first three follow the design's unit.
+enum class FieldUnit : std::uint8_t {
+  None,
+  Length,    // in or mm
+  Speed,     // in/s or mm/s
+  Filament,  // ft or m
+  Inches,
+  Millimetres,
+  InchesPerSecond,
+  MillimetresPerSecond,
+  Degrees,
+  Rpm,
+};
+
+// What an operator reads and hears of a field.
+struct FieldWords {
+  std::string_view name;
+  std::string_view sentence;
+  FieldUnit unit = FieldUnit::None;
+  std::string_view caption = {};  // on the control itself, at the start
+};
+
 struct FieldRow {
   std::string_view name;
   std::variant<Field Fields::*, FieldArray Fields::*> member;
@@ -40,6 +62,8 @@ struct FieldRow {
   UsedBy usedBy;
   IndexSet indexes;        // of an array
   std::string_view first;  // the text at the start of the program
+  FieldWords words = {};
+  std::span<const FieldWords> membersWords = {};  // of an array whose members mean different things
 };
 
 // One row for each member of Fields, in the order of reports.
@@ -56,11 +80,17 @@ constexpr bool IsOfDesign(const FieldRow& row) {
 // Whether designs of a family use a field: the row of the catalogue and its index, 0 of a single one.
 bool IsUsed(const FieldRow& row, int index, bool fourAxis);
 
+const FieldWords& WordsOf(const Field& field);
+
+// "mm/s"; empty where nothing stands behind the figure.
+std::string_view TextOf(FieldUnit unit, bool inches);
+
 // "txtWA(3)", "txtDiameterLeft".
 std::string NameOf(const Field& field);
 
 // The field of a name as NameOf gives it; null if there is none.
 Field* FindField(Fields& fields, std::string_view name);
+const Field* FindField(const Fields& fields, std::string_view name);
 
 // Calls `visit` with every field in the order of the catalogue, rows of an array by rising index. Of constant
 // fields it gets constant ones.

@@ -4,11 +4,17 @@
 
 namespace torvane {
 
+Field::Field() = default;
+Field::Field(FieldOwner& owner, const FieldRow& row, int index) { Attach(owner, row, index); }
+Field::Field(Field&&) noexcept = default;
+Field::~Field() = default;
+
 void Field::Attach(FieldOwner& owner, const FieldRow& row, int index) {
   owner_ = &owner;
   row_ = &row;
   index_ = index;
   text_ = row.first;
+  looks_.caption = WordsOf(*this).caption;
 }
 
 Number Field::number() const {

@@ -68,9 +68,10 @@ struct Looks {
 // and runs the change operation before it returns. A write whose number failed has no effect.
 class Field {
  public:
-  Field() = default;
-  Field(FieldOwner& owner, const FieldRow& row, int index) { Attach(owner, row, index); }
-  Field(Field&&) = default;
+  Field();
+  Field(FieldOwner& owner, const FieldRow& row, int index);
+  Field(Field&&) noexcept;
+  ~Field();
   Field(const Field&) = delete;
   Field& operator=(const Field&) = delete;
   Field& operator=(Field&&) = delete;
@@ -103,7 +104,7 @@ class Field {
   void CopyFrom(const Field& other);
   // Sets a text without any operation.
   void Restore(std::string_view text);
-  // Gives a field its place; its text becomes the one it has at the start of the program.
+  // Gives a field its place; its text and caption become those that it has at the start of the program.
   void Attach(FieldOwner& owner, const FieldRow& row, int index);
 
   const Looks& looks() const { return looks_; }

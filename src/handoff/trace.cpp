@@ -164,8 +164,8 @@ void txtAdjust_DoubleClick(Station& station, int i) {
 }
 
 constexpr Operation kOperations[] = {
-    {"lblGoTrace", Event::Click, lblGoTrace_Click},
-    {"lblHome", Event::Click, GoHome},
+    {"lblGoTrace", Event::Click, lblGoTrace_Click, {.caption = "Trace", .letter = 'T'}},
+    {"lblHome", Event::Click, GoHome, {.caption = "Go Home", .letter = 'G'}},
     {"Command5", Event::Click, GoHome},
     {"Command6", Event::Click, GoHome},
     {"txtZ2", Event::DoubleClick, txtZ2_DoubleClick},

@@ -43,6 +43,33 @@ enum class SettingForm {
   FalseIf0,  // flag: value 0 is False, any other True
 };
 
+// How what is typed into the dialog becomes the setting.
+enum class SettingEntry : std::uint8_t {
+  Plain,       // as typed
+  YesNo,       // "N" for n, else "Y"
+  YesNoKey,    // the same, and by the key itself
+  Inches,      // with a millimetre twin
+  Offset,      // the carriage offset, which stands on two tabs
+  Delay,       // whole milliseconds, 500 at most
+  Degrees,     // taken over from key releases alone
+  SpeedClass,  // at once, with a twin
+};
+
+// A setting's line in the settings dialog.
+struct SettingLine {
+  enum Tab : std::uint8_t { General, TwoAxes, FourAxes, Speeds, Hidden };  // Hidden: for scripts alone
+
+  std::string_view field;  // of the dialog; empty: the dialog does not hold the setting
+  SettingEntry entry = SettingEntry::Plain;
+  Tab tab = Hidden;
+  int place = 0;    // among the lines of its tab
+  char letter = 0;  // in the picture beside the lines; 0 if it has no place there
+  std::string_view unit = {};
+  std::string_view twin = {};  // the field in millimetres
+  std::string_view sentence = {};
+  std::string_view note = {};
+};
+
 struct Setting {
   std::string_view key;
   std::string_view fallback;  // the default
@@ -52,6 +79,7 @@ struct Setting {
   int atExit = 0;               // place among those that SaveStoredSettings writes; 0: it does not
   bool emptyFallsBack = false;  // a stored empty text counts as missing
   std::string_view meaning;
+  SettingLine line = {};
 };
 
 // In the order in which a start reads them.

@@ -165,7 +165,7 @@ void NamesInWindow::EveryControlStandsWhereTheTableSays() {
       const Field* field = FindField(station.s(), named.name.toStdString());
       good = field != nullptr && Bound(station, *field) == 1;
     } else if (good && named.kind == QStringLiteral("row menu")) {
-      const auto entries = RowMenu(station.s());
+      const auto entries = RowMenu(station.station());
       good = named.name == QStringLiteral("mnuPopMenu") ||
              std::any_of(entries.begin(), entries.end(),
                          [&](const RowMenuEntry& entry) { return Shown(entry.control) == named.name; });
@@ -190,7 +190,7 @@ void NamesInWindow::TheTableKnowsEveryFieldOfTheStation() {
     const QString name = QString::fromStdString(NameOf(field));
     if (!known.contains(name)) missing << name;
   });
-  for (const RowMenuEntry& entry : RowMenu(station.s()))
+  for (const RowMenuEntry& entry : RowMenu(station.station()))
     if (!known.contains(Shown(entry.control))) missing << Shown(entry.control);
   for (const MachineLine& line : MachineLines())
     if (const QString name = QString::fromStdString(line.field); !known.contains(name)) missing << name;

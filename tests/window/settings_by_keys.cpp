@@ -2,7 +2,7 @@
 #include <QAbstractButton>
 
 #include "on_stage.h"
-#include "window/dialog/settings_lines.h"
+#include "workbench/dialog/settings_lines.h"
 
 namespace torvane {
 
@@ -119,15 +119,16 @@ void SettingsByKeys::EveryFieldStandsOnItsTab() {
   Open(station, "mnuProperties");
   QWidget* dialog = station.DialogOf("frmSettings");
   constexpr const char* kPages[] = {"picGeneral", "pic2Axis", "pic4Axis", "picSpeeds"};
-  for (const SettingLine& line : SettingLines()) {
+  for (const DialogLine& shown : DialogLines()) {
+    const SettingLine& line = shown.setting;
     auto* page = dialog->findChild<QWidget*>(QString::fromLatin1(kPages[line.tab]));
     QVERIFY(page != nullptr);
-    for (const char* field : {line.field, line.twin}) {
-      if (*field == '\0') continue;
-      const auto found = dialog->findChildren<QWidget*>(QString::fromLatin1(field));
+    for (const std::string& field : {std::string(line.field), std::string(line.twin)}) {
+      if (field.empty()) continue;
+      const auto found = dialog->findChildren<QWidget*>(QString::fromStdString(field));
       QCOMPARE(found.size(), qsizetype{1});
-      QVERIFY2(page->isAncestorOf(found.first()), field);
-      QVERIFY2(!found.first()->accessibleName().isEmpty(), field);
+      QVERIFY2(page->isAncestorOf(found.first()), field.c_str());
+      QVERIFY2(!found.first()->accessibleName().isEmpty(), field.c_str());
     }
   }
   for (int tab = 0; tab <= 3; ++tab) {

@@ -176,14 +176,15 @@ TEST(RowMenuTest, OfNoRowBeginsWithWhatsThisInBothFamilies) {
   Station& station = onStage.Started();
   for (const bool fourAxis : {false, true}) {
     station.Choose(station.s.optX(fourAxis ? 1 : 0), "True");
-    const auto entries = RowMenu(station.s);
-    EXPECT_EQ(entries[0].caption, "Whats This ?");
-    EXPECT_EQ(entries[1].caption, "Copy Row");
+    const auto entries = RowMenu(station);
+    EXPECT_EQ(station.WordsOf(entries[0].control).caption, "Whats This ?");
+    EXPECT_EQ(station.WordsOf(entries[1].control).caption, "Copy Row");
     EXPECT_TRUE(entries[1].beginsGroup);
     EXPECT_EQ(entries.size(), fourAxis ? 11U : 7U);
     // Without a row there is nothing to copy; all rows are always there.
     for (const RowMenuEntry& entry : entries)
-      EXPECT_EQ(entry.usable, entry.control == "mnuWhatsThis" || entry.control == "mnuRecalcAllRows")
+      EXPECT_EQ(station.IsUsable(entry.control),
+                entry.control == "mnuWhatsThis" || entry.control == "mnuRecalcAllRows")
           << entry.control;
   }
 }

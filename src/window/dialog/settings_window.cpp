@@ -8,12 +8,12 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/dialog/machine_picture.h"
-#include "window/dialog/settings_lines.h"
 #include "window/dialog/station_dialog.h"
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
 #include "window/field/link.h"
 #include "window/field/segments.h"
+#include "workbench/dialog/settings_lines.h"
 
 namespace torvane {
 
@@ -70,11 +70,12 @@ class Tab : public QAbstractButton {
 // The letter and the sentence of a setting; its fields stand on it. The one that has the focus stands out.
 class Line : public QWidget {
  public:
-  Line(Desk desk, const SettingLine& line) : desk_(desk), line_(line) {
-    const int below = (*line.note != '\0' ? Height(12, line.note) : 0) + (line.picture ? 26 : 0);
-    text_ = Height(13, line.sentence);
+  Line(Desk desk, const DialogLine& line) : desk_(desk), line_(line) {
+    const SettingLine& setting = line.setting;
+    const int below = (setting.note.empty() ? 0 : Height(12, setting.note)) + (line.picture() ? 26 : 0);
+    text_ = Height(13, setting.sentence);
     setFixedHeight(std::max(44, text_ + below + 26));
-    setAccessibleName(QString::fromLatin1(line.head));
+    setAccessibleName(Shown(line.head));
     setMinimumWidth(660);
     connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
   }
@@ -90,36 +91,37 @@ class Line : public QWidget {
       p.fillRect(0, 0, 4, height(), t[Token::Accent]);
     }
     p.fillRect(0, height() - 1, width(), 1, t[Token::Hairline]);
-    if (line_.letter != 0) PaintLetter(p, t, QPointF(27.5, height() / 2.0), 11, line_.letter);
-    Words(p, QRect(51, 13, kSentence, text_), 13, Token::Text, line_.sentence);
+    const SettingLine& setting = line_.setting;
+    if (setting.letter != 0) PaintLetter(p, t, QPointF(27.5, height() / 2.0), 11, setting.letter);
+    Words(p, QRect(51, 13, kSentence, text_), 13, Token::Text, setting.sentence);
     Head(p, kFieldX, line_.head);
     Head(p, kTwinX, line_.twinHead);
-    if (*line_.note != '\0')
-      Words(p, QRect(51, TextBottom(), kSentence, height()), 12, Token::Second, line_.note);
+    if (!setting.note.empty())
+      Words(p, QRect(51, TextBottom(), kSentence, height()), 12, Token::Second, setting.note);
   }
 
  private:
-  int Height(int size, const char* words) const {
+  int Height(int size, std::string_view words) const {
     return QFontMetrics(desk_.theme.Font(size))
-        .boundingRect(QRect(0, 0, kSentence, 1000), Qt::TextWordWrap, QString::fromLatin1(words))
+        .boundingRect(QRect(0, 0, kSentence, 1000), Qt::TextWordWrap, Shown(words))
         .height();
   }
-  void Words(QPainter& p, const QRect& box, int size, Token token, const char* words) const {
+  void Words(QPainter& p, const QRect& box, int size, Token token, std::string_view words) const {
     p.setFont(desk_.theme.Font(size));
     p.setPen(desk_.theme[token]);
-    p.drawText(box, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, QString::fromLatin1(words));
+    p.drawText(box, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, Shown(words));
   }
 
   // In two lines, its foot at the line's.
-  void Head(QPainter& p, int x, const char* words) const {
+  void Head(QPainter& p, int x, std::string_view words) const {
     p.setFont(desk_.theme.Font(12, Weight::Medium));
     p.setPen(desk_.theme[Token::Text]);
     p.drawText(QRect(x, 0, kTwinX - kFieldX - 6, height() - 5),
-               Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, QString::fromLatin1(words));
+               Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, Shown(words));
   }
 
   Desk desk_;
-  const SettingLine& line_;
+  const DialogLine& line_;
   int text_ = 0;
 };
 
@@ -223,8 +225,8 @@ class SettingsWindow : public StationDialog {
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    for (const SettingLine& line : SettingLines())
-      if (line.tab == tab) column->addWidget(MakeLine(line));
+    for (const DialogLine& line : DialogLines())
+      if (line.setting.tab == tab) column->addWidget(MakeLine(line));
     column->addStretch(1);
     auto* scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -235,46 +237,47 @@ class SettingsWindow : public StationDialog {
     return scroll;
   }
 
-  QWidget* MakeLine(const SettingLine& setting) {
-    auto* line = new Line(desk_, setting);
-    if (*setting.head != '\0') {
-      head_ = &setting;
+  QWidget* MakeLine(const DialogLine& shown) {
+    const SettingLine& setting = shown.setting;
+    auto* line = new Line(desk_, shown);
+    if (!shown.head.empty()) {
+      head_ = &shown;
       return line;
     }
-    if (setting.picture) {
+    if (shown.picture()) {
       auto* picture = new Link(desk_, Icon::Picture, Shown(Of("Label21").caption()), "Label21", line);
       picture->move(47, line->height() - 38);
     }
     const int y = (line->height() - 31) / 2;
-    if (setting.yesNo) {
+    if (shown.yesNo()) {
       auto* choice = new ChoiceSegments(desk_, Of(setting.field), {"Y", "N"}, {49, 34}, line);
-      choice->setAccessibleName(QString::fromLatin1(setting.sentence));
-      choice->setWhatsThis(QString::fromLatin1(setting.sentence));
+      choice->setAccessibleName(Shown(setting.sentence));
+      choice->setWhatsThis(Shown(setting.sentence));
       choice->move(kFieldX, y - 2);
       return line;
     }
-    AddFigure(*line, setting, setting.field, setting.unit, kFieldX, y);
-    if (*setting.twin != '\0') AddFigure(*line, setting, setting.twin, setting.twinUnit, kTwinX, y);
+    AddFigure(*line, shown, setting.field, setting.unit, kFieldX, y);
+    if (!setting.twin.empty()) AddFigure(*line, shown, setting.twin, shown.TwinUnit(), kTwinX, y);
     return line;
   }
 
-  void AddFigure(QWidget& line, const SettingLine& setting, const char* field, const char* unit, int x,
+  void AddFigure(QWidget& line, const DialogLine& shown, std::string_view field, std::string_view unit, int x,
                  int y) {
     QWidget* figure = nullptr;
-    if (setting.readOut)
+    if (shown.readOut)
       figure = new ReadOut(desk_, Of(field), 14, &line);
     else
       figure = new FieldEdit(desk_, Of(field), Place::Panel, &line);
-    const char* over = head_ == nullptr || head_->tab != setting.tab ? ""
-                       : x == kFieldX                                ? head_->head
-                                                                     : head_->twinHead;
-    const QString sentence = QString::fromLatin1(setting.sentence);
-    figure->setAccessibleName(*over == '\0' ? sentence + QStringLiteral(", ") + QString::fromLatin1(unit)
-                                            : QString::fromLatin1(over) + QStringLiteral(", ") + sentence);
-    figure->setWhatsThis(*over == '\0' ? sentence : figure->accessibleName());
+    std::string_view over;
+    if (head_ != nullptr && head_->setting.tab == shown.setting.tab)
+      over = x == kFieldX ? head_->head : head_->twinHead;
+    const QString sentence = Shown(shown.setting.sentence);
+    figure->setAccessibleName(over.empty() ? sentence + QStringLiteral(", ") + Shown(unit)
+                                           : Shown(over) + QStringLiteral(", ") + sentence);
+    figure->setWhatsThis(over.empty() ? sentence : figure->accessibleName());
     figure->setGeometry(x, y, 72, 30);
-    if (*unit == '\0') return;
-    auto* word = new Word(desk_, QString::fromLatin1(unit), 12, Token::Second, Weight::Regular, &line);
+    if (unit.empty()) return;
+    auto* word = new Word(desk_, Shown(unit), 12, Token::Second, Weight::Regular, &line);
     word->setGeometry(x + 77, y + 7, 40, 16);
   }
 
@@ -289,8 +292,8 @@ class SettingsWindow : public StationDialog {
 
   QStackedWidget* pages_ = nullptr;
   Side* side_ = nullptr;
-  const SettingLine* head_ = nullptr;  // over the line that is being made
-  std::vector<Button*> home_;          // of tab 4-Axis the second, of the others the first
+  const DialogLine* head_ = nullptr;  // over the line that is being made
+  std::vector<Button*> home_;         // of tab 4-Axis the second, of the others the first
 };
 
 // Where the carriage offset is measured, large enough to look at from the machine.

@@ -13,7 +13,7 @@ struct Help {
   QString sentence;
 };
 
-// Without a row in the table a field is called by its own name, and nothing is said of it.
+// Without words in the catalogue a field is called by its own name, and nothing is said of it.
 Help HelpOf(const Field& field);
 
 // The tool tip of a field: what its number reads as where its signs may mislead, else what its mark says, its

@@ -14,64 +14,55 @@ namespace torvane {
 
 namespace {
 
-struct Entry {
-  const char* caption;  // null: a separator
-  const char* control;
-  const char* keys;
-};
+// Null: a separator.
+constexpr const char* kFile[] = {"mnuNewFile",
+                                 "mnuOpenFile",
+                                 "mnuSaveFile",
+                                 "mnuSaveAsFile",
+                                 nullptr,
+                                 "mnuViewDesignFile",
+                                 "mnuViewDesignDirectory",
+                                 "mnuViewGCodeDirectory",
+                                 nullptr,
+                                 "mnuQuit"};
+constexpr const char* kMachine[] = {"lblGoTrace", "lblHome", nullptr, "mnuManually", "mnuLaunchExecutor"};
+constexpr const char* kBuild[] = {"mnuBeginWinding", "Command2", "mnuRefresh"};
+constexpr const char* kSettings[] = {"mnuProperties", "mnuSpeeds", "mnuMachine"};
+constexpr const char* kHelp[] = {"mnuVideo2AX", "mnuVideo4AX", nullptr, "mnuAbout"};
 
-constexpr Entry kFile[] = {{"&New", "mnuNewFile", "Ctrl+N"},
-                           {"&Open...", "mnuOpenFile", "Ctrl+O"},
-                           {"&Save...", "mnuSaveFile", "Ctrl+S"},
-                           {"Save &As...", "mnuSaveAsFile", "Ctrl+Shift+S"},
-                           {nullptr, nullptr, nullptr},
-                           {"View Design &File", "mnuViewDesignFile", ""},
-                           {"View &Design Folder", "mnuViewDesignDirectory", ""},
-                           {"View &G-Code Folder", "mnuViewGCodeDirectory", ""},
-                           {nullptr, nullptr, nullptr},
-                           {"&Quit", "mnuQuit", "Ctrl+Q"}};
-constexpr Entry kMachine[] = {{"&Trace", "lblGoTrace", ""},
-                              {"&Go Home", "lblHome", ""},
-                              {nullptr, nullptr, nullptr},
-                              {"Operate Torvane &Manually", "mnuManually", ""},
-                              {"&Launch Executor w/o G-Code", "mnuLaunchExecutor", ""}};
-constexpr Entry kBuild[] = {{"&Begin Build Process w/G-Code", "mnuBeginWinding", "F9"},
-                            {"&View G-Code", "Command2", ""},
-                            {"&ReCalc All Rows", "mnuRefresh", "F5"}};
-constexpr Entry kHelp[] = {{"&2-Axis Software Overview", "mnuVideo2AX", ""},
-                           {"&4-Axis Software Overview", "mnuVideo4AX", ""},
-                           {nullptr, nullptr, nullptr},
-                           {"&About Torvane Designer", "mnuAbout", ""}};
-constexpr Entry kSettings[] = {{"&Settings...", "mnuProperties", ""},
-                               {"S&peeds...", "mnuSpeeds", ""},
-                               {"&Machine...", "mnuMachine", ""}};
-
-QAction* Add(QMenu& menu, Desk desk, const Entry& entry) {
-  if (entry.caption == nullptr) return menu.addSeparator();
-  QAction* action = menu.addAction(QString::fromLatin1(entry.caption));
-  action->setObjectName(QString::fromLatin1(entry.control));
-  if (*entry.keys != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
-  QObject::connect(action, &QAction::triggered, &menu,
-                   [desk, control = entry.control] { desk.binder.Run(control); });
+// The entry of a command, of a menu or of the whole window.
+QAction* MakeAction(Desk desk, const char* control, QObject* parent) {
+  const CommandWords words = desk.station.WordsOf(control);
+  QString caption = Shown(words.caption);
+  if (words.letter != 0) caption.insert(caption.indexOf(QLatin1Char(words.letter)), QLatin1Char('&'));
+  auto* action = new QAction(caption, parent);
+  action->setObjectName(QString::fromLatin1(control));
+  action->setToolTip(Shown(words.sentence));
+  action->setStatusTip(Shown(words.sentence));
+  action->setShortcuts(QKeySequence::listFromString(Shown(words.keys)));
+  action->setEnabled(desk.station.IsUsable(control));
+  QObject::connect(action, &QAction::triggered, parent, [desk, control] { desk.binder.Run(control); });
   return action;
 }
 
 template <std::size_t count>
-QMenu* AddMenu(QMainWindow& window, Desk desk, const char* title, const Entry (&entries)[count]) {
+QMenu* AddMenu(QMainWindow& window, Desk desk, const char* title, const char* const (&controls)[count]) {
   QMenu* menu = window.menuBar()->addMenu(QString::fromLatin1(title));
-  for (const Entry& entry : entries) Add(*menu, desk, entry);
+  for (const char* control : controls) {
+    if (control == nullptr)
+      menu->addSeparator();
+    else
+      menu->addAction(MakeAction(desk, control, menu));
+  }
   return menu;
 }
 
 void AddRowEntries(QMenu& menu, Desk desk) {
-  for (const RowMenuEntry& entry : RowMenu(desk.station.s)) {
+  for (const RowMenuEntry& entry : RowMenu(desk.station)) {
     if (entry.beginsGroup) menu.addSeparator();
-    QAction* action = menu.addAction(Shown(entry.caption));
-    action->setObjectName(Shown(entry.control));
-    action->setEnabled(entry.usable);
-    if (!entry.tip.empty()) action->setToolTip(PlainTip(Shown(entry.tip)));
-    QObject::connect(action, &QAction::triggered, &menu,
-                     [desk, control = entry.control] { desk.binder.Run(control); });
+    QAction* action = MakeAction(desk, entry.control.data(), &menu);
+    action->setToolTip(PlainTip(Shown(entry.tip)));
+    menu.addAction(action);
     // The station does nothing at it; the next click tells what it hits.
     if (action->objectName() == QStringLiteral("mnuWhatsThis"))
       QObject::connect(action, &QAction::triggered, &menu, [] { QWhatsThis::enterWhatsThisMode(); });
@@ -102,21 +93,14 @@ void AddRecentFiles(QMenu& file, Desk desk) {
   });
 }
 
-// Keys of the whole window, so the action outlives the menu that shows it.
-QAction* AddHistoryEntry(QMainWindow& window, Desk desk, const Entry& entry) {
-  auto* action = new QAction(QString::fromLatin1(entry.caption), &window);
-  action->setObjectName(QString::fromLatin1(entry.control));
-  action->setShortcut(QKeySequence(QString::fromLatin1(entry.keys)));
-  QObject::connect(action, &QAction::triggered, &window,
-                   [desk, control = entry.control] { desk.binder.Run(control); });
-  window.addAction(action);
-  return action;
-}
-
 void AddEditMenu(QMainWindow& window, Desk desk) {
-  QAction* undo = AddHistoryEntry(window, desk, {"&Undo", "mnuUndo", "Ctrl+Z"});
-  QAction* redo = AddHistoryEntry(window, desk, {"&Redo", "mnuRedo", "Ctrl+Shift+Z"});
-  redo->setShortcuts({redo->shortcut(), QKeySequence(QStringLiteral("Ctrl+Y"))});
+  // Keys of the whole window, so the actions outlive the menu that shows them.
+  QAction* undo = MakeAction(desk, "mnuUndo", &window);
+  QAction* redo = MakeAction(desk, "mnuRedo", &window);
+  for (QAction* action : {undo, redo}) {
+    action->setEnabled(true);
+    window.addAction(action);
+  }
   QMenu* edit = window.menuBar()->addMenu(QStringLiteral("&Edit"));
   QObject::connect(edit, &QMenu::aboutToShow, edit, [edit, undo, redo, desk] {
     edit->clear();
@@ -125,8 +109,8 @@ void AddEditMenu(QMainWindow& window, Desk desk) {
     edit->insertAction(first, undo);
     edit->insertAction(first, redo);
     edit->insertSeparator(first);
-    undo->setEnabled(desk.station.CanUndo());
-    redo->setEnabled(desk.station.CanRedo());
+    undo->setEnabled(desk.station.IsUsable("mnuUndo"));
+    redo->setEnabled(desk.station.IsUsable("mnuRedo"));
   });
   QObject::connect(edit, &QMenu::aboutToHide, edit, [undo, redo] {
     undo->setEnabled(true);

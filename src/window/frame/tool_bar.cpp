@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kHeight = 50, kLargeHeight = 60, kLargeTool = 46;
 constexpr int kBesideSegments = 6;
+constexpr int kIconAlone = 0;
 constexpr int kBehindName = 22;  // for the unsaved dot
 // What the design's name keeps while tools give up their words: its own width between these.
 constexpr int kDocument = 170, kLongDocument = 320;
@@ -136,19 +137,18 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
     row->addWidget(dividers_.back());
   };
   // What a file is done with everybody knows by its icon; the machine's tools keep their words longest.
-  add(Tool(Icon::New, QStringLiteral("New"), "mnuNewFile", QStringLiteral("Begins a new design (Ctrl+N)"),
-           3));
-  add(Tool(Icon::Open, QStringLiteral("Open"), "btnOPen", QStringLiteral("Opens a design (Ctrl+O)"), 3));
-  add(Tool(Icon::Save, QStringLiteral("Save"), "btnSaveAS", QStringLiteral("Saves the design (Ctrl+S)"), 3));
+  add(Tool(Icon::New, "mnuNewFile", 3));
+  add(Tool(Icon::Open, "btnOPen", 3));
+  add(Tool(Icon::Save, "btnSaveAS", 3));
   divide();
-  Button* undo = Tool(Icon::Undo, {}, "mnuUndo", QStringLiteral("Undo (Ctrl+Z)"), 0);
-  Button* redo = Tool(Icon::Redo, {}, "mnuRedo", QStringLiteral("Redo (Ctrl+Shift+Z)"), 0);
+  Button* undo = Tool(Icon::Undo, "mnuUndo", kIconAlone);
+  Button* redo = Tool(Icon::Redo, "mnuRedo", kIconAlone);
   // The entries of the Edit menu have these operations' names already.
   undo->setObjectName(QStringLiteral("toolUndo"));
   redo->setObjectName(QStringLiteral("toolRedo"));
   desk.binder.BindAll(undo, [undo, redo, desk] {
-    undo->setEnabled(desk.station.CanUndo());
-    redo->setEnabled(desk.station.CanRedo());
+    undo->setEnabled(desk.station.IsUsable("mnuUndo"));
+    redo->setEnabled(desk.station.IsUsable("mnuRedo"));
   });
   add(undo);
   add(redo);
@@ -158,20 +158,13 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   divide();
   document_ = new Document(desk);
   row->addWidget(document_, 1);
-  row->addWidget(Tool(Icon::Trace, QStringLiteral("Trace"), "lblGoTrace",
-                      QStringLiteral("The machine visits the design's points. It moves."), 2));
-  row->addWidget(Tool(Icon::Home, QStringLiteral("Go Home"), "lblHome",
-                      QStringLiteral("The machine drives to its limit switches. It moves."), 2));
-  row->addWidget(Tool(Icon::Wheel, QStringLiteral("Manual"), "lblManualOperation",
-                      QStringLiteral("Starts the executor for work by hand."), 2));
-  add(Tool(Icon::Gear, {}, "Command3", QStringLiteral("Settings"), 0));
+  row->addWidget(Tool(Icon::Trace, "lblGoTrace", 2));
+  row->addWidget(Tool(Icon::Home, "lblHome", 2));
+  row->addWidget(Tool(Icon::Wheel, "lblManualOperation", 2));
+  add(Tool(Icon::Gear, "Command3", kIconAlone));
   divide();
-  auto* view =
-      new Button(desk, ButtonLook::Outline, Icon::Document, Shown(desk.station.s.Command2.caption()), this);
-  view->Runs("Command2");
-  view->setToolTip(QStringLiteral("Writes the program and shows it."));
-  view->setAccessibleName(view->text());
-  worded_.push_back({view, view->text(), 1});
+  Button* view = Tool(Icon::Document, "Command2", 1);
+  view->SetLook(ButtonLook::Outline);
   add(view);
   leave_ = new Button(desk, ButtonLook::Outline, Icon::Enlarge, QStringLiteral("Small Figures"), this);
   leave_->setObjectName(QStringLiteral("smallFigures"));
@@ -188,12 +181,17 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   });
 }
 
-Button* ToolBar::Tool(Icon icon, const QString& word, const char* control, const QString& tip, int rank) {
-  auto* button = new Button(desk_, ButtonLook::Flat, icon, word, this);
+Button* ToolBar::Tool(Icon icon, const char* control, int rank) {
+  const CommandWords words = desk_.station.WordsOf(control);
+  const QString word = Shown(words.caption).remove(QStringLiteral("..."));
+  auto* button = new Button(desk_, ButtonLook::Flat, icon, rank == kIconAlone ? QString() : word, this);
   button->Runs(control);
+  QString tip = Shown(words.sentence);
+  if (const auto keys = QKeySequence::listFromString(Shown(words.keys)); !keys.empty())
+    tip += QStringLiteral(" (%1)").arg(keys.front().toString(QKeySequence::NativeText));
   button->setToolTip(tip);
-  button->setAccessibleName(word.isEmpty() ? tip : word);
-  if (!word.isEmpty()) worded_.push_back({button, word, rank});
+  button->setAccessibleName(word);
+  if (rank != kIconAlone) worded_.push_back({button, word, rank});
   return button;
 }
 

@@ -32,7 +32,8 @@ class ToolBar : public QWidget {
     int rank;
   };
 
-  Button* Tool(Icon icon, const QString& word, const char* control, const QString& tip, int rank);
+  // A button of a command; its word goes with its rank when there is little room.
+  Button* Tool(Icon icon, const char* control, int rank);
   QWidget* Family();
   QWidget* Unit();
   void ShowWords();

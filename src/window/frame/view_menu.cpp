@@ -3,6 +3,8 @@
 #include <QActionGroup>
 #include <QMenu>
 
+#include "look/text.h"
+
 namespace torvane {
 
 namespace {
@@ -25,11 +27,12 @@ void FillViewMenu(QMenu& menu, Desk desk, const ViewChoices& choices) {
   QObject::connect(large, &QAction::triggered, &menu, [choices](bool on) { choices.largeFigures(on); });
   desk.binder.BindAll(large, [large, desk] { large->setChecked(desk.theme.large()); });
 
-  QAction* rows = AddSwitch(menu, QStringLiteral("&All-Rows Row"), QStringLiteral("mnuAllRows"),
-                            QStringLiteral("A row below the 2-axis schedule whose entries go to every row."));
+  const CommandWords words = desk.station.WordsOf("mnuAllRows");
+  QAction* rows = AddSwitch(menu, QStringLiteral("&") + Shown(words.caption), QStringLiteral("mnuAllRows"),
+                            Shown(words.sentence));
   QObject::connect(rows, &QAction::triggered, &menu, [desk] { desk.binder.Run("mnuAllRows"); });
   desk.binder.BindAll(rows, [rows, desk] {
-    rows->setEnabled(!desk.station.s.gShow4Axis);
+    rows->setEnabled(desk.station.IsUsable("mnuAllRows"));
     rows->setChecked(desk.station.allRowsShown);
   });
 

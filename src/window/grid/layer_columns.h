@@ -11,9 +11,7 @@ namespace torvane {
 enum class CellKind : std::uint8_t { Row, List, Angle, Text, Check, Figure, Minutes };
 
 struct LayerColumn {
-  const char* head;
-  const char* unit;              // second line of the head
-  const Field Fields::*heading;  // in the place of both: "Carriage Speed (in/s)", its unit in brackets
+  const Field Fields::*heading;  // "Carriage Speed (in/s)", its unit in brackets; null: the cells' own words
   FieldArray Fields::*cells;     // null for the row's button
   CellKind kind;
   int width;

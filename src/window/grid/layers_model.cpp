@@ -1,5 +1,6 @@
 #include "window/grid/layers_model.h"
 
+#include "design/catalogue.h"
 #include "look/text.h"
 #include "window/field/field_paint.h"
 #include "window/field/help.h"
@@ -65,7 +66,8 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
 
 QString LayersModel::Heading(int section) const {
   const LayerColumn& column = Column(section);
-  if (column.heading == nullptr) return QString::fromLatin1(column.head);
+  if (column.cells == nullptr) return QStringLiteral("#");
+  if (column.heading == nullptr) return Shown(WordsOf((desk_.station.s.*column.cells)(1)).name);
   return Shown((desk_.station.s.*column.heading).text());
 }
 
@@ -76,7 +78,12 @@ QString LayersModel::CaptionOf(int section) const {
 
 QString LayersModel::UnitOf(int section) const {
   const LayerColumn& column = Column(section);
-  if (column.heading == nullptr) return QString::fromLatin1(column.unit);
+  if (column.cells == nullptr) return {};
+  if (column.heading == nullptr) {
+    const DesignState& s = desk_.station.s;
+    const std::string_view unit = TextOf(WordsOf((s.*column.cells)(1)).unit, s.InInches());
+    return unit.empty() ? QString() : QStringLiteral("(%1)").arg(Shown(unit));
+  }
   return Heading(section).mid(CaptionOf(section).size() + 1);
 }
 

@@ -61,9 +61,13 @@ std::vector<WindowField> AllFields() {
   for (const MachineLine& line : MachineLines())
     fields.push_back({line.field, line.check ? Kind::Check : Kind::Text});
   fields.push_back({"lblSilenced", Kind::ReadOut});
-  fields.push_back({"btnShowMessages", Kind::Control, {}, false, "Show All Messages Again"});
-  fields.push_back({"btnOK", Kind::Control, {}, false, "OK"});
-  fields.push_back({"btnCancel", Kind::Control, {}, false, "Cancel"});
+  fields.push_back({"btnShowMessages",
+                    Kind::Control,
+                    {"Show All Messages Again", "Silenced messages come again.", FieldUnit::None,
+                     "Show All Messages Again"}});
+  fields.push_back({"btnOK", Kind::Control, {"OK", "Takes over what was changed.", FieldUnit::None, "OK"}});
+  fields.push_back(
+      {"btnCancel", Kind::Control, {"Cancel", "Leaves everything as it was.", FieldUnit::None, "Cancel"}});
   return fields;
 }
 

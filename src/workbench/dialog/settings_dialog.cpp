@@ -1,7 +1,6 @@
 #include "workbench/dialog/settings_dialog.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 #include "calc/two_axis.h"
@@ -19,54 +18,15 @@ constexpr Mask kTwoDecimals = "##0.00"_mask;
 constexpr IndexSet kClasses = {0, 2, false};
 constexpr IndexSet kTabs = {0, 3, false};
 
-enum class Entry {
-  Plain,     // as typed
-  YesNo,     // "N" for n, else "Y"
-  YesNoKey,  // the same, and by the key itself
-  Inches,    // with a millimetre twin
-  Offset,    // the carriage offset, which stands on two tabs
-  Delay,     // whole milliseconds, 500 at most
-  Degrees,   // taken over from key releases alone
-};
+using Entry = SettingEntry;
 
-// A setting: its field here, its twin, and the station's field or number that OK fills.
-struct Row {
-  std::string_view field;
-  std::string_view twin;
-  Entry entry;
-  std::variant<Field Fields::*, double DesignState::*> module;
-};
-
-// In the order in which OK takes them over.
-constexpr Row kRows[] = {
-    {"txtLimitSwitchApproachSpeed", "txtLimitSwitchApproachSpeedMM", Entry::Inches,
-     &Fields::txtLimitSwitchApproachSpeed},
-    {"txtMandrelAdvanceAfterPreWrapCarriageStop", "", Entry::Plain,
-     &Fields::txtMandrelAdvanceAfterPreWrapCarriageStop},
-    {"txtPreWrapFullLengthYN", "", Entry::YesNoKey, &Fields::txtPreWrapFullLengthYN},
-    {"txtMandrelRotateAfterLayerCompletion", "", Entry::Plain, &Fields::txtMandrelRotateAfterLayerCompletion},
-    {"txtMandrelAdvanceAfterHSTCarriageStop", "", Entry::Plain,
-     &Fields::txtMandrelAdvanceAfterHSTCarriageStop},
-    {"txtHeatGunJustKeepGoingYN", "", Entry::YesNoKey, &Fields::txtHeatGunJustKeepGoingYN},
-    {"txtAddPasses", "", Entry::Plain, &Fields::txtAddPasses},
-    {"txtAddExtra360AtFarEndYN", "", Entry::YesNo, &Fields::txtAddExtra360AtFarEndYN},
-    {"txtMidAngle", "", Entry::Plain, &Fields::gMidAngle},
-    {"txtSplitAngle", "", Entry::Plain, &Fields::gSplitAngle},
-    {"txtDHYtoMandrelCenter", "txtDHYtoMandrelCenterMM", Entry::Inches, &Fields::gDHYtoMandrelCenter},
-    {"txtDHStructureWidth", "txtDHStructureWidthMM", Entry::Inches, &Fields::gDHStructureWidth},
-    {"txtCarriageOffsetFromRMPFace", "txtCarriageOffsetFromRMPFaceMM", Entry::Offset,
-     &Fields::gCarriageOffsetFromRMPFace},
-    {"txtUseProportionalFilamentSpacingYN", "", Entry::YesNo, &Fields::txtUseProportionalFilamentSpacingYN},
-    {"txt2AXAdd360YN", "", Entry::YesNo, &Fields::txt2AXAdd360YN},
-    {"txtNoListPatternDegrees", "", Entry::Degrees, &DesignState::gNoListPatternDegrees},
-    {"txtDelayTimeInG456ToWaitForMandrelinMS", "", Entry::Delay,
-     &DesignState::gDelayTimeInG456ToWaitForMandrelinMS},
-    {"txt3AX1stPass360", "", Entry::YesNo, &Fields::txt3AX1stPass360},
-    {"txtPauseBeforeHoop", "", Entry::YesNo, &Fields::gPauseBeforeHoop},
-};
-constexpr std::size_t kRowCount = std::size(kRows);
-constexpr std::size_t kOffsetRow = 12;
-static_assert(kRows[kOffsetRow].entry == Entry::Offset);
+// The settings that OK takes over; the speed classes are taken at once.
+std::vector<const Setting*> HeldSettings() {
+  std::vector<const Setting*> held;
+  for (const Setting& setting : Settings())
+    if (!setting.line.field.empty() && setting.line.entry != Entry::SpeedClass) held.push_back(&setting);
+  return held;
+}
 
 // The offset's four fields: 4-axis and 2-axis, in inches and in millimetres.
 constexpr std::string_view kOffsetInches[] = {"txtCarriageOffsetFromRMPFace", "Text3"};
@@ -75,35 +35,40 @@ constexpr std::string_view kOffsetMillimetres[] = {"txtCarriageOffsetFromRMPFace
 constexpr WindowField kOtherFields[] = {
     {"Text3", Kind::Text},
     {"Text2", Kind::Text},
-    {"txtcSpeed", Kind::Text, kClasses, true},
-    {"txtcSpeedmm", Kind::Text, kClasses, true},
-    {"txtmSpeed", Kind::Text, kClasses, true},
-    {"txtmSpeedmm", Kind::Text, kClasses, true},
+    {"txtcSpeed", Kind::Text, {}, kClasses, true},
+    {"txtcSpeedmm", Kind::Text, {}, kClasses, true},
+    {"txtmSpeed", Kind::Text, {}, kClasses, true},
+    {"txtmSpeedmm", Kind::Text, {}, kClasses, true},
     {"lblcMaxSpeed", Kind::ReadOut},
     {"lblcMaxSpeedMM", Kind::ReadOut},
     {"lblmMaxRPM", Kind::ReadOut},
     {"lblmMaxRPMMM", Kind::ReadOut},
     {"lblUnits", Kind::Caption},
-    {"lblTab", Kind::Control, kTabs, true},
+    {"lblTab", Kind::Control, {}, kTabs, true},
     {"picGeneral", Kind::Control},
     {"pic2Axis", Kind::Control},
     {"pic4Axis", Kind::Control},
     {"picSpeeds", Kind::Control},
     {"picHOLD", Kind::Control},
-    {"Label21", Kind::Control, {}, false, "See Picture"},
-    {"Command5", Kind::Control, {}, false, "--> Go Home"},
-    {"Command6", Kind::Control, {}, false, "--> Go Home"},
-    {"btnOK", Kind::Control, {}, false, "OK"},
-    {"btnCancel", Kind::Control, {}, false, "Cancel"},
+    {"Label21",
+     Kind::Control,
+     {"See Picture", "Shows in large where the offset is measured.", FieldUnit::None, "See Picture"}},
+    {"Command5",
+     Kind::Control,
+     {"Go Home", "The machine drives to its limit switches.", FieldUnit::None, "--> Go Home"}},
+    {"Command6",
+     Kind::Control,
+     {"Go Home", "The machine drives to its limit switches.", FieldUnit::None, "--> Go Home"}},
+    {"btnOK", Kind::Control, {"OK", "Takes over what was changed.", FieldUnit::None, "OK"}},
+    {"btnCancel", Kind::Control, {"Cancel", "Leaves everything as it was.", FieldUnit::None, "Cancel"}},
 };
 
 std::vector<WindowField> AllFields() {
-  std::vector<WindowField> fields;
-  for (const Row& row : kRows) {
-    fields.push_back({row.field, Kind::Text});
-    if (!row.twin.empty()) fields.push_back({row.twin, Kind::Text});
+  std::vector<WindowField> fields(std::begin(kOtherFields), std::end(kOtherFields));
+  for (const Setting* setting : HeldSettings()) {
+    fields.push_back({setting->line.field, Kind::Text});
+    if (!setting->line.twin.empty()) fields.push_back({setting->line.twin, Kind::Text});
   }
-  fields.insert(fields.end(), std::begin(kOtherFields), std::end(kOtherFields));
   return fields;
 }
 
@@ -119,6 +84,7 @@ class SettingsDialog : public Window {
  public:
   explicit SettingsDialog(Station& owner) : Window(owner, "frmSettings", AllFields()) {
     SetModal(true);
+    for (const Setting* setting : HeldSettings()) held_.push_back({*setting, {}});
     Load();
   }
   using Window::SetModal;
@@ -137,15 +103,22 @@ class SettingsDialog : public Window {
   bool Key(std::string_view name, int index);
   bool IdleKey(std::string_view name);
   bool Click(std::string_view name, int index);
-  void ChangeRow(std::size_t i, const Row& row);
-  void KeyInRow(std::size_t i, const Row& row);
+  // What stands in the dialog for a setting.
+  struct Held {
+    const Setting& setting;
+    std::optional<std::string> pending;  // what OK hands over: the text of the field's last change
+
+    const SettingLine& line() const { return setting.line; }
+  };
+
+  void ChangeSetting(Held& held);
+  void KeyInSetting(Held& held);
   void OffsetKey(const Field& typed, bool inches);
   void SpeedKey(int index, std::string_view name, std::string_view twin, double factor,
                 std::string_view limit);
   void TakeOver();
 
-  // What OK hands over: the text of the last change of each field.
-  std::array<std::optional<std::string>, kRowCount> pending_;
+  std::vector<Held> held_;
 };
 
 void SettingsDialog::Load() {
@@ -153,11 +126,12 @@ void SettingsDialog::Load() {
   state.gMirrorOnChange = true;
   field("picHOLD").Show(false);
   field("lblUnits") = "Units = " + state.lblUnits(0).text();
-  for (const Row& row : kRows) {
-    if (const auto* module = std::get_if<Field Fields::*>(&row.module))
-      field(row.field).CopyFrom(state.*(*module));
+  for (const Held& held : held_) {
+    Field& shown = field(held.line().field);
+    if (const auto* target = std::get_if<Field Fields::*>(&held.setting.target))
+      shown.CopyFrom(state.*(*target));
     else
-      field(row.field) = Number(state.*std::get<double DesignState::*>(row.module)).plain();
+      shown = Number(state.*std::get<double DesignState::*>(held.setting.target)).plain();
   }
   constexpr const char* kTabCaptions[] = {"General", "2-Axis", "4-Axis", "Speeds"};
   for (int i = 0; i <= kTabs.last; ++i) field(At("lblTab", i)).SetCaption(kTabCaptions[i]);
@@ -203,21 +177,26 @@ bool SettingsDialog::Run(std::string_view control, Event event, int index) {
   }
 }
 
-void SettingsDialog::ChangeRow(std::size_t i, const Row& row) {
-  Field& changed = field(row.field);
-  if (row.entry == Entry::Degrees) return;
-  if (row.entry == Entry::YesNo || row.entry == Entry::YesNoKey)
+void SettingsDialog::ChangeSetting(Held& held) {
+  const SettingLine& line = held.line();
+  Field& changed = field(line.field);
+  if (line.entry == Entry::Degrees) return;
+  if (line.entry == Entry::YesNo || line.entry == Entry::YesNoKey)
     changed = EqualNoCase(changed.text(), "n") ? "N" : "Y";
-  pending_[i] = changed.text();
-  if (!row.twin.empty() && s().gMirrorOnChange)
-    field(row.twin) = (number(changed) * kMillimetresPerInch).as(kTwoDecimals);
-  if (row.entry == Entry::Offset) field("Text3").CopyFrom(changed);
+  held.pending = changed.text();
+  if (!line.twin.empty() && s().gMirrorOnChange)
+    field(line.twin) = (number(changed) * kMillimetresPerInch).as(kTwoDecimals);
+  if (line.entry == Entry::Offset) field("Text3").CopyFrom(changed);
 }
 
 bool SettingsDialog::Change(std::string_view name, int index) {
-  for (std::size_t i = 0; i < kRowCount; ++i)
-    if (kRows[i].field == name) return ChangeRow(i, kRows[i]), true;
-  if (name == "Text3") pending_[kOffsetRow] = field(name).text();
+  for (Held& held : held_) {
+    if (held.line().field == name) {
+      ChangeSetting(held);
+      return true;
+    }
+    if (held.line().entry == Entry::Offset && name == "Text3") held.pending = field(name).text();
+  }
   if (name == "txtCarriageOffsetFromRMPFaceMM") field("Text2").CopyFrom(field(name));
   const bool carriage = name == "txtcSpeed";
   if (!carriage && name != "txtmSpeed") return true;
@@ -230,14 +209,14 @@ bool SettingsDialog::Change(std::string_view name, int index) {
   return true;
 }
 
-void SettingsDialog::KeyInRow(std::size_t i, const Row& row) {
-  Field& typed = field(row.field);
-  switch (row.entry) {
+void SettingsDialog::KeyInSetting(Held& held) {
+  Field& typed = field(held.line().field);
+  switch (held.line().entry) {
     case Entry::YesNoKey:
       typed = station().lastKey == 'Y' || station().lastKey == 'y' ? "Y" : "N";
       break;
     case Entry::Inches:
-      field(row.twin) = (number(typed) * kMillimetresPerInch).as(kTwoDecimals);
+      field(held.line().twin) = (number(typed) * kMillimetresPerInch).as(kTwoDecimals);
       break;
     case Entry::Offset:
       OffsetKey(typed, true);
@@ -247,10 +226,11 @@ void SettingsDialog::KeyInRow(std::size_t i, const Row& row) {
       if (holds(number(typed) > 500)) typed = "499";
       break;
     case Entry::Degrees:
-      pending_[i] = typed.text();
+      held.pending = typed.text();
       break;
     case Entry::Plain:
     case Entry::YesNo:
+    case Entry::SpeedClass:
       break;
   }
 }
@@ -282,10 +262,14 @@ void SettingsDialog::SpeedKey(int index, std::string_view name, std::string_view
 }
 
 bool SettingsDialog::Key(std::string_view name, int index) {
-  for (std::size_t i = 0; i < kRowCount; ++i) {
-    if (kRows[i].field == name) return KeyInRow(i, kRows[i]), true;
-    if (kRows[i].twin == name && kRows[i].entry == Entry::Inches) {
-      field(kRows[i].field) = (number(field(name)) / kMillimetresPerInch).as(kTwoDecimals);
+  for (Held& held : held_) {
+    const SettingLine& line = held.line();
+    if (line.field == name) {
+      KeyInSetting(held);
+      return true;
+    }
+    if (line.twin == name && line.entry == Entry::Inches) {
+      field(line.field) = (number(field(name)) / kMillimetresPerInch).as(kTwoDecimals);
       return true;
     }
   }
@@ -307,14 +291,14 @@ bool SettingsDialog::IdleKey(std::string_view name) {
 }
 
 void SettingsDialog::TakeOver() {
-  for (std::size_t i = 0; i < kRowCount; ++i) {
-    if (!pending_[i]) continue;
-    if (const auto* module = std::get_if<Field Fields::*>(&kRows[i].module)) {
-      s().*(*module) = *pending_[i];
+  for (const Held& held : held_) {
+    if (!held.pending) continue;
+    if (const auto* target = std::get_if<Field Fields::*>(&held.setting.target)) {
+      s().*(*target) = *held.pending;
       continue;
     }
-    const Number value = s().Read(*pending_[i]);
-    if (value.good()) s().*std::get<double DesignState::*>(kRows[i].module) = value.value();
+    const Number value = s().Read(*held.pending);
+    if (value.good()) s().*std::get<double DesignState::*>(held.setting.target) = value.value();
   }
   RecalculateTwoAxisLayers(s(), -1);
 }

@@ -270,16 +270,30 @@ void OpenLastDesignerFileInUse(Station& station) {
 
 namespace {
 
+void Open_Click(Station& station, int) { btnOPen_Click(station); }
+void Save_Click(Station& station, int) { btnSaveAS_Click(station); }
+
+constexpr CommandWords kOpen{"Open...", "Opens a design.", 'O', "Ctrl+O"};
+constexpr CommandWords kSave{"Save...", "Saves the design.", 'S', "Ctrl+S"};
+constexpr CommandWords kSaveAs{"Save As...", "Saves the design under another name.", 'A', "Ctrl+Shift+S"};
+constexpr CommandWords kUndo{"Undo", "Takes the last change back.", 'U', "Ctrl+Z",
+                             [](const Station& station) { return station.CanUndo(); }};
+constexpr CommandWords kRedo{"Redo", "Makes the change that was taken back.", 'R', "Ctrl+Shift+Z; Ctrl+Y",
+                             [](const Station& station) { return station.CanRedo(); }};
+
 constexpr Operation kOperations[] = {
-    {"mnuNewFile", Event::Click, [](Station& station, int) { mnuNewFile_Click(station); }},
-    {"btnOPen", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
-    {"mnuOpenFile", Event::Click, [](Station& station, int) { btnOPen_Click(station); }},
-    {"btnSaveAS", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
-    {"mnuSaveFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuNewFile",
+     Event::Click,
+     [](Station& station, int) { mnuNewFile_Click(station); },
+     {"New", "Begins a new design.", 'N', "Ctrl+N"}},
+    {"btnOPen", Event::Click, Open_Click, kOpen},
+    {"mnuOpenFile", Event::Click, Open_Click, kOpen},
+    {"btnSaveAS", Event::Click, Save_Click, kSave},
+    {"mnuSaveFile", Event::Click, Save_Click, kSave},
+    {"mnuSaveAsFile", Event::Click, Save_Click, kSaveAs},
     {"mnuRecent", Event::Click, mnuRecent_Click},
-    {"mnuUndo", Event::Click, [](Station& station, int) { station.Undo(); }},
-    {"mnuRedo", Event::Click, [](Station& station, int) { station.Redo(); }},
-    {"mnuSaveAsFile", Event::Click, [](Station& station, int) { btnSaveAS_Click(station); }},
+    {"mnuUndo", Event::Click, [](Station& station, int) { station.Undo(); }, kUndo},
+    {"mnuRedo", Event::Click, [](Station& station, int) { station.Redo(); }, kRedo},
 };
 
 }  // namespace

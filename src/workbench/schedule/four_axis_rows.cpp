@@ -2,6 +2,7 @@
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "design/reset.h"
+#include "workbench/schedule/row_menu.h"
 #include "workbench/station/station.h"
 
 namespace torvane {
@@ -84,10 +85,22 @@ void mnuDelete4Ax_Click(Station& station, int) {
 }
 
 constexpr Operation kOperations[] = {
-    {"mnuCopy4Ax", Event::Click, mnuCopy4Ax_Click},
-    {"mnuPaste4Ax", Event::Click, mnuPaste4Ax_Click},
-    {"mnuClear4Ax", Event::Click, mnuClear4Ax_Click},
-    {"mnuDelete4Ax", Event::Click, mnuDelete4Ax_Click},
+    {"mnuCopy4Ax",
+     Event::Click,
+     mnuCopy4Ax_Click,
+     {"Copy 4-Axis Row", "Remembers the pressed row.", 0, "", ARowIsPressed}},
+    {"mnuPaste4Ax",
+     Event::Click,
+     mnuPaste4Ax_Click,
+     {"Paste 4-Axis Row", "Puts the remembered row in the place of the pressed one.", 0, "", ARowIsPressed}},
+    {"mnuClear4Ax",
+     Event::Click,
+     mnuClear4Ax_Click,
+     {"Clear 4-Axis Row", "Empties the pressed row.", 0, "", ARowIsPressed}},
+    {"mnuDelete4Ax",
+     Event::Click,
+     mnuDelete4Ax_Click,
+     {"Delete 4-Axis Row", "Takes the pressed row out; those below move up.", 0, "", ARowIsPressed}},
 };
 
 }  // namespace

@@ -6,30 +6,25 @@ namespace torvane {
 
 namespace {
 
-struct Entry {
-  std::string_view control;
-  const char* caption;
-};
-constexpr Entry kFourAxisRow[] = {{"mnuCopy4Ax", "Copy 4-Axis Row"},
-                                  {"mnuPaste4Ax", "Paste 4-Axis Row"},
-                                  {"mnuClear4Ax", "Clear 4-Axis Row"},
-                                  {"mnuDelete4Ax", "Delete 4-Axis Row"}};
+constexpr std::string_view kTwoAxisEntries[] = {"mnuCopy",      "mnuPaste",        "mnuClearRow",
+                                                "mnuDeleteRow", "mnuReCalcSpeeds", "mnuRecalcAllRows"};
+constexpr std::string_view kFourAxisEntries[] = {"mnuCopy4Ax", "mnuPaste4Ax", "mnuClear4Ax", "mnuDelete4Ax"};
 
 }  // namespace
 
-std::vector<RowMenuEntry> RowMenu(const DesignState& s) {
-  const bool pressed = PressedRow(s) > 0;
-  std::vector<RowMenuEntry> entries{{s.mnuWhatsThis.row().name, s.mnuWhatsThis.caption(),
-                                     "Then click what you want to know about.", false, true}};
+bool ARowIsPressed(const Station& station) { return PressedRow(station.s) > 0; }
+
+std::vector<RowMenuEntry> RowMenu(const Station& station) {
+  const bool fourAxis = station.s.gShow4Axis;
+  std::vector<RowMenuEntry> entries{{"mnuWhatsThis", station.WordsOf("mnuWhatsThis").sentence}};
   // These work on two-axis rows alone, whichever schedule is in use.
-  for (const Field* entry :
-       {&s.mnuCopy, &s.mnuPaste, &s.mnuClearRow, &s.mnuDeleteRow, &s.mnuReCalcSpeeds, &s.mnuRecalcAllRows})
+  for (const std::string_view control : kTwoAxisEntries)
     entries.push_back(
-        {entry->row().name, entry->caption(), s.gShow4Axis ? "Works on the row of the 2-axis schedule." : "",
-         entry == &s.mnuCopy || entry == &s.mnuReCalcSpeeds, pressed || entry == &s.mnuRecalcAllRows});
-  if (!s.gShow4Axis) return entries;
-  for (const Entry& entry : kFourAxisRow)
-    entries.push_back({entry.control, entry.caption, "", &entry == kFourAxisRow, pressed});
+        {control, fourAxis ? "Works on the row of the 2-axis schedule." : station.WordsOf(control).sentence,
+         control == "mnuCopy" || control == "mnuReCalcSpeeds"});
+  if (!fourAxis) return entries;
+  for (const std::string_view control : kFourAxisEntries)
+    entries.push_back({control, station.WordsOf(control).sentence, control == "mnuCopy4Ax"});
   return entries;
 }
 

@@ -1,7 +1,6 @@
-// The menu of a row of the schedule, for whoever shows it.
+// The menu of a row of the schedule.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,14 +10,15 @@ namespace torvane {
 
 struct RowMenuEntry {
   std::string_view control;
-  std::string caption;
-  std::string_view tip;  // what the operator may not expect of it; empty for most
-  bool beginsGroup;
-  bool usable;  // there is a row that it works on
+  std::string_view tip;  // what the operator may not expect of it, else what it does
+  bool beginsGroup = false;
 };
 
 // The entries for the schedule in use.
-std::vector<RowMenuEntry> RowMenu(const DesignState& s);
+std::vector<RowMenuEntry> RowMenu(const Station& station);
+
+// A command on a row of the schedule can be given.
+bool ARowIsPressed(const Station& station);
 
 // The menu has closed, with or without a choice.
 void CloseRowMenu(Station& station);

@@ -5,6 +5,7 @@
 #include "persist/settings.h"
 #include "text/text.h"
 #include "workbench/dialog/settings_dialog.h"
+#include "workbench/schedule/row_menu.h"
 #include "workbench/station/all_rows.h"
 #include "workbench/station/layer_count.h"
 #include "workbench/station/messages.h"
@@ -300,14 +301,18 @@ constexpr Operation kOperations[] = {
     {"pic2DGrid", Event::Click, pic2DGrid_Click},
     {"Form", Event::Click, Form_Click},
     {"mnuWhatsThis", Event::Click, [](Station&, int) {}},
-    {"mnuCopy", Event::Click, mnuCopy_Click},
-    {"mnuPaste", Event::Click, mnuPaste_Click},
-    {"mnuClearRow", Event::Click, mnuClearRow_Click},
-    {"mnuDeleteRow", Event::Click, mnuDeleteRow_Click},
-    {"mnuReCalcSpeeds", Event::Click, mnuReCalcSpeeds_Click},
+    {"mnuCopy", Event::Click, mnuCopy_Click, {.usable = ARowIsPressed}},
+    {"mnuPaste", Event::Click, mnuPaste_Click, {.usable = ARowIsPressed}},
+    {"mnuClearRow", Event::Click, mnuClearRow_Click, {.usable = ARowIsPressed}},
+    {"mnuDeleteRow", Event::Click, mnuDeleteRow_Click, {.usable = ARowIsPressed}},
+    {"mnuReCalcSpeeds", Event::Click, mnuReCalcSpeeds_Click, {.usable = ARowIsPressed}},
     {"mnuRecalcAllRows", Event::Click, mnuRecalcAllRows_Click},
     {"btnReCalc", Event::Click, mnuRecalcAllRows_Click},
-    {"mnuAllRows", Event::Click, mnuAllRows_Click},
+    {"mnuAllRows",
+     Event::Click,
+     mnuAllRows_Click,
+     {"All-Rows Row", "A row below the 2-axis schedule whose entries go to every row.", 'A', "",
+      [](const Station& station) { return !station.s.gShow4Axis; }}},
     {"btnMoreLayers", Event::Click, StepLayers<1>},
     {"btnFewerLayers", Event::Click, StepLayers<-1>},
 };

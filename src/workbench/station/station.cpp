@@ -4,7 +4,6 @@
 
 #include "design/catalogue.h"
 #include "workbench/station/all_rows.h"
-#include "workbench/station/captions.h"
 #include "workbench/station/end_view.h"
 #include "workbench/station/recovery.h"
 
@@ -54,7 +53,6 @@ Station::Station(const Platform& platform_)
       platform(WithStore(platform_, keptStore)),
       changes_(Catalogue().size()) {
   s.operations = this;
-  SetCaptions(s);
 }
 
 void Station::Add(std::span<const Operation> operations) {
@@ -64,6 +62,22 @@ void Station::Add(std::span<const Operation> operations) {
     const auto found = operations_.find({Catalogue()[i].name, Event::Change});
     changes_[i] = found == operations_.end() ? nullptr : found->second;
   }
+}
+
+CommandWords Station::WordsOf(std::string_view control) const {
+  const auto found = operations_.find({control, Event::Click});
+  CommandWords words = found == operations_.end() ? CommandWords{} : found->second->words;
+  if (const Field* field = torvane::FindField(s, control); field != nullptr) {
+    if (words.caption.empty()) words.caption = field->caption();
+    if (words.sentence.empty()) words.sentence = torvane::WordsOf(*field).sentence;
+  }
+  return words;
+}
+
+bool Station::IsUsable(std::string_view control) const {
+  const auto found = operations_.find({control, Event::Click});
+  return found != operations_.end() &&
+         (found->second->words.usable == nullptr || found->second->words.usable(*this));
 }
 
 template <class Doing>

@@ -75,6 +75,10 @@ class Station : private ChangeOperations {
   bool Run(std::string_view control, Event event, int index = 0);
   // The same from within an open window: where it has such a control, that is the one.
   bool RunIn(Window& window, std::string_view control, Event event, int index = 0);
+  // What is said of the control's command: of its click, with the catalogue's words where it has them there.
+  CommandWords WordsOf(std::string_view control) const;
+  // Whether the command of a control can be given now.
+  bool IsUsable(std::string_view control) const;
   // A key was released in a field and left its text as it was.
   void ReleaseKey(const Field& field);
 

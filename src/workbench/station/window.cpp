@@ -14,13 +14,12 @@ Window::Window(Station& station, std::string_view name, std::span<const WindowFi
   for (const WindowField& f : fields) count += static_cast<std::size_t>(f.indexes.count());
   fields_.reserve(count);
   for (const WindowField& f : fields) {
-    FieldRow row{f.name, static_cast<Field Fields::*>(nullptr), f.kind, UsedBy::Window, f.indexes, ""};
+    FieldRow row{f.name, static_cast<Field Fields::*>(nullptr), f.kind, UsedBy::Window, f.indexes, "",
+                 f.words};
     if (f.isArray) row.member = static_cast<FieldArray Fields::*>(nullptr);
     rows_.push_back(row);
-    for (int index = f.indexes.first; index <= f.indexes.last; ++index) {
+    for (int index = f.indexes.first; index <= f.indexes.last; ++index)
       fields_.emplace_back(owner_, rows_.back(), index);
-      fields_.back().SetCaption(f.caption);
-    }
   }
   owner_.operations = this;
   owner_.watcher = this;

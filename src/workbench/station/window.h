@@ -15,9 +15,9 @@ namespace torvane {
 struct WindowField {
   std::string_view name;
   Kind kind;
+  FieldWords words = {};
   IndexSet indexes{};
   bool isArray = false;
-  const char* caption = "";
 };
 
 // It lives while it is open. A name that exists in an open window means the window's.
