@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Form_Load(station);
   stage.clock.Advance(std::chrono::seconds(6));
   ShowAxisDisplay(station.s, fourAxes);
-  if (!OpenDesign(station, path)) Fail("the design cannot be opened");
+  if (OpenDesign(station, path) == Opened::No) Fail("the design cannot be opened");
   if (station.cutEchoes > 0) Fail("an echo had to be cut");
   const std::vector<BuildWarning> warnings = BuildWarnings(station);
   for (const BuildWarning& warning : warnings)

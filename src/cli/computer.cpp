@@ -128,7 +128,6 @@ Computer::Computer(const CommonOptions& options) {
   for (const std::string& field : options.fields) fields_.push_back(AssignmentOf(field));
   stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
     Complain(ToUtf8(box.title + ": " + OneLine(box.text) + (box.detail.empty() ? "" : " " + box.detail)));
-    complained = true;
   };
 }
 

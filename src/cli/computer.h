@@ -74,8 +74,6 @@ class Computer {
   void MakeStationFolders();
 
   Stage stage;  // clock, locale and dialogs; its store and files are not used
-  // A message box was shown.
-  bool complained = false;
 
  private:
   std::unique_ptr<SettingsStore> realStore_;

@@ -3,9 +3,8 @@
 #include "cli/commands.h"
 #include "cli/designs.h"
 #include "host/files/paths.h"
-#include "persist/four_axis_file.h"
-#include "persist/two_axis_file.h"
 #include "text/code_page.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 
@@ -20,9 +19,7 @@ int RunConvert(Computer& computer, const std::string& design, const std::string&
   const Result<std::string> path = AbsoluteStationPath(out);
   if (!path) throw UsageError{Because(out, path.reason())};
   std::string name = path.value();
-  Station& station = opened.station();
-  const Result<std::string> saved = twoAxis ? SaveTorvaneMakeFileVer20(station.s, station.platform, name)
-                                            : SaveTorvaneMakeFileVer40(station.s, station.platform, name);
+  const Result<std::string> saved = WriteDesign(opened.station(), name);
   if (!saved) {
     Complain(Because(out, saved.reason()));
     return kFailed;

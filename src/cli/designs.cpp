@@ -59,9 +59,7 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   ShowAxisDisplay(station->s, !IsTwoAxisEnding(ending));
   computer.stage.clock.Advance(kPastStartGuard);
   station->Run("Form", Event::Click);
-  computer.complained = false;
-  const bool opened = OpenDesign(*station, path.value());
-  if (!opened || computer.complained) {
+  if (OpenDesign(*station, path.value()) != Opened::Whole) {
     Complain(design + ": not read");
     return;
   }

@@ -6,9 +6,9 @@
 
 #include "cli/commands.h"
 #include "cli/designs.h"
-#include "gcode/session.h"
 #include "host/files/paths.h"
 #include "text/code_page.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 
@@ -16,7 +16,9 @@ namespace {
 
 bool PrintProgram(Station& station) {
   Program program(station.s.signs);
-  if (!FormProgram(station.s, station.platform, program)) return false;
+  const Formed formed = FormProgram(station.s, station.platform, program);
+  if (!formed) return false;
+  if (formed.angleUndefined) TellOfUndefinedAngle(station);
   if (!program.refusal().empty()) {
     Complain(ToUtf8(program.refusal()));
     return false;
@@ -30,8 +32,8 @@ bool PrintProgram(Station& station) {
   return false;
 }
 
-bool WriteProgram(Station& station) {
-  if (WriteGCode(station.s, station.platform) != Written::Whole) return false;
+bool WriteProgramFile(Station& station) {
+  if (WriteProgram(station) != Written::Whole) return false;
   const Result<std::string> path = HostPath(station.s.gGCodeFilePath.text());
   std::printf("%s\n", path ? path.value().c_str() : ToUtf8(station.s.gGCodeFilePath.text()).c_str());
   return true;
@@ -44,7 +46,7 @@ int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool t
   int status = kDone;
   for (const std::string& design : designs) {
     OpenedDesign opened(computer, design);
-    if (!opened || !(toStandardOutput ? PrintProgram(opened.station()) : WriteProgram(opened.station())))
+    if (!opened || !(toStandardOutput ? PrintProgram(opened.station()) : WriteProgramFile(opened.station())))
       status = kFailed;
   }
   return status;

@@ -65,7 +65,7 @@ void HomeFourAxes(GCodeSession& session) {
   dialect::WindingAccelerations(p, FormatForUnits(s, 1.25, true));
 }
 
-// A helical first layer needs its winding angle for the starting position. False, with a message, without.
+// A helical first layer needs its winding angle for the starting position. False without.
 bool TakeFirstAngle(GCodeSession& session) {
   DesignState& s = session.s;
   const std::string& pattern = s.cmbPattern(1).text();
@@ -73,9 +73,8 @@ bool TakeFirstAngle(GCodeSession& session) {
     s.gWindAngle = HoopLeadAngle(s, BandWidth(s, 1));
     return true;
   }
-  if (!SplitPatternFields(s, pattern).angle.empty()) return true;
-  session.platform.messageBox.Show("Winding Angle Error", "Winding Angle Undefined", BoxIcon::None);
-  return false;
+  session.angleUndefined = SplitPatternFields(s, pattern).angle.empty();
+  return !session.angleUndefined;
 }
 
 void Identify(GCodeSession& session) {
@@ -122,12 +121,6 @@ void WriteWindingSchedule(GCodeSession& session) {
   NotifyWindingComplete(session);
 }
 
-void Report(const Platform& platform, std::string_view path, std::string_view reason) {
-  platform.messageBox.Show(
-      "Error", "The G-code file was not written:\r\n" + std::string(path) + "\r\n" + std::string(reason),
-      BoxIcon::Stop);
-}
-
 }  // namespace
 
 void NotifyWindingComplete(GCodeSession& session) {
@@ -147,10 +140,10 @@ std::string ProgramName(const DesignState& s) {
   return std::string(WithoutLast(s.gFileName.text(), kExtension)) + (s.gShow4Axis ? ".T4G" : ".T2G");
 }
 
-bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
+Formed FormProgram(DesignState& s, const Platform& platform, Program& program) {
   SetDefaultStops(s);
   SetPassEnds(s);
-  if (!NameProgram(s, platform.files)) return false;
+  if (!NameProgram(s, platform.files)) return {};
   GCodeSession session{s, platform, program};
   s.gWindAngle = 0;
   WriteGCodeHeader(session);
@@ -159,22 +152,19 @@ bool FormProgram(DesignState& s, const Platform& platform, Program& program) {
   if (s.chkPreWrap2.checked()) WritePreWrap(session, 2);
   WriteWindingSchedule(session);
   WriteFinishingPasses(session);
-  return true;
+  return {true, session.angleUndefined};
 }
 
 Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress) {
   Program program(s.signs, progress);
-  if (!FormProgram(s, platform, program)) return Written::No;
-  if (program.cancelled()) return Written::Cancelled;
-  if (!program.refusal().empty()) {
-    Report(platform, s.gGCodeFilePath.text(), program.refusal());
-    return Written::No;
-  }
+  const Formed formed = FormProgram(s, platform, program);
+  if (!formed) return {};
+  if (program.cancelled()) return {Written::Cancelled, formed.angleUndefined};
+  if (!program.refusal().empty()) return {Written::No, formed.angleUndefined, std::string(program.refusal())};
   // A power cut brings back the former program, whole; the design builds this one again.
   const Outcome written = platform.files.WriteWhole(s.gGCodeFilePath.text(), program.Text(), Lasting::Later);
-  if (written) return Written::Whole;
-  Report(platform, s.gGCodeFilePath.text(), written.reason());
-  return Written::No;
+  if (written) return {Written::Whole, formed.angleUndefined};
+  return {Written::No, formed.angleUndefined, written.reason()};
 }
 
 }  // namespace torvane

@@ -21,6 +21,8 @@ struct GCodeSession {
   Kept gMoveB{};              // delivery head, rotation in degrees
   Kept gWrapRPM{};            // mandrel speed of the end move in hand
   Kept ellipseAngle{};        // mandrel turn of an ellipse, degrees
+
+  bool angleUndefined = false;  // see Formed
 };
 
 // Of the two ends of the part the one at home, where the drive stands, and the one away from it.
@@ -39,20 +41,36 @@ inline constexpr std::string_view kProgramFolder = "\\TV_G-Code_Files\\";
 // The name of the program of the design's file: the same with the ending of the family's programs.
 std::string ProgramName(const DesignState& s);
 
-// Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its
-// like). False if the design has no file name that a program could be named after: nothing is formed then.
-// A program that was refused or cancelled says so in its refusal.
-bool FormProgram(DesignState& s, const Platform& platform, Program& program);
+// What forming a program came to.
+struct Formed {
+  bool named = false;  // else the design has no file name to name a program after, and nothing is formed
+  // The first layer winds a pattern that names no winding angle: the way to its start is left out.
+  bool angleUndefined = false;
 
-enum class Written {
-  Whole,
-  Cancelled,  // by whoever followed it
-  No,
+  explicit operator bool() const { return named; }
 };
 
-// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. A design without a name
-// writes nothing and says nothing, nor does a cancelled program; any other hindrance is told in a message
-// box. The former file stays unless the new one is whole.
+// Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its
+// like). A program that was refused or cancelled says so in its refusal.
+Formed FormProgram(DesignState& s, const Platform& platform, Program& program);
+
+// What writing a program came to.
+struct Written {
+  enum How : std::uint8_t {
+    Whole,
+    Cancelled,  // by whoever followed it
+    No,
+  };
+
+  How how = No;
+  bool angleUndefined = false;  // see Formed
+  std::string refusal = {};     // why there is no new file; empty of a design without a name
+
+  bool operator==(How other) const { return how == other; }
+};
+
+// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. The former file stays
+// unless the new one is whole.
 Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
 
 // Has the executor tell the operator that the winding is complete, where the operator wants to be told.

@@ -53,14 +53,13 @@ Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::str
   return text;
 }
 
-Result<std::string> ReplaceDesign(const Platform& platform, const std::string& fileName,
-                                  const std::string& text) {
-  Files& files = platform.files;
-  const auto outcome = [&](const Outcome& written) -> Result<std::string> {
-    return written ? Result<std::string>(text) : Refusal{written.reason()};
-  };
-  if (!files.Exists(fileName)) return outcome(files.WriteWhole(fileName, {text}));
+Result<SavedDesign> ReplaceDesign(Files& files, const std::string& fileName, const std::string& text) {
   const std::string copy = fileName + "~";
+  if (!files.Exists(fileName)) {
+    const Outcome written = files.WriteWhole(fileName, {text});
+    if (!written) return Refusal{written.reason()};
+    return SavedDesign{text, copy};
+  }
   Outcome kept = files.Copy(fileName, copy);
   Outcome written = files.WriteWhole(fileName, {text});
   if (!written && kept) {
@@ -71,12 +70,8 @@ Result<std::string> ReplaceDesign(const Platform& platform, const std::string& f
       written = files.WriteWhole(fileName, {text});
     }
   }
-  if (written && !kept)
-    platform.messageBox.Show(
-        "Torvane Designer",
-        "The design is saved, but its former state could not be kept:\r\n" + copy + "\r\n" + kept.reason(),
-        BoxIcon::None);
-  return outcome(written);
+  if (!written) return Refusal{written.reason()};
+  return SavedDesign{text, copy, kept ? std::string() : kept.reason()};
 }
 
 void FillBand(DesignState& s, int panel) {

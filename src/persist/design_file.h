@@ -99,11 +99,24 @@ void WriteTags(TaggedText& text, const Tag (&tags)[count], const DesignWriter& w
 // refused with its name.
 Result<std::string> BeginOpen(DesignState& s, const Files& files, const std::string& fileName);
 
+// What a save has left on the disk.
+struct SavedDesign {
+  std::string bytes;       // of the file
+  std::string formerCopy;  // the file of the state before this save
+  std::string copyRefusal =
+      {};  // why that copy could not be kept; empty if it was, or there was nothing to keep
+};
+
 // Puts a design file in the place of the former one, of which one copy is kept beside it: the same name with
-// "~" behind it. A copy that cannot be made is told in a message box and stops nothing; where the room for it
-// is what the design itself lacks, the design goes first. The bytes that stand in the file.
-Result<std::string> ReplaceDesign(const Platform& platform, const std::string& fileName,
-                                  const std::string& text);
+// "~" behind it. A copy that cannot be made stops nothing; where the room for it is what the design itself
+// lacks, the design goes first.
+Result<SavedDesign> ReplaceDesign(Files& files, const std::string& fileName, const std::string& text);
+
+// What reading a design file came to.
+enum class DesignRead : std::uint8_t {
+  Whole,
+  LacksData,  // too few tags for a design: it stays blank
+};
 
 // The band fields of a panel (0 two axes, 1 four) from the file's values, which are in the design's unit.
 void FillBand(DesignState& s, int panel);

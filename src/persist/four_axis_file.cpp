@@ -157,30 +157,30 @@ MaybeText LayerOf(const DesignState& s, int i) {
 
 }  // namespace
 
-Outcome OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform& platform,
-                             const std::string& fileName) {
+Result<DesignRead> OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform& platform,
+                                        const std::string& fileName) {
   BlankInputs(s, 2);
   BlankInputs(s, 4);
   const Result<std::string> text = BeginOpen(s, platform.files, fileName);
   if (!text) return Refusal{text.reason()};
-  if (!platform.files.Exists(fileName)) return Done{};
+  if (!platform.files.Exists(fileName)) return DesignRead::Whole;
   Reader reader{s, held, platform};
   for (const std::string_view line : LinesOf(text.value()))
     if (!line.empty() && !line.starts_with("<#")) ReadTagLine(kTags, reader, line);
   FillPart(s, held);
   FillRows(s);
   s.lblStatusBar2.CopyFrom(s.gFileName);
-  return Done{};
+  return DesignRead::Whole;
 }
 
-Result<std::string> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
+Result<SavedDesign> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
                                              const std::string& fileName) {
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;
   WriteHead(text, writer, "4.0", "T4D");
   WriteTags(text, kTags, writer);
   for (int i = 1; i <= RowsOf(s.txtNumberOfLayers(1)); ++i) text.Tag("Layer", LayerOf(s, i));
-  return ReplaceDesign(platform, fileName, text.text());
+  return ReplaceDesign(platform.files, fileName, text.text());
 }
 
 }  // namespace torvane

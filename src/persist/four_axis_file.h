@@ -5,6 +5,7 @@
 #include <string>
 
 #include "design/state.h"
+#include "persist/design_file.h"
 #include "platform/platform.h"
 
 namespace torvane {
@@ -19,11 +20,11 @@ struct FourAxisHeld {
 
 // Reads a design file into the state. A missing file leaves the design blank. Refused, after the blanking, if
 // the file cannot be read.
-Outcome OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform& platform,
-                             const std::string& fileName);
+Result<DesignRead> OpenTorvaneFileVer40(DesignState& s, FourAxisHeld& held, const Platform& platform,
+                                        const std::string& fileName);
 
 // Writes the design whole; no field changes. A refusal says why the file could not be written.
-Result<std::string> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
+Result<SavedDesign> SaveTorvaneMakeFileVer40(const DesignState& s, const Platform& platform,
                                              const std::string& fileName);
 
 }  // namespace torvane

@@ -164,15 +164,12 @@ void FillRows(DesignState& s) {
   }
 }
 
-void ReadDesign(Reader& reader, std::string_view text) {
+DesignRead ReadDesign(Reader& reader, std::string_view text) {
   DesignState& s = reader.s;
   s.gTagLineCount = 0;
   s.gLastFileInUse.CopyFrom(s.gFilePath);
   for (const std::string_view line : LinesOf(text)) ReadTwoAxisTagLine(reader, line);
-  if (s.gTagLineCount < kSufficientTags) {
-    reader.platform.messageBox.Show("Input File Error", "Input File Lacks Sufficient Data", BoxIcon::None);
-    return;
-  }
+  if (s.gTagLineCount < kSufficientTags) return DesignRead::LacksData;
   FillPart(s);
   FillLayerTable(s, reader.lists);
   // The rows come from the table: until they are in, it does not follow them.
@@ -182,29 +179,29 @@ void ReadDesign(Reader& reader, std::string_view text) {
   s.frmMain.SetCaption("Torvane Designer");
   RecalculateTwoAxisLayers(s, -1);
   s.lblStatusBar2.CopyFrom(s.gFileName);
+  return DesignRead::Whole;
 }
 
 }  // namespace
 
-Outcome OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform& platform,
-                             const std::string& fileName) {
+Result<DesignRead> OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform& platform,
+                                        const std::string& fileName) {
   BlankInputs(s, 4);
   BlankInputs(s, 2);
   const Result<std::string> text = BeginOpen(s, platform.files, fileName);
   if (!text) return Refusal{text.reason()};
   Reader reader{s, lists, platform};
-  if (platform.files.Exists(fileName)) ReadDesign(reader, text.value());
-  return Done{};
+  return platform.files.Exists(fileName) ? ReadDesign(reader, text.value()) : DesignRead::Whole;
 }
 
-Result<std::string> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
+Result<SavedDesign> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
                                              std::string& fileName) {
   if (fileName.ends_with("tvd")) fileName.replace(fileName.size() - 3, 3, "t2d");
   const DesignWriter writer{s, std::chrono::floor<std::chrono::seconds>(platform.clock.Now())};
   TaggedText text;
   WriteHead(text, writer, VersionOf(writer).text, "T2D");
   WriteTags(text, kTags, writer);
-  return ReplaceDesign(platform, fileName, text.text());
+  return ReplaceDesign(platform.files, fileName, text.text());
 }
 
 }  // namespace torvane

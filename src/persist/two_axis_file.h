@@ -4,6 +4,7 @@
 #include <string>
 
 #include "design/state.h"
+#include "persist/design_file.h"
 #include "platform/platform.h"
 
 namespace torvane {
@@ -17,13 +18,13 @@ struct TwoAxisLists {
 };
 
 // Reads a design file of either generation into the state. A missing file leaves the design blank; one
-// with too few tags too, with a message box. Refused, after the blanking, if the file cannot be read.
-Outcome OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform& platform,
-                             const std::string& fileName);
+// with too few tags too. Refused, after the blanking, if the file cannot be read.
+Result<DesignRead> OpenTorvaneFileVer20(DesignState& s, TwoAxisLists& lists, const Platform& platform,
+                                        const std::string& fileName);
 
 // Writes the design whole. A name that ends in "tvd" is changed to "t2d" first, in the caller's text. The
 // state stays as it is; a refusal says why the file could not be written.
-Result<std::string> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
+Result<SavedDesign> SaveTorvaneMakeFileVer20(const DesignState& s, const Platform& platform,
                                              std::string& fileName);
 
 }  // namespace torvane

@@ -128,10 +128,10 @@ TEST_F(FourAxisProgram, OfASavedAndReopenedDesignIsTheSame) {
     ChoosePattern(3, "150", 1);
     s.chkPause(1) = "1";
     ASSERT_TRUE(SaveDesign(station, std::string(kFolder) + "part.t4d"));
-    ASSERT_TRUE(OpenDesign(station, std::string(kFolder) + "part.t4d"));
+    ASSERT_EQ(OpenDesign(station, std::string(kFolder) + "part.t4d"), Opened::Whole);
     const auto first = ProgramLines();
     ASSERT_TRUE(SaveDesign(station, std::string(kFolder) + "part.t4d"));
-    ASSERT_TRUE(OpenDesign(station, std::string(kFolder) + "part.t4d"));
+    ASSERT_EQ(OpenDesign(station, std::string(kFolder) + "part.t4d"), Opened::Whole);
     EXPECT_EQ(ProgramLines(), first);
     EXPECT_EQ(s.gPartType.text(), type == 1 ? "HEMI" : "FLAT");
     EXPECT_TRUE(s.chkPause(1).checked());
@@ -161,20 +161,20 @@ TEST_F(FourAxisProgram, WithoutARateStandsStill) {
 TEST_F(FourAxisProgram, WithoutAFirstPatternSaysSo) {
   Describe(0);
   s.cmbPattern(1) = "";
-  const auto lines = ProgramLines();
+  EXPECT_TRUE(WriteProgram(station).angleUndefined);
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_EQ(onStage.stage.messageBox.shown[0].title, "Winding Angle Error");
   EXPECT_EQ(onStage.stage.messageBox.shown[0].text, "Winding Angle Undefined");
+  const auto lines = ProgramLines();
   for (const std::string& line : lines) EXPECT_FALSE(line.starts_with("G28")) << line;
 }
 
 TEST_F(FourAxisProgram, OfTooManyPassesIsRefused) {
   Describe(0);
   s.cmbPattern(1) = "18.12 | 99999 x 99999 | 180\xB0";
-  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
-  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
-  EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("Layer 1 has 9,999,800,001 passes"),
-            std::string::npos);
+  const Written written = WriteGCode(s, station.platform);
+  EXPECT_EQ(written, Written::No);
+  EXPECT_NE(written.refusal.find("Layer 1 has 9,999,800,001 passes"), std::string::npos);
 }
 
 // The bands of an ellipse whose other axes need longer than the mandrel.

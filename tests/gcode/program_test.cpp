@@ -7,6 +7,7 @@
 #include "design/catalogue.h"
 #include "gcode/session.h"
 #include "support/station_on_stage.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {
@@ -183,7 +184,7 @@ TEST_F(ProgramOfTube, ByCarriageShiftAtNoAngleStillMoves) {
 TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
   for (const char* path : {"", "C:\\Torvane\\TV_Design_Files\\", "t2d"}) {
     s.gFilePath = path;
-    EXPECT_EQ(WriteGCode(s, station.platform), Written::No) << path;
+    EXPECT_EQ(WriteProgram(station), torvane::Written::No) << path;
   }
   EXPECT_TRUE(onStage.stage.messageBox.shown.empty());
 }
@@ -191,7 +192,7 @@ TEST_F(ProgramOfTube, WithoutANameWritesNothing) {
 TEST_F(ProgramOfTube, ThatCannotBeWrittenLeavesTheFormerFileAndSaysWhy) {
   onStage.stage.files.Put(kPath, "former");
   onStage.stage.files.FailWrites(kPath, "the disk is full");
-  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
+  EXPECT_EQ(WriteProgram(station), torvane::Written::No);
   EXPECT_EQ(Written(), "former");
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_EQ(onStage.stage.messageBox.shown[0].title, "Error");
@@ -202,10 +203,10 @@ TEST_F(ProgramOfTube, OfTooManyLinesIsRefusedBeforeItIsFormed) {
   onStage.stage.files.Put(kPath, "former");
   s.gGridSync = false;
   s.lblPassesToCover(2) = "123456789012";
-  EXPECT_EQ(WriteGCode(s, station.platform), Written::No);
+  const auto written = WriteGCode(s, station.platform);
+  EXPECT_EQ(written, torvane::Written::No);
   EXPECT_EQ(Written(), "former");
-  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
-  const std::string& text = onStage.stage.messageBox.shown[0].text;
+  const std::string& text = written.refusal;
   EXPECT_NE(text.find("Layer 2 has 123,456,789,012 passes"), std::string::npos) << text;
   EXPECT_NE(text.find("10,000,000 lines"), std::string::npos) << text;
 }

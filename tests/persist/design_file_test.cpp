@@ -21,7 +21,7 @@ struct DesignFile : testing::Test {
   }
   bool Open(const std::string& text) {
     onStage.stage.files.Put(std::string(kFolder) + "opened.t2d", text);
-    return OpenDesign(station, std::string(kFolder) + "opened.t2d");
+    return OpenDesign(station, std::string(kFolder) + "opened.t2d") != Opened::No;
   }
 
   StationOnStage onStage;
@@ -129,7 +129,7 @@ TEST_F(DesignFile, NoCellMovesItsNeighbours) {
   ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   const std::string told = onStage.stage.messageBox.shown[0].text;
   EXPECT_NE(told.find("\r\nLayer 1: 30;5\r\nLayer 2: 4<5"), std::string::npos) << told;
-  ASSERT_TRUE(OpenDesign(station, std::string(kFolder) + "cells.t2d"));
+  ASSERT_EQ(OpenDesign(station, std::string(kFolder) + "cells.t2d"), Opened::Whole);
   EXPECT_EQ(s.txtNumberOfLayers(0).text(), "3");
   EXPECT_EQ(s.txtWA(1).text() + "|" + s.txtWA(2).text() + "|" + s.txtWA(3).text(), "30 5|45.0|60.0");
   EXPECT_EQ(s.txtAddRevs(2).text() + "|" + s.txtAddRevs(3).text(), "4 5|0");
@@ -169,7 +169,7 @@ TEST_F(DesignFile, OfTheOtherDecimalSignIsTranslated) {
   StationOnStage commaStage(',');
   Station& comma = commaStage.Started();
   commaStage.stage.files.Put(std::string(kFolder) + "point.t2d", point);
-  ASSERT_TRUE(OpenDesign(comma, std::string(kFolder) + "point.t2d"));
+  ASSERT_EQ(OpenDesign(comma, std::string(kFolder) + "point.t2d"), Opened::Whole);
   EXPECT_EQ(comma.s.txtDiameterLeft.text(), "4,500");
   EXPECT_EQ(comma.s.txtWA(2).text(), "45,5");
   std::string path = std::string(kFolder) + "comma.t2d";

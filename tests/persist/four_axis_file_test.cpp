@@ -29,7 +29,7 @@ struct FourAxisFile : testing::Test {
   FourAxisFile() { station.Run("optX", Event::Click, 1); }
   bool Open(const std::string& text) {
     onStage.stage.files.Put(std::string(kFolder) + "opened.t4d", text);
-    return OpenDesign(station, std::string(kFolder) + "opened.t4d");
+    return OpenDesign(station, std::string(kFolder) + "opened.t4d") != Opened::No;
   }
   std::string Save() {
     EXPECT_TRUE(SaveTorvaneMakeFileVer40(s, station.platform, std::string(kFolder) + "saved.t4d"));

@@ -482,7 +482,7 @@ void RandomOperator::CheckDesign() {
   // so a design may need two openings to come to rest.
   std::string former, saved;
   for (int openings = 0; openings < 3; ++openings) {
-    if (!OpenDesign(*station_, path)) throw Broken("the saved design cannot be opened");
+    if (OpenDesign(*station_, path) != Opened::Whole) throw Broken("the saved design cannot be opened");
     former = std::exchange(saved, Saved(path));
   }
   if (former != saved)

@@ -20,29 +20,28 @@ struct BackupTest : testing::Test {
   StationOnStage onStage;
   MemoryFiles& files = onStage.stage.files;
 
-  Result<std::string> Replace(const std::string& text) {
-    return ReplaceDesign(onStage.stage.AsPlatform(), kDesign, text);
-  }
-  std::size_t Boxes() const { return onStage.stage.messageBox.shown.size(); }
+  Result<SavedDesign> Replace(const std::string& text) { return ReplaceDesign(files, kDesign, text); }
 };
 
 TEST_F(BackupTest, KeepsTheStateBeforeTheLastSave) {
   ASSERT_TRUE(Replace("one"));
   EXPECT_FALSE(files.Exists(kCopy)) << "nothing was replaced";
   ASSERT_TRUE(Replace("two"));
-  ASSERT_TRUE(Replace("three"));
+  EXPECT_EQ(Replace("three").value().copyRefusal, "");
   EXPECT_EQ(files.ReadWhole(kDesign).value(), "three");
   EXPECT_EQ(files.ReadWhole(kCopy).value(), "two");
-  EXPECT_EQ(Boxes(), 0U);
 }
 
 TEST_F(BackupTest, ACopyThatCannotBeMadeIsToldBehindTheSave) {
   ASSERT_TRUE(Replace("one"));
   files.FailWrites(kCopy, "No space left on device");
-  ASSERT_TRUE(Replace("two"));
-  EXPECT_EQ(files.ReadWhole(kDesign).value(), "two");
-  ASSERT_EQ(Boxes(), 1U);
-  EXPECT_NE(onStage.stage.messageBox.shown[0].text.find("No space left"), std::string::npos);
+  Station& station = onStage.Started();
+  TypeTube(station, 1, "45");
+  ASSERT_TRUE(SaveDesign(station, kDesign));
+  EXPECT_TRUE(files.ReadWhole(kDesign).value().starts_with("<#"));
+  ASSERT_EQ(onStage.stage.messageBox.shown.size(), 1U);
+  const std::string& told = onStage.stage.messageBox.shown[0].text;
+  EXPECT_NE(told.find("a.t2d~\r\nNo space left"), std::string::npos) << told;
 }
 
 TEST_F(BackupTest, WhereTheDesignCannotBeWrittenTheFormerOneStays) {
@@ -50,16 +49,16 @@ TEST_F(BackupTest, WhereTheDesignCannotBeWrittenTheFormerOneStays) {
   files.FailWrites(kDesign, "No space left on device");
   EXPECT_FALSE(Replace("two"));
   EXPECT_EQ(files.ReadWhole(kDesign).value(), "one");
-  EXPECT_EQ(Boxes(), 0U) << "the save itself tells what stood against it";
 }
 
 TEST_F(BackupTest, OnAFullDiskTheDesignGoesBeforeItsCopy) {
   ASSERT_TRUE(Replace("one"));
   files.LimitRoom(8);
-  ASSERT_TRUE(Replace("longer")) << "there is room for it without the copy";
+  const Result<SavedDesign> longer = Replace("longer");
+  ASSERT_TRUE(longer) << "there is room for it without the copy";
+  EXPECT_NE(longer.value().copyRefusal, "");
   EXPECT_EQ(files.ReadWhole(kDesign).value(), "longer");
   EXPECT_FALSE(files.Exists(kCopy));
-  EXPECT_EQ(Boxes(), 1U);
   EXPECT_FALSE(Replace("much longer"));
   EXPECT_EQ(files.ReadWhole(kDesign).value(), "longer");
 }
@@ -264,7 +263,7 @@ TEST_F(TwoStationsTest, AskBeforeTheyReplaceWhatTheOtherHasSaved) {
   files.MakeFolder("C:\\Torvane\\TV_G-Code_Files");
   auto first = Start(), other = Start();
   ASSERT_TRUE(SaveDesign(first->station, kDesign));
-  ASSERT_TRUE(OpenDesign(other->station, kDesign));
+  ASSERT_EQ(OpenDesign(other->station, kDesign), Opened::Whole);
   other->Change(stage, "5");
   EXPECT_TRUE(SaveDesign(other->station, kDesign));
   ASSERT_EQ(Offers(), 0U) << "nobody else has changed it";
@@ -287,7 +286,7 @@ TEST_F(TwoStationsTest, AskBeforeTheyReplaceWhatTheOtherHasSaved) {
   EXPECT_TRUE(SaveDesign(other->station, kDesign));
   EXPECT_EQ(Offers(), 2U);
 
-  ASSERT_TRUE(OpenDesign(first->station, kDesign));
+  ASSERT_EQ(OpenDesign(first->station, kDesign), Opened::Whole);
   files.Put(kDesign, others + " ");
   stage.messageDialog.answers = {{true, false}};
   EXPECT_TRUE(SaveDesign(first->station, kDesign));

@@ -141,7 +141,7 @@ TEST(Open, AFileThatCannotBeReadIsToldAndLeavesTheGridFollowing) {
 
   const std::string path = "C:\\Torvane\\TV_Design_Files\\large.t2d";
   onStage.stage.files.Put(path, std::string(kLargestText + 1, '\n'));
-  EXPECT_FALSE(OpenDesign(station, path));
+  EXPECT_EQ(OpenDesign(station, path), Opened::No);
   EXPECT_EQ(onStage.stage.messageBox.shown.size(), 1U);
   EXPECT_TRUE(station.s.gGridSync);
   EXPECT_TRUE(RecentFiles(station.keptStore).empty());

@@ -32,18 +32,23 @@ std::string DesignFolder(Station& station) {
 }
 
 // The family in use decides the reader, not the file.
-bool OpenFile(Station& station, const std::string& path, bool twoAxis) {
+Opened OpenFile(Station& station, const std::string& path, bool twoAxis) {
   // Read first: what changes in between counts as changed.
   const Result<std::string> bytes = station.platform.files.ReadAtMost(path, kLargestText);
   station.onDisk = bytes ? DesignOnDisk{path, bytes.value()} : DesignOnDisk{};
-  const Outcome opened = twoAxis
-                             ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
-                             : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
-  if (!opened)
-    station.platform.messageBox.Show(
-        "Torvane Designer",
-        "Unexpected Opening File" + std::string(kFileAccessError) + " : " + opened.reason(), BoxIcon::None);
-  return bool(opened);
+  const Result<DesignRead> read =
+      twoAxis ? OpenTorvaneFileVer20(station.s, station.twoAxisLists, station.platform, path)
+              : OpenTorvaneFileVer40(station.s, station.fourAxisHeld, station.platform, path);
+  MessageBox& box = station.platform.messageBox;
+  if (!read) {
+    box.Show("Torvane Designer",
+             "Unexpected Opening File" + std::string(kFileAccessError) + " : " + read.reason(),
+             BoxIcon::None);
+    return Opened::No;
+  }
+  if (read.value() == DesignRead::Whole) return Opened::Whole;
+  box.Show("Input File Error", "Input File Lacks Sufficient Data", BoxIcon::None);
+  return Opened::LacksData;
 }
 
 void NoteRecent(Station& station, const std::string& path) {
@@ -101,7 +106,7 @@ void mnuNewFile_Click(Station& station) {
   station.ForgetHistory();
 }
 
-bool OpenDesign(Station& station, const std::string& path) {
+Opened OpenDesign(Station& station, const std::string& path) {
   DesignState& s = station.s;
   s.gMirrorOnChange = true;
   s.gFilePath = path;
@@ -110,11 +115,12 @@ bool OpenDesign(Station& station, const std::string& path) {
   ShowName(s, "Torvane Designer ");
   station.ForgetHistory();
   BlankEndView(station);
-  if (!OpenFile(station, path, s.mnu2Axis)) return false;
+  const Opened opened = OpenFile(station, path, s.mnu2Axis);
+  if (opened == Opened::No) return opened;
   s.gDirty = false;
   Refresh4AXGrid(s);
   NoteRecent(station, path);
-  return true;
+  return opened;
 }
 
 void btnOPen_Click(Station& station) {
@@ -169,6 +175,20 @@ bool MayReplaceOnDisk(const Station& station, const std::string& path) {
 
 }  // namespace
 
+Result<std::string> WriteDesign(Station& station, std::string& path) {
+  const DesignState& s = station.s;
+  const Result<SavedDesign> saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, path)
+                                               : SaveTorvaneMakeFileVer40(s, station.platform, path);
+  if (!saved) return Refusal{saved.reason()};
+  const SavedDesign& now = saved.value();
+  if (!now.copyRefusal.empty())
+    station.platform.messageBox.Show("Torvane Designer",
+                                     "The design is saved, but its former state could not be kept:\r\n" +
+                                         now.formerCopy + "\r\n" + now.copyRefusal,
+                                     BoxIcon::None);
+  return now.bytes;
+}
+
 bool SaveDesign(Station& station, const std::string& path) {
   DesignState& s = station.s;
   if (!MayReplaceOnDisk(station, path)) return false;
@@ -177,8 +197,7 @@ bool SaveDesign(Station& station, const std::string& path) {
   s.gFilePath = path;
   s.gLastFileInUse = path;
   std::string name = path;
-  const Result<std::string> saved = s.mnu2Axis ? SaveTorvaneMakeFileVer20(s, station.platform, name)
-                                               : SaveTorvaneMakeFileVer40(s, station.platform, name);
+  const Result<std::string> saved = WriteDesign(station, name);
   if (!saved) {
     s.gFilePath = formerPath;
     s.gLastFileInUse = formerLast;
@@ -208,7 +227,17 @@ Written WriteProgram(Station& station) {
   if (progress != nullptr) progress->Begin();
   const Written written = WriteGCode(station.s, station.platform, progress);
   if (progress != nullptr) progress->End();
+  if (written.angleUndefined) TellOfUndefinedAngle(station);
+  if (!written.refusal.empty())
+    station.platform.messageBox.Show(
+        "Error",
+        "The G-code file was not written:\r\n" + station.s.gGCodeFilePath.text() + "\r\n" + written.refusal,
+        BoxIcon::Stop);
   return written;
+}
+
+void TellOfUndefinedAngle(Station& station) {
+  station.platform.messageBox.Show("Winding Angle Error", "Winding Angle Undefined", BoxIcon::None);
 }
 
 void OpenNamedDesign(Station& station, const std::string& path) {

@@ -31,9 +31,20 @@ bool btnSaveAS_Click(Station& station);
 // Turns to a family and remembers the choice; no value of the design changes.
 void ChooseFamily(Station& station, bool fourAxis);
 
-// Opens a design file of the family in use, as an open does once its file is chosen. A refusal is told in a
-// message box; false then.
-bool OpenDesign(Station& station, const std::string& path);
+enum class Opened : std::uint8_t {
+  Whole,
+  LacksData,  // the file is no design, and the one in hand is blank
+  No,
+};
+
+// Opens a design file of the family in use, as an open does once its file is chosen. What it lacks is told
+// in a message box.
+Opened OpenDesign(Station& station, const std::string& path);
+
+// Writes the design's file of the family in use; a name that ends in "tvd" is changed to "t2d" first. The
+// bytes of the file. A former state that could not be kept beside it is told in a message box; a refusal is
+// the caller's to tell.
+Result<std::string> WriteDesign(Station& station, std::string& path);
 
 // Writes the design under a name and, in the two-axis family, its program. A refusal is told in a message
 // box, and the design keeps its name and its unsaved mark.
@@ -44,8 +55,11 @@ bool SaveDesign(Station& station, const std::string& path);
 // told, and the design stays.
 void OpenNamedDesign(Station& station, const std::string& path);
 
-// Writes the design's program; the front end may follow it and end it.
+// Writes the design's program; the front end may follow it and end it. What it lacks is told in a message
+// box, but for the name of a design that has none.
 Written WriteProgram(Station& station);
+// Tells of Formed::angleUndefined.
+void TellOfUndefinedAngle(Station& station);
 
 // Reopens at the start what was open at the last exit, if its file still lies in the design folder.
 void OpenLastDesignerFileInUse(Station& station);
