@@ -25,7 +25,7 @@ nlohmann::ordered_json Everything(DesignState& s) {
   const int rows = RowsOf(s.txtNumberOfLayers(s.Panel()));
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (!IsUsed(row, field.index(), s.gShow4Axis) || row.kind == Kind::Caption || row.kind == Kind::Control)
+    if (!IsUsed(row, field.index(), s.family()) || row.kind == Kind::Caption || row.kind == Kind::Control)
       return;
     if (IsScheduleRow(row) && field.index() > rows && field.index() != IndexSet::kAllRows) return;
     object[NameOf(field)] = Report(row.kind, field);
@@ -148,7 +148,7 @@ void PrintTable(const DesignState& s) {
   PrintField(s, s.txtBandThicknessMM(panel), false);
   PrintField(s, s.txtNumberOfLayers(panel));
   PrintLayers(s, s.gShow4Axis ? Columns(kFourAxisColumns) : Columns(kTwoAxisColumns));
-  for (const Total& total : TotalsOf(s, s.gShow4Axis))
+  for (const Total& total : TotalsOf(s, s.family()))
     PrintPair(total.caption, total.figure->text(), total.unit);
   std::printf("  Program declares %d h %d min\n", s.gBuildHours, s.gBuildMinutes);
 }

@@ -274,16 +274,17 @@ constexpr FieldRow kCatalogue[] = {
 
 std::span<const FieldRow> Catalogue() { return kCatalogue; }
 
-bool IsUsed(const FieldRow& row, int index, bool fourAxis) {
+bool IsUsed(const FieldRow& row, int index, Family family) {
+  const bool fourAxes = family == Family::FourAxes;
   switch (row.usedBy) {
     case UsedBy::TwoAxis:
-      return !fourAxis;
+      return !fourAxes;
     case UsedBy::FourAxis:
-      return fourAxis;
+      return fourAxes;
     case UsedBy::ByIndex:
-      return fourAxis == (index == 1);
+      return fourAxes == (index == 1);
     case UsedBy::LowIsFour:
-      return fourAxis == (index <= 1);
+      return fourAxes == (index <= 1);
     case UsedBy::Design:
     case UsedBy::Both:
       return true;

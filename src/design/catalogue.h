@@ -22,7 +22,7 @@ enum class Kind : std::uint8_t {
   Control,  // a button, menu entry, picture or window
 };
 
-// The machine family whose designs use a field.
+// Whose designs use a field.
 enum class UsedBy : std::uint8_t {
   TwoAxis,
   FourAxis,
@@ -78,7 +78,7 @@ constexpr bool IsOfDesign(const FieldRow& row) {
 }
 
 // Whether designs of a family use a field: the row of the catalogue and its index, 0 of a single one.
-bool IsUsed(const FieldRow& row, int index, bool fourAxis);
+bool IsUsed(const FieldRow& row, int index, Family family);
 
 const FieldWords& WordsOf(const Field& field);
 

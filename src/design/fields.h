@@ -5,6 +5,9 @@
 
 namespace torvane {
 
+// The machine families: carriage and mandrel, or the delivery head's two axes as well.
+enum class Family : std::uint8_t { TwoAxes, FourAxes };
+
 struct Fields {
   // Part, both families: index 0 is the two-axis panel, 1 the four-axis panel.
   FieldArray txtLengthTotal, txtBandWidth, txtBandThickness, txtBandWidthMM, txtBandThicknessMM;

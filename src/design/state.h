@@ -105,6 +105,7 @@ struct DesignState : FieldOwner, Fields {
   bool InInches() const { return gUnits.text() == "in"; }
   // Index of the panel in use: 0 two axes, 1 four.
   int Panel() const { return gShow4Axis ? 1 : 0; }
+  Family family() const { return gShow4Axis ? Family::FourAxes : Family::TwoAxes; }
   // The part types, see SelectPartType: hemispherical ends, and no end wraps at all.
   bool IsHemi() const { return gPartType.text() == "HEMI"; }
   bool IsNoWrap() const { return gPartType.text() == "2AX"; }

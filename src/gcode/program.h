@@ -1,6 +1,7 @@
 // A program on its way: a text in memory until it is whole.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <string>
@@ -79,8 +80,7 @@ class Program {
   bool Append(std::string& out, std::string_view text) const {
     const std::size_t from = out.size();
     out += text;
-    for (const char c : text)
-      if (EndsItsPart(c)) return Tame(out, from), true;
+    if (std::any_of(text.begin(), text.end(), EndsItsPart)) Tame(out, from);
     return true;
   }
   static bool EndsItsPart(char c) {

@@ -98,10 +98,4 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                     QStyleHintReturn* data) const {
-  if (hint == SH_Menu_KeyboardSearch) return 1;
-  return QProxyStyle::styleHint(hint, option, widget, data);
-}
-
 }  // namespace torvane

@@ -14,9 +14,12 @@ struct Message {
   int number = 0;
   bool okOnly = false;  // one button, OK; else Yes and No
   bool beep = false;
-  bool offer = false;  // shows the box "Don't Show this Message Again"
-  // Set off by each tick of that box, while the message still stands.
-  std::function<void()> ticked;
+  bool offer = false;  // shows a box to tick, "Don't Show this Message Again" unless `tick` names it
+  // Set off by each tick of that box and each that is taken away, while the message still stands.
+  std::function<void(bool on)> ticked;
+  std::string tick = {};
+  // Ours, below the text: what the answers come to.
+  std::string hint = {};
 };
 
 class MessageDialog {

@@ -11,7 +11,7 @@ bool StagedMessageDialog::Ask(const Message& message) {
     answer = answers.front();
     answers.pop_front();
   }
-  if (answer.noShow && message.offer && message.ticked) message.ticked();
+  if (answer.noShow && message.offer && message.ticked) message.ticked(true);
   return answer.yes && !message.okOnly;
 }
 

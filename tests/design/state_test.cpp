@@ -253,5 +253,19 @@ TEST(SplitText, TrimsFieldsAndDropsThoseBehindTheHundredth) {
   EXPECT_EQ(fields(1), "");
 }
 
+TEST(CatalogueTest, EveryFieldThatIsShownHasAnOperatorsWords) {
+  DesignState s{NumberSigns{}};
+  ForEachField(s, [](const Field& field) {
+    if (field.row().kind == Kind::Value) return;
+    const FieldWords& words = WordsOf(field);
+    EXPECT_FALSE(words.name.empty() || words.sentence.empty()) << NameOf(field);
+    EXPECT_EQ(words.sentence.back(), '.') << NameOf(field);
+    EXPECT_NE(words.name, field.row().name);
+  });
+  EXPECT_EQ(WordsOf(s.txtZ2(1)).name, "Right stop");
+  EXPECT_EQ(TextOf(WordsOf(s.txtZ2(1)).unit, false), "mm");
+  EXPECT_EQ(s.optX(1).caption(), "4Ax");
+}
+
 }  // namespace
 }  // namespace torvane

@@ -275,7 +275,7 @@ Field& RandomOperator::UsedField() {
     Field& field = AnyField();
     const bool typed = field.row().kind == Kind::Text || field.row().kind == Kind::List;
     const bool row = IsScheduleRow(field.row());
-    if (typed && IsUsed(field.row(), field.index(), station_->s.gShow4Axis) &&
+    if (typed && IsUsed(field.row(), field.index(), station_->s.family()) &&
         (!row || field.index() <= 4 || OneIn(6)))
       return field;
   }

@@ -124,7 +124,7 @@ void RowsOnScreen::TheMenuAsksWhatsThis() {
     menu.close();
   });
   desktop.PressRow(1, Qt::RightButton);
-  QCOMPARE(first, QStringLiteral("Whats This ?"));
+  QCOMPARE(first, QStringLiteral("&Whats This ?"));
   QVERIFY(QWhatsThis::inWhatsThisMode());
   QWhatsThis::leaveWhatsThisMode();
 }

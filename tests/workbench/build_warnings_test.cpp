@@ -5,6 +5,7 @@
 
 #include "design/catalogue.h"
 #include "gcode/session.h"
+#include "persist/settings.h"
 #include "support/station_on_stage.h"
 #include "workbench/build/build_outlook.h"
 #include "workbench/build/marks.h"
@@ -189,6 +190,7 @@ TEST_F(BuildWarningsTest, FiguresThatCannotBeWound) {
   EXPECT_EQ(ShownMark(s.txtAddRevs(1)), Mark::NoNumber) << "it is marked at once";
   EXPECT_EQ(s.txtAddRevs(1).mark(), Mark::Plain) << "beside the marks of its own";
   EXPECT_EQ(MarkedFields(s), std::vector<const Field*>{&s.txtAddRevs(1)});
+  ConfirmCarriageOffset(station.platform.store);
   EXPECT_TRUE(WarningsBesideMarks(station).empty());
   s.txtAddRevs(1) = "0";
   s.txtDiameterLeft = "4E9";
@@ -373,6 +375,9 @@ TEST_F(BuildWarningsTest, TheOutlookNamesWhatStandsInTheWay) {
   TypeTube(station, 2, "45");
   EXPECT_FALSE(OutlookOf(station).ready) << "no name";
   Name("tube.t2d");
+  EXPECT_EQ(sentence(), "1 warning, look first") << "the carriage offset is not measured";
+  EXPECT_EQ(WarningsBesideMarks(station).front().field, &s.gCarriageOffsetFromRMPFace);
+  ConfirmCarriageOffset(station.platform.store);
   EXPECT_TRUE(OutlookOf(station).ready && OutlookOf(station).clear);
   EXPECT_EQ(sentence(), "writes and runs tube.T2G");
   SetEnds(1, "");

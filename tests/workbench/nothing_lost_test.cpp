@@ -126,7 +126,8 @@ TEST_F(RecoveryTest, AChangedDesignIsCopiedAndASavedOneIsNot) {
   Wait(11);
   EXPECT_TRUE(files.Exists(kRecovery));
   station.Run("mnuQuit", Event::Click);
-  EXPECT_FALSE(files.Exists(kRecovery)) << "the operator did not want it";
+  EXPECT_TRUE(station.ended);
+  EXPECT_TRUE(files.Exists(kRecovery)) << "No, or Esc, is no leave to throw it away";
 }
 
 // The ten seconds begin with the first key, not with each.
@@ -206,6 +207,9 @@ TEST_F(TwoStationsTest, TellOfEachOtherAndKeepTheirOwnCopies) {
   EXPECT_EQ(Offers(), 0U) << "the first one runs";
 
   // The end of the one touches nothing of the other; who starts then hears of that one again.
+  files.MakeFolder("C:\\Torvane\\TV_Design_Files");
+  stage.messageDialog.answers = {{true, false}};
+  stage.fileDialog.answers.emplace_back(kDesign);
   first->station.Run("mnuQuit", Event::Click);
   EXPECT_FALSE(files.Exists(kRecovery));
   EXPECT_TRUE(files.Exists(second));
@@ -247,6 +251,14 @@ TEST_F(TwoStationsTest, ACopyOfAnotherNumberThatNobodyWantedGivesWayToo) {
   EXPECT_FALSE(files.Exists(second));
   next->Change(stage, "6");
   next->station.Run("mnuQuit", Event::Click);
+  next.reset();
+  stage.messageDialog.answers = {{true, false}};
+  EXPECT_EQ(Start()->station.s.txtDiameterLeft.text(), "6");
+
+  // Until it is thrown away: a tick, and No.
+  stage.messageDialog.answers = {{false, true}};
+  EXPECT_EQ(Start()->station.s.txtDiameterLeft.text(), "");
+  EXPECT_EQ(stage.messageDialog.shown.back().tick, "Throw it away for good");
   EXPECT_FALSE(files.Exists(kRecovery));
 }
 

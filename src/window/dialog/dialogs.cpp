@@ -11,6 +11,7 @@
 
 #include "host/files/paths.h"
 #include "look/text.h"
+#include "workbench/station/messages.h"
 
 namespace torvane {
 
@@ -65,30 +66,35 @@ MessageView ViewOf(const Message& message) {
                    message.offer};
   if (!message.okOnly)
     view.icon = Icon::Question;
-  else if (message.number == 567)
+  else if (message.number == messages::kStopInsideOffset.number)
     view.icon = Icon::TooLow, view.ink = Token::Fault;
   else if (message.beep)
     view.icon = Icon::Warning, view.ink = Token::Note;
+  if (!message.tick.empty()) view.tick = Shown(message.tick);
+  view.hint = Shown(message.hint);
   return view;
 }
 
-MessageWindow::MessageWindow(const Theme& theme, const MessageView& view, const std::function<void()>& ticked,
-                             QWidget* parent)
+MessageWindow::MessageWindow(const Theme& theme, const MessageView& view,
+                             const std::function<void(bool on)>& ticked, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowStaysOnTopHint), theme_(theme), view_(view) {
   setObjectName(QStringLiteral("message"));
   setWindowTitle(view.title);
   setPalette(theme.Palette());
   view_.text = Body(view.text);
   setAccessibleName(view.title.trimmed());
-  setAccessibleDescription(view_.text);
+  setAccessibleDescription(view_.hint.isEmpty() ? view_.text
+                                                : view_.text + QStringLiteral("\n") + view_.hint);
   auto* text = new MessageText(theme, view_.text, this);
-  ground_ = std::max(98, text->height() + 2 * kAbove);
-  setFixedSize(std::max(kLeastWidth, kTextLeft + text->width() + 70), ground_ + kBar);
+  const int hint = view_.hint.isEmpty() ? 0 : kTextLine;
+  ground_ = std::max(98, text->height() + 2 * kAbove + hint);
+  const int widest = std::max(text->width(), QFontMetrics(theme.Font(13)).horizontalAdvance(view_.hint));
+  setFixedSize(std::max(kLeastWidth, kTextLeft + widest + 70), ground_ + kBar);
   text->move(kTextLeft, kAbove);
   AddBar(ticked);
 }
 
-void MessageWindow::AddBar(const std::function<void()>& ticked) {
+void MessageWindow::AddBar(const std::function<void(bool on)>& ticked) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(22, 0, 18, 12);
   column->addStretch(1);
@@ -96,12 +102,12 @@ void MessageWindow::AddBar(const std::function<void()>& ticked) {
   bar->setSpacing(10);
   column->addLayout(bar);
   if (view_.offer) {
-    auto* offer = new QCheckBox(QStringLiteral("Don't Show this Message Again"), this);
+    auto* offer = new QCheckBox(view_.tick, this);
     offer->setObjectName(QStringLiteral("chkNoShow"));
     offer->setFont(theme_.Font(13));
     offer->setMinimumHeight(32);
     connect(offer, &QCheckBox::clicked, this, [ticked](bool on) {
-      if (on && ticked) ticked();
+      if (ticked) ticked(on);
     });
     bar->addWidget(offer);
   }
@@ -128,6 +134,12 @@ void MessageWindow::paintEvent(QPaintEvent*) {
   p.fillRect(0, ground_, width(), height() - ground_, theme_[Token::Bars]);
   p.fillRect(0, ground_, width(), 1, theme_[Token::Hairline]);
   PaintIcon(p, view_.icon, {22, 20, 40, 40}, theme_[view_.ink]);
+  if (!view_.hint.isEmpty()) {
+    p.setFont(theme_.Font(13));
+    p.setPen(theme_[Token::Second]);
+    p.drawText(QRect(kTextLeft, ground_ - kTextLine - 8, width() - kTextLeft - 20, kTextLine),
+               Qt::AlignLeft | Qt::AlignVCenter, view_.hint);
+  }
   if (view_.number == 0) return;
   p.setFont(theme_.Font(12));
   p.setPen(theme_[Token::Off]);

@@ -19,14 +19,16 @@ struct MessageView {
   bool offer = false;
   Icon icon = Icon::Info;
   Token ink = Token::Accent;
+  QString tick = QStringLiteral("Don't Show this Message Again");
+  QString hint = {};
 };
 MessageView ViewOf(const Message& message);
 
 // Above all other windows. Y and N press their buttons; Esc and the cross are No, or OK of a notice.
 class MessageWindow : public QDialog {
  public:
-  // `ticked` runs when the operator ticks that the message is not to come again.
-  MessageWindow(const Theme& theme, const MessageView& view, const std::function<void()>& ticked,
+  // `ticked` runs when the operator ticks the offered box, or takes the tick away.
+  MessageWindow(const Theme& theme, const MessageView& view, const std::function<void(bool on)>& ticked,
                 QWidget* parent);
 
  protected:
@@ -34,7 +36,7 @@ class MessageWindow : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void AddBar(const std::function<void()>& ticked);
+  void AddBar(const std::function<void(bool on)>& ticked);
 
   const Theme& theme_;
   MessageView view_;

@@ -24,6 +24,7 @@ class MachineWindow : public StationDialog {
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     auto* scroll = new QScrollArea(this);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setWidget(MakePage());

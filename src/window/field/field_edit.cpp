@@ -29,7 +29,7 @@ FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
   if (place == Place::Panel) setFixedHeight(30);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     idle_ = false;
-    if (desk_.binder.Type(field_, text)) return;
+    if (desk_.binder.Type(field_, AsTyped(text))) return;
     QToolTip::showText(mapToGlobal(rect().bottomLeft()),
                        QStringLiteral("This character cannot stand in a design file. It was not taken."),
                        this);
@@ -56,6 +56,13 @@ void FieldEdit::Show() {
 
 InputLook FieldEdit::Look() const {
   return {ShownMark(field_), field_.enabled(), hasFocus(), place_ != Place::Panel};
+}
+
+// Behind the 0 of an empty schedule a typed digit is the count.
+QString FieldEdit::AsTyped(const QString& text) const {
+  const bool count = field_.row().name == desk_.station.s.txtNumberOfLayers(0).row().name;
+  if (!count || text.size() < 2 || text[0] != QLatin1Char('0') || !text[1].isDigit()) return text;
+  return text.mid(1);
 }
 
 // What is taken back is what the operator did last, not what this field alone remembers.

@@ -43,6 +43,7 @@ class FieldEdit : public QLineEdit {
  private:
   void Show();
   InputLook Look() const;
+  QString AsTyped(const QString& text) const;
 
   Desk desk_;
   Field& field_;

@@ -48,7 +48,7 @@ void FoldedBar::paintEvent(QPaintEvent*) {
   PaintPanel(p, t, rect());
   const int end = checklist_->x() - 12;
   int x = 14;
-  for (const Total& total : TotalsOf(s, s.gShow4Axis)) {
+  for (const Total& total : TotalsOf(s, s.family())) {
     const QString words = Shown(total.caption), unit = Shown(total.unit);
     const QString figure = FigureOf(*total.figure);
     const QFontMetrics caption(t.Font(12)), figures(t.Font(20, Weight::Medium));

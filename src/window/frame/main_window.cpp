@@ -106,7 +106,7 @@ QWidget* MainWindow::MakeDesign() {
     column->setSpacing(8);
     parts_[panel] = new PartPanel(desk_, panel, page);
     column->addWidget(parts_[panel], 0);
-    layers_[panel] = new LayersPanel(desk_, panel == 1, page);
+    layers_[panel] = new LayersPanel(desk_, panel == 1 ? Family::FourAxes : Family::TwoAxes, page);
     layers_[panel]->view()->menuWanted = [this](const QPoint& at) { ShowRowMenu(at); };
     layers_[panel]->view()->arrivedAt = [this](const Field& field) {
       described_ = &field;
@@ -124,8 +124,8 @@ QWidget* MainWindow::MakeRail() {
   railColumn_->setContentsMargins(0, 0, 0, 0);
   railColumn_->setSpacing(kGap);
   totals_ = new QStackedWidget(rail_);
-  totals_->addWidget(new TotalsPanel(desk_, false));
-  totals_->addWidget(new TotalsPanel(desk_, true));
+  totals_->addWidget(new TotalsPanel(desk_, Family::TwoAxes));
+  totals_->addWidget(new TotalsPanel(desk_, Family::FourAxes));
   totals_->addWidget(new PolarPanel(desk_));
   totals_->addWidget(new LargeTotals(desk_));
   checklist_ = new ChecklistPanel(desk_);
@@ -159,6 +159,7 @@ void MainWindow::OrderTabs() {
   }
   if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
   order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
+  order.push_back(marks_->stop());
   order.push_back(build_);
   for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
@@ -191,7 +192,7 @@ void MainWindow::MoveRail(Arrangement arrangement) {
   }
   build_->show();
   checklist_->Arrange(arrangement);
-  marks_->setVisible(!large);
+  marks_->setVisible(true);
   rail_->setVisible(!folded);
   bar_->setVisible(folded);
   barRow_->setContentsMargins(kGap, 0, kGap, folded ? kGap : 0);
@@ -286,6 +287,12 @@ void MainWindow::Describe(const Field& field) {
 }
 
 void MainWindow::GoTo(const Field& field) {
+  DesignState& s = desk_.station.s;
+  // It stands in the settings, on the tab of the family.
+  if (&field == &s.gCarriageOffsetFromRMPFace) {
+    desk_.binder.Run(s.gShow4Axis ? "Label9" : "Label10");
+    return;
+  }
   LayersView* grid = layers_[desk_.station.s.Panel()]->view();
   if (IsScheduleRow(field.row()) && grid->GoTo(field)) return;
   const QString name = QString::fromStdString(NameOf(field));

@@ -153,8 +153,8 @@ ToolBar::ToolBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   add(undo);
   add(redo);
   divide();
-  add(Family());
-  add(Unit());
+  add(MakeFamily());
+  add(MakeUnit());
   divide();
   document_ = new Document(desk);
   row->addWidget(document_, 1);
@@ -234,7 +234,7 @@ void ToolBar::ShowWords() {
   for (const Worded& worded : worded_) worded.button->updateGeometry();
 }
 
-QWidget* ToolBar::Family() {
+QWidget* ToolBar::MakeFamily() {
   DesignState& s = desk_.station.s;
   auto* segments = new Segments(desk_);
   for (int i = 0; i <= 1; ++i) {
@@ -248,7 +248,7 @@ QWidget* ToolBar::Family() {
   return segments;
 }
 
-QWidget* ToolBar::Unit() {
+QWidget* ToolBar::MakeUnit() {
   DesignState& s = desk_.station.s;
   auto* segments = new Segments(desk_);
   for (const bool inches : {true, false}) {

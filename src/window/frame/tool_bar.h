@@ -34,8 +34,8 @@ class ToolBar : public QWidget {
 
   // A button of a command; its word goes with its rank when there is little room.
   Button* Tool(Icon icon, const char* control, int rank);
-  QWidget* Family();
-  QWidget* Unit();
+  QWidget* MakeFamily();
+  QWidget* MakeUnit();
   void ShowWords();
 
   Desk desk_;

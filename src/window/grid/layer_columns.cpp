@@ -34,8 +34,8 @@ constexpr LayerColumn kFourAxes[] = {
 
 }  // namespace
 
-std::span<const LayerColumn> LayerColumns(bool fourAxis) {
-  if (fourAxis) return kFourAxes;
+std::span<const LayerColumn> LayerColumns(Family family) {
+  if (family == Family::FourAxes) return kFourAxes;
   return kTwoAxes;
 }
 

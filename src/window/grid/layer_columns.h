@@ -21,7 +21,7 @@ struct LayerColumn {
 };
 
 // Set by the operator, then calculated; the bar stands before the first calculated one.
-std::span<const LayerColumn> LayerColumns(bool fourAxis);
+std::span<const LayerColumn> LayerColumns(Family family);
 
 constexpr bool IsCalculated(CellKind kind) { return kind == CellKind::Figure || kind == CellKind::Minutes; }
 constexpr bool IsInput(CellKind kind) { return kind != CellKind::Row && !IsCalculated(kind); }

@@ -8,8 +8,8 @@
 
 namespace torvane {
 
-LayersModel::LayersModel(Desk desk, bool fourAxis, QObject* parent)
-    : QAbstractTableModel(parent), desk_(desk), fourAxis_(fourAxis) {
+LayersModel::LayersModel(Desk desk, Family family, QObject* parent)
+    : QAbstractTableModel(parent), desk_(desk), family_(family) {
   DesignState& s = desk.station.s;
   for (int column = 0; column < columnCount(); ++column) {
     if (const auto heading = Column(column).heading; heading != nullptr)
@@ -27,7 +27,7 @@ LayersModel::LayersModel(Desk desk, bool fourAxis, QObject* parent)
 }
 
 void LayersModel::FollowCount() {
-  if (desk_.station.s.gShow4Axis != fourAxis_) return;
+  if (desk_.station.s.family() != family_) return;
   const int rows = LayerRows(desk_.station.s);
   if (rows > rows_) {
     beginInsertRows({}, rows_, rows - 1);
@@ -43,7 +43,7 @@ void LayersModel::FollowCount() {
 int LayersModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
 
 int LayersModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(LayerColumns(fourAxis_).size());
+  return parent.isValid() ? 0 : static_cast<int>(LayerColumns(family_).size());
 }
 
 Field* LayersModel::FieldAt(const QModelIndex& index) const {

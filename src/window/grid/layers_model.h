@@ -10,7 +10,7 @@ namespace torvane {
 
 class LayersModel : public QAbstractTableModel {
  public:
-  LayersModel(Desk desk, bool fourAxis, QObject* parent);
+  LayersModel(Desk desk, Family family, QObject* parent);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -19,7 +19,7 @@ class LayersModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const LayerColumn& Column(int section) const {
-    return LayerColumns(fourAxis_)[static_cast<std::size_t>(section)];
+    return LayerColumns(family_)[static_cast<std::size_t>(section)];
   }
   // Null for the row's button.
   Field* FieldAt(const QModelIndex& index) const;
@@ -34,7 +34,7 @@ class LayersModel : public QAbstractTableModel {
   void FollowCount();
 
   Desk desk_;
-  bool fourAxis_;
+  Family family_;
   int rows_ = 0;
 };
 

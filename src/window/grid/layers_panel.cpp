@@ -1,8 +1,11 @@
 #include "window/grid/layers_panel.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPainter>
 
+#include "design/catalogue.h"
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field/button.h"
@@ -21,17 +24,17 @@ constexpr int kAllRows = IndexSet::kAllRows;
 
 }  // namespace
 
-LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
+LayersPanel::LayersPanel(Desk desk, Family family, QWidget* parent)
     : QWidget(parent),
       desk_(desk),
-      fourAxis_(fourAxis),
-      view_(new LayersView(desk, fourAxis, this)),
-      card_(new StartCard(desk, fourAxis, this)) {
+      family_(family),
+      view_(new LayersView(desk, family, this)),
+      card_(new StartCard(desk, family, this)) {
   DesignState& s = desk.station.s;
-  auto* recalculate =
-      new Button(desk, ButtonLook::Outline, Icon::Refresh,
-                 fourAxis ? QStringLiteral("Pattern Refresh") : Shown(s.btnReCalc.caption()), this);
-  recalculate->Runs(fourAxis ? "lblRefresh" : "btnReCalc");
+  auto* recalculate = new Button(
+      desk, ButtonLook::Outline, Icon::Refresh,
+      family == Family::FourAxes ? QStringLiteral("Pattern Refresh") : Shown(s.btnReCalc.caption()), this);
+  recalculate->Runs(family == Family::FourAxes ? "lblRefresh" : "btnReCalc");
   recalculate->setFixedHeight(28);
   recalculate_ = recalculate;
   add_ = new Button(desk, ButtonLook::Flat, Icon::Plus, {}, this);
@@ -45,7 +48,7 @@ LayersPanel::LayersPanel(Desk desk, bool fourAxis, QWidget* parent)
 }
 
 void LayersPanel::MakeAllRows() {
-  if (fourAxis_) return;
+  if (family_ == Family::FourAxes) return;
   auto* title = new Word(desk_, QStringLiteral("All rows"), 13, Token::Text, Weight::Medium, allRows_);
   title->setToolTip(QStringLiteral("What is entered here goes to every row."));
   allRowsCells_.emplace_back(0, title);
@@ -64,13 +67,19 @@ void LayersPanel::MakeAllRows() {
 }
 
 bool LayersPanel::AllRowsInView() const {
-  return !fourAxis_ && desk_.station.allRowsShown && arrangement_ != Arrangement::Large &&
+  return family_ == Family::TwoAxes && desk_.station.allRowsShown && arrangement_ != Arrangement::Large &&
          LayerRows(desk_.station.s) > 0;
 }
 
 void LayersPanel::FollowState() {
   const int rows = LayerRows(desk_.station.s);
   const bool open = arrangement_ == Arrangement::Open;
+  // Where the first rows come the keys stay with their number, and its text is not what the next key
+  // replaces.
+  if (rows > 0 && card_->isAncestorOf(QApplication::focusWidget()))
+    if (auto* count = window()->findChild<QLineEdit*>(QString::fromStdString(
+            NameOf(desk_.station.s.txtNumberOfLayers(family_ == Family::FourAxes ? 1 : 0)))))
+      count->setFocus(Qt::OtherFocusReason);
   card_->setVisible(rows == 0);
   recalculate_->setVisible(rows > 0 && open);
   add_->setVisible(rows > 0 && rows < kMostLayers && arrangement_ != Arrangement::Large);
@@ -153,16 +162,19 @@ void LayersPanel::PaintFooter(QPainter& p) const {
   const Theme& t = desk_.theme;
   const DesignState& s = desk_.station.s;
   const int columns = view_->layers().columnCount();
-  PaintTotal(p, columns - 3, fourAxis_ ? s.lblNPasses(kAllRows) : s.lblPassesToCover(kAllRows));
-  PaintTotal(p, columns - 2, fourAxis_ ? s.lblMinutes(kAllRows) : s.lblMinutesToCover(kAllRows));
-  PaintTotal(p, columns - 1, fourAxis_ ? s.lblLength(kAllRows) : s.lblLengthToCover(kAllRows));
+  PaintTotal(p, columns - 3,
+             family_ == Family::FourAxes ? s.lblNPasses(kAllRows) : s.lblPassesToCover(kAllRows));
+  PaintTotal(p, columns - 2,
+             family_ == Family::FourAxes ? s.lblMinutes(kAllRows) : s.lblMinutesToCover(kAllRows));
+  PaintTotal(p, columns - 1,
+             family_ == Family::FourAxes ? s.lblLength(kAllRows) : s.lblLengthToCover(kAllRows));
   const int y = height() - kFooter;
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   const int before = view_->columnViewportPosition(columns - 3);
   p.drawText(QRect(before - 70, y, 62, kFooter - 1), Qt::AlignRight | Qt::AlignVCenter,
              QStringLiteral("Total"));
-  if (fourAxis_ || PressedRow(s) == 0) return;
+  if (family_ == Family::FourAxes || PressedRow(s) == 0) return;
   double x = recalculate_->geometry().right() + 14;
   const auto word = [&](const QString& text, bool figure) {
     p.setFont(t.Font(12, figure ? Weight::Medium : Weight::Regular));

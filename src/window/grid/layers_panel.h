@@ -11,7 +11,7 @@ class Button;
 
 class LayersPanel : public QWidget {
  public:
-  LayersPanel(Desk desk, bool fourAxis, QWidget* parent = nullptr);
+  LayersPanel(Desk desk, Family family, QWidget* parent = nullptr);
 
   LayersView* view() const { return view_; }
   void Arrange(Arrangement arrangement);
@@ -31,7 +31,7 @@ class LayersPanel : public QWidget {
   void PaintTotal(QPainter& p, int section, const Field& total) const;
 
   Desk desk_;
-  bool fourAxis_;
+  Family family_;
   Arrangement arrangement_ = Arrangement::Open;
   LayersView* view_;
   QWidget* card_;

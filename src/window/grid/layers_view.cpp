@@ -83,9 +83,9 @@ class Head : public QHeaderView {
 
 }  // namespace
 
-LayersView::LayersView(Desk desk, bool fourAxis, QWidget* parent)
-    : QTableView(parent), desk_(desk), fourAxis_(fourAxis), model_(new LayersModel(desk, fourAxis, this)) {
-  setObjectName(fourAxis ? QStringLiteral("pic3DGrid") : QStringLiteral("pic2DGrid"));
+LayersView::LayersView(Desk desk, Family family, QWidget* parent)
+    : QTableView(parent), desk_(desk), family_(family), model_(new LayersModel(desk, family, this)) {
+  setObjectName(family == Family::FourAxes ? QStringLiteral("pic3DGrid") : QStringLiteral("pic2DGrid"));
   setAccessibleName(QStringLiteral("Layers"));
   delegate_ = new LayersDelegate(desk, *model_, this);
   delegate_->leave = [this](int down, int right) { Move(down, right); };
@@ -119,7 +119,7 @@ void LayersView::SetArrangement(Arrangement arrangement) {
 }
 
 int LayersView::ChooseColumns() {
-  const auto columns = LayerColumns(fourAxis_);
+  const auto columns = LayerColumns(family_);
   const bool large = arrangement_ == Arrangement::Large;
   const auto wantedOf = [&](int most) {
     int wanted = 0;
@@ -147,7 +147,7 @@ void LayersView::Arrange() {
   verticalHeader()->setMinimumSectionSize(kLeastRow);
   verticalHeader()->setDefaultSectionSize(std::clamp(room / std::max(rows, 1), least, highest));
   const int wanted = ChooseColumns();
-  const auto columns = LayerColumns(fourAxis_);
+  const auto columns = LayerColumns(family_);
   const int bar = rows * rowHeight() > height() - head ? 12 : 0;
   const int present = width() - bar;
   const double share = static_cast<double>(present) / wanted;
@@ -271,7 +271,7 @@ bool LayersView::GoTo(const Field& field) {
 
 // The row menu's keys, on a two-axis row alone.
 bool LayersView::RowCommand(const QKeyEvent& event, const QModelIndex& at) {
-  if (fourAxis_ || !at.isValid() || event.modifiers() != Qt::ControlModifier) return false;
+  if (family_ == Family::FourAxes || !at.isValid() || event.modifiers() != Qt::ControlModifier) return false;
   const char* command = nullptr;
   if (event.key() == Qt::Key_C) command = "mnuCopy";
   if (event.key() == Qt::Key_V) command = "mnuPaste";
@@ -358,7 +358,7 @@ void LayersView::mouseReleaseEvent(QMouseEvent* event) {
     return;
   }
   desk_.binder.Run(RowButton(), Event::Release, layer);
-  if (fourAxis_) desk_.binder.Run(RowButton(), Event::Click, layer);
+  if (family_ == Family::FourAxes) desk_.binder.Run(RowButton(), Event::Click, layer);
 }
 
 void LayersView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }

@@ -11,7 +11,7 @@ namespace torvane {
 
 class LayersView : public QTableView {
  public:
-  LayersView(Desk desk, bool fourAxis, QWidget* parent = nullptr);
+  LayersView(Desk desk, Family family, QWidget* parent = nullptr);
 
   LayersModel& layers() const { return *model_; }
   // Opens the editor of a field's cell, if the grid has it.
@@ -48,10 +48,10 @@ class LayersView : public QTableView {
   // The width that the columns in view want; hides those that a view of large figures has no room for.
   int ChooseColumns();
   bool RowCommand(const QKeyEvent& event, const QModelIndex& at);
-  const char* RowButton() const { return fourAxis_ ? "btn4XRow" : "btn2XRow"; }
+  const char* RowButton() const { return family_ == Family::FourAxes ? "btn4XRow" : "btn2XRow"; }
 
   Desk desk_;
-  bool fourAxis_;
+  Family family_;
   Arrangement arrangement_ = Arrangement::Open;
   LayersModel* model_;
   LayersDelegate* delegate_;

@@ -59,8 +59,8 @@ class Strip : public QWidget {
 
 }  // namespace
 
-StartCard::StartCard(Desk desk, bool fourAxis, QWidget* parent)
-    : QWidget(parent), desk_(desk), fourAxis_(fourAxis) {
+StartCard::StartCard(Desk desk, Family family, QWidget* parent)
+    : QWidget(parent), desk_(desk), family_(family) {
   setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(28, 20, 28, 16);
@@ -70,7 +70,7 @@ StartCard::StartCard(Desk desk, bool fourAxis, QWidget* parent)
   columns_->addWidget(MakeLinks(), 1, Qt::AlignTop);
   rows->addLayout(columns_);
   rows->addStretch(1);
-  rows->addWidget(MakeOffset(fourAxis));
+  rows->addWidget(MakeOffset(family));
 }
 
 void StartCard::resizeEvent(QResizeEvent*) {
@@ -87,7 +87,7 @@ void StartCard::resizeEvent(QResizeEvent*) {
 
 // Where the cells of the first row would be: whoever wants to type there is told what comes first.
 void StartCard::mouseReleaseEvent(QMouseEvent* event) {
-  if (fourAxis_ || event->button() != Qt::LeftButton)
+  if (family_ == Family::FourAxes || event->button() != Qt::LeftButton)
     event->ignore();
   else
     desk_.Run("txtWA", Event::Click, 1);
@@ -101,6 +101,7 @@ QWidget* StartCard::MakeCounts() {
   grid->setSpacing(8);
   for (int count = 1; count <= kMostLayers; ++count) {
     auto* button = new Button(desk_, ButtonLook::Outline, Icon::None, QString::number(count), owner);
+    button->setObjectName(QStringLiteral("layers%1").arg(count));
     button->setAccessibleName(QStringLiteral("%1 layers").arg(count));
     counts_.push_back(button);
     button->SetTextSize(14);
@@ -150,7 +151,7 @@ QWidget* StartCard::MakeLinks() {
   return owner;
 }
 
-QWidget* StartCard::MakeOffset(bool fourAxis) {
+QWidget* StartCard::MakeOffset(Family family) {
   auto* strip = new Strip(desk_, this);
   strip_ = strip;
   auto* row = new QHBoxLayout(strip);
@@ -168,7 +169,7 @@ QWidget* StartCard::MakeOffset(bool fourAxis) {
   row->addLayout(words, 1);
   auto* measure = new Button(desk_, ButtonLook::Outline, Icon::None, QStringLiteral("Measure now"), strip);
   measure->setFixedSize(112, 40);
-  measure->Runs(fourAxis ? "Label9" : "Label10");
+  measure->Runs(family == Family::FourAxes ? "Label9" : "Label10");
   row->addWidget(measure);
   desk_.binder.BindAll(strip, [this, strip] {
     offsetConfirmed_ = IsCarriageOffsetConfirmed(desk_.station.platform.store);

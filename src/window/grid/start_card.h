@@ -11,7 +11,7 @@ namespace torvane {
 
 class StartCard : public QWidget {
  public:
-  StartCard(Desk desk, bool fourAxis, QWidget* parent = nullptr);
+  StartCard(Desk desk, Family family, QWidget* parent = nullptr);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -21,10 +21,10 @@ class StartCard : public QWidget {
   QWidget* MakeCounts();
   QWidget* MakeOpen();
   QWidget* MakeLinks();
-  QWidget* MakeOffset(bool fourAxis);
+  QWidget* MakeOffset(Family family);
 
   Desk desk_;
-  bool fourAxis_;
+  Family family_;
   QHBoxLayout* columns_ = nullptr;
   QWidget* strip_ = nullptr;
   QWidget* community_ = nullptr;

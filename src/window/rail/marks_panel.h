@@ -2,27 +2,34 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "window/desk/binder.h"
 
+class QListView;
+
 namespace torvane {
 
+// Its lines wrap, and it scrolls. A click or Enter goes to the field; arrow keys go through the lines.
 class MarksPanel : public QWidget {
  public:
   explicit MarksPanel(Desk desk, QWidget* parent = nullptr);
+
+  // Where the keys go through the lines.
+  QWidget* stop() const;
 
   // Told when the operator wants to see a marked field.
   std::function<void(const Field&)> goTo;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
-  int LineAt(int y) const;
+  class Lines;
 
   Desk desk_;
+  Lines* lines_;
+  QListView* view_;
 };
 
 // A line of the list: a marked field, or with a plain mark what a build is warned of.
@@ -30,6 +37,8 @@ struct Note {
   const Field* field;
   Mark mark = Mark::Plain;
   QString title, second;
+
+  bool operator==(const Note&) const = default;
 };
 // The marked fields, then the warnings that hang on no marked field.
 std::vector<Note> NotesOf(const Station& station);

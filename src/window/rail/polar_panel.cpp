@@ -112,7 +112,7 @@ void PolarPanel::paintEvent(QPaintEvent*) {
   const int top = height() - kTotals;
   p.setPen(t[Token::Hairline]);
   p.drawLine(1, top, width() - 2, top);
-  const std::vector<Total> totals = TotalsOf(s, true);
+  const std::vector<Total> totals = TotalsOf(s, Family::FourAxes);
   const int shares[] = {14, 14 + (width() - 28) * 3 / 10, 14 + (width() - 28) * 63 / 100};
   for (std::size_t i = 0; i < 3; ++i) {
     p.setFont(t.Font(12));

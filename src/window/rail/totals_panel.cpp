@@ -11,9 +11,9 @@ namespace torvane {
 
 namespace {
 
-std::vector<Total> AllTotals(const DesignState& s, bool fourAxis) {
-  std::vector<Total> totals = TotalsOf(s, fourAxis);
-  if (!fourAxis) return totals;
+std::vector<Total> AllTotals(const DesignState& s, Family family) {
+  std::vector<Total> totals = TotalsOf(s, family);
+  if (family == Family::TwoAxes) return totals;
   const std::vector<Total> more = UncalculatedTotalsOf(s);
   totals.insert(totals.end(), more.begin(), more.end());
   return totals;
@@ -21,17 +21,17 @@ std::vector<Total> AllTotals(const DesignState& s, bool fourAxis) {
 
 }  // namespace
 
-TotalsPanel::TotalsPanel(Desk desk, bool fourAxis, QWidget* parent) : QWidget(parent), desk_(desk) {
+TotalsPanel::TotalsPanel(Desk desk, Family family, QWidget* parent) : QWidget(parent), desk_(desk) {
   DesignState& s = desk.station.s;
-  setMinimumHeight(fourAxis ? 190 : 170);
+  setMinimumHeight(family == Family::FourAxes ? 190 : 170);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(14, 8, 12, 12);
   grid->setHorizontalSpacing(6);
   grid->setVerticalSpacing(4);
   grid->setColumnStretch(1, 1);
   grid->setColumnMinimumWidth(2, 26);
-  const std::vector<Total> totals = AllTotals(s, fourAxis);
-  const std::size_t calculated = TotalsOf(s, fourAxis).size();
+  const std::vector<Total> totals = AllTotals(s, family);
+  const std::size_t calculated = TotalsOf(s, family).size();
   for (std::size_t i = 0; i < totals.size(); ++i) {
     // A hairline stands between the first and the others.
     const int row = static_cast<int>(i == 0 ? 0 : i + 1);
@@ -43,7 +43,7 @@ TotalsPanel::TotalsPanel(Desk desk, bool fourAxis, QWidget* parent) : QWidget(pa
     auto* unit = new Word(desk_, {}, 12, Token::Second);
     grid->addWidget(unit, row, 2, Qt::AlignVCenter);
     desk_.binder.Bind(s.gUnits, unit,
-                      [unit, &s, fourAxis, i] { unit->SetText(Shown(AllTotals(s, fourAxis)[i].unit)); });
+                      [unit, &s, family, i] { unit->SetText(Shown(AllTotals(s, family)[i].unit)); });
   }
   grid->setRowMinimumHeight(1, 8);
 }

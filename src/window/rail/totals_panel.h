@@ -9,7 +9,7 @@ namespace torvane {
 
 class TotalsPanel : public QWidget {
  public:
-  TotalsPanel(Desk desk, bool fourAxis, QWidget* parent = nullptr);
+  TotalsPanel(Desk desk, Family family, QWidget* parent = nullptr);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

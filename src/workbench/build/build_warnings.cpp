@@ -373,7 +373,7 @@ void Warnings::LookAtSettings() {
 void Warnings::LookAtNumbers(int layers) {
   ForEachField(s_, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (row.kind != Kind::Text || !IsUsed(row, field.index(), s_.gShow4Axis) ||
+    if (row.kind != Kind::Text || !IsUsed(row, field.index(), s_.family()) ||
         (IsScheduleRow(row) && field.index() > layers))
       return;
     const std::string hint = NumberHint(field, s_.signs);

@@ -19,8 +19,7 @@ std::vector<const Field*> MarkedFields(const DesignState& s) {
   const int rows = LayerRows(s);
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
-    if (ShownMark(field) == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.gShow4Axis))
-      return;
+    if (ShownMark(field) == Mark::Plain || !field.shown() || !IsUsed(row, field.index(), s.family())) return;
     // The drawing repeats two diameters and a length that have fields of their own.
     const bool repeated =
         !s.gShow4Axis && (row.name == "txtDia" || (row.name == "txtZ2" && field.index() == 2));

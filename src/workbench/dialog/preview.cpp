@@ -95,17 +95,18 @@ class PreviewWindow : public Window {
   const std::vector<PolarFigure>& picture() const { return picture_; }
 
   bool Run(std::string_view control, Event event, int) override {
-    if (event == Event::Tick && control == "tmrStartDraw") return Begin(), true;
-    if (event == Event::Tick && control == "tmrDraw") return GoOn(), true;
+    if (event == Event::Tick) return Tick(control);
     if (event != Event::Click) return false;
-    if (control == "cmbSpeed") {
+    if (control == "cmbSpeed")
       SaveSetting(station().platform.store, kSettings, "cmbSpeed", field("cmbSpeed").text());
-      return true;
-    }
-    if (control == "btnPause" || control == "btnPlay") return Hold(control == "btnPause"), true;
-    if (control == "btnRedraw") return Begin(), true;
-    if (control != "btnClose") return false;
-    station().Close(*this);
+    else if (control == "btnPause" || control == "btnPlay")
+      Hold(control == "btnPause");
+    else if (control == "btnRedraw")
+      Begin();
+    else if (control == "btnClose")
+      station().Close(*this);
+    else
+      return false;
     return true;
   }
 
@@ -136,6 +137,15 @@ class PreviewWindow : public Window {
     station().StartTimer(station().tmrDraw);
   }
 
+  bool Tick(std::string_view timer) {
+    if (timer == "tmrStartDraw")
+      Begin();
+    else if (timer == "tmrDraw")
+      GoOn();
+    else
+      return false;
+    return true;
+  }
   void Begin();
   void DrawPass();
   void GoOn();

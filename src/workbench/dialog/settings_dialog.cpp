@@ -309,7 +309,10 @@ bool SettingsDialog::Click(std::string_view name, int index) {
     SaveSetting(station().platform.store, kSettings, "LastSettingsTab", std::to_string(index));
     return true;
   }
-  if (name == "Label21") return OpenPicture(station()), true;
+  if (name == "Label21") {
+    OpenPicture(station());
+    return true;
+  }
   if (name != "btnOK" && name != "btnCancel") return false;
   if (name == "btnOK") TakeOver();
   station().Close(*this);

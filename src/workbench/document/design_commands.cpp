@@ -60,10 +60,11 @@ bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2
 
 }  // namespace
 
-void ChooseFamily(Station& station, bool fourAxis) {
+void ChooseFamily(Station& station, Family family) {
+  const bool fourAxes = family == Family::FourAxes;
   DesignState& s = station.s;
-  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxis ? "0" : "1");
-  if (fourAxis != s.mnu4Axis) ShowAxisDisplay(s, fourAxis);
+  SaveSetting(station.platform.store, kSettings, "mnu2Axis", fourAxes ? "0" : "1");
+  if (fourAxes != s.mnu4Axis) ShowAxisDisplay(s, fourAxes);
 }
 
 void MakeStationFolders(
@@ -84,7 +85,11 @@ const std::string& DesignName(const DesignState& s) {
 
 bool AskToSaveFirst(Station& station) {
   if (!station.s.gDirty) return true;
-  ShowMessageDialog(station, messages::kSaveFirst);
+  const std::string& name = DesignName(station.s);
+  ShowMessageDialog(station, messages::kSaveFirst, {},
+                    (name.empty() ? std::string("Yes asks for a name and saves the design")
+                                  : "Yes saves " + name + " under the name that you choose") +
+                        ". No goes on without saving.");
   return !station.s.gMsgAnswer || btnSaveAS_Click(station);
 }
 
@@ -149,7 +154,7 @@ std::string ChangedInFile(const DesignState& s) {
   ForEachField(s, [&](const Field& field) {
     const FieldRow& row = field.row();
     if ((row.kind != Kind::Text && row.kind != Kind::List) || !IsOfDesign(row) ||
-        !IsUsed(row, field.index(), s.gShow4Axis) || (IsScheduleRow(row) && field.index() > LayerRows(s)))
+        !IsUsed(row, field.index(), s.family()) || (IsScheduleRow(row) && field.index() > LayerRows(s)))
       return;
     const std::string& text = field.text();
     const bool separates = StandsInAList(row) && text.find(';') != std::string::npos;
@@ -250,7 +255,8 @@ void OpenNamedDesign(Station& station, const std::string& path) {
   }
   if (!AskToSaveFirst(station)) return;
   const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
-  if (ending == ".T2D" || ending == ".T4D") ChooseFamily(station, ending == ".T4D");
+  if (ending == ".T2D") ChooseFamily(station, Family::TwoAxes);
+  if (ending == ".T4D") ChooseFamily(station, Family::FourAxes);
   OpenDesign(station, path);
   FollowWithRecovery(station, false);
 }

@@ -29,7 +29,7 @@ void btnOPen_Click(Station& station);
 bool btnSaveAS_Click(Station& station);
 
 // Turns to a family and remembers the choice; no value of the design changes.
-void ChooseFamily(Station& station, bool fourAxis);
+void ChooseFamily(Station& station, Family family);
 
 enum class Opened : std::uint8_t {
   Whole,

@@ -134,11 +134,11 @@ void Form_Unload(Station& station) {
   const bool unsaved = s.gDirty;
   const bool saved = AskToSaveFirst(station);
   SaveStoredSettings(s, station.platform.store);
-  if (!(unsaved && s.gDirty && s.gMsgAnswer)) {
+  if (!unsaved || !s.gDirty) {
     DropRecovery(station);
   } else if (!WriteRecovery(station) && (!saved || !station.recovery.refusal.empty())) {
-    // A design that the operator wanted to save and that found no place is offered at the next start; without
-    // a copy for that it is not thrown away unasked.
+    // What is not saved is offered at the next start, whatever the answer was; without a copy for that it is
+    // not thrown away unasked.
     Message question;
     question.text = "\r\nThe design is not saved, and no copy of it could be made for the next start.\r\n" +
                     station.recovery.refusal + "\r\n\r\nDo you want to end without it ?";

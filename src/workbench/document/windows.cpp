@@ -15,10 +15,14 @@ namespace {
 constexpr double kLeastHeight = 9000;  // twips
 constexpr double kLeastWidth = 12000;
 
-void optX_Click(Station& station, int index) { ChooseFamily(station, index == 1); }
-void mnu2Axis_Click(Station& station, int) { ChooseFamily(station, false); }
-void mnu4Axis_Click(Station& station, int) { ChooseFamily(station, true); }
-void lbl2or4AX_Click(Station& station, int) { ChooseFamily(station, station.s.lbl2or4AX.text() != "4Ax"); }
+void optX_Click(Station& station, int index) {
+  ChooseFamily(station, index == 1 ? Family::FourAxes : Family::TwoAxes);
+}
+void mnu2Axis_Click(Station& station, int) { ChooseFamily(station, Family::TwoAxes); }
+void mnu4Axis_Click(Station& station, int) { ChooseFamily(station, Family::FourAxes); }
+void lbl2or4AX_Click(Station& station, int) {
+  ChooseFamily(station, station.s.lbl2or4AX.text() == "4Ax" ? Family::TwoAxes : Family::FourAxes);
+}
 
 void tmrSplash_Tick(Station& station, int) {
   station.StopTimer(station.tmrSplash);
@@ -71,10 +75,14 @@ class AboutBox : public Window {
 
   bool Run(std::string_view control, Event event, int) override {
     if (event != Event::Click) return false;
-    if (control == "lblHelpURL") return OpenWebLink(station(), kHelpLink), true;
-    if (control == "lblCheckNewSoftware") return OpenWebLink(station(), kNewSoftwareLink), true;
-    if (control != "btnCancel") return false;
-    station().Close(*this);
+    if (control == "lblHelpURL")
+      OpenWebLink(station(), kHelpLink);
+    else if (control == "lblCheckNewSoftware")
+      OpenWebLink(station(), kNewSoftwareLink);
+    else if (control == "btnCancel")
+      station().Close(*this);
+    else
+      return false;
     return true;
   }
 };

@@ -2,13 +2,13 @@
 
 namespace torvane {
 
-std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis) {
+std::vector<Total> TotalsOf(const DesignState& s, Family family) {
   const bool inches = s.InInches();
   const std::string_view filament = inches ? "ft" : "m";
   // The wall stands in the inches of the band in either unit.
   const std::string_view wall = "in";
   constexpr int kAllRows = IndexSet::kAllRows;
-  if (fourAxis)
+  if (family == Family::FourAxes)
     return {{"Minutes", &s.lblMinutes(kAllRows), "min"},
             {"Length", &s.lblLength(kAllRows), filament},
             {"Final Thickness :", &s.lblFinalThickness(1), wall},
@@ -28,7 +28,7 @@ std::vector<Total> UncalculatedTotalsOf(const DesignState& s) {
 }
 
 std::vector<Total> LargeTotalsOf(const DesignState& s) {
-  const std::vector<Total> all = TotalsOf(s, s.gShow4Axis);
+  const std::vector<Total> all = TotalsOf(s, s.family());
   // Time and filament of either family; then the weight, or the wall where there is none.
   return {all[0], all[1], s.gShow4Axis ? all[2] : all[4]};
 }

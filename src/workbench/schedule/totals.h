@@ -15,7 +15,7 @@ struct Total {
 };
 
 // The most wanted first.
-std::vector<Total> TotalsOf(const DesignState& s, bool fourAxis);
+std::vector<Total> TotalsOf(const DesignState& s, Family family);
 // Of four axes: the station has the fields, but nothing fills them, so they keep the figure of the start.
 std::vector<Total> UncalculatedTotalsOf(const DesignState& s);
 // Those of the family in use that are to be read from the machine.

@@ -91,6 +91,7 @@ inline constexpr StationMessage kStopInsideOffset = {
 
 // Asks or warns the operator and leaves the answer in `gMsgAnswer`. A message that has been silenced is not
 // shown and gives the last answer to any question; one that was shown gives False.
-bool ShowMessageDialog(Station& station, const StationMessage& message, std::string_view value = {});
+bool ShowMessageDialog(Station& station, const StationMessage& message, std::string_view value = {},
+                       std::string_view hint = {});
 
 }  // namespace torvane

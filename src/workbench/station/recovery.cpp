@@ -70,19 +70,24 @@ bool WriteRecovery(Station& station) {
 
 namespace {
 
-// True if the operator wanted the design back.
-bool Offer(Station& station, const RecoveredDesign& found) {
+enum class Wish : std::uint8_t { Back, Later, ThrowAway };
+
+Wish Offer(Station& station, const RecoveredDesign& found) {
   const std::string name = found.fileName.empty() ? "A design without a file" : found.fileName;
   Message question;
   question.text =
       "\r\n" + name +
       " was not saved when the station ended.\r\nDo you want to bring it back as it was ?\r\n\r\n" +
       "With No it is offered again at the next start,\r\nuntil another design takes its place.";
-  if (!station.platform.messageDialog.Ask(question)) return false;
+  bool thrownAway = false;
+  question.offer = true;
+  question.tick = "Throw it away for good";
+  question.ticked = [&thrownAway](bool on) { thrownAway = on; };
+  if (!station.platform.messageDialog.Ask(question)) return thrownAway ? Wish::ThrowAway : Wish::Later;
   Restore(station.s, found);
   station.s.gDirty = true;
   station.ForgetHistory();
-  return true;
+  return Wish::Back;
 }
 
 }  // namespace
@@ -109,7 +114,12 @@ void OfferRecovery(Station& station) {
     const auto moves = [&] { return files.WriteWhole(own, {text.value()}) && files.Remove(path); };
     // In the own place another unsaved design can take its place some day.
     const bool moved = another && !files.Exists(own) && moves();
-    if (!Offer(station, *found)) continue;
+    const Wish wish = Offer(station, *found);
+    if (wish == Wish::Later) continue;
+    if (wish == Wish::ThrowAway) {
+      files.Remove(moved ? own : path);
+      continue;
+    }
     station.recovery.ours = !another || moved || moves();
     return;
   }
