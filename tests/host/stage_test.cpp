@@ -41,7 +41,7 @@ TEST(Stage, FilesBehaveLikeADisk) {
 TEST(Stage, NoticesAreNeverYesAndTheBoxIsTickedOnlyWhereItIsOffered) {
   Stage stage;
   int ticks = 0;
-  Message message{"text", 7, true, false, false, [&] { ++ticks; }};
+  Message message{"text", 7, true, false, false, [&](bool on) { ticks += on ? 1 : 0; }};
   stage.messageDialog.answers = {{true, true}, {true, true}, {false, false}};
   EXPECT_FALSE(stage.AsPlatform().messageDialog.Ask(message));
   EXPECT_EQ(ticks, 0);

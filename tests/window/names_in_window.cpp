@@ -219,6 +219,7 @@ void NamesInWindow::TabGoesInTheOrderOfTheWork_data() {
                                  "txtHGSpeedMM",
                                  "chkNotify1",
                                  "chkNotify2",
+                                 "markLines",
                                  "imgBUILD"};
   QTest::newRow("two axes") << "1"
                             << QStringList{"txtLengthTotal(0)",

@@ -45,7 +45,8 @@ void StationWindow::MarksAreListedAndLeadToTheirField() {
   TypeTube(opened);
   opened.Type("txtZ2(1)", "1");
   opened.Find<QLineEdit>(QStringLiteral("txtLengthTotal(0)"))->setFocus();
-  QTest::mouseClick(opened.Find(QStringLiteral("marks")), Qt::LeftButton, {}, {60, 16});
+  auto* lines = opened.window().findChild<QAbstractScrollArea*>(QStringLiteral("markLines"));
+  QTest::mouseClick(lines->viewport(), Qt::LeftButton, {}, {60, 16});
   QCOMPARE(opened.s().txtZ2(1).mark(), Mark::StopTooLow);
   QCOMPARE(opened.window().focusWidget(), opened.Find(QStringLiteral("txtZ2(1)")));
 }

@@ -192,7 +192,6 @@ void MainWindow::MoveRail(Arrangement arrangement) {
   }
   build_->show();
   checklist_->Arrange(arrangement);
-  marks_->setVisible(true);
   rail_->setVisible(!folded);
   bar_->setVisible(folded);
   barRow_->setContentsMargins(kGap, 0, kGap, folded ? kGap : 0);
@@ -216,8 +215,9 @@ void MainWindow::Arrange() {
   int rail = width() >= 1600 ? kWideRail : std::clamp(narrow, kNarrowRail, kRail);
   if (large) rail = std::clamp(width() * 29 / 100, kNarrowLargeRail, kLargeRail);
   rail_->setFixedWidth(rail);
-  // In a low window of large figures time and Build are left.
+  // In a low window of large figures time, marks and Build are left.
   if (large) checklist_->setVisible(height() >= 700);
+  marks_->setVisible(!large || checklist_->isHidden() || height() >= 780);
   const int bars = tools_->height() + (large ? 0 : menuBar()->sizeHint().height() + status_->height());
   const QSize column(width() - 2 * kGap - (arrangement == Arrangement::Folded ? 0 : rail + kGap),
                      height() - bars - 2 * kGap - (bar_->isHidden() ? 0 : bar_->height() + kGap));
