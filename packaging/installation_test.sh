@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# An installation into a folder of its own, used by two people: installation_test.sh CMAKE BUILD_FOLDER
+# An installation into a folder of its own, used by two people: installation_test.sh CMAKE BUILD_FOLDER VERSION
 set -euo pipefail
-cmake=$1 build=$2
+cmake=$1 build=$2 version=$3
 root=$(mktemp -d)
-trap 'rm -rf "$root"' EXIT
+trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$root"' EXIT
 fail() { printf 'installation: %s\n' "$*" >&2; exit 1; }
 
 "$cmake" --install "$build" --prefix "$root/usr" >/dev/null
@@ -52,6 +52,43 @@ export HOME=$root/ann
 program=$("$bin/torvane" gcode "$station/TV_Design_Files/Tube-4x24.t2d")
 [ "$program" = "$station/TV_G-Code_Files/Tube-4x24.T2G" ] || fail "the program is $program"
 (cd "$station" && ./Torvane_Executor.exe --check "$program") | grep -q "$program" || fail "no proof of $program"
+
+for program in "$bin"/*; do
+  name=$(basename "$program")
+  [ "$("$program" --version)" = "$name $version" ] || fail "$name --version says $("$program" --version)"
+  "$program" --help | grep -q '^Usage: ' || fail "$name --help says $("$program" --help)"
+done
+
+# A file named at the start is opened, by the station that runs in the folder where one does.
+if [ -x "$bin/Torvane_Designer" ]; then
+  store=$HOME/.config/torvane/torvane.ini
+  mkdir "$root/a b"
+  cp "$samples/Taper-Mast.t2d" "$root/a b/One.t2d"
+  cp "$samples/Hemi-Vessel-150mm.t4d" "$root/Two.t4d"
+  rm "$store"
+  cd "$root/a b"
+  # Opened together, they come to one station, whichever is the first.
+  "$bin/Torvane_Designer" One.t2d >"$root/one.said" & one=$!
+  "$bin/Torvane_Designer" ../Two.t4d >"$root/two.said" & two=$!
+  cd "$root"
+  path=${root//\//\\}
+  opened() { grep -qxE "File[12]=${path//\\/\\\\}$1" "$store" 2>/dev/null; }
+  for _ in $(seq 300); do
+    opened '\\a b\\One.t2d' && opened '\\Two.t4d' && break
+    sleep 0.1
+  done
+  opened '\\a b\\One.t2d' || fail "the one named design was not opened: $(cat "$store")"
+  opened '\\Two.t4d' || fail "the other named design was not opened: $(cat "$store")"
+  handed="Handed to the station that runs in $station: $root"
+  case $(cat one.said two.said) in
+    "$handed/a b/One.t2d") pid=$two other=$one ;;
+    "$handed/Two.t4d") pid=$one other=$two ;;
+    *) fail "two starts said $(cat one.said two.said)" ;;
+  esac
+  wait $other || fail "a start that handed its file over ended with $?"
+  kill $pid
+  wait $pid || true
+fi
 
 # What the user changed stays; links of an installation that is gone, or another's, are turned to this one.
 printf 'mine' >"$station/TV_Design_Files/Tube-4x24.t2d"

@@ -126,7 +126,7 @@ std::string StationFolderNow() {
 // The station's own command lines have no options in them: words that ask for none are a program's name.
 bool HasOptions(const std::vector<std::string>& words) {
   return std::any_of(words.begin(), words.end(), [](const std::string& word) {
-    for (const std::string_view option : {"--check", "--json", "--store", "--help", "-h"})
+    for (const std::string_view option : {"--check", "--json", "--store", "--help", "-h", "--version"})
       if (word == option) return true;
     return word.starts_with("--store=");
   });
@@ -152,6 +152,7 @@ int Main(int argc, char** argv) {
   app.allow_windows_style_options(false);  // a path may begin with a slash there too
   Arguments arguments;
   arguments.store = EnvironmentText("TORVANE_STORE");
+  app.set_version_flag("--version", "Torvane_Executor.exe " TORVANE_VERSION, "Print the version and leave");
   app.add_flag("--check", arguments.check, "Print the proof of the program and leave");
   app.add_flag("--json", arguments.json, "The proof as one JSON object")->needs("--check");
   app.add_option("--store", arguments.store,

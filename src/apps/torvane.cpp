@@ -135,6 +135,7 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
 int Main(int argc, char** argv) {
   CLI::App app("Torvane Designer on the command line", "torvane");
   app.allow_windows_style_options(false);  // a path may begin with a slash there too
+  app.set_version_flag("--version", "torvane " TORVANE_VERSION, "Print the version and leave");
   app.require_subcommand(1);
   Arguments arguments;
   Command chosen;

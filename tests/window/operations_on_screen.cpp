@@ -2,7 +2,6 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -22,7 +21,6 @@ class OperationsOnScreen : public QObject {
   void RecentDesignsOpenFromTheMenu();
   void MachinePageTakesWhatIsTyped();
   void APageThatClosesIsGoneBeforeAMessageComes();
-  void DroppedDesignsOpen();
   void DeleteEmptiesTypedCellsAlone();
   void FourAxisRowsHaveEntriesOfTheirOwn();
   void ALongProgramShowsItselfAndIsCancelled();
@@ -152,27 +150,6 @@ void OperationsOnScreen::APageThatClosesIsGoneBeforeAMessageComes() {
   QTest::mouseClick(page->findChild<QWidget*>(QStringLiteral("btnOK")), Qt::LeftButton);
   QVERIFY(told > 0);
   QVERIFY(!shown);
-}
-
-void OperationsOnScreen::DroppedDesignsOpen() {
-  Desktop desktop;
-  const auto drop = [&desktop](const QList<QUrl>& urls) {
-    QMimeData data;
-    data.setUrls(urls);
-    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    enter.ignore();
-    QApplication::sendEvent(&desktop.window(), &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent dropped({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&desktop.window(), &dropped);
-    QCoreApplication::processEvents();
-    return dropped.isAccepted();
-  };
-  QVERIFY(!drop({}));
-  const QUrl missing = QUrl::fromLocalFile(QStringLiteral("/none/a.t2d"));
-  QVERIFY2(!drop({missing, missing}), "one design is open at a time");
-  QVERIFY(drop({missing}));
-  QVERIFY2(!desktop.stage.messageBox.shown.empty(), "a file that is not there is told");
 }
 
 void OperationsOnScreen::DeleteEmptiesTypedCellsAlone() {

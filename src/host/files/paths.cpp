@@ -42,8 +42,7 @@ Result<std::string> StationPath(std::string_view hostPath) {
   return Replaced(text.value(), '/', '\\');
 }
 
-Result<std::string> AbsoluteStationPath(std::string_view hostPath) {
-  if (HoldsControl(hostPath)) return Refusal{kHoldsControl};
+Result<std::string> AbsolutePath(std::string_view hostPath) {
   std::error_code error;
   std::filesystem::path path = std::filesystem::absolute(SystemPath(hostPath), error);
   if (error) return Refusal{ReasonOf(error)};
@@ -52,7 +51,14 @@ Result<std::string> AbsoluteStationPath(std::string_view hostPath) {
     path = std::filesystem::weakly_canonical(path.parent_path(), error) / path.filename();
     if (error) return Refusal{ReasonOf(error)};
   }
-  return StationPath(HostText(path.lexically_normal()));
+  return HostText(path.lexically_normal());
+}
+
+Result<std::string> AbsoluteStationPath(std::string_view hostPath) {
+  if (HoldsControl(hostPath)) return Refusal{kHoldsControl};
+  const auto path = AbsolutePath(hostPath);
+  if (!path) return Refusal{path.reason()};
+  return StationPath(path.value());
 }
 
 std::filesystem::path SystemPath(std::string_view hostPath) {

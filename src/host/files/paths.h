@@ -17,7 +17,10 @@ Result<std::string> HostPath(std::string_view stationPath);
 // a backslash in it where that is no separator.
 Result<std::string> StationPath(std::string_view hostPath);
 
-// The same for a path that may be relative to the process's working folder, as on a command line.
+// The full path of one that may be relative to the process's working folder, as on a command line.
+Result<std::string> AbsolutePath(std::string_view hostPath);
+
+// StationPath of it.
 Result<std::string> AbsoluteStationPath(std::string_view hostPath);
 
 // The folder of the running program's file, as a path of the computer.

@@ -38,6 +38,8 @@ class Binder : public QObject, private FieldWatcher {
   void ReleaseKey(const Field& field);
   // Any other doing.
   void Do(const std::function<void()>& doing);
+  // A doing is on its way, perhaps in a question to the operator.
+  bool busy() const { return doings_ > 0; }
   // Unties a widget with all in it, and deletes it once no doing is on its way: a message waits for its
   // answer in the middle of the key that brought it up, and what the key was pressed in is still needed
   // afterwards.

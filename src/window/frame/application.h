@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <deque>
 #include <memory>
 
 #include "handoff/launch.h"
@@ -14,6 +15,7 @@
 #include "window/dialog/dialogs.h"
 #include "window/dialog/program_dialog.h"
 #include "window/dialog/station_dialog.h"
+#include "window/door/file_drops.h"
 #include "window/frame/main_window.h"
 #include "window/frame/splash.h"
 
@@ -39,6 +41,14 @@ class WindowProgram : public QObject {
   // Starts the station; its windows show as it says.
   WindowProgram(const Platform& platform, Theme& theme);
 
+  // Opens a file of the computer that was named on the command line, dropped on a window or handed over, as
+  // soon as the start is over and no question, menu or other doing is on its way; until then it waits. The
+  // window comes to the front. False if it is not taken: the station has ended, or too many wait.
+  bool Open(const std::string& path);
+  // What shows a program that is to be opened, as a station path. Without one it is looked for where Build
+  // finds the executor.
+  std::string dryRun = "Torvane_Executor.exe";
+
   Station& station() { return station_; }
   Binder& binder() { return binder_; }
   Desk desk() { return {station_, binder_, theme_}; }
@@ -48,12 +58,17 @@ class WindowProgram : public QObject {
  private:
   void WindClock();
   void LetTick();
+  void ComeForward();
+  bool MayOpen() const;
+  void OpenWaiting();
 
   Theme& theme_;
   WholeStation station_;
   ProgramDialog programDialog_;
   Binder binder_;
-  QTimer timer_;
+  QTimer timer_, opening_;
+  std::deque<std::string> waiting_;
+  FileDrops drops_;
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainWindow> main_;
   std::unique_ptr<DialogHost> dialogs_;

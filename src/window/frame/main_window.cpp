@@ -3,20 +3,15 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTimer>
-#include <QUrl>
 
 #include "design/catalogue.h"
-#include "host/files/paths.h"
 #include "look/text.h"
-#include "window/dialog/dialogs.h"
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
 #include "window/field/help.h"
@@ -53,7 +48,6 @@ constexpr int kEndView = 2, kLargeTotals = 3;
 MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(desk.station.platform.store)) {
   setObjectName(QStringLiteral("frmMain"));
   setMinimumSize(kLeastWindow);
-  setAcceptDrops(true);
   AddMenus(*this, desk, [this](QMenu& view) {
     FillViewMenu(
         view, desk_,
@@ -376,23 +370,6 @@ MainWindow::~MainWindow() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   desk_.binder.Run("mnuQuit");
   event->setAccepted(desk_.station.ended);
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  if (urls.size() == 1 && urls[0].isLocalFile()) event->acceptProposedAction();
-}
-
-// The questions on the way come once the program that the file was dragged from is free again.
-void MainWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  const auto path = StationPath(event->mimeData()->urls()[0].toLocalFile().toStdString());
-  QTimer::singleShot(0, this, [this, path] {
-    if (path)
-      desk_.binder.Do([&] { OpenNamedDesign(desk_.station, path.value()); });
-    else
-      TellRefusedName(desk_.station.platform.messageBox, path.reason());
-  });
 }
 
 void MainWindow::paintEvent(QPaintEvent*) {
