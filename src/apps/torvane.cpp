@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 
+#include "apps/completion.h"
 #include "cli/commands.h"
 #include "host/files/environment.h"
 #include "host/system/command_line.h"
@@ -21,9 +22,11 @@ void AddCommonOptions(CLI::App& app, CommonOptions& options) {
   const CLI::Validator named([](std::string& name) { return std::string(name.empty() ? "is empty" : ""); },
                              "");
   app.add_option("--home", options.home, "The station's folder [TORVANE_HOME, that of the window's station]")
-      ->check(named);
+      ->check(named)
+      ->type_name(kFolderName);
   app.add_option("--store", options.store, "Settings in this INI file [TORVANE_STORE, the user's own store]")
-      ->check(named);
+      ->check(named)
+      ->type_name(kFileName);
   app.add_option("--locale", options.locale, "The computer's decimal sign: point or comma")
       ->check(CLI::IsMember({"point", "comma"}));
   app.add_option("--now", options.now, "\"YYYY-MM-DD hh:mm:ss\": the time of the run [the clock]");
@@ -54,18 +57,19 @@ struct Arguments {
   bool trace = false;
   int row = 0;
   PatternOptions patterns;
+  std::string shell;
 };
 
 using Command = std::function<int(Computer&)>;
 
 void AddDesigns(CLI::App& command, Arguments& a) {
   AddDesignOptions(command, a.common);
-  command.add_option("DESIGN", a.designs, "Design files (.t2d, .t4d)")->required();
+  command.add_option("DESIGN", a.designs, "Design files (.t2d, .t4d)")->required()->type_name(kDesignName);
 }
 
 void AddDesign(CLI::App& command, Arguments& a) {
   AddDesignOptions(command, a.common);
-  command.add_option("DESIGN", a.design, "The design file")->required();
+  command.add_option("DESIGN", a.design, "The design file")->required()->type_name(kDesignName);
 }
 
 void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
@@ -91,7 +95,7 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
   AddDesign(*convert, a);
-  convert->add_option("OUT", a.out, "The file to write")->required();
+  convert->add_option("OUT", a.out, "The file to write")->required()->type_name(kFileName);
 
   CLI::App* patterns = add(app, "patterns", "List the winding patterns that close on a part",
                            [&a](Computer& c) { return RunPatterns(c, a.patterns); });
@@ -109,7 +113,7 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
                           [&a](Computer& c) { return RunPreview(c, a.design, a.row, a.out); });
   AddDesign(*preview, a);
   preview->add_option("--row", a.row, "The layer row")->required();
-  preview->add_option("--out", a.out, "The picture to write")->required();
+  preview->add_option("--out", a.out, "The picture to write")->required()->type_name(kFileName);
 
   CLI::App* setting = app.add_subcommand("setting", "The station's settings");
   setting->require_subcommand(1);
@@ -127,9 +131,23 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
 
   CLI::App* script = add(app, "script", "Drive the whole station by lines of text",
                          [&a](Computer& c) { return RunScript(c, a.script, a.trace); });
-  script->add_option("FILE", a.script, "The script [standard input]");
+  script->add_option("FILE", a.script, "The script [standard input]")->type_name(kFileName);
   script->add_flag("--trace", a.trace,
                    "Print each statement that a failed number skips: its field and routine");
+
+  // It needs no computer, so that a build can run it.
+  CLI::App* completion = app.add_subcommand("completion", "Print a shell's completion of this command line");
+  completion->add_option("SHELL", a.shell, "bash, zsh or fish")
+      ->required()
+      ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+}
+
+// The status of a command whose output has left.
+int Printed(int status) {
+  std::cout.flush();
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout) return status;
+  Complain("the output could not be written");
+  return kFailed;
 }
 
 int Main(int argc, char** argv) {
@@ -147,13 +165,13 @@ int Main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kUsage;
   }
+  if (!arguments.shell.empty()) {
+    std::cout << CompletionFor(app, arguments.shell);
+    return Printed(kDone);
+  }
   try {
     Computer computer(arguments.common);
-    const int status = chosen(computer);
-    std::cout.flush();
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout) return status;
-    Complain("the output could not be written");
-    return kFailed;
+    return Printed(chosen(computer));
   } catch (const UsageError& error) {
     Complain(error.reason);
     return kUsage;
