@@ -2,18 +2,15 @@
 #include <QDialog>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QLocalServer>
 #include <QLocalSocket>
+#include <QMenu>
 #include <QMimeData>
 #include <QUrl>
-#include <filesystem>
 #include <fstream>
 #include <thread>
 
-#include "host/files/paths.h"
 #include "on_stage.h"
 #include "window/door/handover.h"
-#include "workbench/document/design_commands.h"
 
 namespace torvane {
 
@@ -126,7 +123,11 @@ void FilesFromOutside::AFileWaitsForTheEndOfTheStart() {
   QVERIFY(desktop.program->Open(kTubeHere));
   Desktop::Wait();
   QCOMPARE(desktop.Opened(), std::string());
+  desktop.station().started = desktop.stage.clock.Now();
   desktop.EndStart();
+  Desktop::Wait();
+  QVERIFY2(desktop.Opened().empty(), "no figures come yet");
+  desktop.stage.clock.Advance(std::chrono::seconds(6));
   QTRY_COMPARE(desktop.Opened(), kTube);
   QVERIFY(desktop.stage.messageBox.shown.empty());
   // Two in a row come one behind the other, each behind its question.
@@ -136,6 +137,7 @@ void FilesFromOutside::AFileWaitsForTheEndOfTheStart() {
   QTRY_COMPARE(desktop.Opened(), kVessel);
   QCOMPARE(desktop.stage.messageDialog.shown.size(), std::size_t{1});
   QTRY_COMPARE(desktop.Opened(), kTube);
+  for (int i = 0; i < 30; ++i) QVERIFY(desktop.program->Open("/srv/0.t2d"));
   for (int i = 0; i < 20; ++i) QVERIFY(desktop.program->Open("/srv/" + std::to_string(i) + ".t2d"));
   QVERIFY2(!desktop.program->Open(kTubeHere), "what waits is bounded");
 }
@@ -143,18 +145,31 @@ void FilesFromOutside::AFileWaitsForTheEndOfTheStart() {
 void FilesFromOutside::AFileWaitsForTheAnswerToAQuestion() {
   Desktop desktop;
   desktop.EndStart();
-  // A question in the middle of a doing, as the station's own dialog puts it.
-  QDialog question(&desktop.window());
-  desktop.stage.messageDialog.observer = [&](const Message&) {
-    desktop.program->Open(kTubeHere);
-    QTimer::singleShot(200, &question, [&] {
-      QCOMPARE(desktop.Opened(), std::string());
-      question.reject();
-    });
-    question.exec();
+  const auto waits = [&desktop](const char* path, const std::string& opened) {
+    const std::string before = desktop.Opened();
+    desktop.program->Open(path);
+    Desktop::Wait();
+    QCOMPARE(desktop.Opened(), before);
+    QVERIFY(before != opened);
   };
+  // In the middle of a doing, as the station's own questions are.
+  desktop.stage.messageDialog.observer = [&](const Message&) { waits(kTubeHere, kTube); };
   desktop.program->binder().Run("imgBUILD");
   desktop.stage.messageDialog.observer = nullptr;
+  desktop.program->binder().Run("btnCancel");  // the settings that the question has opened
+  QTRY_COMPARE(desktop.Opened(), kTube);
+  {
+    QDialog modal(&desktop.window());
+    modal.open();
+    waits(kVesselHere, kVessel);
+  }
+  QTRY_COMPARE(desktop.Opened(), kVessel);
+  {
+    QMenu menu;
+    menu.addAction(QStringLiteral("entry"));
+    menu.popup(desktop.window().pos());
+    waits(kTubeHere, kTube);
+  }
   QTRY_COMPARE(desktop.Opened(), kTube);
 }
 
@@ -169,6 +184,8 @@ void FilesFromOutside::AProgramStartsTheDryRun() {
   QCOMPARE(desktop.stage.launcher.starts[0].commandLine,
            std::string("\\usr\\bin\\Torvane_Executor.exe \\srv\\Tube.T2G"));
   QVERIFY2(!desktop.window().isMinimized(), "the station comes to the front");
+  desktop.program->binder().Run("mnuQuit");
+  QVERIFY(!desktop.program->Open(kTubeHere));
 }
 
 void FilesFromOutside::AnyWindowTakesADroppedFile() {

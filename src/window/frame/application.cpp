@@ -92,8 +92,7 @@ void WindowProgram::ComeForward() {
 // While the start guard stands, a design would be opened without its figures.
 bool WindowProgram::MayOpen() const {
   return station_.recovery.offered && station_.StartGuardPassed() && !binder_.busy() &&
-         !programDialog_.busy() && QApplication::activeModalWidget() == nullptr &&
-         QApplication::activePopupWidget() == nullptr;
+         QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr;
 }
 
 void WindowProgram::OpenWaiting() {
