@@ -115,4 +115,10 @@ int Main(int argc, char** argv) {
 
 }  // namespace torvane
 
-int main(int argc, char** argv) { return torvane::Main(argc, argv); }
+int main(int argc, char** argv) {
+  try {
+    return torvane::Main(argc, argv);
+  } catch (...) {
+    return torvane::kFailed;
+  }
+}

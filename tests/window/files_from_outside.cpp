@@ -49,7 +49,8 @@ bool DragsInto(QWidget& window, const QList<QUrl>& urls, bool drop = true) {
   enter.ignore();
   QApplication::sendEvent(&window, &enter);
   if (!enter.isAccepted() || !drop) return enter.isAccepted();
-  QDropEvent dropped({10, 10}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+  // With Shift the other program proposes to move the file.
+  QDropEvent dropped({10, 10}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
   QApplication::sendEvent(&window, &dropped);
   return dropped.isAccepted() && dropped.dropAction() == Qt::CopyAction;
 }

@@ -103,5 +103,23 @@ answer Save Again.t2d
 until_true test -s "$folder/TV_Design_Files/Again.t2d"
 figures() { "$root/usr/bin/torvane" info "$1" | grep -v 't2d'; }
 diff <(figures "$design") <(figures "$folder/TV_Design_Files/Again.t2d") || fail 'another design was reopened'
+
+# A second start hands its file to this station, which comes to the front from behind and asks about its changes first.
+second() { said=$(timeout 60 "$root/usr/bin/Torvane_Designer" "$1") || fail "the second start ended with $?"; }
+(cd "$folder/TV_Design_Files" && second Taper-Mast.t2d && [[ $said == *"$folder/TV_Design_Files/Taper-Mast.t2d" ]]) ||
+  fail 'the second start did not hand its file over'
+until_true grep -q '^File1=.*Taper-Mast' "$HOME/.config/torvane/torvane.ini"
+window 'Torvane Designer'
+press shift+Tab
+xdotool type --delay 20 -- 2
+window 'Torvane Designer\*'
+xdotool search --onlyvisible --name '^Torvane Designer\*$' windowminimize
+second "$design"
+answer ' Message' '' # Yes, save
+answer Save Changed.t2d
+until_true grep -q '^File1=.*TV_Design_Files.Mast.t2d' "$HOME/.config/torvane/torvane.ini"
+window 'Torvane Designer'
+until_true test -s "$folder/TV_Design_Files/Changed.t2d"
+diff <(figures "$design") <(figures "$folder/TV_Design_Files/Again.t2d") || fail 'the former design was changed'
 press ctrl+q
 until_true ended

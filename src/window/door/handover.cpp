@@ -64,7 +64,7 @@ bool HandOver(const CallingPlace& place, const std::string& path, std::unique_pt
     if (taken != nullptr || end.hasExpired()) return false;
     std::this_thread::sleep_for(20ms);
   }
-  station.write(path.c_str(), static_cast<qint64>(path.size() + 1));
+  station.write(path.c_str(), static_cast<qint64>(path.size()) + 1);
   while (station.bytesToWrite() > 0)
     if (!station.waitForBytesWritten(left())) return false;
   while (station.bytesAvailable() < static_cast<qint64>(sizeof kTaken - 1))
@@ -122,10 +122,10 @@ void Doorkeeper::Receive() {
 void Doorkeeper::Read(QLocalSocket& caller) {
   const QByteArray said = caller.peek(kLongestHandover + 2);
   const auto end = said.indexOf('\0');
-  if (end < 0 && said.size() <= kLongestHandover) return;
+  if (end < 0) return;
   disconnect(&caller, &QLocalSocket::readyRead, this, nullptr);
   caller.readAll();
-  const std::string path = said.left(std::max<qsizetype>(end, 0)).toStdString();
+  const std::string path = said.left(end).toStdString();
   const bool one = end == said.size() - 1 && end <= kLongestHandover && SystemPath(path).is_absolute();
   if (!one || !called_(path)) return caller.abort();
   caller.write(kTaken);
