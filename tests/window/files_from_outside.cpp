@@ -5,6 +5,7 @@
 #include <QLocalSocket>
 #include <QMenu>
 #include <QMimeData>
+#include <QMimeDatabase>
 #include <QUrl>
 #include <fstream>
 #include <thread>
@@ -108,6 +109,7 @@ class FilesFromOutside : public QObject {
   Q_OBJECT
 
  private slots:
+  void ComputersKnowItsFiles();
   void AFileWaitsForTheEndOfTheStart();
   void AFileWaitsForTheAnswerToAQuestion();
   void AProgramStartsTheDryRun();
@@ -118,6 +120,30 @@ class FilesFromOutside : public QObject {
   void ADeadStationsLeftoverIsCleared();
   void AnotherStationTakesOver();
 };
+
+// By the description that packages install: a design also by its first line, since it may be saved under any
+// name.
+void FilesFromOutside::ComputersKnowItsFiles() {
+  const QTemporaryDir share;
+  QVERIFY(QDir(share.path()).mkpath(QStringLiteral("mime/packages")));
+  QVERIFY(QFile::copy(QStringLiteral(SOURCE_FOLDER "/packaging/torvane-designer.xml"),
+                      share.filePath(QStringLiteral("mime/packages/torvane-designer.xml"))));
+  const QByteArray former = qgetenv("XDG_DATA_DIRS");
+  qputenv("XDG_DATA_DIRS", QFile::encodeName(share.path()));
+  const QMimeDatabase known;
+  const auto name = [](const char* what) {
+    return QStringLiteral("application/x-torvane-") + QLatin1String(what);
+  };
+  for (const auto& [file, kind] : {std::pair{"a.t2d", "2axis-design"},
+                                   {"A.T4D", "4axis-design"},
+                                   {"a.T2G", "2axis-program"},
+                                   {"a.T4G", "4axis-program"}})
+    QCOMPARE(known.mimeTypeForFile(QLatin1String(file), QMimeDatabase::MatchExtension).name(), name(kind));
+  for (const auto& [sample, kind] :
+       {std::pair{"Tube-4x24.t2d", "2axis-design"}, {"No-Wrap-Mast.t4d", "4axis-design"}})
+    QCOMPARE(known.mimeTypeForData(QByteArray::fromStdString(Sample(sample))).name(), name(kind));
+  qputenv("XDG_DATA_DIRS", former);
+}
 
 void FilesFromOutside::AFileWaitsForTheEndOfTheStart() {
   Desktop desktop;
