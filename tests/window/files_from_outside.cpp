@@ -277,6 +277,8 @@ void FilesFromOutside::AHandedFileIsTaken() {
   // Another name of the folder, another folder.
   const std::string folder = QDir::tempPath().toStdString();
   QCOMPARE(CallingPlaceOf(folder + "/none/../").socket, CallingPlaceOf(folder + "/").socket);
+  QCOMPARE(CallingPlaceOf("not there yet").socket,
+           CallingPlaceOf(QDir::currentPath().toStdString() + "/not there yet").socket);
   QVERIFY(CallingPlaceOf(folder + "/other").socket != CallingPlaceOf(folder).socket);
 #ifndef Q_OS_WIN
   const auto rights = QFile::permissions(door.place.socket);

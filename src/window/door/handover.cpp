@@ -29,14 +29,16 @@ CallingPlace CallingPlaceOf(std::string_view stationFolder) {
 #endif
   if (own.isEmpty()) return {};
   std::error_code error;
-  const std::filesystem::path asTyped = SystemPath(stationFolder);
-  std::filesystem::path folder = std::filesystem::weakly_canonical(asTyped, error);
-  if (error) folder = asTyped;
+  // The folder may be there only once the station has started.
+  const auto full = AbsolutePath(stationFolder);
+  const std::filesystem::path named = SystemPath(full ? full.value() : std::string(stationFolder));
+  std::filesystem::path folder = std::filesystem::weakly_canonical(named, error);
+  if (error) folder = named;
   if (!folder.has_filename()) folder = folder.parent_path();
-  const QByteArray named = QByteArray::fromStdString(HostText(folder)) + '\0' + own.toUtf8();
+  const QByteArray said = QByteArray::fromStdString(HostText(folder)) + '\0' + own.toUtf8();
   const QString name =
       QStringLiteral("torvane-") +
-      QString::fromLatin1(QCryptographicHash::hash(named, QCryptographicHash::Sha256).toHex().left(16));
+      QString::fromLatin1(QCryptographicHash::hash(said, QCryptographicHash::Sha256).toHex().left(16));
   const QString path = QDir(own).filePath(name);
 #ifdef Q_OS_WIN
   const QString& socket = name;
