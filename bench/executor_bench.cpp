@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <stop_token>
 #include <thread>
 
+#include "executor/player/player.h"
 #include "executor/programs.h"
 
 namespace torvane::executor {
@@ -74,6 +76,25 @@ BENCHMARK(StopAProof)
     ->Iterations(30)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+
+// The run taken to a line anywhere in the program, whose one layer never closes; the longest seek counts.
+void SeekInProgram(benchmark::State& state) {
+  const int passes = static_cast<int>(state.range(0)) / 5;
+  const auto program = std::make_shared<const Program>(ProgramOf({.passes = passes, .step = 240.0 / passes}));
+  Player player;
+  player.Load(program);
+  unsigned dice = 1;
+  double longest = 0;
+  for (auto _ : state) {
+    dice = dice * 1664525U + 1013904223U;
+    const auto asked = std::chrono::steady_clock::now();
+    player.SeekLine(1 + static_cast<int>(dice / 4294967296.0 * program->Lines()));
+    const double took = std::chrono::duration<double>(std::chrono::steady_clock::now() - asked).count();
+    longest = std::max(longest, took);
+  }
+  state.counters["longest_ms"] = 1000 * longest;
+}
+BENCHMARK(SeekInProgram)->Arg(100'000)->Arg(5'000'000)->Iterations(200)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

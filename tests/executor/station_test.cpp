@@ -12,6 +12,7 @@
 
 #include "executor/proof/report.h"
 #include "programs.h"
+#include "seeking.h"
 #include "support/ended_program.h"
 
 namespace torvane::executor {
@@ -44,7 +45,7 @@ class Station : public testing::Test {
   fs::path folder_ = temporary_.path;
 };
 
-TEST_F(Station, ProvesItsSamples) {
+TEST_F(Station, ProvesItsSamplesAndSeeksInThem) {
   const std::map<std::string, Kinds> expected = {
       {"Tube-4x24.t2d", {{"hoop-dwell", 1}, {"hoop-dwell", 6}}},
       {"Tube-100x600-mm.t2d", {{"hoop-dwell", 4}}},
@@ -69,9 +70,12 @@ TEST_F(Station, ProvesItsSamples) {
     }
     fs::path store = design;
     store.replace_extension(".ini");
-    const Proof proof =
-        Prove(Written(design, fs::exists(store) ? "--store " + Quoted(store.string()) : Store()), Limits());
+    const std::string program =
+        Written(design, fs::exists(store) ? "--store " + Quoted(store.string()) : Store());
+    const Proof proof = Prove(program, Limits());
     EXPECT_EQ(KindsOf(proof), row->second) << design << "\n" << Report(proof);
+    SCOPED_TRACE(design.string());
+    ExpectSeeksLikePlaying(program);
     ++samples;
   }
   EXPECT_EQ(samples, expected.size());

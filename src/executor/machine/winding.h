@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "executor/machine/machine.h"
@@ -79,6 +80,8 @@ class Winding {
   void TakeComment(std::string_view comment);
 
   const std::vector<Layer>& layers() const { return layers_; }
+  // Hands the layers out; nothing may be taken behind that.
+  std::vector<Layer> TakeLayers() { return std::move(layers_); }
   const HeadComments& comments() const { return comments_; }
   // Nothing while no pass runs.
   const Layer* OpenLayer() const { return open_ ? &layers_.back() : nullptr; }

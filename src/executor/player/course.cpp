@@ -14,72 +14,81 @@ class Follower {
 
  private:
   bool Take(const Line& line);  // false: nothing behind it is run
-  void Begin(int layer, std::string_view name);
+  void Begin(int layer, std::string_view name, int line);
   void BeginStretch(const Line& line);
   void WatchAxes(const Line& line);
   void PlaceLayers();
+  void CountCovers(const std::stop_token& stop);
 
-  Machine machine_;
+  Moment now_;
   Winding winding_;
   Course course_;
+  std::size_t standing_ = 0;  // the first wait behind which no time has gone by yet
   bool carriageMoved_ = false;
 };
 
 Course Follower::Run(const Program& program, const std::stop_token& stop) {
-  Begin(0, "Start");
-  Reader reader(program.text());
+  Begin(0, "Start", 0);
+  now_.reader = Reader(program.text());
   Line line;
-  while (!stop.stop_requested() && reader.Next(line)) {
+  course_.points.Offer(now_);
+  while (!stop.stop_requested() && now_.reader.Next(line)) {
     if (line.kind == Line::Kind::Blank) {
       winding_.TakeComment(line.comment);
       course_.domes |= line.comment.find("WITH HEMI ENDS") != std::string_view::npos;
     } else if (line.kind == Line::Kind::Statement && !Take(line)) {
       break;
     }
+    course_.points.Offer(now_);
   }
   auto& stretches = course_.stretches;
   stretches.erase(
       std::remove_if(stretches.begin(), stretches.end(), [](const Stretch& s) { return s.seconds <= 0; }),
       stretches.end());
-  course_.millimetres = machine_.Millimetres();
-  course_.homeZ = machine_.HomeZ();
+  course_.millimetres = now_.machine.Millimetres();
+  course_.homeZ = now_.machine.HomeZ();
   PlaceLayers();
+  CountCovers(stop);
   return std::move(course_);
 }
 
 bool Follower::Take(const Line& line) {
   const Command command = line.statement.command;
   if (command == Command::End) return false;
-  if (command == Command::Wait) course_.waits.push_back({line.number, std::string(InBrackets(line.comment))});
-  const Position before = machine_.At();
-  const Motion motion = machine_.Run(line.statement);
-  winding_.Take(line, motion, machine_, before);
+  if (command == Command::Wait)
+    course_.waits.push_back({line.number, std::string(InBrackets(line.comment)), course_.seconds});
+  const Position before = now_.machine.At();
+  const Motion motion = now_.Take(line);
+  winding_.Take(line, motion, now_.machine, before);
   BeginStretch(line);
   for (std::size_t i = 0; i < motion.count; ++i) {
     course_.seconds += motion.segments[i].seconds;
     course_.stretches.back().seconds += motion.segments[i].seconds;
   }
+  if (course_.seconds > now_.elapsed)
+    for (; standing_ < course_.waits.size(); ++standing_) course_.waits[standing_].until = line.number;
+  now_.elapsed = course_.seconds;
   WatchAxes(line);
   course_.endless = command == Command::Endless;
   return !course_.endless;
 }
 
-void Follower::Begin(int layer, std::string_view name) {
-  course_.stretches.push_back({layer, std::string(name), course_.seconds, 0});
+void Follower::Begin(int layer, std::string_view name, int line) {
+  course_.stretches.push_back({layer, std::string(name), course_.seconds, 0, line});
 }
 
 void Follower::BeginStretch(const Line& line) {
   if (line.statement.command != Command::Display) return;
   const int now = course_.stretches.back().layer;
   if (const Layer* layer = winding_.OpenLayer()) {
-    if (layer->number != now) Begin(layer->number, "");
+    if (layer->number != now) Begin(layer->number, "", line.number);
     return;
   }
   const Display display = ReadDisplay(line.statement.body);
   if (!display.stage.empty() && display.stage != "Winding Schedule") {
-    Begin(0, display.stage);
+    Begin(0, display.stage, line.number);
   } else if (now != 0) {
-    Begin(0, "End");
+    Begin(0, "End", line.number);
   }
 }
 
@@ -105,6 +114,26 @@ void Follower::WatchAxes(const Line& line) {
 void Follower::PlaceLayers() {
   for (const Layer& layer : winding_.layers())
     course_.layers.push_back({MandrelOf(layer, winding_.comments()), layer.band});
+  course_.wound = winding_.TakeLayers();
+}
+
+// A layer of fewer strokes is counted in a moment whenever it is asked for.
+void Follower::CountCovers(const std::stop_token& stop) {
+  constexpr std::size_t kCounted = 1000;
+  std::size_t strokes = 0;
+  for (const Layer& layer : course_.wound) strokes += layer.strokes.size();
+  const std::size_t distance = std::max(kCounted, strokes / Course::kMostCovers + 1);
+  for (std::size_t i = 0; i < course_.wound.size(); ++i) {
+    const Layer& layer = course_.wound[i];
+    const std::size_t last = layer.strokes.size() / distance * distance;
+    CoverPoint point{i, 0, {}};
+    point.cover.Begin(course_.layers[i].mandrel, course_.layers[i].band);
+    while (point.cover.Known() && point.strokes < last && !stop.stop_requested()) {
+      const Stroke& stroke = layer.strokes[point.strokes++];
+      point.cover.Lay(stroke, stroke.z0, stroke.z1);
+      if (point.strokes % distance == 0) course_.covers.push_back(point);
+    }
+  }
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 // What a program will come to in time, known before it is played: its stages, its waits, the part it winds.
 #pragma once
 
+#include <limits>
 #include <stop_token>
 #include <string>
 #include <vector>
 
 #include "executor/machine/mandrel.h"
+#include "executor/player/moment.h"
 #include "executor/program/program.h"
+#include "executor/proof/cover_count.h"
 
 namespace torvane::executor {
 
@@ -15,11 +18,15 @@ struct Stretch {
   int layer = 0;     // 0 outside the layers
   std::string name;  // of a stage, in the program's 8-bit text
   double begins = 0, seconds = 0;
+  int line = 0;  // of the display that begins it; 0 where the program does
 };
 
 struct ButtonWait {
   int line = 0;
   std::string why;  // the program's comment
+  double at = 0;    // seconds
+  // The line of the first statement behind it that takes time: up to there the machine still stands.
+  int until = std::numeric_limits<int>::max();
 };
 
 // Where a layer lies, by its first pass.
@@ -28,6 +35,14 @@ struct LayerPlace {
   double band = 0;  // the program's unit; 0 unknown
 };
 
+// What a layer is covered at one of its strokes.
+struct CoverPoint {
+  std::size_t layer = 0;    // from 0
+  std::size_t strokes = 0;  // laid so far
+  CoverCount cover;
+};
+
+// Holds views into the program.
 struct Course {
   double seconds = 0;  // without what the operator takes, up to an endless run
   bool endless = false;
@@ -39,6 +54,11 @@ struct Course {
   std::vector<Stretch> stretches;  // those that take time
   std::vector<ButtonWait> waits;   // in the order of their lines
   std::vector<LayerPlace> layers;  // in the order in which they are wound
+  std::vector<Layer> wound;        // the same, with all that is wound
+  CheckPoints points;              // not empty
+  // Within long layers; so many in all at most.
+  static constexpr std::size_t kMostCovers = 256;
+  std::vector<CoverPoint> covers;
 
   // The widest layer's ends and radii; both Z alike where nothing is wound.
   Mandrel Part() const;

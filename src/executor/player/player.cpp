@@ -35,9 +35,9 @@ double& Of(Position& position, Axis axis) {
   }
 }
 
-Laid Reached(const Layer& layer, std::size_t from, double z) {
+Laid Reached(const Layer& layer, std::size_t from, std::size_t end, double z) {
   Laid laid{from, false, z};
-  for (; laid.strokes < layer.strokes.size(); ++laid.strokes) {
+  for (; laid.strokes < end; ++laid.strokes) {
     const Stroke& stroke = layer.strokes[laid.strokes];
     const double share = (z - stroke.z0) / (stroke.z1 - stroke.z0);
     if (share >= 1) continue;
@@ -70,27 +70,18 @@ void Player::BeginManual(const ManualSetup& setup) {
   Statement identity{Command::Identity, {}, 0, {}};
   identity.words.Put('Z', setup.homeZ, false);
   identity.words.Put('Y', setup.homeY, false);
-  machine_.Run(identity);
-  at_ = jogged_ = machine_.At();
-  targetZ_ = at_.carriage;
+  now_.machine.Run(identity);
+  at_ = jogged_ = now_.machine.At();
+  now_.targetZ = at_.carriage;
   state_ = RunState::Manual;
 }
 
 void Player::Rewind() {
-  reader_ = Reader(program_ == nullptr ? std::string_view() : program_->text());
-  machine_ = Machine();
-  winding_ = Winding();
-  screen_ = Screen();
-  motion_ = Motion();
-  segment_ = 0;
-  at_ = Position();
-  targetZ_ = rpm_ = elapsed_ = 0;
-  lineNow_ = 0;
-  endless_ = false;
+  Moment beginning;
+  if (program_ != nullptr) beginning.reader = Reader(program_->text());
+  TakeUp(beginning);
   jogs_.clear();
-  laid_ = Laid();
-  countedLayer_ = 0;
-  cover_ = CoverCount();
+  ranToWait_ = false;
   ++runNumber_;
 }
 
@@ -109,13 +100,13 @@ void Player::Pause() {
 
 void Player::Stop() {
   if (state_ == RunState::Manual) {
-    machine_.HaltAt(at_);
+    now_.machine.HaltAt(at_);
     motion_ = Motion();
     segment_ = 0;
     jogs_.clear();
     jogged_ = at_;
-    targetZ_ = at_.carriage;
-    rpm_ = 0;
+    now_.targetZ = at_.carriage;
+    now_.rpm = 0;
   } else if (state_ != RunState::Empty && state_ != RunState::Finished) {
     state_ = RunState::Stopped;
   }
@@ -186,6 +177,9 @@ void Player::Advance(double seconds) {
       Swing();
     } else if (endless_ || !NextLine()) {
       state_ = RunState::Finished;
+    } else {
+      Obey();
+      ranToWait_ = false;
     }
   }
   FollowBands();
@@ -197,62 +191,59 @@ void Player::Play(double& left) {
   const double step = std::min(left, segment.seconds - played_);
   played_ += step;
   left -= step;
-  elapsed_ += step;
-  if (played_ < segment.seconds) {
+  if (played_ < segment.seconds)
     at_ = Between(segment, played_ / segment.seconds);
-    return;
-  }
+  else
+    EndSegment();
+}
+
+void Player::EndSegment() {
+  const Segment& segment = motion_.segments[segment_];
+  now_.elapsed += segment.seconds;
   played_ = 0;
-  at_ = ++segment_ == motion_.count ? machine_.At() : segment.to;
+  at_ = ++segment_ == motion_.count ? now_.machine.At() : segment.to;
 }
 
 bool Player::NextLine() {
-  if (!reader_.Next(line_)) return false;
-  if (line_.kind == Line::Kind::Blank) winding_.TakeComment(line_.comment);
+  if (!now_.reader.Next(line_)) return false;
   if (line_.kind != Line::Kind::Statement) return true;
-  lineNow_ = line_.number;
-  Begin(line_.statement);
-  switch (line_.statement.command) {
-    case Command::Wait:
-      if (speed_ < kToTheEnd) state_ = RunState::Waiting;
-      break;
-    case Command::End:
-      state_ = RunState::Finished;
-      break;
-    case Command::Endless:
-      endless_ = true;
-      ends_ = {line_.statement.words.At('Z'), line_.statement.secondZ};
-      break;
-    case Command::Display:
-      TakeDisplay(ReadDisplay(line_.statement.body));
-      break;
-    default:
-      break;
+  Begin(now_.Take(line_));
+  if (line_.statement.command == Command::Endless) {
+    endless_ = true;
+    ends_ = {line_.statement.words.At('Z'), line_.statement.secondZ};
   }
+  firstInPlay_ = begun_;
+  CountStrokes();
   return true;
+}
+
+// What the line that has just been read says of the run itself.
+void Player::Obey() {
+  if (line_.kind != Line::Kind::Statement) return;
+  if (line_.statement.command == Command::End) state_ = RunState::Finished;
+  if (line_.statement.command == Command::Wait && speed_ < kToTheEnd) state_ = RunState::Waiting;
 }
 
 void Player::NextJog() {
   const Statement jog = jogs_.front();
   jogs_.pop_front();
-  Begin(jog);
+  Begin(now_.Begin(jog));
 }
 
-void Player::Begin(const Statement& statement) {
-  const Position before = machine_.At();
-  motion_ = machine_.Run(statement);
+void Player::Begin(const Motion& motion) {
+  motion_ = motion;
   segment_ = 0;
   played_ = 0;
-  firstInPlay_ = LayerShown() == nullptr ? 0 : LayerShown()->strokes.size();
-  if (state_ != RunState::Manual && !endless_) winding_.Take(line_, motion_, machine_, before);
-  if (motion_.count > 0) {
-    targetZ_ = machine_.At().carriage;
-    rpm_ = motion_.mandrelTurns ? motion_.rpm : 0;
-  } else {
-    at_ = machine_.At();
-    if (statement.command == Command::Turn) rpm_ = std::abs(statement.words.At('S'));
-    if (statement.command == Command::Stop) rpm_ = 0;
-  }
+  if (motion_.count == 0) at_ = now_.machine.At();
+}
+
+// The course knows all layers and strokes by their lines.
+void Player::CountStrokes() {
+  for (; layer_ < course_.wound.size() && course_.wound[layer_].line <= now_.line; ++layer_)
+    firstInPlay_ = begun_ = 0;
+  if (layer_ == 0) return;
+  const auto& strokes = course_.wound[layer_ - 1].strokes;
+  while (begun_ < strokes.size() && strokes[begun_].line <= now_.line) ++begun_;
 }
 
 // To the other end of an endless run. Ends that lie on each other, or a carriage without speed, end it.
@@ -260,33 +251,10 @@ void Player::Swing() {
   if (std::abs(at_.carriage - ends_[0]) < kNoWay) std::swap(ends_[0], ends_[1]);
   Statement move{Command::Move, {}, 0, {}};
   move.words.Put('Z', ends_[0], false);
-  Begin(move);
+  Begin(now_.Begin(move));
   double seconds = 0;
   for (std::size_t i = 0; i < motion_.count; ++i) seconds += motion_.segments[i].seconds;
   if (seconds < kNoWay) state_ = RunState::Finished;
-}
-
-void Player::TakeDisplay(const Display& display) {
-  if (!display.message.empty()) {
-    screen_.message = display.message;
-    return;
-  }
-  if (!display.stage.empty()) {
-    screen_ = Screen();
-    screen_.stage = display.stage;
-  }
-  if (!display.hasLayer) return;
-  screen_.message = {};
-  screen_.layer = display.layer;
-  screen_.layers = display.layers;
-  screen_.pass = display.pass;
-  screen_.passes = display.passes;
-  screen_.rpm = display.rpm;
-  screen_.carriageSpeed = display.carriageSpeed;
-  screen_.windingAngle = display.windingAngle;
-  screen_.method = display.method;
-  // It stands in the first pass of a layer alone.
-  if (!display.minutesLeft.empty()) screen_.minutesLeft = display.minutesLeft;
 }
 
 void Player::FollowBands() {
@@ -298,18 +266,17 @@ void Player::FollowBands() {
     cover_ = CoverCount();
     if (const LayerPlace* place = PlaceShown()) cover_.Begin(place->mandrel, place->band);
   }
-  const Laid now =
-      Moving() ? Reached(*layer, firstInPlay_, at_.carriage) : Laid{layer->strokes.size(), false, 0};
+  const Laid now = Moving() ? Reached(*layer, firstInPlay_, begun_, at_.carriage) : Laid{begun_, false, 0};
   ForEachPiece(*layer, laid_, now,
                [this](const Stroke& stroke, double z0, double z1) { cover_.Lay(stroke, z0, z1); });
   laid_ = now;
 }
 
-double Player::Remaining() const { return std::max(0.0, course_.seconds - elapsed_); }
+double Player::Remaining() const { return std::max(0.0, course_.seconds - Elapsed()); }
 
 const ButtonWait* Player::NextWait() const {
   const auto& waits = course_.waits;
-  const int from = state_ == RunState::Waiting ? lineNow_ : lineNow_ + 1;
+  const int from = state_ == RunState::Waiting ? now_.line : now_.line + 1;
   const auto next = std::lower_bound(waits.begin(), waits.end(), from,
                                      [](const ButtonWait& wait, int line) { return wait.line < line; });
   return next == waits.end() ? nullptr : &*next;

@@ -23,14 +23,10 @@ enum class RunState : std::uint8_t {
   Manual,    // no program: the operator moves the machine
 };
 
-// What the display statements have put on the machine's screen. Views into the program.
-struct Screen {
-  std::string_view stage, message;
-  double layer = 0, layers = 0, pass = 0, passes = 0;  // 0: not shown
-  std::string_view rpm, carriageSpeed, windingAngle, method, minutesLeft;
-};
-
 enum class Axis : std::uint8_t { Carriage, Mandrel, Head, Rotation };
+
+// What a step of the operator's goes by. A stage outside the layers counts as one.
+enum class Stride : std::uint8_t { Line, Pass, Layer };
 
 // The machine that is moved by hand. Lengths are inches, as in its settings.
 struct ManualSetup {
@@ -69,29 +65,41 @@ class Player {
   // call plays a part of the rest, some thousand lines; call it again while the state is Running.
   void Advance(double seconds);
 
+  // Takes the run to a moment, forwards or back, in a time that does not grow with the program: everything is
+  // as if it had been played up to there. A run stays paused or runs on as it was; one that is over stands
+  // paused there. Behind a wait, as long as no time has gone by, it stands at the wait. What lies beyond an
+  // end goes to the end. Nothing without a program.
+  void SeekTime(double seconds);
+  // To the beginning of that line's statement, or of the next one that is run; up to 0 to the very beginning.
+  void SeekLine(int line);
+  void SeekEnd();
+  // One line, pass or layer on, or back: first to the beginning of the one in play, then to the one before.
+  // Stepped line by line it goes past a wait.
+  void Step(Stride stride, bool on);
+
   RunState State() const { return state_; }
   const Program* program() const { return program_.get(); }
   const Course& course() const { return course_; }
-  const Screen& screen() const { return screen_; }
+  const Screen& screen() const { return now_.screen; }
   // The statement in play; 0 before the first.
-  int LineNow() const { return lineNow_; }
-  double Elapsed() const { return elapsed_; }
+  int LineNow() const { return now_.line; }
+  double Elapsed() const { return now_.elapsed + played_; }
   double Remaining() const;
   // The wait that the run has not come to yet, or stands at; nothing where there is none.
   const ButtonWait* NextWait() const;
 
   const Position& At() const { return at_; }
   // Where the statement in play takes the carriage, and how it turns the mandrel.
-  double TargetZ() const { return targetZ_; }
-  double Rpm() const { return rpm_; }
+  double TargetZ() const { return now_.targetZ; }
+  double Rpm() const { return now_.rpm; }
   bool Moving() const { return segment_ < motion_.count; }
   bool EndlessNow() const { return endless_; }
   // Jogs that are still to be made, the one under way included.
   std::size_t JogsLeft() const { return jogs_.size() + (Moving() ? 1 : 0); }
 
-  // The layer wound last, or being wound: which one, its bands, and up to where they are laid.
-  std::size_t LayerIndex() const { return winding_.layers().size(); }  // from 1; 0: none yet
-  const Layer* LayerShown() const { return winding_.layers().empty() ? nullptr : &winding_.layers().back(); }
+  // The layer wound last, or being wound: which one, all its bands, and up to where they are laid.
+  std::size_t LayerIndex() const { return layer_; }  // from 1; 0: none yet
+  const Layer* LayerShown() const { return layer_ == 0 ? nullptr : &course_.wound[layer_ - 1]; }
   const LayerPlace* PlaceShown() const;
   Laid LaidSoFar() const { return laid_; }
   const CoverCount& Cover() const { return cover_; }
@@ -102,33 +110,47 @@ class Player {
   void Rewind();
   bool NextLine();  // false at the end
   void NextJog();   // there must be one
-  void Begin(const Statement& statement);
-  void TakeDisplay(const Display& display);
+  void Obey();
+  void Begin(const Motion& motion);
   void Swing();
   void Play(double& left);
+  void EndSegment();
+  void CountStrokes();
   void FollowBands();
+
+  bool CanSeek() const { return program_ != nullptr; }
+  // The statement in play has run for no time.
+  bool AtBeginning() const { return endless_ || motion_.count == 0 || (segment_ == 0 && played_ == 0); }
+  // Nothing behind the statement in play is run.
+  bool AtLast() const;
+  void GoTo(int line);
+  void TakeUp(const Moment& moment);
+  bool RunUpTo(int line);
+  void Settle(bool runs);
+  int StandsAt(int line) const;
+  int NextPlace(Stride stride) const;
+  int PlaceBefore(Stride stride) const;
+  int StatementBefore(int line) const;
 
   std::shared_ptr<const Program> program_;
   Course course_;
   ManualSetup manual_;
-  Reader reader_{std::string_view()};
+  Moment now_;  // at the end of the statement in play, but for its time: that grows segment by segment
   Line line_;
-  Machine machine_;
-  Winding winding_;
-  Screen screen_;
   RunState state_ = RunState::Empty;
   double speed_ = 1;
   Motion motion_;
   std::size_t segment_ = 0;
   double played_ = 0;  // of the segment, seconds
   Position at_;
-  double targetZ_ = 0, rpm_ = 0, elapsed_ = 0;
-  int lineNow_ = 0;
   bool endless_ = false;
   std::array<double, 2> ends_{};  // of an endless run; the first is the next
+  // The wait at which the run stands was sought while it ran: sought elsewhere, it runs on.
+  bool ranToWait_ = false;
   std::deque<Statement> jogs_;
-  Position jogged_;              // where all jogs that were asked for lead
-  std::size_t firstInPlay_ = 0;  // the strokes from here on belong to the statement in play
+  Position jogged_;                          // where all jogs that were asked for lead
+  std::size_t layer_ = 0;                    // of the course's, so many have begun
+  std::size_t firstInPlay_ = 0, begun_ = 0;  // the strokes between belong to the statement in play
   std::size_t countedLayer_ = 0;
   Laid laid_;
   CoverCount cover_;

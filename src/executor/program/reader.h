@@ -22,10 +22,13 @@ struct Line {
 // Takes any bytes. Lines end in CR LF or LF. The lines' texts live as long as the program's.
 class Reader {
  public:
+  Reader() = default;
   explicit Reader(std::string_view program) : rest_(program) {}
 
   // False at the end.
   bool Next(Line& line);
+  // Of the last line read; 0 before the first.
+  int Number() const { return number_; }
 
  private:
   std::string_view rest_;

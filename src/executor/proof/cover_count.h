@@ -37,22 +37,25 @@ class CoverCount {
   void Begin(const Mandrel& mandrel, double band);
   void Lay(const Stroke& stroke, double z0, double z1);
 
-  bool Known() const { return !places_.empty(); }
+  bool Known() const { return !once_.empty(); }
   // Shares of the surface, 0 to 1, under one band at least and under two at least.
-  double Once() const { return Share(once_); }
-  double Twice() const { return Share(twice_); }
+  double Once() const { return Share(onceInAll_); }
+  double Twice() const { return Share(twiceInAll_); }
 
  private:
   double Share(long long places) const {
-    return Known() ? static_cast<double>(places) / static_cast<double>(places_.size()) : 0;
+    return Known() ? static_cast<double>(places) / (double(kRows) * kPlaces) : 0;
   }
+  // How many places the band reaches round there.
+  double PlacesAt(const Stroke& stroke, double z) const;
   void Cover(int row, double from, double places);
+  void CoverWord(int row, std::size_t word, std::uint64_t places);
 
   Mandrel mandrel_;
   double band_ = 0, zLow_ = 0, rowHeight_ = 1;
-  std::vector<std::uint8_t> places_;
-  std::vector<int> open_;  // of each row, the places that are not under two bands
-  long long once_ = 0, twice_ = 0;
+  std::vector<std::uint64_t> once_, twice_;  // a bit for each place, row by row
+  std::vector<int> open_;                    // of each row, the places that are not under two bands
+  long long onceInAll_ = 0, twiceInAll_ = 0;
 };
 
 }  // namespace torvane::executor
