@@ -75,8 +75,8 @@ void PlainButton::paintEvent(QPaintEvent*) {
       text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
   const double gap = icon > 0 && words > 0 ? 8 : 0;
   double x = (width() - icon - gap - words) / 2;
-  PaintIcon(painter, icon_, {x, (height() - icon) / 2, icon, icon}, ink);
-  x += icon + gap;
+  PaintIcon(painter, icon_, {iconBehind_ ? x + words + gap : x, (height() - icon) / 2, icon, icon}, ink);
+  if (!iconBehind_) x += icon + gap;
   painter.setPen(ink);
   painter.drawText(QRectF(x, 0, words + 2, height()), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic,
                    text());

@@ -24,6 +24,8 @@ class PlainButton : public QAbstractButton {
   void SetFilled(bool filled);
   void SetLook(ButtonLook look);
   void SetIcon(Icon icon);
+  // Behind its word instead of before it: what leads on.
+  void SetIconBehind() { iconBehind_ = true; }
   void SetTextSize(int size);
   QSize sizeHint() const override;
 
@@ -37,7 +39,7 @@ class PlainButton : public QAbstractButton {
   const Theme& theme_;
   ButtonLook look_;
   Icon icon_;
-  bool filled_ = false;
+  bool filled_ = false, iconBehind_ = false;
   int textSize_ = 13;
 };
 

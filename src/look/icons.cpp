@@ -35,6 +35,16 @@ QPainterPath SolidOf(Icon icon) {
       return Filled({{13, 4.5}, {13, 15.5}, {6, 10}});
     case Icon::Right:
       return Filled({{7, 4.5}, {7, 15.5}, {14, 10}});
+    case Icon::PassBack:
+      return Filled({{10, 4.5}, {10, 15.5}, {3, 10}}) + Filled({{17, 4.5}, {17, 15.5}, {10, 10}});
+    case Icon::PassOn:
+      return Filled({{3, 4.5}, {3, 15.5}, {10, 10}}) + Filled({{10, 4.5}, {10, 15.5}, {17, 10}});
+    case Icon::LayerBack:
+      path.addRect(QRectF(4, 4.5, 2, 11));
+      return path + Filled({{15, 4.5}, {15, 15.5}, {7, 10}});
+    case Icon::LayerOn:
+      path.addRect(QRectF(14, 4.5, 2, 11));
+      return path + Filled({{5, 4.5}, {5, 15.5}, {13, 10}});
     case Icon::Up:
       return Filled({{4.5, 13}, {15.5, 13}, {10, 7}});
     case Icon::Down:

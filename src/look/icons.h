@@ -42,6 +42,10 @@ enum class Icon : std::uint8_t {
   Stop,
   Press,
   Enlarge,
+  PassBack,
+  PassOn,
+  LayerBack,
+  LayerOn,
 };
 
 // Strokes and fills an icon in one colour, scaled to the box. `None` paints nothing.

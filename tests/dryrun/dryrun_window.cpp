@@ -45,7 +45,7 @@ class DryRun : public QObject {
   void ShowsFindingsAndGoesToTheirLines();
   void TellsWhatCannotBeOpened();
   void ShowsTextOfProgramsAsItStands();
-  void OpensALongProgramAtOnce();
+  void PlaysALongProgramToItsEnd();
   void OpensAVeryLongProgramBehindTheWindow();
   void FillsTheUnrolledView();
   void PaintsWhatABandCovers_data();
@@ -289,7 +289,7 @@ void DryRun::ShowsTextOfProgramsAsItStands() {
   stage.Open(Write("hostile.T2G", text));
   stage.AwaitProof();
   stage.window.grab();
-  for (const char* name : {"programList", "findings", "progress"}) {
+  for (const char* name : {"programList", "findings", "timeline"}) {
     QWidget* widget = Find<QWidget>(stage, name);
     QVERIFY2(widget != nullptr, name);
     auto* list = qobject_cast<QAbstractScrollArea*>(widget);
@@ -310,7 +310,7 @@ void DryRun::ShowsTextOfProgramsAsItStands() {
   }
 }
 
-void DryRun::OpensALongProgramAtOnce() {
+void DryRun::PlaysALongProgramToItsEnd() {
   std::string text = kShort;
   for (int pass = 1; pass <= 25'000; ++pass)
     text += "D0 LA=2_of_2 PA=" + std::to_string(pass) +
@@ -320,6 +320,7 @@ void DryRun::OpensALongProgramAtOnce() {
   stage.window.show();
   stage.session.SetSpeed(Player::kToTheEnd);
   stage.window.Open(Write("long.T2G", text));
+  QTRY_VERIFY(stage.player().program() != nullptr);
   QCOMPARE(stage.player().program()->Lines(), 125'015);
   QTRY_COMPARE_WITH_TIMEOUT(stage.player().State(), RunState::Finished, 60'000);
   stage.AwaitProof();

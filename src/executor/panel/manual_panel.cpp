@@ -32,6 +32,8 @@ ManualPanel::ManualPanel(Stand stand, QWidget* parent)
   AddAxis(Axis::Head, tr("Delivery head Y"), "jogY", Icon::Up, Icon::Down);
   AddAxis(Axis::Rotation, tr("Head rotation B"), "jogB", Icon::Minus, Icon::Plus);
   home_->setObjectName(QStringLiteral("jogHome"));
+  home_->setAccessibleName(home_->text());
+  home_->setToolTip(tr("Runs carriage and delivery head home, to their limit switches (Home)"));
   home_->setFixedHeight(42);
   home_->setGeometry(kLeft, kAxesTop + 4 * kRowHeight + 10, home_->sizeHint().width(), 42);
   connect(home_, &PlainButton::clicked, this, [this] { stand_.session.Home(); });
@@ -49,6 +51,10 @@ void ManualPanel::AddSteps(const std::vector<double>& steps, const char* object,
     button->setObjectName(QStringLiteral("%1%2").arg(QString::fromLatin1(object)).arg(step));
     button->setGeometry(x, top + 20, 62, 34);
     x += 68;
+    const bool length = &buttons == &lengths_;
+    button->setAccessibleName(length ? tr("Step of %1").arg(button->text())
+                                     : tr("Step of %1 degrees").arg(button->text()));
+    button->setToolTip(tr("How far one press of an arrow moves an axis"));
     connect(button, &PlainButton::clicked, this, [this, step, &chosen] {
       chosen = step;
       Refresh();

@@ -12,8 +12,6 @@ using executor::RunState;
 
 PressPanel::PressPanel(Stand stand, QWidget* parent) : QAbstractButton(parent), stand_(stand) {
   setObjectName(QStringLiteral("pressButton"));
-  setText(tr("Press the button"));
-  setAccessibleName(text());
   setFixedHeight(96);
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
@@ -24,7 +22,12 @@ PressPanel::PressPanel(Stand stand, QWidget* parent) : QAbstractButton(parent), 
 }
 
 void PressPanel::Refresh() {
-  setEnabled(stand_.player().State() == RunState::Waiting);
+  const bool waiting = stand_.player().State() == RunState::Waiting;
+  setEnabled(waiting);
+  setText(waiting ? tr("Press the button") : tr("Machine button"));
+  setAccessibleName(text());
+  setToolTip(waiting ? tr("Does what the button on the machine does: the program goes on (Space)")
+                     : tr("The button on the machine; the program says when it is to be pressed"));
   setAccessibleDescription(Detail());
   update();
 }
@@ -33,10 +36,11 @@ QString PressPanel::Detail() const {
   const executor::Player& player = stand_.player();
   const executor::ButtonWait* wait = player.NextWait();
   if (player.program() == nullptr) return {};
-  if (wait == nullptr) return tr("No more waits in this program.");
+  if (wait == nullptr) return tr("Not needed any more: the program runs through to its end.");
   QString why = Words(wait->why);
   if (player.State() == RunState::Waiting) return why;
-  return tr("Next at line %1").arg(wait->line) + (why.isEmpty() ? QString() : QStringLiteral(": ") + why);
+  return tr("Not needed yet. Next at line %1").arg(wait->line) +
+         (why.isEmpty() ? QString(u'.') : QStringLiteral(": ") + why);
 }
 
 void PressPanel::keyPressEvent(QKeyEvent* event) {

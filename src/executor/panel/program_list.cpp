@@ -22,13 +22,30 @@ ProgramList::ProgramList(Stand stand, QWidget* parent)
     : RowPanel(stand, tr("Program"), kRow, parent),
       mono_(MonoFont(12)),
       follow_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, tr("Follow the run"), this)),
-      open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, tr("Open a program"), this)) {
+      open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, tr("Open a program"), this)),
+      cancel_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Cross, tr("Cancel"), this)) {
   setObjectName(QStringLiteral("programList"));
   viewport()->setMouseTracking(true);
   follow_->setObjectName(QStringLiteral("followButton"));
   follow_->setFixedHeight(28);
   open_->setObjectName(QStringLiteral("openHere"));
   open_->setFixedHeight(42);
+  for (const auto& [button, tip] : {std::pair(follow_, tr("Brings the running line back into view")),
+                                    std::pair(open_, tr("Asks for a winding program and reads it (Ctrl+O)")),
+                                    std::pair(cancel_, tr("Gives up reading this program"))}) {
+    button->setAccessibleName(button->text());
+    button->setAccessibleDescription(tip);
+    button->setToolTip(tip);
+  }
+  cancel_->setObjectName(QStringLiteral("cancelOpening"));
+  cancel_->setFixedHeight(42);
+  connect(cancel_, &PlainButton::clicked, this, [this] { stand_.session.Cancel(); });
+  connect(&stand.session, &Session::Worked, this, [this] {
+    if (stand_.player().program() != nullptr) return;
+    SetFollows(follows_);
+    viewport()->update();
+  });
+  connect(&stand.session, &Session::Sought, this, [this] { SetFollows(true); });
   connect(follow_, &PlainButton::clicked, this, [this] { SetFollows(true); });
   connect(open_, &PlainButton::clicked, this, &ProgramList::OpenAsked);
   connect(&stand.session, &Session::Opened, this, [this] {
@@ -71,7 +88,9 @@ void ProgramList::SetFollows(bool follows) {
   if (follows) shown_ = 0;
   const auto* program = stand_.player().program();
   follow_->setVisible(!follows && program != nullptr);
-  open_->setVisible(program == nullptr);
+  const bool opening = stand_.session.work() == Session::Work::Opening;
+  open_->setVisible(program == nullptr && !opening);
+  cancel_->setVisible(program == nullptr && opening);
   FollowRun();
   update();
 }
@@ -94,7 +113,7 @@ void ProgramList::scrollContentsBy(int, int) {
 void ProgramList::FitLines() {
   const auto* program = stand_.player().program();
   scrolling_ = true;
-  Fit(program == nullptr ? 0 : program->Lines());
+  Fit(program == nullptr ? 0 : program->Lines() * kRow);
   scrolling_ = false;
 }
 
@@ -104,7 +123,8 @@ void ProgramList::resizeEvent(QResizeEvent*) {
   const QSize follow = follow_->sizeHint();
   follow_->setGeometry(84, 4, follow.width(), 28);
   const QSize open = open_->sizeHint();
-  open_->setGeometry((width() - open.width() - 16) / 2, height() / 2 + 10, open.width() + 16, 42);
+  for (PlainButton* button : {open_, cancel_})
+    button->setGeometry((width() - open.width() - 16) / 2, height() / 2 + 10, open.width() + 16, 42);
 }
 
 QString ProgramList::TipOf(int row) const {
@@ -143,30 +163,37 @@ void ProgramList::PaintLine(QPainter& p, const QRect& row, int number) const {
   const QString statement = Words(text.substr(0, std::min(bracket, kLongest)));
   p.setPen(t[plain]);
   int x = row.left() + kGutter + 8;
-  p.drawText(QRect(x, row.top(), row.right() - x, kRow), Qt::AlignVCenter, statement);
+  const auto draw = [&](const QString& words) {
+    p.drawText(QRect(x, row.top(), row.right() - x, kRow), Qt::AlignVCenter,
+               p.fontMetrics().elidedText(words, Qt::ElideRight, row.right() - x - 2));
+  };
+  draw(statement);
   x += p.fontMetrics().horizontalAdvance(statement);
   if (x >= row.right() || bracket == text.size()) return;
   p.setPen(t[comment]);
-  p.drawText(QRect(x, row.top(), row.right() - x, kRow), Qt::AlignVCenter,
-             Words(text.substr(bracket, kLongest)));
+  draw(Words(text.substr(bracket, kLongest)));
+}
+
+void ProgramList::PaintEmpty(QPainter& p) const {
+  const Theme& t = stand_.theme;
+  const QRect box = viewport()->rect();
+  const bool opening = stand_.session.work() == Session::Work::Opening;
+  p.setPen(t[Token::Text]);
+  p.setFont(t.Font(15, Weight::Medium));
+  p.drawText(box.adjusted(0, 0, 0, -box.height() / 2 - 44), Qt::AlignHCenter | Qt::AlignBottom,
+             opening ? tr("Reading the program") : tr("No program is open"));
+  p.setPen(t[Token::Second]);
+  p.setFont(t.Font(13));
+  p.drawText(box.adjusted(16, 0, -16, -box.height() / 2 - 16), Qt::AlignHCenter | Qt::AlignBottom,
+             opening ? tr("%1 % done").arg(static_cast<int>(stand_.session.WorkShare() * 100))
+                     : tr("The station opens one here at every build."));
 }
 
 void ProgramList::paintEvent(QPaintEvent*) {
   const Theme& t = stand_.theme;
   const executor::Player& player = stand_.player();
   QPainter p(viewport());
-  if (player.program() == nullptr) {
-    const QRect box = viewport()->rect();
-    p.setPen(t[Token::Text]);
-    p.setFont(t.Font(15, Weight::Medium));
-    p.drawText(box.adjusted(0, 0, 0, -box.height() / 2 - 44), Qt::AlignHCenter | Qt::AlignBottom,
-               tr("No program is open"));
-    p.setPen(t[Token::Second]);
-    p.setFont(t.Font(13));
-    p.drawText(box.adjusted(16, 0, -16, -box.height() / 2 - 16), Qt::AlignHCenter | Qt::AlignBottom,
-               tr("The station opens one here at every build."));
-    return;
-  }
+  if (player.program() == nullptr) return PaintEmpty(p);
   for (int row = RowAt(0); row < player.program()->Lines() && BoxOf(row).top() < viewport()->height(); ++row)
     PaintLine(p, BoxOf(row), row + 1);
   p.setPen(t[Token::Hairline]);

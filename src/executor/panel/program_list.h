@@ -31,6 +31,7 @@ class ProgramList : public RowPanel {
 
  private:
   void FitLines();
+  void PaintEmpty(QPainter& painter) const;
   void FollowRun();
   void SetFollows(bool follows);
   void PaintLine(QPainter& painter, const QRect& row, int number) const;
@@ -38,6 +39,7 @@ class ProgramList : public RowPanel {
   QFont mono_;
   PlainButton* follow_;
   PlainButton* open_;
+  PlainButton* cancel_;
   std::map<int, executor::Level> marks_;  // findings by line
   bool follows_ = true;
   bool scrolling_ = false;  // by the run, not by the operator

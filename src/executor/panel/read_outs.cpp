@@ -1,16 +1,12 @@
 #include "executor/panel/read_outs.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
 #include "executor/program/number.h"
-#include "executor/proof/report.h"
 #include "executor/session/words.h"
 #include "look/paint.h"
-#include "look/text.h"
 
 namespace torvane::dryrun {
 
@@ -62,92 +58,6 @@ Strip::Strip(Stand stand, int height, QWidget* parent) : QWidget(parent), stand_
   setFixedHeight(height);
   connect(&stand.session, &Session::Opened, this, [this] { update(); });
   connect(&stand.session, &Session::Played, this, [this] { update(); });
-}
-
-ProgressStrip::ProgressStrip(Stand stand, QWidget* parent) : Strip(stand, 52, parent) {
-  setObjectName(QStringLiteral("progress"));
-  setAccessibleName(tr("Elapsed and remaining time"));
-}
-
-std::vector<ProgressStrip::Piece> ProgressStrip::Pieces() const {
-  const executor::Course& course = stand_.player().course();
-  const double side = width() < 900 ? 110 : 178;
-  const double gap = course.stretches.size() > 60 ? 1 : 3;
-  const QRectF room(side, 13, width() - 2 * side, 26);
-  const double count = static_cast<double>(course.stretches.size());
-  // Short ones stay visible; what they take is missing from the others in proportion.
-  const double least = std::min(4.0, room.width() / std::max(1.0, count) / 2);
-  const double spread = room.width() - count * (least + gap);
-  std::vector<Piece> pieces;
-  double x = room.left();
-  for (const executor::Stretch& stretch : course.stretches) {
-    const double wide = least + std::max(0.0, spread) * stretch.seconds / std::max(1e-9, course.seconds);
-    pieces.push_back({QRectF(x, room.top(), wide, room.height()), &stretch});
-    x += wide + gap;
-  }
-  return pieces;
-}
-
-bool ProgressStrip::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return Strip::event(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  for (const Piece& piece : Pieces()) {
-    if (!piece.box.contains(help->pos())) continue;
-    const executor::Stretch& s = *piece.stretch;
-    const QString name = s.layer > 0 ? tr("Layer %1").arg(s.layer) : Words(s.name);
-    QToolTip::showText(
-        help->globalPos(),
-        PlainTip(tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds)))), this);
-    return true;
-  }
-  QToolTip::hideText();
-  return true;
-}
-
-void ProgressStrip::paintEvent(QPaintEvent*) {
-  const Theme& t = stand_.theme;
-  const Player& player = stand_.player();
-  QPainter p(this);
-  PaintPanel(p, t, rect());
-  const bool known = player.program() != nullptr;
-  const auto time = [&](Qt::Alignment side, const QString& caption, const QString& figure) {
-    const QRect room = rect().adjusted(9, 0, -9, 0);
-    p.setFont(t.Font(12));
-    p.setPen(t[Token::Second]);
-    p.drawText(QRect(room.left(), 3, room.width(), 18), static_cast<int>(side | Qt::AlignVCenter), caption);
-    p.setFont(t.Font(20, Weight::Medium));
-    p.setPen(t[known ? Token::Figures : Token::Off]);
-    p.drawText(QRect(room.left(), 20, room.width(), 26), static_cast<int>(side | Qt::AlignVCenter), figure);
-  };
-  time(Qt::AlignLeft, tr("Elapsed"), known ? ClockText(player.Elapsed()) : kDash);
-  const bool endless = player.EndlessNow() && player.State() != RunState::Finished;
-  time(Qt::AlignRight, player.course().endless && !endless ? tr("Until endless run") : tr("Remaining"),
-       !known    ? QString(kDash)
-       : endless ? tr("no end")
-                 : ClockText(player.Remaining()));
-  p.setFont(t.Font(12, Weight::Medium));
-  for (const Piece& piece : Pieces()) {
-    const executor::Stretch& s = *piece.stretch;
-    const double share = std::clamp((player.Elapsed() - s.begins) / s.seconds, 0.0, 1.0);
-    const double radius = std::min(3.0, piece.box.width() / 2);
-    const QString name = s.layer > 0 ? QString::number(s.layer) : QString();
-    const bool named = p.fontMetrics().horizontalAdvance(name) + 4 < piece.box.width();
-    p.setPen(Qt::NoPen);
-    p.setBrush(t[Token::Hairline]);
-    p.drawRoundedRect(piece.box, radius, radius);
-    p.setPen(t[Token::Text]);
-    if (named) p.drawText(piece.box, Qt::AlignCenter, name);
-    QRectF done = piece.box;
-    done.setWidth(done.width() * share);
-    p.save();
-    p.setClipRect(done);
-    p.setPen(Qt::NoPen);
-    p.setBrush(t[Token::Accent]);
-    p.drawRoundedRect(piece.box, radius, radius);
-    p.setPen(t[Token::OnAccent]);
-    if (named) p.drawText(piece.box, Qt::AlignCenter, name);
-    p.restore();
-  }
 }
 
 DisplayStrip::DisplayStrip(Stand stand, QWidget* parent) : Strip(stand, 56, parent) {

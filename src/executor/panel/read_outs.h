@@ -1,4 +1,4 @@
-// Strips of read-outs: time and stages, what the program displays, and where the axes are.
+// Strips of read-outs: what the program displays, and where the axes are.
 #pragma once
 
 #include <QWidget>
@@ -16,25 +16,6 @@ class Strip : public QWidget {
 
  protected:
   Stand stand_;
-};
-
-// Elapsed and remaining time, and a segment for each layer and stage, as wide as its time.
-class ProgressStrip : public Strip {
-  Q_OBJECT
-
- public:
-  explicit ProgressStrip(Stand stand, QWidget* parent = nullptr);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  bool event(QEvent* event) override;
-
- private:
-  struct Piece {
-    QRectF box;
-    const executor::Stretch* stretch;
-  };
-  std::vector<Piece> Pieces() const;
 };
 
 class DisplayStrip : public Strip {

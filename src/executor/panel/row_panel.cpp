@@ -34,11 +34,11 @@ RowPanel::RowPanel(Stand stand, const QString& title, int rowHeight, QWidget* pa
   viewport()->setAutoFillBackground(false);
 }
 
-void RowPanel::Fit(int rows) {
+void RowPanel::Fit(int pixels) {
   QScrollBar* bar = verticalScrollBar();
   bar->setSingleStep(rowHeight_);
   bar->setPageStep(viewport()->height());
-  bar->setRange(0, std::max(0, rows * rowHeight_ - viewport()->height()));
+  bar->setRange(0, std::max(0, pixels - viewport()->height()));
 }
 
 int RowPanel::RowAt(int y) const { return (verticalScrollBar()->value() + y) / rowHeight_; }

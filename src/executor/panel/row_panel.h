@@ -1,4 +1,4 @@
-// A panel whose rows, all of one height, scroll below its head.
+// A panel whose rows scroll below its head.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -20,12 +20,13 @@ class RowPanel : public QAbstractScrollArea {
   virtual void PaintHead(QPainter& painter) = 0;
   virtual QString TipOf(int row) const = 0;
 
-  // Follows a new count of rows or height.
-  void Fit(int rows);
-  // The row at a height of the viewport, counted from 0; it need not exist.
-  int RowAt(int y) const;
+  // Follows a new height of all rows, or of the panel.
+  void Fit(int pixels);
+  // The row at a height of the viewport, counted from 0; it need not exist. Rows have one height unless a
+  // panel says otherwise.
+  virtual int RowAt(int y) const;
   // Where a row stands in the viewport.
-  QRect BoxOf(int row) const;
+  virtual QRect BoxOf(int row) const;
 
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;

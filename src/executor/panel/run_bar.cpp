@@ -64,17 +64,15 @@ RunBar::RunBar(Stand stand, QWidget* parent)
     : QWidget(parent),
       stand_(stand),
       open_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::Open, tr("Open"))),
-      run_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Pause, tr("Pause"))),
       stop_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Stop, tr("Stop"))),
       title_(new QWidget),
       speedBox_(new SpeedBox(stand.theme, this)) {
   setFixedHeight(56);
   open_->setObjectName(QStringLiteral("openButton"));
   open_->setToolTip(tr("Open a program (Ctrl+O)"));
-  run_->setObjectName(QStringLiteral("runButton"));
   stop_->setObjectName(QStringLiteral("stopButton"));
   stop_->setToolTip(tr("End the run where it stands"));
-  for (PlainButton* button : {run_, stop_}) button->setFixedHeight(38);
+  stop_->setFixedHeight(38);
   title_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   title_->setAttribute(Qt::WA_TransparentForMouseEvents);
   speedBox_->setFixedHeight(38);
@@ -101,10 +99,8 @@ RunBar::RunBar(Stand stand, QWidget* parent)
   row->addWidget(open_);
   row->addWidget(title_, 1);
   row->addWidget(speedBox_);
-  row->addWidget(run_);
   row->addWidget(stop_);
   connect(open_, &PlainButton::clicked, this, &RunBar::OpenAsked);
-  connect(run_, &PlainButton::clicked, this, &RunBar::RunOrPause);
   connect(stop_, &PlainButton::clicked, this, [this] { stand_.session.Stop(); });
   connect(&stand.session, &Session::Played, this, &RunBar::Refresh);
   Refresh();
@@ -115,13 +111,6 @@ void RunBar::SetNarrow(bool narrow) {
   for (PlainButton* segment : speeds_) segment->SetTextSize(narrow ? 12 : 13);
   layout()->setSpacing(narrow ? 6 : 12);
   Refresh();
-}
-
-void RunBar::RunOrPause() {
-  if (stand_.player().State() == RunState::Running)
-    stand_.session.Pause();
-  else
-    stand_.session.Run();
 }
 
 void RunBar::Step(int by) {
@@ -137,24 +126,13 @@ void RunBar::Step(int by) {
 void RunBar::Refresh() {
   const Player& player = stand_.player();
   const RunState state = player.State();
-  const bool running = state == RunState::Running;
   const bool over = state == RunState::Stopped || state == RunState::Finished;
-  const QString words = running                     ? tr("Pause")
-                        : state == RunState::Paused ? tr("Go on")
-                        : over                      ? tr("Again")
-                                                    : tr("Run");
-  run_->SetIcon(running ? Icon::Pause : over ? Icon::Refresh : Icon::Play);
-  run_->setAccessibleName(words);
-  run_->setToolTip(narrow_ ? words : QString());
-  run_->setText(narrow_ ? QString() : words);
   stop_->setText(narrow_ ? QString() : tr("Stop"));
   stop_->setAccessibleName(tr("Stop"));
   open_->setText(narrow_ ? QString() : tr("Open"));
   open_->setAccessibleName(tr("Open"));
-  run_->setFixedWidth(narrow_ ? 40 : 100);
   stop_->setFixedWidth(narrow_ ? 40 : 90);
   const bool manual = state == RunState::Manual;
-  run_->setEnabled(state != RunState::Empty && !manual && state != RunState::Waiting);
   stop_->setEnabled(manual ? player.JogsLeft() > 0 : state != RunState::Empty && !over);
   speedBox_->setVisible(!manual);
   const auto& speeds = Speeds();
@@ -170,7 +148,7 @@ QString RunBar::StateText() const {
     case RunState::Ready:
       return tr("Ready");
     case RunState::Running:
-      return player.EndlessNow() ? tr("Running without end") : tr("Running");
+      return player.EndlessNow() ? tr("Running until stopped") : tr("Running");
     case RunState::Paused:
       return tr("Paused");
     case RunState::Waiting:
@@ -197,7 +175,7 @@ void RunBar::paintEvent(QPaintEvent*) {
   const int chip = state.isEmpty() ? 0 : p.fontMetrics().horizontalAdvance(state) + 24;
   const bool beside = !narrow_ && chip > 0 && room.width() > chip + 150;
   QString name = stand_.session.name();
-  if (player.State() == RunState::Empty) name = tr("No program");
+  if (player.State() == RunState::Empty && name.isEmpty()) name = tr("No program");
   if (player.State() == RunState::Manual) name = tr("Manual operation");
   const int most = room.width() - (beside ? chip + 22 : 0);
   p.setFont(t.Font(15, Weight::Medium));

@@ -1,4 +1,4 @@
-// The bar at the top: the file, what the run does, its speed, pause and stop.
+// The bar at the top: the file, what the run does, its speed, and stop.
 #pragma once
 
 #include <QWidget>
@@ -20,7 +20,7 @@ class RunBar : public QWidget {
 
   // The next faster speed, or slower: + and -.
   void Step(int by);
-  // Open, pause and stop without their words, the state beside the file's name.
+  // Open and stop without their words, the state beside the file's name.
   void SetNarrow(bool narrow);
 
  signals:
@@ -31,11 +31,10 @@ class RunBar : public QWidget {
 
  private:
   void Refresh();
-  void RunOrPause();
   QString StateText() const;
 
   Stand stand_;
-  PlainButton *open_, *run_, *stop_;
+  PlainButton *open_, *stop_;
   QWidget* title_;
   QWidget* speedBox_;
   std::vector<PlainButton*> speeds_;

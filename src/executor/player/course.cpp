@@ -8,9 +8,12 @@ namespace torvane::executor {
 
 namespace {
 
+// Lines between two words on the progress.
+constexpr int kLinesBetween = 4096;
+
 class Follower {
  public:
-  Course Run(const Program& program, const std::stop_token& stop);
+  Course Run(const Program& program, const std::stop_token& stop, Progress* progress);
 
  private:
   bool Take(const Line& line);  // false: nothing behind it is run
@@ -27,7 +30,7 @@ class Follower {
   bool carriageMoved_ = false;
 };
 
-Course Follower::Run(const Program& program, const std::stop_token& stop) {
+Course Follower::Run(const Program& program, const std::stop_token& stop, Progress* progress) {
   Begin(0, "Start", 0);
   now_.reader = Reader(program.text());
   Line line;
@@ -40,6 +43,8 @@ Course Follower::Run(const Program& program, const std::stop_token& stop) {
       break;
     }
     course_.points.Offer(now_);
+    if (progress != nullptr && line.number % kLinesBetween == 0)
+      progress->Tell(program.text().size() - now_.reader.Left(), program.text().size());
   }
   auto& stretches = course_.stretches;
   stretches.erase(
@@ -153,8 +158,20 @@ Mandrel Course::Part() const {
   return part;
 }
 
-Course FollowCourse(const Program& program, const std::stop_token& stop) {
-  return Follower().Run(program, stop);
+Course FollowCourse(const Program& program, const std::stop_token& stop, Progress* progress) {
+  return Follower().Run(program, stop, progress);
+}
+
+double SecondsAt(const Course& course, int line) {
+  Moment now = course.points.BeforeLine(std::max(line, 1));
+  for (Line next; now.reader.Next(next) && next.number < line;) {
+    if (next.kind != Line::Kind::Statement) continue;
+    const Command command = next.statement.command;
+    if (command == Command::End || command == Command::Endless) return course.seconds;
+    const Motion motion = now.Take(next);
+    for (std::size_t i = 0; i < motion.count; ++i) now.elapsed += motion.segments[i].seconds;
+  }
+  return now.elapsed;
 }
 
 std::string_view InBrackets(std::string_view comment) {

@@ -9,6 +9,7 @@
 #include "executor/machine/mandrel.h"
 #include "executor/player/moment.h"
 #include "executor/program/program.h"
+#include "executor/program/progress.h"
 #include "executor/proof/cover_count.h"
 
 namespace torvane::executor {
@@ -66,7 +67,11 @@ struct Course {
 
 // Runs the program once without anybody waiting for it, in a time in proportion to its length. Asked to stop,
 // it returns what it has so far.
-Course FollowCourse(const Program& program, const std::stop_token& stop = {});
+Course FollowCourse(const Program& program, const std::stop_token& stop = {}, Progress* progress = nullptr);
+
+// When the statement of that line, or the next one that is run, begins; at the end where none is. In a time
+// that does not grow with the program.
+double SecondsAt(const Course& course, int line);
 
 // What stands in the brackets of a comment.
 std::string_view InBrackets(std::string_view comment);

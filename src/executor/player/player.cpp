@@ -55,6 +55,10 @@ void Player::Load(std::shared_ptr<const Program> program) {
 }
 
 void Player::Load(std::shared_ptr<const Program> program, Course course) {
+  Load(std::move(program), std::make_shared<const Course>(std::move(course)));
+}
+
+void Player::Load(std::shared_ptr<const Program> program, std::shared_ptr<const Course> course) {
   program_ = std::move(program);
   course_ = std::move(course);
   Rewind();
@@ -62,11 +66,12 @@ void Player::Load(std::shared_ptr<const Program> program, Course course) {
 }
 
 void Player::BeginManual(const ManualSetup& setup) {
-  Load(nullptr);
+  Course course;
+  course.head = course.rotation = setup.fourAxes;
+  course.homeZ = course.lowestZ = setup.homeZ;
+  course.highestZ = setup.homeZ + setup.travel;
+  Load(nullptr, std::move(course));
   manual_ = setup;
-  course_.head = course_.rotation = setup.fourAxes;
-  course_.homeZ = course_.lowestZ = setup.homeZ;
-  course_.highestZ = setup.homeZ + setup.travel;
   Statement identity{Command::Identity, {}, 0, {}};
   identity.words.Put('Z', setup.homeZ, false);
   identity.words.Put('Y', setup.homeY, false);
@@ -239,10 +244,10 @@ void Player::Begin(const Motion& motion) {
 
 // The course knows all layers and strokes by their lines.
 void Player::CountStrokes() {
-  for (; layer_ < course_.wound.size() && course_.wound[layer_].line <= now_.line; ++layer_)
+  for (; layer_ < course_->wound.size() && course_->wound[layer_].line <= now_.line; ++layer_)
     firstInPlay_ = begun_ = 0;
   if (layer_ == 0) return;
-  const auto& strokes = course_.wound[layer_ - 1].strokes;
+  const auto& strokes = course_->wound[layer_ - 1].strokes;
   while (begun_ < strokes.size() && strokes[begun_].line <= now_.line) ++begun_;
 }
 
@@ -272,10 +277,10 @@ void Player::FollowBands() {
   laid_ = now;
 }
 
-double Player::Remaining() const { return std::max(0.0, course_.seconds - Elapsed()); }
+double Player::Remaining() const { return std::max(0.0, course_->seconds - Elapsed()); }
 
 const ButtonWait* Player::NextWait() const {
-  const auto& waits = course_.waits;
+  const auto& waits = course_->waits;
   const int from = state_ == RunState::Waiting ? now_.line : now_.line + 1;
   const auto next = std::lower_bound(waits.begin(), waits.end(), from,
                                      [](const ButtonWait& wait, int line) { return wait.line < line; });
@@ -284,7 +289,7 @@ const ButtonWait* Player::NextWait() const {
 
 const LayerPlace* Player::PlaceShown() const {
   const std::size_t index = LayerIndex();
-  return index == 0 || index > course_.layers.size() ? nullptr : &course_.layers[index - 1];
+  return index == 0 || index > course_->layers.size() ? nullptr : &course_->layers[index - 1];
 }
 
 }  // namespace torvane::executor

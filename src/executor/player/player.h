@@ -44,6 +44,7 @@ class Player {
   void Load(std::shared_ptr<const Program> program);
   // With its course, which was followed before.
   void Load(std::shared_ptr<const Program> program, Course course);
+  void Load(std::shared_ptr<const Program> program, std::shared_ptr<const Course> course);
   void BeginManual(const ManualSetup& setup);
 
   // Starts, goes on after a pause, or starts anew after the end.
@@ -79,7 +80,7 @@ class Player {
 
   RunState State() const { return state_; }
   const Program* program() const { return program_.get(); }
-  const Course& course() const { return course_; }
+  const Course& course() const { return *course_; }
   const Screen& screen() const { return now_.screen; }
   // The statement in play; 0 before the first.
   int LineNow() const { return now_.line; }
@@ -99,7 +100,7 @@ class Player {
 
   // The layer wound last, or being wound: which one, all its bands, and up to where they are laid.
   std::size_t LayerIndex() const { return layer_; }  // from 1; 0: none yet
-  const Layer* LayerShown() const { return layer_ == 0 ? nullptr : &course_.wound[layer_ - 1]; }
+  const Layer* LayerShown() const { return layer_ == 0 ? nullptr : &course_->wound[layer_ - 1]; }
   const LayerPlace* PlaceShown() const;
   Laid LaidSoFar() const { return laid_; }
   const CoverCount& Cover() const { return cover_; }
@@ -133,7 +134,7 @@ class Player {
   int StatementBefore(int line) const;
 
   std::shared_ptr<const Program> program_;
-  Course course_;
+  std::shared_ptr<const Course> course_ = std::make_shared<Course>();
   ManualSetup manual_;
   Moment now_;  // at the end of the statement in play, but for its time: that grows segment by segment
   Line line_;

@@ -17,13 +17,13 @@ constexpr int kBehindAll = std::numeric_limits<int>::max();
 void Player::SeekTime(double seconds) {
   if (!CanSeek()) return;
   if (!(seconds > 0)) return GoTo(0);
-  const auto& waits = course_.waits;
+  const auto& waits = course_->waits;
   const auto wait = std::partition_point(
       waits.begin(), waits.end(), [seconds](const ButtonWait& w) { return w.at < seconds - kSameMoment; });
   if (wait != waits.end() && wait->at <= seconds + kSameMoment) return GoTo(wait->line);
-  if (seconds >= course_.seconds) return SeekEnd();
+  if (seconds >= course_->seconds) return SeekEnd();
   const bool runs = state_ == RunState::Running || (state_ == RunState::Waiting && ranToWait_);
-  TakeUp(course_.points.BeforeTime(seconds));
+  TakeUp(course_->points.BeforeTime(seconds));
   double left = seconds - now_.elapsed;
   while (left > 0 && (Moving() || NextLine()))
     if (Moving()) Play(left);
@@ -56,7 +56,7 @@ bool Player::AtLast() const {
 // Exactly to the beginning of that line's statement.
 void Player::GoTo(int line) {
   const bool runs = state_ == RunState::Running || (state_ == RunState::Waiting && ranToWait_);
-  TakeUp(course_.points.BeforeLine(std::max(line, 1)));
+  TakeUp(course_->points.BeforeLine(std::max(line, 1)));
   state_ = line <= 0 ? RunState::Ready : RunState::Paused;
   if (RunUpTo(line))
     Obey();
@@ -70,7 +70,7 @@ void Player::TakeUp(const Moment& moment) {
   line_ = Line();
   Begin(Motion());
   endless_ = false;
-  const auto& wound = course_.wound;
+  const auto& wound = course_->wound;
   const auto behind = std::partition_point(wound.begin(), wound.end(),
                                            [this](const Layer& layer) { return layer.line <= now_.line; });
   layer_ = static_cast<std::size_t>(behind - wound.begin());
@@ -100,7 +100,7 @@ bool Player::RunUpTo(int line) {
 void Player::Settle(bool runs) {
   ranToWait_ = runs && state_ == RunState::Waiting;
   if (runs && (state_ == RunState::Paused || state_ == RunState::Ready)) state_ = RunState::Running;
-  const auto& covers = course_.covers;
+  const auto& covers = course_->covers;
   const auto behind = std::partition_point(covers.begin(), covers.end(), [&](const CoverPoint& point) {
     return point.layer + 1 < layer_ || (point.layer + 1 == layer_ && point.strokes <= firstInPlay_);
   });
@@ -114,7 +114,7 @@ void Player::Settle(bool runs) {
 
 // The wait at which the machine stands before it comes to that line, or the line.
 int Player::StandsAt(int line) const {
-  const auto& waits = course_.waits;
+  const auto& waits = course_->waits;
   const auto behind =
       std::partition_point(waits.begin(), waits.end(), [line](const ButtonWait& w) { return w.line < line; });
   if (behind == waits.begin() || line > std::prev(behind)->until) return line;
@@ -125,14 +125,14 @@ int Player::StandsAt(int line) const {
 int Player::NextPlace(Stride stride) const {
   const auto later = [this](int line) { return StandsAt(line) > now_.line; };
   int next = StandsAt(kBehindAll) > now_.line ? StandsAt(kBehindAll) : kBehindAll;
-  for (const Stretch& stretch : course_.stretches)
+  for (const Stretch& stretch : course_->stretches)
     if (later(stretch.line)) {
       next = std::min(next, StandsAt(stretch.line));
       break;
     }
   if (stride != Stride::Pass) return next;
-  for (std::size_t i = std::max<std::size_t>(layer_, 1) - 1; i < course_.wound.size(); ++i) {
-    const auto& passes = course_.wound[i].passes;
+  for (std::size_t i = std::max<std::size_t>(layer_, 1) - 1; i < course_->wound.size(); ++i) {
+    const auto& passes = course_->wound[i].passes;
     const auto pass =
         std::partition_point(passes.begin(), passes.end(), [&](const Pass& p) { return !later(p.line); });
     if (pass != passes.end()) return std::min(next, StandsAt(pass->line));
@@ -147,12 +147,12 @@ int Player::PlaceBefore(Stride stride) const {
     return stands < now_.line || (stands == now_.line && !AtBeginning());
   };
   int before = 0;
-  for (const Stretch& stretch : course_.stretches)
+  for (const Stretch& stretch : course_->stretches)
     if (sooner(stretch.line)) before = StandsAt(stretch.line);
   if (stride != Stride::Pass) return before;
   // Behind a wait the run stands before the layer that it is told to have begun.
-  for (std::size_t i = std::min(layer_ + 1, course_.wound.size()); i-- > 0;) {
-    const auto& passes = course_.wound[i].passes;
+  for (std::size_t i = std::min(layer_ + 1, course_->wound.size()); i-- > 0;) {
+    const auto& passes = course_->wound[i].passes;
     const auto pass =
         std::partition_point(passes.begin(), passes.end(), [&](const Pass& p) { return sooner(p.line); });
     if (pass != passes.begin()) return std::max(before, StandsAt(std::prev(pass)->line));
@@ -163,7 +163,7 @@ int Player::PlaceBefore(Stride stride) const {
 // 0 where there is none.
 int Player::StatementBefore(int line) const {
   if (line <= 0) return 0;
-  const Moment& from = course_.points.BeforeLine(line);
+  const Moment& from = course_->points.BeforeLine(line);
   int before = from.line;
   Reader reader = from.reader;
   for (Line next; reader.Next(next) && next.number < line;)

@@ -29,6 +29,8 @@ class Reader {
   bool Next(Line& line);
   // Of the last line read; 0 before the first.
   int Number() const { return number_; }
+  // Bytes that are still to be read.
+  std::size_t Left() const { return rest_.size(); }
 
  private:
   std::string_view rest_;

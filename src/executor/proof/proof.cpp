@@ -16,6 +16,8 @@ namespace {
 // Half of the last decimal that a length or speed is written with.
 constexpr double kLastDecimal = 0.005;
 constexpr double kFarOff = 4;
+// Lines between two words on the progress.
+constexpr int kLinesBetween = 4096;
 // Of the rasters of all layers. A program of more layers than any machine winds gets coarser ones.
 constexpr int kRowsInAll = 32 * kMostRows;
 
@@ -32,11 +34,15 @@ std::string Unreadable(const Line& line) {
 
 class Prover {
  public:
-  Prover(const Limits& limits, const std::stop_token& stop) : limits_(limits), stop_(stop) {}
+  Prover(const Limits& limits, const std::stop_token& stop, Progress* progress)
+      : limits_(limits), stop_(stop), progress_(progress) {}
 
   Proof Run(std::string_view program);
 
  private:
+  void Tell(std::size_t done, std::size_t all) {
+    if (progress_ != nullptr) progress_->Tell(done, all);
+  }
   void TakeLine(const Line& line);
   void TakeStatement(const Line& line);
   void TakeTrouble(const Line& line, Trouble trouble);
@@ -59,6 +65,7 @@ class Prover {
 
   Limits limits_;
   const std::stop_token& stop_;
+  Progress* progress_;
   Machine machine_;
   Winding winding_;
   Proof proof_;
@@ -72,7 +79,10 @@ class Prover {
 Proof Prover::Run(std::string_view program) {
   Reader reader(program);
   Line line;
-  while (!stop_.stop_requested() && reader.Next(line)) TakeLine(line);
+  while (!stop_.stop_requested() && reader.Next(line)) {
+    TakeLine(line);
+    if (line.number % kLinesBetween == 0) Tell(program.size() - reader.Left(), 2 * program.size());
+  }
   proof_.millimetres = machine_.Millimetres();
   if (!proof_.anyStatement) return std::move(proof_);
   const bool broken = !program.empty() && program.back() != '\n' && !line.comment.empty() &&
@@ -244,6 +254,8 @@ void Prover::JudgeLayers() {
   const int rows = std::clamp(kRowsInAll / std::max(1, layers), kFewestRows, kMostRows);
   for (const Layer& layer : winding_.layers()) {
     if (stop_.stop_requested()) return;
+    // The reading was one half.
+    Tell(winding_.layers().size() + proof_.layers.size(), 2 * winding_.layers().size());
     if (!seen.insert(layer.number).second)
       proof_.findings.Add(Kind::Passes, layer.line, layer.number,
                           "layer " + std::to_string(layer.number) + " is announced a second time.");
@@ -275,8 +287,8 @@ void Prover::JudgeTime() {
 
 }  // namespace
 
-Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop) {
-  return Prover(limits, stop).Run(program);
+Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop, Progress* progress) {
+  return Prover(limits, stop, progress).Run(program);
 }
 
 }  // namespace torvane::executor

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "executor/machine/limits.h"
+#include "executor/program/progress.h"
 #include "executor/proof/finding.h"
 #include "executor/proof/pattern.h"
 
@@ -45,7 +46,8 @@ struct Proof {
 
 // Any bytes will do. `limits` are in inches whatever the program's unit. Asked to stop, it returns what it
 // has so far, which says nothing of the whole.
-Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop = {});
+Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop = {},
+            Progress* progress = nullptr);
 
 // One layer against its own announcement, its cover by so many rows of a raster at most; for Prove.
 LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch, int rowsAtMost,

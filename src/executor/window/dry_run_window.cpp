@@ -27,7 +27,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
       stand_{theme, session},
       ask_(std::move(ask)),
       bar_(new RunBar(stand_, this)),
-      progress_(new ProgressStrip(stand_, this)),
+      timeline_(new Timeline(stand_, this)),
       list_(new ProgramList(stand_)),
       press_(new PressPanel(stand_)),
       left_(new QWidget),
@@ -35,8 +35,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
       display_(new DisplayStrip(stand_)),
       axes_(new AxesStrip(stand_)),
       view_(new MandrelView(stand_)),
-      findings_(new FindingsList(stand_)),
-      space_(new QShortcut(QKeySequence(Qt::Key_Space), this)) {
+      findings_(new FindingsList(stand_)) {
   setObjectName(QStringLiteral("dryRunWindow"));
   setMinimumSize(800, 600);
   resize(1280, 800);
@@ -62,7 +61,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   auto* middle = new QVBoxLayout;
   middle->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   middle->setSpacing(kMargin);
-  middle->addWidget(progress_);
+  middle->addWidget(timeline_);
   middle->addLayout(body, 1);
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, kStatus);
@@ -70,18 +69,57 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   all->addWidget(bar_);
   all->addLayout(middle, 1);
 
-  connect(space_, &QShortcut::activated, this, [this] { stand_.session.PressButton(); });
-  for (const auto& [key, step] : {std::pair(Qt::Key_Plus, 1), {Qt::Key_Equal, 1}, {Qt::Key_Minus, -1}})
-    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
-            [this, step = step] { bar_->Step(step); });
-  connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &DryRunWindow::Ask);
+  MakeKeys();
   connect(bar_, &RunBar::OpenAsked, this, &DryRunWindow::Ask);
   connect(list_, &ProgramList::OpenAsked, this, &DryRunWindow::Ask);
   connect(findings_, &FindingsList::LineChosen, list_, &ProgramList::ShowLine);
+  connect(findings_, &FindingsList::LineSought, this, [this](int line) {
+    stand_.session.SeekLine(line);
+    // A line that is never run is shown all the same.
+    if (stand_.player().LineNow() != line) list_->ShowLine(line);
+  });
+  connect(timeline_, &Timeline::FindingChosen, findings_, &FindingsList::GoTo);
+  connect(timeline_, &Timeline::NextFindingAsked, this, [this] { findings_->GoToNext(true); });
+  connect(&session, &Session::Refused, this,
+          [this](const QString& reason) { Tell(tr("The program cannot be opened: %1").arg(reason)); });
   connect(&session, &Session::Opened, this, &DryRunWindow::Refresh);
   connect(&session, &Session::Played, this, &DryRunWindow::Refresh);
   list_->setFocus();
   Refresh();
+}
+
+void DryRunWindow::AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats) {
+  auto* shortcut = new QShortcut(key, this);
+  shortcut->setAutoRepeat(repeats);
+  connect(shortcut, &QShortcut::activated, this, does);
+  runKeys_.push_back(shortcut);
+}
+
+// They reach the run wherever the focus is; the focused button is pressed by Enter.
+void DryRunWindow::MakeKeys() {
+  Session& session = stand_.session;
+  for (const auto& [modifier, stride] : {std::pair(Qt::NoModifier, executor::Stride::Line),
+                                         {Qt::ControlModifier, executor::Stride::Pass},
+                                         {Qt::ShiftModifier, executor::Stride::Layer}}) {
+    AddKey(modifier | Qt::Key_Left, [&session, stride = stride] { session.Step(stride, false); });
+    AddKey(modifier | Qt::Key_Right, [&session, stride = stride] { session.Step(stride, true); });
+  }
+  AddKey(Qt::Key_Home, [&session] { session.SeekTime(0); });
+  AddKey(Qt::Key_End, [&session] { session.SeekEnd(); });
+  AddKey(Qt::Key_N, [this] { findings_->GoToNext(true); });
+  AddKey(Qt::SHIFT | Qt::Key_N, [this] { findings_->GoToNext(false); });
+  AddKey(
+      Qt::Key_Space, [this] { PressOrPlay(); }, false);
+  for (const auto& [key, step] : {std::pair(Qt::Key_Plus, 1), {Qt::Key_Equal, 1}, {Qt::Key_Minus, -1}})
+    AddKey(key, [this, step = step] { bar_->Step(step); });
+  connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &DryRunWindow::Ask);
+}
+
+void DryRunWindow::PressOrPlay() {
+  if (stand_.player().State() == RunState::Waiting)
+    stand_.session.PressButton();
+  else
+    timeline_->steps().PlayOrPause();
 }
 
 void DryRunWindow::Ask() {
@@ -103,9 +141,10 @@ void DryRunWindow::Tell(const QString& trouble) {
 
 void DryRunWindow::Refresh() {
   const executor::Player& player = stand_.player();
-  // Space is the machine's button while it is waited for, and the focused button's else.
-  space_->setEnabled(player.State() == RunState::Waiting);
-  leftStack_->setCurrentIndex(player.State() == RunState::Manual ? 1 : 0);
+  const bool manual = player.State() == RunState::Manual;
+  for (QShortcut* key : runKeys_) key->setEnabled(!manual);
+  timeline_->setVisible(!manual);
+  leftStack_->setCurrentIndex(manual ? 1 : 0);
   const QString name = stand_.session.name();
   setWindowTitle(name.isEmpty() ? tr("Torvane dry run") : tr("%1 - Torvane dry run").arg(name));
 }
@@ -114,7 +153,7 @@ void DryRunWindow::resizeEvent(QResizeEvent*) {
   const int spare = width() - 1280;
   // The program gives way first, down to where a statement can still be read.
   leftStack_->setFixedWidth(std::clamp(kLeft + (spare < 0 ? spare * 3 / 8 : 0), 270, kLeft));
-  findings_->setFixedHeight(height() < 720 ? 91 : kFindings);
+  findings_->setFixedHeight(height() < 720 ? 100 : kFindings);
   bar_->SetNarrow(width() < 1120);
 }
 
@@ -133,9 +172,14 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
   p.drawText(status.adjusted(0, 1, -12, 0), Qt::AlignRight | Qt::AlignVCenter, right);
   const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
   p.setPen(t[trouble_.isEmpty() ? Token::Second : Token::Fault]);
-  const QString words = trouble_.isEmpty() ? tr("Space presses the button") + dot +
-                                                 tr("+ and %1 change the speed").arg(QChar(0x2212))
-                                           : trouble_;
+  QString words = trouble_;
+  if (words.isEmpty() && width() < 1000)
+    words = tr("Space presses the button, else plays") + dot + tr("Left and Right step a line");
+  else if (words.isEmpty())
+    words = QStringList{tr("Space presses the button, else plays"),
+                        tr("Left and Right step a line, with Ctrl a pass, with Shift a layer"),
+                        tr("N next finding"), tr("+ and %1 change the speed").arg(QChar(0x2212))}
+                .join(dot);
   p.drawText(QRect(12, status.top() + 1, most, kStatus - 1), Qt::AlignVCenter,
              p.fontMetrics().elidedText(words, Qt::ElideMiddle, most));
 }

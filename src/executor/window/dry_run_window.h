@@ -5,6 +5,7 @@
 #include <QStackedWidget>
 #include <QWidget>
 #include <functional>
+#include <vector>
 
 #include "executor/panel/findings_list.h"
 #include "executor/panel/manual_panel.h"
@@ -12,6 +13,7 @@
 #include "executor/panel/program_list.h"
 #include "executor/panel/read_outs.h"
 #include "executor/panel/run_bar.h"
+#include "executor/panel/timeline.h"
 #include "executor/view/mandrel_view.h"
 
 namespace torvane::dryrun {
@@ -42,12 +44,15 @@ class DryRunWindow : public QWidget {
  private:
   void Ask();
   void Refresh();
+  void MakeKeys();
+  void AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats = true);
+  void PressOrPlay();
 
   Theme& theme_;
   Stand stand_;
   AskForProgram ask_;
   RunBar* bar_;
-  ProgressStrip* progress_;
+  Timeline* timeline_;
   ProgramList* list_;
   PressPanel* press_;
   QWidget* left_;
@@ -56,7 +61,7 @@ class DryRunWindow : public QWidget {
   AxesStrip* axes_;
   MandrelView* view_;
   FindingsList* findings_;
-  QShortcut* space_;
+  std::vector<QShortcut*> runKeys_;  // those of a program
   QString trouble_;
 };
 
