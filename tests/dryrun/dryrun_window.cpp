@@ -359,9 +359,10 @@ void DryRun::FillsTheUnrolledView() {
   const auto colours = [&](Token token) {
     stage.window.mandrelView().Finish();
     const QImage picture = stage.window.mandrelView().grab().toImage();
+    const QRect box = stage.window.mandrelView().UnrolledBox().toRect();
     int found = 0;
-    for (int y = 40; y < picture.height() / 2; ++y)
-      for (int x = 60; x < picture.width() - 20; ++x)
+    for (int y = box.top(); y < box.bottom(); ++y)
+      for (int x = box.left(); x < box.right(); ++x)
         if (picture.pixelColor(x, y) == stage.theme[token]) ++found;
     return found;
   };

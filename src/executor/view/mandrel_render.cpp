@@ -58,53 +58,65 @@ void MandrelView::RenderUnrolled(const Columns& columns) {
   }
 }
 
+// What each pixel of the side view shows does not change while the mandrel turns.
+void MandrelView::FitSights() {
+  sights_.assign(static_cast<std::size_t>(side_.width()) * static_cast<std::size_t>(side_.height()), Sight());
+  if (!Known()) return;
+  const Oblique geometry = SideGeometry(devicePixelRatioF());
+  const double middle = side_.height() / 2.0;
+  auto sight = sights_.begin();
+  for (int y = 0; y < side_.height(); ++y) {
+    const double up = middle - y - 0.5;
+    for (int x = 0; x < side_.width(); ++x, ++sight) {
+      const auto at = geometry.SeenAt(x + 0.5, up);
+      if (!at) continue;
+      const double radius = std::max(geometry.RadiusAt(*at), std::abs(up));
+      const double shade = (up / radius + 1) / 2 * kShades;
+      sight->column = static_cast<std::int16_t>(std::clamp(*at, 0.0, side_.width() - 1.0));
+      sight->shade = static_cast<std::uint16_t>(std::clamp(shade, 0.0, kShades - 1.0));
+    }
+  }
+}
+
 // The surface laid round the mandrel, with the light on it.
 void MandrelView::RenderSide(const Columns& columns) {
   const QImage& surface = surface_.Image();
-  const int first = columns.first, end = std::min(columns.end, side_.width());
-  if (first >= end || !Known() || surface.isNull()) return;
+  if (columns.Empty() || !Known() || surface.isNull()) return;
   const int rows = surface.height();
   // A row of the picture is the mean of some of the surface, spread over the angle that it shows.
   std::vector<std::array<const QRgb*, kTaps>> samples(kShades);
   for (std::size_t i = 0; i < kShades; ++i) {
     // The contact point stands at the top of the picture while the mandrel is seen turning.
-    const double angle = shades_[i].degrees + turned_ - 90;
+    const double angle = shades_[i].degrees + Turned() - 90;
     const double facing = std::max(0.2, std::cos(shades_[i].degrees * executor::kRadians));
     const double step = 2 / executor::kRadians / side_.height() / facing / kTaps;
     for (int tap = 0; tap < kTaps; ++tap)
       samples[i][static_cast<std::size_t>(tap)] = reinterpret_cast<const QRgb*>(
           surface.constScanLine(Row(angle + (tap - (kTaps - 1) / 2.0) * step, rows)));
   }
-  const double widest = std::max(part_.leftRadius, part_.rightRadius);
-  const double middle = side_.height() / 2.0;
-  ZScale scale = room_.scale;
-  scale.left = 0;
-  scale.right = side_.width();
-  // From the picture's middle to the rim there are half the shades.
-  std::vector<float> shadesPerPixel;
-  for (int x = first; x < end; ++x) {
-    const double radius = RadiusAt(scale.ZAt(x + 0.5)) / widest * middle;
-    shadesPerPixel.push_back(static_cast<float>(radius > 0 ? kShades / 2.0 / radius : 1e9));
-  }
+  // A column of the surface is spread over those that its depth shifts it to.
+  const Oblique geometry = SideGeometry(devicePixelRatioF());
+  const double reach = std::max(geometry.leftRadius, geometry.rightRadius);
+  const int first = std::max(0, static_cast<int>(geometry.Across(columns.first, reach)) - 1);
+  const int end = std::min(side_.width(), static_cast<int>(geometry.Across(columns.end, 0)) + 2);
   for (int y = 0; y < side_.height(); ++y) {
     auto* const to = reinterpret_cast<QRgb*>(side_.scanLine(y));
-    const auto up = static_cast<float>(middle - y - 0.5);
+    const Sight* const sights = sights_.data() + static_cast<std::ptrdiff_t>(y) * side_.width();
     for (int x = first; x < end; ++x) {
-      const float at = up * shadesPerPixel[static_cast<std::size_t>(x - first)] + kShades / 2.0F;
-      if (!(at >= 0 && at < kShades)) {
+      const Sight& sight = sights[x];
+      if (sight.column < 0) {
         to[x] = 0;
         continue;
       }
-      const auto i = static_cast<std::size_t>(at);
       unsigned alpha = 0, red = 0, green = 0, blue = 0;
-      for (const QRgb* row : samples[i]) {
-        const QRgb tap = row[x];
+      for (const QRgb* row : samples[sight.shade]) {
+        const QRgb tap = row[sight.column];
         alpha += tap >> 24;
         red += tap >> 16 & 0xFFU;
         green += tap >> 8 & 0xFFU;
         blue += tap & 0xFFU;
       }
-      const Shade& shade = shades_[i];
+      const Shade& shade = shades_[sight.shade];
       const unsigned bare = 256 - alpha / kTaps - (alpha > 127U * kTaps ? 1U : 0U);
       const auto channel = [&](unsigned bands, unsigned ground) {
         return std::min(255U, (bands * shade.light / kTaps + ground * bare) >> 8);

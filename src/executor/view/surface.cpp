@@ -21,6 +21,10 @@ constexpr double kEdge = 0.24;  // of half the width, at most
 constexpr double kEdgeRows = 5;
 // From so many turns on within one column a pixel is covered as much as any other.
 constexpr double kEvenTurns = 8;
+// What finished layers keep of their colours.
+constexpr int kFinished = 42;  // percent
+// Grounds that are kept for going back take so much room at most.
+constexpr qsizetype kMostBytes = 96'000'000;
 
 QColor Mixed(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](int x, int y) { return static_cast<int>(std::lround(x + (y - x) * share)); };
@@ -73,50 +77,123 @@ void Surface::Reshape(const QSize& pixels, const ZScale& scale) {
 
 void Surface::Clear() {
   if (!image_.isNull()) image_.fill(Qt::transparent);
+  grounds_.assign(1, {0, image_});
+  layer_ = 0;
   laid_ = Laid();
   upToDate_ = false;
+}
+
+void Surface::TakeBack(std::size_t layer) {
+  while (grounds_.size() > 1 && grounds_.back().layer > layer) grounds_.pop_back();
+  image_ = grounds_.back().image;
+  layer_ = grounds_.back().layer;
+  laid_ = Laid();
+}
+
+void Surface::BeginLayer() {
+  Fade();
+  ++layer_;
+  laid_ = Laid();
+  // The first one is where everything begins; of the others each second one is given up when they are many.
+  if (static_cast<qsizetype>(grounds_.size()) * image_.sizeInBytes() > kMostBytes && grounds_.size() > 2) {
+    std::vector<Ground> kept;
+    for (std::size_t i = 0; i < grounds_.size(); i += 2) kept.push_back(std::move(grounds_[i]));
+    grounds_ = std::move(kept);
+  }
+  grounds_.push_back({layer_, image_});
+}
+
+QColor Surface::Finished(const Theme& theme, const QColor& band) {
+  return Mixed(theme[Token::MandrelMid], band, kFinished / 100.0);
+}
+
+void Surface::Fade() {
+  if (layer_ == 0 || grounds_.empty()) return;
+  const QImage ground = grounds_.back().layer == layer_ ? grounds_.back().image : QImage();
+  const QColor bare = theme_[Token::MandrelMid];
+  const auto mix = [](int colour, int below, int alpha) {
+    return (colour * kFinished + below * alpha / 255 * (100 - kFinished)) / 100;
+  };
+  for (int y = 0; y < image_.height(); ++y) {
+    auto* pixels = reinterpret_cast<QRgb*>(image_.scanLine(y));
+    const auto* before = ground.isNull() ? nullptr : reinterpret_cast<const QRgb*>(ground.constScanLine(y));
+    for (int x = 0; x < image_.width(); ++x) {
+      const QRgb pixel = pixels[x];
+      const int alpha = qAlpha(pixel);
+      if (alpha == 0 || (before != nullptr && before[x] == pixel)) continue;
+      pixels[x] = qRgba(mix(qRed(pixel), bare.red(), alpha), mix(qGreen(pixel), bare.green(), alpha),
+                        mix(qBlue(pixel), bare.blue(), alpha), alpha);
+    }
+  }
+}
+
+// Up to whole columns alone: a column is filled in one go, or its edges would show.
+Laid Surface::WholeColumns(const Layer& layer, Laid now) const {
+  if (!now.partly) return now;
+  const Stroke& stroke = layer.strokes[now.strokes];
+  const double x = scale_.XAt(now.z);
+  now.z = scale_.ZAt(stroke.z1 < stroke.z0 ? std::floor(x) : std::ceil(x));
+  const bool behind = stroke.z1 < stroke.z0 ? now.z >= stroke.z0 : now.z <= stroke.z0;
+  if (behind) now.partly = false;
+  return now;
 }
 
 Columns Surface::Follow(const executor::Player& player, int milliseconds) {
   Columns changed;
   if (image_.isNull()) return changed;
-  if (player.RunNumber() != run_ || player.LayerIndex() != layer_) {
+  QElapsedTimer spent;
+  spent.start();
+  if (player.RunNumber() != run_) {
     Clear();
     run_ = player.RunNumber();
-    layer_ = player.LayerIndex();
+    changed.Add(0, image_.width());
+  }
+  const std::size_t layer = player.LayerIndex();
+  Laid now;
+  if (layer > 0) now = WholeColumns(*player.LayerShown(), player.LaidSoFar());
+  const bool sameLayer = layer == layer_ && layer > 0;
+  const bool takenUp = sameLayer && (now.strokes < laid_.strokes ||
+                                     (now.strokes == laid_.strokes && laid_.partly && !now.partly) ||
+                                     (now.strokes == laid_.strokes && laid_.partly && now.partly &&
+                                      std::abs(now.z - player.LayerShown()->strokes[now.strokes].z0) <
+                                          std::abs(laid_.z - player.LayerShown()->strokes[now.strokes].z0)));
+  if (layer < layer_ || takenUp) {
+    TakeBack(layer);
     changed.Add(0, image_.width());
   }
   upToDate_ = true;
-  const Layer* layer = player.LayerShown();
-  const LayerPlace* place = player.PlaceShown();
-  if (layer == nullptr || place == nullptr || !(place->band > 0) || !(place->mandrel.leftRadius > 0) ||
-      !(place->mandrel.rightRadius > 0))
-    return changed;
-  // Up to whole columns alone: a column is filled in one go, or its edges would show.
-  Laid now = player.LaidSoFar();
-  if (now.partly) {
-    const Stroke& stroke = layer->strokes[now.strokes];
-    const double x = scale_.XAt(now.z);
-    now.z = scale_.ZAt(stroke.z1 < stroke.z0 ? std::floor(x) : std::ceil(x));
-    const bool behind = stroke.z1 < stroke.z0 ? now.z >= stroke.z0 : now.z <= stroke.z0;
-    if (behind) now.partly = false;
-  }
-  QElapsedTimer spent;
-  spent.start();
-  // A stroke at a time, so that the time can be kept.
-  while (upToDate_ && laid_.strokes <= now.strokes) {
-    const Laid next = laid_.strokes == now.strokes ? now : Laid{laid_.strokes + 1, false, 0};
-    const bool begins = !laid_.partly && (next.partly || next.strokes > laid_.strokes);
-    if (layer->wraps && player.course().domes && begins && laid_.strokes > 0)
-      LayWrap(layer->strokes[laid_.strokes - 1], layer->strokes[laid_.strokes], *place, changed);
-    executor::ForEachPiece(*layer, laid_, next, [&](const Stroke& stroke, double z0, double z1) {
-      Lay(stroke, z0, z1, *place, changed);
-    });
-    laid_ = next;
-    if (next.strokes == now.strokes && next.partly == now.partly && next.z == now.z) break;
-    if (spent.elapsed() >= milliseconds) upToDate_ = false;
+  while (upToDate_) {
+    const auto& wound = player.course().wound;
+    const Laid to =
+        layer_ == layer ? now : Laid{layer_ == 0 ? 0 : wound[layer_ - 1].strokes.size(), false, 0};
+    if (layer_ > 0) upToDate_ = LayUpTo(player, to, spent, milliseconds, changed);
+    if (!upToDate_ || layer_ == layer) break;
+    BeginLayer();
+    changed.Add(0, image_.width());
+    upToDate_ = spent.elapsed() < milliseconds;
   }
   return changed;
+}
+
+bool Surface::LayUpTo(const executor::Player& player, Laid now, const QElapsedTimer& spent, int milliseconds,
+                      Columns& changed) {
+  const Layer& layer = player.course().wound[layer_ - 1];
+  const LayerPlace& place = player.course().layers[layer_ - 1];
+  if (!(place.band > 0) || !(place.mandrel.leftRadius > 0) || !(place.mandrel.rightRadius > 0)) return true;
+  // A stroke at a time, so that the time can be kept.
+  while (laid_.strokes <= now.strokes) {
+    const Laid next = laid_.strokes == now.strokes ? now : Laid{laid_.strokes + 1, false, 0};
+    const bool begins = !laid_.partly && (next.partly || next.strokes > laid_.strokes);
+    if (layer.wraps && player.course().domes && begins && laid_.strokes > 0)
+      LayWrap(layer.strokes[laid_.strokes - 1], layer.strokes[laid_.strokes], place, changed);
+    executor::ForEachPiece(layer, laid_, next, [&](const Stroke& stroke, double z0, double z1) {
+      Lay(stroke, z0, z1, place, changed);
+    });
+    laid_ = next;
+    if (next.strokes == now.strokes && next.partly == now.partly && next.z == now.z) return true;
+    if (spent.elapsed() >= milliseconds) return false;
+  }
+  return true;
 }
 
 void Surface::Lay(const Stroke& stroke, double z0, double z1, const LayerPlace& place, Columns& changed) {

@@ -1,4 +1,5 @@
-// The mandrel's surface with the present layer on it, as a picture that grows band by band.
+// The mandrel's surface as a picture that grows band by band: the present layer in its colours on the
+// finished ones in paler ones.
 #pragma once
 
 #include <QElapsedTimer>
@@ -44,10 +45,27 @@ class Surface {
   bool UpToDate() const { return upToDate_; }
 
   const QImage& Image() const { return image_; }
+  // What becomes of a band's colour when its layer is finished.
+  static QColor Finished(const Theme& theme, const QColor& band);
 
  private:
+  // What is painted on, before a layer's first band.
+  struct Ground {
+    std::size_t layer = 0;  // so many have begun
+    QImage image;
+  };
+
   // Forgets what is painted: other colours, another program.
   void Clear();
+  // Back to where so many layers have begun and none of the last one is laid.
+  void TakeBack(std::size_t layer);
+  void BeginLayer();
+  // What the finished layer has painted becomes pale.
+  void Fade();
+  // Lays bands of the painted layer up to there, as long as there is time. Whether all are laid.
+  bool LayUpTo(const executor::Player& player, executor::Laid now, const QElapsedTimer& spent,
+               int milliseconds, Columns& changed);
+  executor::Laid WholeColumns(const executor::Layer& layer, executor::Laid now) const;
   void Lay(const executor::Stroke& stroke, double z0, double z1, const executor::LayerPlace& place,
            Columns& changed);
   // The part of a band between two shares of its width, -1 to 1.
@@ -65,9 +83,10 @@ class Surface {
   QImage image_;
   std::vector<double> shares_;  // of a column's pixels, while it is filled
   ZScale scale_;
+  std::vector<Ground> grounds_;  // the last one is the painted layer's own
   int run_ = -1;
-  std::size_t layer_ = 0;
-  executor::Laid laid_;
+  std::size_t layer_ = 0;  // the painted one, from 1; 0: none yet
+  executor::Laid laid_;    // of it
   bool upToDate_ = true;
 };
 
