@@ -36,6 +36,7 @@ class DryRun : public QObject {
 
  private slots:
   void ObeysTheFourCommandLines();
+  void FollowsTheStation();
   void OpensEmpty();
   void RunsToItsEndByTheButton();
   void ChangesItsSpeedByKeys();
@@ -115,7 +116,34 @@ void DryRun::ObeysTheFourCommandLines() {
     QCOMPARE(stage.player().State(), RunState::Manual);
     QCOMPARE(stage.player().At().carriage, 2.5);
     QVERIFY(stage.player().course().head);
+    QVERIFY(!stage.player().course().millimetres);
+    store.Write("Settings", "Units", "mm");
+    begin(stage, {"MANUAL"});
+    QCOMPARE(stage.player().At().carriage, 63.5);
   }
+}
+
+// Figures take the operator's sign; the program's own texts keep theirs. The palette is the one that was
+// chosen.
+void DryRun::FollowsTheStation() {
+  Staged stage;
+  Session comma(executor::Limits(), ',');
+  QCOMPARE((Stand{stage.theme, comma}.Figure(-0.13, 2)), QStringLiteral("-0,13"));
+  QCOMPARE((Stand{stage.theme, stage.session}.Figure(1234.5, 1)), QStringLiteral("1234.5"));
+  QCOMPARE(AppearanceOf("dark"), Appearance::Dark);
+  QCOMPARE(AppearanceOf("purple"), Appearance::System);
+  for (const Appearance appearance : {Appearance::System, Appearance::Light, Appearance::Dark})
+    QCOMPARE(AppearanceOf(StoredAs(appearance)), appearance);
+  QVERIFY(IsDark(Appearance::Dark) && !IsDark(Appearance::Light));
+  // A desktop that turns light does not take a chosen palette away.
+  Theme dark(true);
+  DryRunWindow window(dark, comma, {}, Appearance::Dark);
+  QEvent change(QEvent::ThemeChange);
+  QApplication::sendEvent(&window, &change);
+  QVERIFY(dark.dark());
+  DryRunWindow following(dark, comma, {});
+  QApplication::sendEvent(&following, &change);
+  QCOMPARE(dark.dark(), DesktopIsDark());
 }
 
 void DryRun::OpensEmpty() {
@@ -221,12 +249,12 @@ void DryRun::MovesByHand() {
   stage.session.BeginManual({1.875, 4.4375, 48, 9, false});
   QVERIFY(Find<QWidget>(stage, "manualPanel")->isVisible());
   QVERIFY(!Find(stage, "jogYMore")->isEnabled());
-  Click(stage, "lengthStep0.01");
+  Click(stage, "lengthStep0");
   Click(stage, "jogZMore");
   Click(stage, "jogZMore");
   QTRY_COMPARE(stage.player().JogsLeft(), std::size_t(0));
   QVERIFY(qAbs(stage.player().At().carriage - 1.895) < 1e-9);
-  Click(stage, "angleStep1");
+  Click(stage, "angleStep0");
   Click(stage, "jogALess");
   QTRY_VERIFY(qAbs(stage.player().At().mandrel + 1) < 1e-9);
   Click(stage, "jogHome");
@@ -234,6 +262,26 @@ void DryRun::MovesByHand() {
   // On four axes the head moves as well.
   stage.session.BeginManual({1.875, 4.4375, 48, 9, true});
   QVERIFY(Find(stage, "jogYMore")->isEnabled());
+  // By keys, wherever the focus is, in the design's unit.
+  stage.session.BeginManual({2, 4, 48, 9, true, true});
+  QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+  QCOMPARE(stage.player().At().carriage, 50.8);
+  QVERIFY(stage.player().course().millimetres);
+  Click(stage, "lengthStep1");
+  QCOMPARE(Find(stage, "lengthStep1")->accessibleName(), QStringLiteral("Step of 1 millimetres"));
+  QTest::keyClick(&stage.window, Qt::Key_Left);
+  QTRY_VERIFY(qAbs(stage.player().At().carriage - 51.8) < 1e-9);
+  QTest::keyClick(&stage.window, Qt::Key_Right);
+  QTest::keyClick(&stage.window, Qt::Key_Right);
+  QTRY_VERIFY(qAbs(stage.player().At().carriage - 50.8) < 1e-9);  // no further than its limit switch
+  QTest::keyClick(&stage.window, Qt::Key_Up);
+  QTRY_VERIFY(qAbs(stage.player().At().mandrel - 1) < 1e-9);
+  QTest::keyClick(&stage.window, Qt::Key_Up, Qt::ControlModifier);
+  QTRY_VERIFY(qAbs(stage.player().At().head - 100.6) < 1e-9);
+  QTest::keyClick(&stage.window, Qt::Key_Down, Qt::ShiftModifier);
+  QTRY_VERIFY(qAbs(stage.player().At().rotation + 1) < 1e-9);
+  QTest::keyClick(&stage.window, Qt::Key_Home);
+  QTRY_VERIFY(qAbs(stage.player().At().head - 101.6) < 1e-9);
 }
 
 void DryRun::ShowsFindingsAndGoesToTheirLines() {

@@ -77,7 +77,7 @@ inline void ExpectSeeksLikePlaying(const std::string& text, int moments = 40) {
   const auto program = std::make_shared<const Program>(text);
   Player played, sought;
   played.Load(program);
-  sought.Load(program, played.course());
+  sought.Load(program);
   const double whole = played.course().seconds;
   std::vector<Shown> expected;
   std::vector<double> times;

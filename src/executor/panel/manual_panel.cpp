@@ -15,6 +15,20 @@ namespace {
 constexpr int kHead = 36, kLeft = 14, kRowHeight = 54, kStepsTop = 62;
 constexpr int kAxesTop = 196;
 
+// The key that does the same, see DryRunWindow::MakeKeys.
+QString KeyOf(Axis axis, bool more) {
+  switch (axis) {
+    case Axis::Carriage:
+      return more ? QObject::tr("Left") : QObject::tr("Right");
+    case Axis::Mandrel:
+      return more ? QObject::tr("Up") : QObject::tr("Down");
+    case Axis::Head:
+      return more ? QObject::tr("Ctrl+Down") : QObject::tr("Ctrl+Up");
+    default:
+      return more ? QObject::tr("Shift+Up") : QObject::tr("Shift+Down");
+  }
+}
+
 bool IsLength(Axis axis) { return axis == Axis::Carriage || axis == Axis::Head; }
 
 }  // namespace
@@ -25,8 +39,8 @@ ManualPanel::ManualPanel(Stand stand, QWidget* parent)
       home_(
           new PlainButton(stand.theme, ButtonLook::Outline, Icon::Home, tr("To the limit switches"), this)) {
   setObjectName(QStringLiteral("manualPanel"));
-  AddSteps({0.01, 0.1, 1, 10}, "lengthStep", lengthStep_, lengths_, kStepsTop);
-  AddSteps({1, 10, 90, 360}, "angleStep", angleStep_, angles_, kStepsTop + 64);
+  AddSteps(lengths_, "lengthStep", kStepsTop);
+  AddSteps(angles_, "angleStep", kStepsTop + 64);
   AddAxis(Axis::Carriage, tr("Carriage Z"), "jogZ", Icon::Left, Icon::Right);
   AddAxis(Axis::Mandrel, tr("Mandrel A"), "jogA", Icon::Minus, Icon::Plus);
   AddAxis(Axis::Head, tr("Delivery head Y"), "jogY", Icon::Up, Icon::Down);
@@ -42,25 +56,27 @@ ManualPanel::ManualPanel(Stand stand, QWidget* parent)
   Refresh();
 }
 
-void ManualPanel::AddSteps(const std::vector<double>& steps, const char* object, double& chosen,
-                           std::vector<PlainButton*>& buttons, int top) {
-  int x = kLeft;
-  for (const double step : steps) {
-    auto* button =
-        new PlainButton(stand_.theme, ButtonLook::Outline, Icon::None, QString::number(step), this);
-    button->setObjectName(QStringLiteral("%1%2").arg(QString::fromLatin1(object)).arg(step));
-    button->setGeometry(x, top + 20, 62, 34);
-    x += 68;
-    const bool length = &buttons == &lengths_;
-    button->setAccessibleName(length ? tr("Step of %1").arg(button->text())
-                                     : tr("Step of %1 degrees").arg(button->text()));
+const std::vector<double>& ManualPanel::Of(const Steps& steps) const {
+  return stand_.player().course().millimetres ? steps.millimetres : steps.inches;
+}
+
+void ManualPanel::AddSteps(Steps& steps, const char* object, int top) {
+  for (std::size_t i = 0; i < steps.inches.size(); ++i) {
+    auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, Icon::None, {}, this);
+    button->setObjectName(QStringLiteral("%1%2").arg(QString::fromLatin1(object)).arg(i));
     button->setToolTip(tr("How far one press of an arrow moves an axis"));
-    connect(button, &PlainButton::clicked, this, [this, step, &chosen] {
-      chosen = step;
+    button->setGeometry(kLeft + static_cast<int>(i) * 68, top + 20, 62, 34);
+    connect(button, &PlainButton::clicked, this, [this, i, &steps] {
+      steps.chosen = i;
       Refresh();
     });
-    buttons.push_back(button);
+    steps.buttons.push_back(button);
   }
+}
+
+void ManualPanel::Move(Axis axis, bool more) {
+  const Steps& steps = IsLength(axis) ? lengths_ : angles_;
+  stand_.session.Jog(axis, (more ? 1 : -1) * Of(steps)[steps.chosen]);
 }
 
 // The larger Z is at the left, as in the drawings.
@@ -71,19 +87,21 @@ void ManualPanel::AddAxis(Axis axis, const QString& name, const char* object, Ic
     auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, icon, {}, this);
     button->setObjectName(QString::fromLatin1(object) + end);
     button->setAccessibleName(name + (sign > 0 ? tr(", more") : tr(", less")));
-    button->setToolTip(button->accessibleName());
+    button->setToolTip(tr("%1 (%2)").arg(button->accessibleName(), KeyOf(axis, sign > 0)));
     button->setFixedHeight(42);
     button->setGeometry(x, top, 62, 42);
     button->setAutoRepeat(true);
     button->setAutoRepeatDelay(500);
-    connect(button, &PlainButton::clicked, this, [this, axis, sign] {
-      stand_.session.Jog(axis, sign * (IsLength(axis) ? lengthStep_ : angleStep_));
-    });
+    connect(button, &PlainButton::clicked, this, [this, axis, sign] { Move(axis, sign > 0); });
     return button;
   };
   auto* first = add(less, left ? 1 : -1, left ? QStringLiteral("More") : QStringLiteral("Less"), 150);
   auto* second = add(more, left ? -1 : 1, left ? QStringLiteral("Less") : QStringLiteral("More"), 218);
   rows_.push_back({axis, first, second, name, top});
+}
+
+QString ManualPanel::Unit() const {
+  return stand_.player().course().millimetres ? tr("millimetres") : tr("inches");
 }
 
 void ManualPanel::Refresh() {
@@ -95,8 +113,15 @@ void ManualPanel::Refresh() {
     row.more->setEnabled(manual && there);
   }
   home_->setEnabled(manual);
-  for (PlainButton* button : lengths_) button->SetFilled(button->text().toDouble() == lengthStep_);
-  for (PlainButton* button : angles_) button->SetFilled(button->text().toDouble() == angleStep_);
+  for (Steps* steps : {&lengths_, &angles_})
+    for (std::size_t i = 0; i < steps->buttons.size(); ++i) {
+      PlainButton* button = steps->buttons[i];
+      const double step = Of(*steps)[i];
+      button->setText(stand_.Figure(step, step < 0.1 ? 2 : step < 1 ? 1 : 0));
+      button->setAccessibleName(steps == &angles_ ? tr("Step of %1 degrees").arg(button->text())
+                                                  : tr("Step of %1 %2").arg(button->text(), Unit()));
+      button->SetFilled(i == steps->chosen);
+    }
   update();
 }
 
@@ -106,7 +131,8 @@ void ManualPanel::paintEvent(QPaintEvent*) {
   PaintPanelHead(p, t, rect(), kHead, tr("Move the machine by hand"));
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
-  p.drawText(QRect(kLeft, kStepsTop - 2, width(), 20), Qt::AlignVCenter, tr("Step of lengths, inches"));
+  p.drawText(QRect(kLeft, kStepsTop - 2, width(), 20), Qt::AlignVCenter,
+             tr("Step of lengths, %1").arg(Unit()));
   p.drawText(QRect(kLeft, kStepsTop + 62, width(), 20), Qt::AlignVCenter, tr("Step of angles, degrees"));
   p.setFont(t.Font(14, Weight::Medium));
   for (const Row& row : rows_) {

@@ -133,19 +133,20 @@ void AxesStrip::paintEvent(QPaintEvent*) {
   const double angle = at.mandrel - std::floor(at.mandrel / 360) * 360;
   QString below = tr("at rest");
   if (running && player.Moving() && std::abs(player.TargetZ() - at.carriage) > 0.005)
-    below = tr("to %1").arg(Text(player.TargetZ(), 2));
+    below = tr("to %1").arg(stand_.Figure(player.TargetZ(), 2));
   else if (std::abs(at.carriage - course.homeZ) < 0.005)
     below = tr("at home");
   const double wide = width() / 4.0;
   const bool narrow = wide < 150;
-  const QString turn = narrow ? QString() : tr("turn %1, ").arg(Text(std::floor(at.mandrel / 360), 0));
+  const QString turn =
+      narrow ? QString() : tr("turn %1, ").arg(stand_.Figure(std::floor(at.mandrel / 360), 0));
   const bool turns = running && player.Rpm() > 0;
   const Row rows[] = {
-      {u'Z', !empty, Text(at.carriage, 2), unit, below},
-      {u'A', !empty, Text(angle >= 359.95 ? 0 : angle, 1), kDegree,
-       turn + (turns ? tr("%1 RPM").arg(Text(player.Rpm(), 1)) : tr("standing"))},
-      {u'Y', course.head, Text(at.head, 2), unit, {}},
-      {u'B', course.rotation, Text(at.rotation, 2), kDegree, {}},
+      {u'Z', !empty, stand_.Figure(at.carriage, 2), unit, below},
+      {u'A', !empty, stand_.Figure(angle >= 359.95 ? 0 : angle, 1), kDegree,
+       turn + (turns ? tr("%1 RPM").arg(stand_.Figure(player.Rpm(), 1)) : tr("standing"))},
+      {u'Y', course.head, stand_.Figure(at.head, 2), unit, {}},
+      {u'B', course.rotation, stand_.Figure(at.rotation, 2), kDegree, {}},
   };
   QPainter p(this);
   PaintPanel(p, t, rect());

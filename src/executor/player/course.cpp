@@ -21,7 +21,6 @@ class Follower {
   void BeginStretch(const Line& line);
   void WatchAxes(const Line& line);
   void PlaceLayers();
-  void CountCovers(const std::stop_token& stop);
 
   Moment now_;
   Winding winding_;
@@ -53,7 +52,6 @@ Course Follower::Run(const Program& program, const std::stop_token& stop, Progre
   course_.millimetres = now_.machine.Millimetres();
   course_.homeZ = now_.machine.HomeZ();
   PlaceLayers();
-  CountCovers(stop);
   return std::move(course_);
 }
 
@@ -122,25 +120,6 @@ void Follower::PlaceLayers() {
   course_.wound = winding_.TakeLayers();
 }
 
-// A layer of fewer strokes is counted in a moment whenever it is asked for.
-void Follower::CountCovers(const std::stop_token& stop) {
-  constexpr std::size_t kCounted = 1000;
-  std::size_t strokes = 0;
-  for (const Layer& layer : course_.wound) strokes += layer.strokes.size();
-  const std::size_t distance = std::max(kCounted, strokes / Course::kMostCovers + 1);
-  for (std::size_t i = 0; i < course_.wound.size(); ++i) {
-    const Layer& layer = course_.wound[i];
-    const std::size_t last = layer.strokes.size() / distance * distance;
-    CoverPoint point{i, 0, {}};
-    point.cover.Begin(course_.layers[i].mandrel, course_.layers[i].band);
-    while (point.cover.Known() && point.strokes < last && !stop.stop_requested()) {
-      const Stroke& stroke = layer.strokes[point.strokes++];
-      point.cover.Lay(stroke, stroke.z0, stroke.z1);
-      if (point.strokes % distance == 0) course_.covers.push_back(point);
-    }
-  }
-}
-
 }  // namespace
 
 Mandrel Course::Part() const {
@@ -160,6 +139,27 @@ Mandrel Course::Part() const {
 
 Course FollowCourse(const Program& program, const std::stop_token& stop, Progress* progress) {
   return Follower().Run(program, stop, progress);
+}
+
+// A layer of fewer strokes is counted in a moment whenever it is asked for.
+std::vector<CoverPoint> CountCovers(const Course& course, const std::stop_token& stop) {
+  constexpr std::size_t kCounted = 1000;
+  std::vector<CoverPoint> covers;
+  std::size_t strokes = 0;
+  for (const Layer& layer : course.wound) strokes += layer.strokes.size();
+  const std::size_t distance = std::max(kCounted, strokes / kMostCovers + 1);
+  for (std::size_t i = 0; i < course.wound.size(); ++i) {
+    const Layer& layer = course.wound[i];
+    const std::size_t last = layer.strokes.size() / distance * distance;
+    CoverPoint point{i, 0, {}};
+    point.cover.Begin(course.layers[i].mandrel, course.layers[i].band);
+    while (point.cover.Known() && point.strokes < last && !stop.stop_requested()) {
+      const Stroke& stroke = layer.strokes[point.strokes++];
+      point.cover.Lay(stroke, stroke.z0, stroke.z1);
+      if (point.strokes % distance == 0) covers.push_back(point);
+    }
+  }
+  return covers;
 }
 
 double SecondsAt(const Course& course, int line) {

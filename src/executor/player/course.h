@@ -57,9 +57,6 @@ struct Course {
   std::vector<LayerPlace> layers;  // in the order in which they are wound
   std::vector<Layer> wound;        // the same, with all that is wound
   CheckPoints points;              // not empty
-  // Within long layers; so many in all at most.
-  static constexpr std::size_t kMostCovers = 256;
-  std::vector<CoverPoint> covers;
 
   // The widest layer's ends and radii; both Z alike where nothing is wound.
   Mandrel Part() const;
@@ -68,6 +65,10 @@ struct Course {
 // Runs the program once without anybody waiting for it, in a time in proportion to its length. Asked to stop,
 // it returns what it has so far.
 Course FollowCourse(const Program& program, const std::stop_token& stop = {}, Progress* progress = nullptr);
+
+// Within long layers, so many in all at most, in the order of the run.
+constexpr std::size_t kMostCovers = 256;
+std::vector<CoverPoint> CountCovers(const Course& course, const std::stop_token& stop = {});
 
 // When the statement of that line, or the next one that is run, begins; at the end where none is. In a time
 // that does not grow with the program.

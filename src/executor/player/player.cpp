@@ -14,6 +14,7 @@ constexpr std::size_t kMostJogs = 20;
 constexpr double kNoWay = 1e-6;
 // By hand: the carriage at most 1 in/s, head 0.5 in/s, mandrel 10 and head rotation 4 revolutions a minute.
 constexpr double kJogCarriage = 1, kJogHead = 0.5, kJogMandrel = 10, kJogRotation = 4;
+constexpr double kMillimetres = 25.4;
 
 Position Between(const Segment& segment, double share) {
   const auto mix = [share](double from, double to) { return from + (to - from) * share; };
@@ -52,6 +53,7 @@ Laid Reached(const Layer& layer, std::size_t from, std::size_t end, double z) {
 void Player::Load(std::shared_ptr<const Program> program) {
   Course course = program == nullptr ? Course() : FollowCourse(*program);
   Load(std::move(program), std::move(course));
+  if (program_ != nullptr) covers_ = std::make_shared<const std::vector<CoverPoint>>(CountCovers(*course_));
 }
 
 void Player::Load(std::shared_ptr<const Program> program, Course course) {
@@ -61,13 +63,19 @@ void Player::Load(std::shared_ptr<const Program> program, Course course) {
 void Player::Load(std::shared_ptr<const Program> program, std::shared_ptr<const Course> course) {
   program_ = std::move(program);
   course_ = std::move(course);
+  covers_.reset();
   Rewind();
   state_ = program_ == nullptr ? RunState::Empty : RunState::Ready;
 }
 
-void Player::BeginManual(const ManualSetup& setup) {
+void Player::BeginManual(const ManualSetup& inInches) {
+  ManualSetup setup = inInches;
+  if (setup.millimetres)
+    for (double* length : {&setup.homeZ, &setup.homeY, &setup.travel, &setup.carriageSpeed})
+      *length *= kMillimetres;
   Course course;
   course.head = course.rotation = setup.fourAxes;
+  course.millimetres = setup.millimetres;
   course.homeZ = course.lowestZ = setup.homeZ;
   course.highestZ = setup.homeZ + setup.travel;
   Load(nullptr, std::move(course));
@@ -123,6 +131,7 @@ void Player::PressButton() {
 
 void Player::Jog(Axis axis, double by) {
   if (state_ != RunState::Manual || jogs_.size() == kMostJogs) return;
+  const double unit = manual_.millimetres ? kMillimetres : 1;
   Position to = jogged_;
   Of(to, axis) += by;
   if (axis == Axis::Carriage && manual_.travel > 0)
@@ -130,7 +139,7 @@ void Player::Jog(Axis axis, double by) {
   Statement move{Command::Move, {}, 0, {}};
   switch (axis) {
     case Axis::Carriage:
-      move.words.Put('F', std::min(kJogCarriage, manual_.carriageSpeed), false);
+      move.words.Put('F', std::min(kJogCarriage * unit, manual_.carriageSpeed), false);
       move.words.Put('Z', to.carriage, false);
       break;
     case Axis::Mandrel:
@@ -139,7 +148,7 @@ void Player::Jog(Axis axis, double by) {
       break;
     case Axis::Head:
       if (!manual_.fourAxes) return;
-      move.words.Put('E', kJogHead, false);
+      move.words.Put('E', kJogHead * unit, false);
       move.words.Put('Y', to.head, false);
       break;
     case Axis::Rotation:
@@ -154,8 +163,9 @@ void Player::Jog(Axis axis, double by) {
 
 void Player::Home() {
   if (state_ != RunState::Manual || jogs_.size() == kMostJogs) return;
+  const double unit = manual_.millimetres ? kMillimetres : 1;
   Statement home{Command::Home, {}, 0, {}};
-  home.words.Put('F', std::min(kJogCarriage, manual_.carriageSpeed), false);
+  home.words.Put('F', std::min(kJogCarriage * unit, manual_.carriageSpeed), false);
   jogged_.carriage = manual_.homeZ;
   jogged_.head = manual_.homeY;
   jogged_.rotation = 0;

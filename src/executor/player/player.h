@@ -28,12 +28,13 @@ enum class Axis : std::uint8_t { Carriage, Mandrel, Head, Rotation };
 // What a step of the operator's goes by. A stage outside the layers counts as one.
 enum class Stride : std::uint8_t { Line, Pass, Layer };
 
-// The machine that is moved by hand. Lengths are inches, as in its settings.
+// The machine that is moved by hand. Lengths are inches, as in its settings, whatever unit it is shown in.
 struct ManualSetup {
   double homeZ = 0, homeY = 0;
   double travel = 0;         // from home on; 0 unknown, nothing is held back then
   double carriageSpeed = 1;  // inches a second
   bool fourAxes = false;
+  bool millimetres = false;  // what the operator reads and moves by
 };
 
 class Player {
@@ -42,9 +43,11 @@ class Player {
   static constexpr double kToTheEnd = 1e9;
 
   void Load(std::shared_ptr<const Program> program);
-  // With its course, which was followed before.
+  // With its course, which was followed before, and without covers.
   void Load(std::shared_ptr<const Program> program, Course course);
   void Load(std::shared_ptr<const Program> program, std::shared_ptr<const Course> course);
+  // The covers of the present course: with them a seek within a long layer takes no longer than elsewhere.
+  void Use(std::shared_ptr<const std::vector<CoverPoint>> covers) { covers_ = std::move(covers); }
   void BeginManual(const ManualSetup& setup);
 
   // Starts, goes on after a pause, or starts anew after the end.
@@ -56,8 +59,8 @@ class Player {
   void SetSpeed(double speed) { speed_ = speed; }
   double Speed() const { return speed_; }
 
-  // Moves an axis by inches or degrees as soon as what was asked for before is done, no further than the
-  // carriage's travel goes. Only of a machine that is moved by hand.
+  // Moves an axis by the unit that is shown, or by degrees, as soon as what was asked for before is done, no
+  // further than the carriage's travel goes. Only of a machine that is moved by hand.
   void Jog(Axis axis, double by);
   // To the limit switches.
   void Home();
@@ -128,6 +131,7 @@ class Player {
   void TakeUp(const Moment& moment);
   bool RunUpTo(int line);
   void Settle(bool runs);
+  void TakeUpCover();
   int StandsAt(int line) const;
   int NextPlace(Stride stride) const;
   int PlaceBefore(Stride stride) const;
@@ -135,6 +139,7 @@ class Player {
 
   std::shared_ptr<const Program> program_;
   std::shared_ptr<const Course> course_ = std::make_shared<Course>();
+  std::shared_ptr<const std::vector<CoverPoint>> covers_;
   ManualSetup manual_;
   Moment now_;  // at the end of the statement in play, but for its time: that grows segment by segment
   Line line_;

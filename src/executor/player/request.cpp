@@ -37,6 +37,7 @@ ManualSetup ReadManualSetup(const SettingsStore& store, const Limits& limits) {
   setup.travel = limits.carriageTravel;
   if (limits.carriageSpeed > 0) setup.carriageSpeed = limits.carriageSpeed;
   setup.fourAxes = store.Read("Settings", "mnu2Axis").value_or("1") != "1";
+  setup.millimetres = store.Read("Settings", "Units").value_or("in") == "mm";
   return setup;
 }
 

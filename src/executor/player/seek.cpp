@@ -100,16 +100,20 @@ bool Player::RunUpTo(int line) {
 void Player::Settle(bool runs) {
   ranToWait_ = runs && state_ == RunState::Waiting;
   if (runs && (state_ == RunState::Paused || state_ == RunState::Ready)) state_ = RunState::Running;
-  const auto& covers = course_->covers;
-  const auto behind = std::partition_point(covers.begin(), covers.end(), [&](const CoverPoint& point) {
+  TakeUpCover();
+  FollowBands();
+}
+
+// What is laid counts from the last cover that is kept of it.
+void Player::TakeUpCover() {
+  if (covers_ == nullptr) return;
+  const auto behind = std::partition_point(covers_->begin(), covers_->end(), [&](const CoverPoint& point) {
     return point.layer + 1 < layer_ || (point.layer + 1 == layer_ && point.strokes <= firstInPlay_);
   });
-  if (behind != covers.begin() && std::prev(behind)->layer + 1 == layer_) {
-    countedLayer_ = layer_;
-    laid_ = Laid{std::prev(behind)->strokes, false, 0};
-    cover_ = std::prev(behind)->cover;
-  }
-  FollowBands();
+  if (behind == covers_->begin() || std::prev(behind)->layer + 1 != layer_) return;
+  countedLayer_ = layer_;
+  laid_ = Laid{std::prev(behind)->strokes, false, 0};
+  cover_ = std::prev(behind)->cover;
 }
 
 // The wait at which the machine stands before it comes to that line, or the line.

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "executor/program/number.h"
 #include "executor/session/words.h"
 #include "host/files/file_system.h"
 #include "host/files/paths.h"
@@ -33,7 +34,12 @@ bool IsLong(const std::filesystem::path& path) {
 
 }  // namespace
 
-Session::Session(const executor::Limits& limits) : limits_(limits) {
+QString Stand::Figure(double value, int decimals) const {
+  QString text = QString::fromStdString(executor::Fixed(value, decimals));
+  return text.replace(QLatin1Char('.'), QLatin1Char(session.decimal()));
+}
+
+Session::Session(const executor::Limits& limits, char decimal) : limits_(limits), decimal_(decimal) {
   timer_.setInterval(kFrame);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &Session::Tick);
@@ -163,6 +169,10 @@ void Session::Labour(const std::stop_token& stop, int job, Matter matter,
       Take(matter);
     });
   }
+  const auto covers =
+      std::make_shared<const std::vector<executor::CoverPoint>>(executor::CountCovers(*matter.course, stop));
+  if (stop.stop_requested()) return;
+  Post(job, [this, covers] { player_.Use(covers); });
   Outcomes outcomes;
   outcomes.proof = std::make_shared<const executor::Proof>(
       executor::Prove(matter.program->text(), limits_, stop, progress.get()));

@@ -26,7 +26,8 @@ class Session : public QObject {
   // What is done in the background for the program, one behind the other.
   enum class Work : std::uint8_t { None, Opening, Proving };
 
-  explicit Session(const executor::Limits& limits);
+  // `decimal` is the sign of the figures that the window shows; what the program says stays as it stands.
+  explicit Session(const executor::Limits& limits, char decimal = '.');
 
   // Reads the program and stands at its beginning; of a long one as soon as it has been read and followed in
   // the background. `name` is what the window calls it. A refusal leaves what was open.
@@ -42,6 +43,7 @@ class Session : public QObject {
   void ProveAgain();
 
   const executor::Limits& limits() const { return limits_; }
+  char decimal() const { return decimal_; }
   const executor::Player& player() const { return player_; }
   const QString& name() const { return name_; }
   // Nothing before the proof is through.
@@ -106,6 +108,7 @@ class Session : public QObject {
   void Changed();
 
   executor::Limits limits_;
+  char decimal_;
   executor::Player player_;
   QString name_;
   Matter open_;
@@ -126,6 +129,8 @@ struct Stand {
   Session& session;
 
   const executor::Player& player() const { return session.player(); }
+  // With that many decimals and the operator's sign.
+  QString Figure(double value, int decimals) const;
 };
 
 }  // namespace torvane::dryrun

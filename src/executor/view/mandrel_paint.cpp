@@ -9,7 +9,6 @@
 
 namespace torvane::dryrun {
 
-using executor::Fixed;
 using executor::RunState;
 
 namespace {
@@ -38,7 +37,7 @@ void MandrelView::PaintHead(QPainter& p) const {
   p.setFont(t.Font(12, Weight::Medium));
   p.setPen(t[Token::Figures]);
   p.drawText(QRectF(0, 0, width() - 14, 30), Qt::AlignVCenter | Qt::AlignRight, summary);
-  if (stand_.player().State() == RunState::Empty) return;
+  if (!Known()) return;
   PaintLegend(p, x, width() - 26 - p.fontMetrics().horizontalAdvance(summary));
 }
 
@@ -139,8 +138,7 @@ void MandrelView::PaintRuler(QPainter& p) const {
     p.drawLine(QPointF(x, box.bottom()), QPointF(x, box.bottom() + 4));
     if (x > box.right() - 24) continue;
     p.setPen(t[Token::Second]);
-    p.drawText(QRectF(x - 40, box.bottom() + 4, 80, 16), Qt::AlignCenter,
-               QString::fromStdString(Fixed(z, step < 1 ? 1 : 0)));
+    p.drawText(QRectF(x - 40, box.bottom() + 4, 80, 16), Qt::AlignCenter, stand_.Figure(z, step < 1 ? 1 : 0));
   }
   p.setPen(t[Token::Second]);
   p.drawText(QRectF(box.right() - 40, box.bottom() + 4, 40, 16), Qt::AlignRight | Qt::AlignVCenter,

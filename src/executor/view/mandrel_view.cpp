@@ -12,8 +12,6 @@
 
 namespace torvane::dryrun {
 
-using executor::Fixed;
-
 namespace {
 
 constexpr int kSurfaceRows = 720;
@@ -176,7 +174,7 @@ QString MandrelView::Summary() const {
     if (figures.number == layer->number && figures.judged && figures.fits && figures.pattern.bands > 1)
       return name + tr("%1 % covered, closing error %2%3")
                         .arg(percent(figures.coveredShare))
-                        .arg(QString::fromStdString(Fixed(figures.pattern.miss, 2)))
+                        .arg(stand_.Figure(figures.pattern.miss, 2))
                         .arg(QChar(0xB0));
   return text;
 }

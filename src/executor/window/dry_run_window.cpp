@@ -22,16 +22,18 @@ constexpr int kStatus = 24, kMargin = 8, kLeft = 452, kFindings = 146;
 
 }  // namespace
 
-DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
+DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Appearance appearance)
     : theme_(theme),
       stand_{theme, session},
       ask_(std::move(ask)),
+      appearance_(appearance),
       bar_(new RunBar(stand_, this)),
       timeline_(new Timeline(stand_, this)),
       list_(new ProgramList(stand_)),
       press_(new PressPanel(stand_)),
       left_(new QWidget),
       leftStack_(new QStackedWidget),
+      manual_(new ManualPanel(stand_)),
       display_(new DisplayStrip(stand_)),
       axes_(new AxesStrip(stand_)),
       view_(new MandrelView(stand_)),
@@ -47,7 +49,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   running->addWidget(list_, 1);
   running->addWidget(press_);
   leftStack_->addWidget(left_);
-  leftStack_->addWidget(new ManualPanel(stand_));
+  leftStack_->addWidget(manual_);
   auto* right = new QVBoxLayout;
   right->setSpacing(kMargin);
   right->addWidget(display_);
@@ -70,6 +72,7 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   all->addLayout(middle, 1);
 
   MakeKeys();
+  MakeManualKeys();
   connect(bar_, &RunBar::OpenAsked, this, &DryRunWindow::Ask);
   connect(list_, &ProgramList::OpenAsked, this, &DryRunWindow::Ask);
   connect(findings_, &FindingsList::LineChosen, list_, &ProgramList::ShowLine);
@@ -88,31 +91,55 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask)
   Refresh();
 }
 
-void DryRunWindow::AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats) {
+QShortcut* DryRunWindow::AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats) {
   auto* shortcut = new QShortcut(key, this);
   shortcut->setAutoRepeat(repeats);
   connect(shortcut, &QShortcut::activated, this, does);
-  runKeys_.push_back(shortcut);
+  return shortcut;
 }
 
 // They reach the run wherever the focus is; the focused button is pressed by Enter.
 void DryRunWindow::MakeKeys() {
   Session& session = stand_.session;
+  const auto add = [this](const QKeySequence& key, const std::function<void()>& does, bool repeats = true) {
+    runKeys_.push_back(AddKey(key, does, repeats));
+  };
   for (const auto& [modifier, stride] : {std::pair(Qt::NoModifier, executor::Stride::Line),
                                          {Qt::ControlModifier, executor::Stride::Pass},
                                          {Qt::ShiftModifier, executor::Stride::Layer}}) {
-    AddKey(modifier | Qt::Key_Left, [&session, stride = stride] { session.Step(stride, false); });
-    AddKey(modifier | Qt::Key_Right, [&session, stride = stride] { session.Step(stride, true); });
+    add(modifier | Qt::Key_Left, [&session, stride = stride] { session.Step(stride, false); });
+    add(modifier | Qt::Key_Right, [&session, stride = stride] { session.Step(stride, true); });
   }
-  AddKey(Qt::Key_Home, [&session] { session.SeekTime(0); });
-  AddKey(Qt::Key_End, [&session] { session.SeekEnd(); });
-  AddKey(Qt::Key_N, [this] { findings_->GoToNext(true); });
-  AddKey(Qt::SHIFT | Qt::Key_N, [this] { findings_->GoToNext(false); });
-  AddKey(
+  add(Qt::Key_Home, [&session] { session.SeekTime(0); });
+  add(Qt::Key_End, [&session] { session.SeekEnd(); });
+  add(Qt::Key_N, [this] { findings_->GoToNext(true); });
+  add(Qt::SHIFT | Qt::Key_N, [this] { findings_->GoToNext(false); });
+  add(
       Qt::Key_Space, [this] { PressOrPlay(); }, false);
   for (const auto& [key, step] : {std::pair(Qt::Key_Plus, 1), {Qt::Key_Equal, 1}, {Qt::Key_Minus, -1}})
-    AddKey(key, [this, step = step] { bar_->Step(step); });
+    add(key, [this, step = step] { bar_->Step(step); });
   connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &DryRunWindow::Ask);
+}
+
+// The larger Z is at the left, so Left is more.
+void DryRunWindow::MakeManualKeys() {
+  using executor::Axis;
+  struct Key {
+    QKeySequence key;
+    Axis axis;
+    bool more;
+  };
+  for (const Key& key : {Key{Qt::Key_Left, Axis::Carriage, true},
+                         {Qt::Key_Right, Axis::Carriage, false},
+                         {Qt::Key_Up, Axis::Mandrel, true},
+                         {Qt::Key_Down, Axis::Mandrel, false},
+                         {Qt::CTRL | Qt::Key_Up, Axis::Head, false},
+                         {Qt::CTRL | Qt::Key_Down, Axis::Head, true},
+                         {Qt::SHIFT | Qt::Key_Up, Axis::Rotation, true},
+                         {Qt::SHIFT | Qt::Key_Down, Axis::Rotation, false}})
+    manualKeys_.push_back(AddKey(key.key, [this, key] { manual_->Move(key.axis, key.more); }));
+  manualKeys_.push_back(AddKey(
+      Qt::Key_Home, [this] { stand_.session.Home(); }, false));
 }
 
 void DryRunWindow::PressOrPlay() {
@@ -143,6 +170,7 @@ void DryRunWindow::Refresh() {
   const executor::Player& player = stand_.player();
   const bool manual = player.State() == RunState::Manual;
   for (QShortcut* key : runKeys_) key->setEnabled(!manual);
+  for (QShortcut* key : manualKeys_) key->setEnabled(manual);
   timeline_->setVisible(!manual);
   leftStack_->setCurrentIndex(manual ? 1 : 0);
   const QString name = stand_.session.name();
@@ -155,6 +183,18 @@ void DryRunWindow::resizeEvent(QResizeEvent*) {
   leftStack_->setFixedWidth(std::clamp(kLeft + (spare < 0 ? spare * 3 / 8 : 0), 270, kLeft));
   findings_->setFixedHeight(height() < 720 ? 100 : kFindings);
   bar_->SetNarrow(width() < 1120);
+}
+
+// What the keys do.
+QString DryRunWindow::Help() const {
+  QStringList words = {tr("Space presses the button, else plays"), tr("Left and Right step a line")};
+  if (width() >= 1000)
+    words = {words[0], tr("Left and Right step a line, with Ctrl a pass, with Shift a layer"),
+             tr("N next finding"), tr("+ and %1 change the speed").arg(QChar(0x2212))};
+  if (stand_.player().State() == RunState::Manual)
+    words = {tr("Left and Right move the carriage"), tr("Up and Down turn the mandrel"),
+             tr("Home to the limit switches")};
+  return words.join(QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  "));
 }
 
 void DryRunWindow::paintEvent(QPaintEvent*) {
@@ -170,16 +210,8 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
   const int most = status.width() - 36 - p.fontMetrics().horizontalAdvance(right);
   p.setPen(t[Token::Second]);
   p.drawText(status.adjusted(0, 1, -12, 0), Qt::AlignRight | Qt::AlignVCenter, right);
-  const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
   p.setPen(t[trouble_.isEmpty() ? Token::Second : Token::Fault]);
-  QString words = trouble_;
-  if (words.isEmpty() && width() < 1000)
-    words = tr("Space presses the button, else plays") + dot + tr("Left and Right step a line");
-  else if (words.isEmpty())
-    words = QStringList{tr("Space presses the button, else plays"),
-                        tr("Left and Right step a line, with Ctrl a pass, with Shift a layer"),
-                        tr("N next finding"), tr("+ and %1 change the speed").arg(QChar(0x2212))}
-                .join(dot);
+  const QString words = trouble_.isEmpty() ? Help() : trouble_;
   p.drawText(QRect(12, status.top() + 1, most, kStatus - 1), Qt::AlignVCenter,
              p.fontMetrics().elidedText(words, Qt::ElideMiddle, most));
 }
@@ -187,7 +219,7 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
 // The desktop has changed its colours.
 void DryRunWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::ThemeChange) return;
+  if (event->type() != QEvent::ThemeChange || appearance_ != Appearance::System) return;
   theme_.SetDark(DesktopIsDark());
   QApplication::setPalette(theme_.Palette());
 }

@@ -15,6 +15,7 @@
 #include "executor/panel/run_bar.h"
 #include "executor/panel/timeline.h"
 #include "executor/view/mandrel_view.h"
+#include "look/appearance.h"
 
 namespace torvane::dryrun {
 
@@ -25,7 +26,8 @@ class DryRunWindow : public QWidget {
   // Asks the operator for a program: its path on the computer, empty for none.
   using AskForProgram = std::function<std::string(QWidget* parent)>;
 
-  DryRunWindow(Theme& theme, Session& session, AskForProgram ask);
+  // With the appearance of the system it follows the desktop's colours.
+  DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Appearance appearance = Appearance::System);
 
   // Opens a program and runs it. What cannot be opened is told in place.
   void Open(const std::string& hostPath);
@@ -45,23 +47,27 @@ class DryRunWindow : public QWidget {
   void Ask();
   void Refresh();
   void MakeKeys();
-  void AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats = true);
+  void MakeManualKeys();
+  QShortcut* AddKey(const QKeySequence& key, const std::function<void()>& does, bool repeats = true);
+  QString Help() const;
   void PressOrPlay();
 
   Theme& theme_;
   Stand stand_;
   AskForProgram ask_;
+  Appearance appearance_;
   RunBar* bar_;
   Timeline* timeline_;
   ProgramList* list_;
   PressPanel* press_;
   QWidget* left_;
   QStackedWidget* leftStack_;
+  ManualPanel* manual_;
   DisplayStrip* display_;
   AxesStrip* axes_;
   MandrelView* view_;
   FindingsList* findings_;
-  std::vector<QShortcut*> runKeys_;  // those of a program
+  std::vector<QShortcut*> runKeys_, manualKeys_;  // those of a program, and of moving by hand
   QString trouble_;
 };
 

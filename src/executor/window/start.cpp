@@ -62,15 +62,18 @@ void Begin(const Start& start, const SettingsStore& store, Session& session, Dry
 int ShowWindow(int& argc, char** argv, const Start& start) {
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QObject::tr("Torvane dry run"));
-  Theme theme(DesktopIsDark());
+  const std::unique_ptr<SettingsStore> store = StoreAt(start.store);
+  const Appearance appearance = AppearanceOf(store->Read(kAppearanceSection, kAppearanceKey).value_or(""));
+  Theme theme(IsDark(appearance));
   Dress(theme);
 
-  const std::unique_ptr<SettingsStore> store = StoreAt(start.store);
   const QDir station(QString::fromStdString(start.stationFolder));
   QString programs = station.filePath(QStringLiteral("TV_G-Code_Files"));
   if (!QDir(programs).exists()) programs = station.path();
-  Session session(executor::ReadLimits(*store, HostLocale().Signs().decimal));
-  DryRunWindow window(theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); });
+  const char decimal = HostLocale().Signs().decimal;
+  Session session(executor::ReadLimits(*store, decimal), decimal);
+  DryRunWindow window(
+      theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); }, appearance);
   window.show();
   if (const Outcome readable = store->Readable(); !readable) {
     QMessageBox box(QMessageBox::Warning, QObject::tr("Torvane dry run"),
