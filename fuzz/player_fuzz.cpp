@@ -123,6 +123,31 @@ void PlayAtOnce(Player& player, int lines) {
     Fail("it takes another time than its course", player);
 }
 
+// To and fro over the whole program; and to its end, where a run comes to as well.
+void SeekAndStep(Player& player, int lines, const Position& end) {
+  constexpr int kPlaces = 7;
+  for (int i = 0; i < kPlaces; ++i) {
+    const int place = i * 3 % kPlaces;
+    player.SeekTime(player.course().seconds * place / kPlaces);
+    Witness().See(player);
+    player.SeekLine(static_cast<int>(static_cast<long long>(lines) * place / kPlaces));
+    Witness().See(player);
+    for (const Stride stride : {Stride::Line, Stride::Pass, Stride::Layer})
+      for (const bool on : {true, false}) {
+        const int from = player.LineNow();
+        player.Step(stride, on);
+        Witness().See(player);
+        if (on ? player.LineNow() < from : player.LineNow() > from)
+          Fail("a step leads the other way", player);
+      }
+  }
+  player.SeekEnd();
+  Witness().See(player);
+  const Position& at = player.At();
+  if (player.State() != RunState::Finished || player.course().endless) return;
+  if (at.carriage != end.carriage || at.mandrel != end.mandrel) Fail("sought, the end is elsewhere", player);
+}
+
 // Three bytes a doing: the axis, and how far.
 void MoveByHand(Player& player, const std::string& bytes) {
   ManualSetup setup;
@@ -170,6 +195,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (cover.Once() != player.Cover().Once() || cover.Twice() != player.Cover().Twice())
       Fail("played at once it covers otherwise", player);
   }
+  player.Load(program);
+  player.SetSpeed(1);
+  SeekAndStep(player, program->Lines(), end);
   MoveByHand(player, bytes);
   return 0;
 }

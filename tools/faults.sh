@@ -72,12 +72,13 @@ targets_of() {
   case $1 in
     window) printf 'window_%s ' station_window designs_by_keys messages_on_screen settings_by_keys preview_on_screen \
       drawings names_in_window layout operations_on_screen dialogs_on_screen rows_on_screen ;;
+    dryrun) printf '%s_tests ' dryrun timeline mandrel ;;
     *) echo "$1_tests" ;;
   esac
 }
 others_of() {
   case $1 in
-    window) echo dryrun_tests ;;
+    window) targets_of dryrun ;;
     dryrun) targets_of window ;;
     *) printf '%s_tests ' text design calc gcode persist handoff executor rooms workbench host cli ;;
   esac
@@ -91,7 +92,7 @@ red() {
   [ -x "$path" ] || path=$build/tests/$1
   local rc=0 options=(--gtest_fail_fast) screen=
   # Windows are shown nowhere; elsewhere a program that finds no screen has none.
-  case $1 in window_* | dryrun_tests) options=() screen=offscreen ;; esac
+  case $1 in window_* | dryrun_tests | timeline_tests | mandrel_tests) options=() screen=offscreen ;; esac
   (ulimit -v 8000000 -c 0
     HOME=$PWD/$work QT_QPA_PLATFORM=$screen exec "${alone[@]}" timeout -k 5 60 "$path" "${options[@]}") \
     >"$log" 2>&1 </dev/null || rc=$?
