@@ -158,7 +158,7 @@ void Session::Labour(const std::stop_token& stop, int job, Matter matter,
       });
       return;
     }
-    matter.program = std::make_shared<const executor::Program>(std::move(text.value()));
+    matter.program = std::make_shared<const executor::Program>(text.value());
     matter.course = std::make_shared<const executor::Course>(
         executor::FollowCourse(*matter.program, stop, progress.get()));
     if (stop.stop_requested()) return;
