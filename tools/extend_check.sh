@@ -41,13 +41,13 @@ insert() {
 section "A field"
 below src/design/fields.h '// Part, two axes.' '  Field txtResinBatch;'
 below src/design/catalogue.cpp '// Part, two axes' \
-  '    {"txtResinBatch", &Fields::txtResinBatch, Kind::Text, UsedBy::Both, {}, ""},'
+  '    {"txtResinBatch", &Fields::txtResinBatch, Kind::Text, UsedBy::Both, {}, "", {"Resin batch", "Number of the resin that the part is wound with."}},'
 below docs/window-names.md '| `txtSplitAngle` |' '| `txtResinBatch` |  | `frmMain` | made up | no place |'
 below src/workbench/part/input_checks.cpp 'constexpr Operation kOperations[] = {' \
   '    {"txtResinBatch", Event::Key, txtResinBatch_Key},'
 
 section "A setting"
-below src/persist/settings.cpp '{"gPauseBeforeHoop"' \
+above src/persist/settings.cpp '{"gVersionNumber"' \
   '    {"txtResinBatch", "", Of<&Fields::txtResinBatch>(), Form::Text, kYes, 36, kNo, "batch of the resin, 1 to 9999"},'
 below tests/persist/settings_test.cpp '"gPauseBeforeHoop",' '"gDelayTimeInG456ToWaitForMandrelinMS", "txtResinBatch"};'
 sed -i '/^ *"gDelayTimeInG456ToWaitForMandrelinMS"};$/d' tests/persist/settings_test.cpp

@@ -41,6 +41,29 @@ DesignState::DesignState(NumberSigns signsOfComputer) : FieldOwner(signsOfComput
   }
 }
 
+bool DesignState::TakeFrom(const DesignState& other) {
+  const DesignValues& values = other;
+  bool changed = !(static_cast<const DesignValues&>(*this) == values);
+  if (changed) static_cast<DesignValues&>(*this) = values;
+  const auto take = [&changed](Field& field, const Field& from) {
+    if (field.text() == from.text()) return;
+    field.Restore(from.text());
+    changed = true;
+  };
+  for (const FieldRow& row : Catalogue()) {
+    if (const auto* single = std::get_if<Field Fields::*>(&row.member)) {
+      take(this->*(*single), other.*(*single));
+      continue;
+    }
+    const auto array = std::get<FieldArray Fields::*>(row.member);
+    for (int place = 0; place < row.indexes.count(); ++place) {
+      const int index = row.indexes.IndexAt(place);
+      take((this->*array)(index), (other.*array)(index));
+    }
+  }
+  return changed;
+}
+
 Snapshot DesignState::TakeSnapshot() const {
   Snapshot snapshot{{}, {}, LayerTable2Ax, LayerTable4Ax, mnuINCH, gBuildHours, gBuildMinutes};
   ForEachField(*this, [&snapshot](const Field& field) {

@@ -20,6 +20,7 @@ class LayerTable {
 
   const std::string& operator()(int row, int column) const;
   void Set(int row, int column, std::string_view text);
+  bool operator==(const LayerTable&) const = default;
 
  private:
   std::array<std::array<std::string, kColumns>, kRows> cells_;
@@ -34,6 +35,7 @@ class SplitFields {
   // Splits at each character that `separators` holds; blanks round a field are cut off, and fields behind
   // the hundredth separator are dropped.
   void Split(std::string_view text, std::string_view separators);
+  bool operator==(const SplitFields&) const = default;
 
  private:
   std::array<std::string, kLast + 1> cells_;
@@ -49,12 +51,8 @@ struct Snapshot {
   std::int32_t gBuildHours = 0, gBuildMinutes = 0;
 };
 
-// All fields, with the values that stand behind them in no field.
-struct DesignState : FieldOwner, Fields {
-  explicit DesignState(NumberSigns signsOfComputer);
-  DesignState(const DesignState&) = delete;
-  DesignState& operator=(const DesignState&) = delete;
-
+// What stands behind the fields in no field.
+struct DesignValues {
   LayerTable LayerTable2Ax, LayerTable4Ax;
   SplitFields gListFields, gTagFields;
   int gTagLineCount = 0;   // of the two-axis file last read: tags that count toward a sufficient file
@@ -91,9 +89,6 @@ struct DesignState : FieldOwner, Fields {
   double gNoListPatternDegrees = 0;                 // patterns of this winding angle and above are not listed
   double gDelayTimeInG456ToWaitForMandrelinMS = 0;  // the other axes end an end wrap so much earlier
 
-  // The field that the operator's next key goes to, where a rule has moved it.
-  const Field* focus = nullptr;
-
   // Winding angle of the four-axis layer in hand, degrees; the lead angle of a hoop.
   Kept gWindAngle;
 
@@ -101,6 +96,18 @@ struct DesignState : FieldOwner, Fields {
   std::int32_t gBuildHours = 0;
   std::int32_t gBuildMinutes = 0;
   std::int32_t gBuildSeconds = 0;
+
+  bool operator==(const DesignValues&) const = default;
+};
+
+// All fields, with the values behind them.
+struct DesignState : FieldOwner, Fields, DesignValues {
+  explicit DesignState(NumberSigns signsOfComputer);
+  DesignState(const DesignState&) = delete;
+  DesignState& operator=(const DesignState&) = delete;
+
+  // The field that the operator's next key goes to, where a rule has moved it.
+  const Field* focus = nullptr;
 
   bool InInches() const { return gUnits.text() == "in"; }
   // Index of the panel in use: 0 two axes, 1 four.
@@ -110,6 +117,10 @@ struct DesignState : FieldOwner, Fields {
   bool IsHemi() const { return gPartType.text() == "HEMI"; }
   bool IsNoWrap() const { return gPartType.text() == "2AX"; }
   Number Read(std::string_view text) const { return ReadNumberText(signs, text); }
+
+  // Takes the texts and values of another state, not its looks; no operation runs. False if they are the
+  // same.
+  bool TakeFrom(const DesignState& other);
 
   Snapshot TakeSnapshot() const;
   // Whether the design's fields hold the texts of a snapshot.

@@ -7,11 +7,16 @@
 
 namespace torvane {
 
-// What the writers of one program share; it lives as long as one call of WriteGCode. The last commanded
+// Where and when a program is formed, as its head tells it.
+struct ProgramPlace {
+  std::string folder;  // the station's
+  Moment now{};
+};
+
+// What the writers of one program share; it lives as long as one call of FormProgram. The last commanded
 // values carry over between start position, passes and end wraps.
 struct GCodeSession {
   DesignState& s;
-  const Platform& platform;
   Program& program;
 
   Kept gMandrelAngle{};       // running angle of the mandrel, degrees; never reset between layers
@@ -52,6 +57,8 @@ struct Formed {
 
 // Forms the program of the design in hand and sets the names that belong to it (`gGCodeFilePath` and its
 // like). A program that was refused or cancelled says so in its refusal.
+Formed FormProgram(DesignState& s, const ProgramPlace& place, Program& program);
+// In the station's folder, now.
 Formed FormProgram(DesignState& s, const Platform& platform, Program& program);
 
 // What writing a program came to.

@@ -98,6 +98,7 @@ class Kept {
   }
   constexpr operator Number() const { return value_; }  // NOLINT: it stands for its number
   constexpr double value() const { return value_; }
+  constexpr bool operator==(const Kept& other) const { return value_ == other.value_; }
 
  private:
   double value_ = 0;

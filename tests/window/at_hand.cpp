@@ -6,7 +6,7 @@
 
 #include "design/catalogue.h"
 #include "on_stage.h"
-#include "window/rail/marks_panel.h"
+#include "window/rail/proof_panel.h"
 #include "workbench/document/design_commands.h"
 
 namespace torvane {
@@ -20,6 +20,7 @@ class AtHand : public QObject {
   void AltOpensTheMenus();
   void NotesWrapAndAreReachedByKeys();
   void WhatCanBeReachedHasAnOperatorsName();
+  void TheProofStandsBesideTheTyping();
 };
 
 namespace {
@@ -105,7 +106,7 @@ void AtHand::NotesWrapAndAreReachedByKeys() {
   lines->setCurrentIndex(lines->model()->index(0, 0));
   desktop.Key(Qt::Key_Down);
   QCOMPARE(lines->currentIndex().row(), 1);
-  const Note note = NotesOf(desktop.station())[1];
+  const Note note = NotesOf(desktop.program->desk())[1];
   desktop.Key(Qt::Key_Return);
   QCOMPARE(QApplication::focusWidget()->objectName(), QString::fromStdString(NameOf(*note.field)));
 }
@@ -135,6 +136,39 @@ void AtHand::WhatCanBeReachedHasAnOperatorsName() {
     check(*desktop.DialogOf(window));
     desktop.program->binder().Do([&] { desktop.station().Close(*desktop.station().OpenWindow(window)); });
   }
+}
+
+void AtHand::TheProofStandsBesideTheTyping() {
+  Desktop desktop;
+  const LiveWatch& live = *desktop.program->desk().live;
+  const auto cell = [&](int row) {
+    return desktop.Grid()->model()->index(row, 11).data(Qt::AccessibleTextRole).toString();
+  };
+  const auto notes = [&](ProofState state) {
+    const auto all = NotesOf(desktop.program->desk());
+    return std::count_if(all.begin(), all.end(), [state](const Note& note) { return note.state == state; });
+  };
+  for (const auto& [field, text] :
+       {std::pair("txtLengthTotal(0)", "24"), std::pair("txtBandWidth(0)", "0.25"),
+        std::pair("txtBandThickness(0)", "0.01"), std::pair("txtDiameterLeft", "4"),
+        std::pair("txtDiameterRight", "4"), std::pair("txtZ2(0)", "28"), std::pair("txtZ2(1)", "4"),
+        std::pair("txtNumberOfLayers(0)", "2")})
+    desktop.Type(field, text);
+  desktop.TypeInCell(desktop.s().txtWA(1), "45");
+  desktop.TypeInCell(desktop.s().txtWA(2), "60");
+  QTRY_VERIFY(live.result() != nullptr && live.result()->formed && live.result()->LayerOf(2) != nullptr);
+  QTRY_COMPARE(cell(1), QStringLiteral("Proof: in order"));
+  const auto minutes = [&] {
+    return desktop.window().findChild<QWidget*>(QStringLiteral("provenMinutes"))->accessibleName();
+  };
+  const QString before = minutes();
+  QVERIFY2(before.startsWith(QStringLiteral("proven ")), qPrintable(before));
+  QCOMPARE(notes(ProofState::Fault), std::ptrdiff_t{0});
+  // Beyond the carriage's travel.
+  desktop.Type("txtZ2(0)", "60");
+  QTRY_VERIFY(notes(ProofState::Fault) > 0);
+  QTRY_VERIFY(minutes() != before);
+  QVERIFY(!desktop.stage.files.Exists(kPrograms + std::string("New design.T2G")));
 }
 
 }  // namespace torvane

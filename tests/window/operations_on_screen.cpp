@@ -8,7 +8,7 @@
 
 #include "on_stage.h"
 #include "window/dialog/program_dialog.h"
-#include "window/rail/marks_panel.h"
+#include "window/rail/proof_panel.h"
 
 namespace torvane {
 
@@ -65,7 +65,7 @@ void OperationsOnScreen::WarningsAreListedAndStopNothing() {
   desktop.TypeTube();
   desktop.Save("tube.t2d");
   QStringList titles;
-  for (const Note& note : NotesOf(desktop.station())) titles << note.title;
+  for (const Note& note : NotesOf(desktop.program->desk())) titles << note.title;
   QCOMPARE(titles, (QStringList{QStringLiteral("Layer 2 has no winding angle"),
                                 QStringLiteral("Layer 1 shows nothing on the machine")}));
   QWidget* build = desktop.Find(QStringLiteral("imgBUILD"));
@@ -73,7 +73,7 @@ void OperationsOnScreen::WarningsAreListedAndStopNothing() {
   QVERIFY(build->accessibleDescription().contains(QStringLiteral("2 warnings")));
   // With an angle in each row the program is written, whatever else is warned of.
   desktop.binder().Type(*desktop.station().FindField("txtWA(2)"), QStringLiteral("45"));
-  QVERIFY(!NotesOf(desktop.station()).empty());
+  QVERIFY(!NotesOf(desktop.program->desk()).empty());
   QTest::mouseClick(build, Qt::LeftButton);
   QCOMPARE(desktop.stage.launcher.starts.size(), 1U);
 }
@@ -216,7 +216,7 @@ void OperationsOnScreen::ANumberSaysWhatItReadsAs() {
   const QString hint = QStringLiteral("\"12,5\" reads as 125: the decimal sign here is a point.");
   QCOMPARE(desktop.Find(QStringLiteral("txtDiameterLeft"))->toolTip(), hint);
   bool listed = false;
-  for (const Note& note : NotesOf(desktop.station())) listed = listed || note.second == hint;
+  for (const Note& note : NotesOf(desktop.program->desk())) listed = listed || note.second == hint;
   QVERIFY(listed);
 }
 

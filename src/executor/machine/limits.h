@@ -13,6 +13,8 @@ struct Limits {
   double headSpeed = 0;
   // The delivery head's distance from the mandrel's axis when it is fully retracted: as far out as it goes.
   double headRetracted = 4.4375;
+
+  bool operator==(const Limits&) const = default;
 };
 
 // The settings, and the calibration of the section that belongs to the computer's decimal sign; what the

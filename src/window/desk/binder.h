@@ -75,12 +75,15 @@ class Binder : public QObject, private FieldWatcher {
   bool due_ = false;
 };
 
+class LiveWatch;
+
 // What every part of the window is given.
 struct Desk {
   Station& station;
   Binder& binder;
   Theme& theme;
-  Window* window = nullptr;  // of a dialog: what it shows
+  Window* window = nullptr;         // of a dialog: what it shows
+  const LiveWatch* live = nullptr;  // null where nothing is proven
 
   // A control where this desk stands: with two dialogs open each runs its own.
   bool Run(std::string_view control, Event event = Event::Click, int index = 0) const {

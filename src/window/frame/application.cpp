@@ -47,6 +47,7 @@ WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
   station_.timerStarts = [this] { WindClock(); };
   splash_ = std::make_unique<Splash>(desk());
   Form_Load(station_);
+  live_ = std::make_unique<LiveWatch>(station_, binder_);
   main_ = std::make_unique<MainWindow>(desk());
   dialogs_ = std::make_unique<DialogHost>(desk(), main_.get());
   binder_.BindAll(this, [this] {

@@ -12,6 +12,7 @@
 #include "host/system/host_launcher.h"
 #include "host/system/host_locale.h"
 #include "window/desk/binder.h"
+#include "window/desk/live_watch.h"
 #include "window/dialog/dialogs.h"
 #include "window/dialog/program_dialog.h"
 #include "window/dialog/station_dialog.h"
@@ -51,7 +52,7 @@ class WindowProgram : public QObject {
 
   Station& station() { return station_; }
   Binder& binder() { return binder_; }
-  Desk desk() { return {station_, binder_, theme_}; }
+  Desk desk() { return {station_, binder_, theme_, nullptr, live_.get()}; }
   MainWindow& mainWindow() { return *main_; }
   const DialogHost& dialogs() const { return *dialogs_; }
 
@@ -69,6 +70,7 @@ class WindowProgram : public QObject {
   QTimer timer_, opening_;
   std::deque<std::string> waiting_;
   FileDrops drops_;
+  std::unique_ptr<LiveWatch> live_;
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainWindow> main_;
   std::unique_ptr<DialogHost> dialogs_;

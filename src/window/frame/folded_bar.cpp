@@ -69,7 +69,7 @@ void FoldedBar::paintEvent(QPaintEvent*) {
 
 void FoldedBar::PaintMarks(QPainter& p, int from, int to) const {
   const Theme& t = desk_.theme;
-  const auto notes = NotesOf(desk_.station);
+  const auto notes = NotesOf(desk_);
   const auto line = [&](int y, const QString& text, int size, Token token, Weight weight) {
     p.setFont(t.Font(size, weight));
     p.setPen(t[token]);
@@ -82,14 +82,14 @@ void FoldedBar::PaintMarks(QPainter& p, int from, int to) const {
     line(20, QStringLiteral("Nothing marked"), 13, Token::Text, Weight::Regular);
     return;
   }
-  PaintNoteIcon(p, t, {static_cast<double>(from), 16}, notes.front().mark);
+  PaintNoteIcon(p, t, {static_cast<double>(from), 16}, notes.front());
   line(11, notes.front().title, 13, Token::Text, Weight::Medium);
   line(28, notes.size() == 1 ? notes.front().second : QStringLiteral("and %1 more").arg(notes.size() - 1), 12,
        Token::Second, Weight::Regular);
 }
 
 void FoldedBar::mousePressEvent(QMouseEvent*) {
-  const auto notes = NotesOf(desk_.station);
+  const auto notes = NotesOf(desk_);
   if (!notes.empty() && goTo) goTo(*notes.front().field);
 }
 

@@ -25,8 +25,8 @@
 #include "window/part/part_panel.h"
 #include "window/rail/build_button.h"
 #include "window/rail/checklist_panel.h"
-#include "window/rail/marks_panel.h"
 #include "window/rail/polar_panel.h"
+#include "window/rail/proof_panel.h"
 #include "window/rail/totals_panel.h"
 #include "workbench/document/design_commands.h"
 #include "workbench/schedule/totals.h"
@@ -132,7 +132,7 @@ QWidget* MainWindow::MakeRail() {
     OpenChecklist(false);
     bar_->checklist()->setFocus();
   });
-  marks_ = new MarksPanel(desk_);
+  marks_ = new ProofPanel(desk_);
   marks_->goTo = [this](const Field& field) { GoTo(field); };
   build_ = new BuildButton(desk_);
   blank_ = new QSpacerItem(0, 0);

@@ -18,7 +18,7 @@ namespace torvane {
 class ChecklistPanel;
 class FoldedBar;
 class LayersPanel;
-class MarksPanel;
+class ProofPanel;
 class PartPanel;
 class StatusLine;
 class ToolBar;
@@ -73,7 +73,7 @@ class MainWindow : public QMainWindow {
   QStackedWidget* totals_ = nullptr;
   ChecklistPanel* checklist_ = nullptr;
   bool checklistOpen_ = false;  // above the folded rail
-  MarksPanel* marks_ = nullptr;
+  ProofPanel* marks_ = nullptr;
   QWidget* build_ = nullptr;
   QPointer<QWidget> focusOfSmall_;  // where the keys were before the large figures
   QHBoxLayout* barRow_ = nullptr;

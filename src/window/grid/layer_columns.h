@@ -8,11 +8,11 @@
 
 namespace torvane {
 
-enum class CellKind : std::uint8_t { Row, List, Angle, Text, Check, Figure, Minutes };
+enum class CellKind : std::uint8_t { Row, List, Angle, Text, Check, Figure, Minutes, Proof };
 
 struct LayerColumn {
   const Field Fields::*heading;  // "Carriage Speed (in/s)", its unit in brackets; null: the cells' own words
-  FieldArray Fields::*cells;     // null for the row's button
+  FieldArray Fields::*cells;     // null for the row's button and its proof
   CellKind kind;
   int width;
   // With large figures; 0: the column is left out. Where there is little room the higher ranks go first.
@@ -23,7 +23,9 @@ struct LayerColumn {
 // Set by the operator, then calculated; the bar stands before the first calculated one.
 std::span<const LayerColumn> LayerColumns(Family family);
 
-constexpr bool IsCalculated(CellKind kind) { return kind == CellKind::Figure || kind == CellKind::Minutes; }
+constexpr bool IsCalculated(CellKind kind) {
+  return kind == CellKind::Figure || kind == CellKind::Minutes || kind == CellKind::Proof;
+}
 constexpr bool IsInput(CellKind kind) { return kind != CellKind::Row && !IsCalculated(kind); }
 
 }  // namespace torvane

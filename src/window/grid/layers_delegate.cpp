@@ -30,7 +30,9 @@ void LayersDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   if (pressed) ground = t[Token::Selected];
   painter->fillRect(box, ground);
   const bool current = (option.state & QStyle::State_HasFocus) != 0;
-  if (const Field* field = model_.FieldAt(index); field == nullptr)
+  if (column.kind == CellKind::Proof)
+    PaintProofState(*painter, t, QRectF(box).center(), model_.ProofOf(layer));
+  else if (const Field* field = model_.FieldAt(index); field == nullptr)
     PaintRowButton(*painter, box, layer);
   else if (field->shown())
     PaintCell(*painter, box, column, *field, current);
@@ -122,7 +124,7 @@ void LayersDelegate::PaintAngle(QPainter& p, const QRect& box, const Field& fiel
 }
 
 void LayersDelegate::PaintShare(QPainter& p, const QRect& box, const Field& field) const {
-  const auto cells = model_.Column(model_.columnCount() - 2).cells;
+  const auto cells = model_.Column(model_.columnCount() - 3).cells;
   double most = 0;
   for (int layer = 1; layer <= model_.rowCount(); ++layer) {
     const Number minutes = number((desk_.station.s.*cells)(layer));

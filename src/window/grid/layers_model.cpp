@@ -54,6 +54,10 @@ Field* LayersModel::FieldAt(const QModelIndex& index) const {
 QVariant LayersModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Field* field = FieldAt(index);
+  if (Column(index.column()).kind == CellKind::Proof) {
+    if (role != Qt::AccessibleTextRole && role != Qt::ToolTipRole) return {};
+    return QStringLiteral("Proof: %1").arg(WordsOf(ProofOf(LayerOf(index))));
+  }
   if (role == Qt::DisplayRole)
     return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
   if (role == Qt::AccessibleTextRole && field != nullptr)
@@ -64,8 +68,13 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
+ProofState LayersModel::ProofOf(int layer) const {
+  return desk_.live == nullptr ? ProofState::NotJudged : RowState(*desk_.live, layer);
+}
+
 QString LayersModel::Heading(int section) const {
   const LayerColumn& column = Column(section);
+  if (column.kind == CellKind::Proof) return QStringLiteral("Proof");
   if (column.cells == nullptr) return QStringLiteral("#");
   if (column.heading == nullptr) return Shown(WordsOf((desk_.station.s.*column.cells)(1)).name);
   return Shown((desk_.station.s.*column.heading).text());

@@ -4,6 +4,7 @@
 #include <QAbstractTableModel>
 
 #include "window/desk/binder.h"
+#include "window/desk/proof_glyph.h"
 #include "window/grid/layer_columns.h"
 
 namespace torvane {
@@ -21,8 +22,10 @@ class LayersModel : public QAbstractTableModel {
   const LayerColumn& Column(int section) const {
     return LayerColumns(family_)[static_cast<std::size_t>(section)];
   }
-  // Null for the row's button.
+  // Null for the row's button and its proof.
   Field* FieldAt(const QModelIndex& index) const;
+  // How the proof of a layer stands; of layer 0 that of all.
+  ProofState ProofOf(int layer) const;
   // Layers count from 1.
   static int LayerOf(const QModelIndex& index) { return index.row() + 1; }
   // The first line of a column's head, and the second.

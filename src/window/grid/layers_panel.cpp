@@ -11,6 +11,7 @@
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
 #include "window/field/help.h"
+#include "window/grid/proof_strip.h"
 #include "window/grid/start_card.h"
 #include "workbench/station/layer_count.h"
 
@@ -84,7 +85,8 @@ void LayersPanel::FollowState() {
   recalculate_->setVisible(rows > 0 && open);
   add_->setVisible(rows > 0 && rows < kMostLayers && arrangement_ != Arrangement::Large);
   add_->setText(QStringLiteral("Add layer %1").arg(rows + 1));
-  if (allRows_->isHidden() == AllRowsInView()) {
+  if (allRows_->isHidden() == AllRowsInView() || footer_ != FooterHeight()) {
+    footer_ = FooterHeight();
     allRows_->setVisible(AllRowsInView());
     view_->setGeometry(1, 1, width() - 2, AllRowsTop() - 1);
   }
@@ -92,7 +94,15 @@ void LayersPanel::FollowState() {
   update();
 }
 
-int LayersPanel::FooterHeight() const { return arrangement_ == Arrangement::Open ? kFooter : 1; }
+bool LayersPanel::StripInView() const {
+  return arrangement_ == Arrangement::Open && desk_.live != nullptr && PressedRow(desk_.station.s) > 0 &&
+         LayerRows(desk_.station.s) > 0;
+}
+
+int LayersPanel::FooterHeight() const {
+  if (arrangement_ != Arrangement::Open) return 1;
+  return kFooter + (StripInView() ? kProofStrip : 0);
+}
 
 int LayersPanel::AllRowsTop() const {
   return height() - FooterHeight() - (AllRowsInView() ? kAllRowsHeight : 1);
@@ -145,6 +155,10 @@ void LayersPanel::paintEvent(QPaintEvent*) {
   p.drawLine(1, top, width() - 2, top);
   if (!open) return;
   p.setPen(t[AllRowsInView() ? Token::Hairline : Token::FieldEdge]);
+  if (StripInView())
+    PaintProofStrip(p, desk_, desk_.station.s.gCurrentRow,
+                    QRect(1, height() - kFooter - kProofStrip, width() - 2, kProofStrip - 1));
+  p.setPen(t[AllRowsInView() ? Token::Hairline : Token::FieldEdge]);
   p.drawLine(1, height() - kFooter - 1, width() - 2, height() - kFooter - 1);
   PaintFooter(p);
 }
@@ -162,16 +176,19 @@ void LayersPanel::PaintFooter(QPainter& p) const {
   const Theme& t = desk_.theme;
   const DesignState& s = desk_.station.s;
   const int columns = view_->layers().columnCount();
-  PaintTotal(p, columns - 3,
+  PaintTotal(p, columns - 4,
              family_ == Family::FourAxes ? s.lblNPasses(kAllRows) : s.lblPassesToCover(kAllRows));
-  PaintTotal(p, columns - 2,
+  PaintTotal(p, columns - 3,
              family_ == Family::FourAxes ? s.lblMinutes(kAllRows) : s.lblMinutesToCover(kAllRows));
-  PaintTotal(p, columns - 1,
+  PaintTotal(p, columns - 2,
              family_ == Family::FourAxes ? s.lblLength(kAllRows) : s.lblLengthToCover(kAllRows));
   const int y = height() - kFooter;
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
-  const int before = view_->columnViewportPosition(columns - 3);
+  const int last = view_->columnViewportPosition(columns - 1);
+  PaintProofState(p, t, QPointF(last + view_->columnWidth(columns - 1) / 2.0 + 1, y + kFooter / 2.0),
+                  view_->layers().ProofOf(0));
+  const int before = view_->columnViewportPosition(columns - 4);
   p.drawText(QRect(before - 70, y, 62, kFooter - 1), Qt::AlignRight | Qt::AlignVCenter,
              QStringLiteral("Total"));
   if (family_ == Family::FourAxes || PressedRow(s) == 0) return;

@@ -26,12 +26,15 @@ class LayersPanel : public QWidget {
   void FollowState();
   bool AllRowsInView() const;
   int FooterHeight() const;
+  // The line of the pressed row's proof stands above the footer.
+  bool StripInView() const;
   int AllRowsTop() const;
   void PaintFooter(QPainter& p) const;
   void PaintTotal(QPainter& p, int section, const Field& total) const;
 
   Desk desk_;
   Family family_;
+  int footer_ = 0;  // as it was laid out last
   Arrangement arrangement_ = Arrangement::Open;
   LayersView* view_;
   QWidget* card_;

@@ -1,7 +1,9 @@
 #include "window/rail/totals_panel.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
 
+#include "executor/program/number.h"
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field/field_widgets.h"
@@ -35,7 +37,7 @@ TotalsPanel::TotalsPanel(Desk desk, Family family, QWidget* parent) : QWidget(pa
   for (std::size_t i = 0; i < totals.size(); ++i) {
     // A hairline stands between the first and the others.
     const int row = static_cast<int>(i == 0 ? 0 : i + 1);
-    grid->addWidget(new Word(desk_, Shown(totals[i].caption), 13, Token::Second), row, 0, Qt::AlignVCenter);
+    grid->addWidget(CaptionOf(totals[i], i), row, 0, Qt::AlignVCenter);
     auto* figure = new ReadOut(desk_, *totals[i].figure, i == 0 ? 32 : 15);
     figure->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     if (i >= calculated) figure->SetPale();
@@ -46,6 +48,36 @@ TotalsPanel::TotalsPanel(Desk desk, Family family, QWidget* parent) : QWidget(pa
                       [unit, &s, family, i] { unit->SetText(Shown(AllTotals(s, family)[i].unit)); });
   }
   grid->setRowMinimumHeight(1, 8);
+}
+
+// The time and the tow of the program stand below their estimates' captions as soon as they are proven.
+QWidget* TotalsPanel::CaptionOf(const Total& total, std::size_t place) {
+  auto* caption = new Word(desk_, Shown(total.caption), 13, Token::Second);
+  if (desk_.live == nullptr || place > 1) return caption;
+  auto* both = new QWidget(this);
+  auto* column = new QVBoxLayout(both);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(caption);
+  auto* proven = new Word(desk_, {}, 12, Token::Figures);
+  proven->setObjectName(place == 0 ? QStringLiteral("provenMinutes") : QStringLiteral("provenTow"));
+  column->addWidget(proven);
+  desk_.binder.BindAll(proven, [this, proven, place] {
+    const LiveResult* result = desk_.live->result();
+    const bool stands = result != nullptr && result->formed;
+    proven->setVisible(stands);
+    if (!stands) return;
+    const executor::Proof& proof = result->proof;
+    const bool metric = proof.millimetres;
+    const double figure = place == 0 ? proof.windingSeconds / 60 : proof.filament / (metric ? 1000 : 12);
+    QString text = Shown(executor::Fixed(figure, 1));
+    text.replace(QLatin1Char('.'), QLatin1Char(desk_.station.s.signs.decimal));
+    const char* unit = place == 0 ? "min" : metric ? "m" : "ft";
+    const QString words = QStringLiteral("proven %1 %2").arg(text, QString::fromLatin1(unit));
+    proven->SetText(words);
+    proven->setAccessibleName(words);
+  });
+  return both;
 }
 
 void TotalsPanel::paintEvent(QPaintEvent*) {

@@ -4,6 +4,8 @@
 #include <QWidget>
 
 #include "window/desk/binder.h"
+#include "window/desk/live_watch.h"
+#include "workbench/schedule/totals.h"
 
 namespace torvane {
 
@@ -15,6 +17,8 @@ class TotalsPanel : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QWidget* CaptionOf(const Total& total, std::size_t place);
+
   Desk desk_;
 };
 
