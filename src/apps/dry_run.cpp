@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +10,7 @@
 #ifdef TORVANE_DRYRUN_WINDOW
 #include "executor/window/start.h"
 #endif
+#include "cli/proof_json.h"
 #include "executor/player/request.h"
 #include "executor/proof/report.h"
 #include "host/files/environment.h"
@@ -26,59 +26,11 @@ namespace torvane::executor {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 enum ExitStatus { kSound = 0, kFaults = 1, kNoProgram = 2 };
 
 int Complain(const std::string& text) {
   std::fprintf(stderr, "Torvane_Executor: %s\n", text.c_str());
   return kNoProgram;
-}
-
-Json LayerJson(const LayerFigures& layer) {
-  Json json = {{"layer", layer.number},
-               {"line", layer.line},
-               {"stands", NameOf(layer.stands)},
-               {"passes", layer.passesRun},
-               {"passesAnnounced", layer.passesAnnounced},
-               {"seconds", layer.seconds},
-               {"filament", layer.filament}};
-  if (!layer.judged) return json;
-  json.update({{"windingAngle", layer.pattern.windingAngle},
-               {"band", layer.band},
-               {"zLow", layer.zLow},
-               {"zHigh", layer.zHigh},
-               {"covered", layer.coveredShare}});
-  if (!layer.fits) return json;
-  json.update({{"smallestGap", layer.pattern.smallestGap},
-               {"largestGap", layer.pattern.largestGap},
-               {"missDegrees", layer.pattern.miss}});
-  return json;
-}
-
-std::string JsonText(const Proof& proof) {
-  Json json = {{"unit", proof.millimetres ? "mm" : "in"},
-               {"faults", proof.findings.Count(Level::Fault)},
-               {"notes", proof.findings.Count(Level::Note)},
-               {"statements", proof.statements},
-               {"seconds", proof.seconds},
-               {"endless", proof.endless},
-               {"windingSeconds", proof.windingSeconds},
-               {"announcedSeconds", proof.announcedSeconds},
-               {"waits", proof.waits},
-               {"filament", proof.filament}};
-  if (proof.carriageMoved) json.update({{"lowestZ", proof.lowestZ}, {"highestZ", proof.highestZ}});
-  json["layers"] = Json::array();
-  for (const LayerFigures& layer : proof.layers) json["layers"].push_back(LayerJson(layer));
-  json["findings"] = Json::array();
-  for (const Finding& f : proof.findings.all())
-    json["findings"].push_back({{"level", NameOf(LevelOf(f.kind))},
-                                {"kind", NameOf(f.kind)},
-                                {"line", f.line},
-                                {"layer", f.layer},
-                                {"alike", f.alike},
-                                {"text", ToUtf8(f.text)}});
-  return json.dump(2) + '\n';
 }
 
 struct Arguments {
@@ -101,7 +53,8 @@ int Check(const Arguments& arguments) {
   if (const std::string note = MissingStoreNote(arguments.store); !note.empty()) Complain(note);
   const Proof proof = Prove(program.value(), ReadLimits(*store, HostLocale().Signs().decimal));
   if (!proof.anyStatement) return Complain(asTyped + ": no program: it holds no statement that can be read");
-  const std::string text = arguments.json ? JsonText(proof) : asTyped + "\n  " + ToUtf8(Report(proof));
+  const std::string text =
+      arguments.json ? JsonOf(proof).dump(2) + '\n' : asTyped + "\n  " + ToUtf8(Report(proof));
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
     return Complain("the proof could not be written");
   return proof.findings.Count(Level::Fault) > 0 ? kFaults : kSound;

@@ -294,9 +294,11 @@ TEST(Remarks, BeginWithTheWorst) {
       found.push_back(std::string(NameOf(remark.level)) + ' ' + remark.subject);
     return found;
   };
-  EXPECT_EQ(subjects(ProgramOf({})), (std::vector<std::string>{"ok Layer 1", "ok Limits", "ok Filament"}));
-  EXPECT_EQ(subjects(ProgramOf({.passes = 6, .step = 60, .farZ = 60})),
-            (std::vector<std::string>{"fault Layer 1", "note Layer 1", "ok Filament"}));
+  EXPECT_EQ(subjects(ProgramOf({})),
+            (std::vector<std::string>{"ok Layer 1", "ok Limits", "ok Axes", "ok Layer 1", "ok Filament"}));
+  EXPECT_EQ(
+      subjects(ProgramOf({.passes = 6, .step = 60, .farZ = 60})),
+      (std::vector<std::string>{"fault Layer 1", "note Layer 1", "ok Axes", "ok Layer 1", "ok Filament"}));
 }
 
 }  // namespace

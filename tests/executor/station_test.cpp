@@ -57,7 +57,7 @@ TEST_F(Station, ProvesItsSamplesAndSeeksInThem) {
       {"Flat-Tube-4x24.t4d", {{"rounding", 1}, {"first-traverse", 2}}},
       {"Hoop-First-Tube.t4d", {{"first-traverse", 2}}},
       {"Hemi-Vessel-150mm.t4d", {{"first-traverse", 1}, {"first-traverse", 3}}},
-      {"No-Wrap-Mast.t4d", {}},
+      {"No-Wrap-Mast.t4d", {{"time", 0}}},
   };
   std::size_t samples = 0;
   for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_FOLDER) / "samples")) {
@@ -156,6 +156,14 @@ class Sweep : public Station {
   std::string designs_;
 };
 
+// Without a note on the time, where the winding does take that much longer than its estimate.
+Kinds KindsButTime(const Proof& proof) {
+  Kinds kinds = KindsOf(proof);
+  if (proof.windingSeconds >= 1.25 * proof.announcedSeconds)
+    std::erase(kinds, std::pair<std::string, int>("time", 0));
+  return kinds;
+}
+
 // Leaves one line out that moves the carriage in a layer.
 std::string WithoutATraverse(const std::string& program, Dice& dice) {
   std::vector<std::size_t> lines;
@@ -195,7 +203,7 @@ TEST_F(Sweep, OfMandrelShifts) {
       Kinds expected;
       for (std::size_t r = 0; r < rows.size(); ++r)
         if (rows[r].angle == "90") expected.emplace_back("hoop-dwell", static_cast<int>(r) + 1);
-      EXPECT_EQ(KindsOf(proof), expected) << settings << "\n" << name << "\n" << Report(proof);
+      EXPECT_EQ(KindsButTime(proof), expected) << settings << "\n" << name << "\n" << Report(proof);
       EXPECT_EQ(proof.layers.size(), rows.size());
       const std::string without = WithoutATraverse(program, dice);
       if (without.empty()) continue;
@@ -222,7 +230,7 @@ TEST_F(Sweep, OfWhatTheRulesLeaveBare) {
   Write("");
   for (const auto& [name, kind] : written) {
     const Proof proof = Prove(ProgramText(name + ".T2G"), Limits());
-    EXPECT_EQ(KindsOf(proof), (Kinds{{kind, 1}, {kind, 2}})) << name << "\n" << Report(proof);
+    EXPECT_EQ(KindsButTime(proof), (Kinds{{kind, 1}, {kind, 2}})) << name << "\n" << Report(proof);
   }
 }
 
@@ -287,7 +295,7 @@ TEST_F(Sweep, OfFourAxes) {
     const Proof proof = Prove(ProgramText(design.name + ".T4G"), Limits());
     ASSERT_EQ(proof.layers.size(), design.rows.size()) << design.name << "\n" << Report(proof);
     std::set<int> noted;
-    for (const auto& [kind, layer] : KindsOf(proof)) {
+    for (const auto& [kind, layer] : KindsButTime(proof)) {
       const bool rounded = kind == "rounding" || kind == "rounded-strips";
       const auto& [type, pattern] = design.rows[static_cast<std::size_t>(std::max(layer, 1) - 1)];
       // Some mandrels are too thick for a head that retracts to 4.4375 in from their axis.

@@ -16,8 +16,21 @@ Limits ReadLimits(const SettingsStore& store, char decimal) {
   read(section, "cMaxTravel", limits.carriageTravel);
   read(section, "cMaxSpeed", limits.carriageSpeed);
   read(section, "mMaxRPM", limits.mandrelSpeed);
+  read(section, "mClicksPerREV", limits.mandrelClicks);
+  read(section, "cClicksPerINpS", limits.carriageClicks);
   read("TV4_Calibration", "dhlMaxSpeed", limits.headSpeed);
   read("Settings", "gDHYtoMandrelCenter", limits.headRetracted);
+  for (const auto& [key, limit] : {std::pair("gProofCarriageAcceleration", &Limits::carriageAcceleration),
+                                   {"gProofMandrelAcceleration", &Limits::mandrelAcceleration},
+                                   {"gProofHeadAcceleration", &Limits::headAcceleration},
+                                   {"gProofHeadTurnAcceleration", &Limits::rotationAcceleration},
+                                   {"gProofAngleNote", &Limits::angleNote},
+                                   {"gProofAngleFault", &Limits::angleFault},
+                                   {"gProofFibreDensity", &Limits::fibreDensity},
+                                   {"gProofResinDensity", &Limits::resinDensity},
+                                   {"gProofResinShare", &Limits::resinShare},
+                                   {"gProofSpoolLength", &Limits::spoolLength}})
+    read("Settings", key, limits.*limit);
   return limits;
 }
 

@@ -1,4 +1,4 @@
-// What the machine can do.
+// What the machine can do, and what a proof holds a layer to.
 #pragma once
 
 #include "platform/settings_store.h"
@@ -13,6 +13,15 @@ struct Limits {
   double headSpeed = 0;
   // The delivery head's distance from the mandrel's axis when it is fully retracted: as far out as it goes.
   double headRetracted = 4.4375;
+  // Inches a second squared, and revolutions a minute gained in a second.
+  double carriageAcceleration = 0, headAcceleration = 0;
+  double mandrelAcceleration = 0, rotationAcceleration = 0;
+  // How finely the motors stand: clicks of a revolution, and of an inch.
+  double mandrelClicks = 21735, carriageClicks = 3623;
+  // Degrees between the angle that is asked and the one that is laid.
+  double angleNote = 0.5, angleFault = 3;
+  // Grams in a cubic centimetre, the resin's share of the band in percent, and the feet on a spool.
+  double fibreDensity = 1.8, resinDensity = 1.2, resinShare = 50, spoolLength = 0;
 
   bool operator==(const Limits&) const = default;
 };

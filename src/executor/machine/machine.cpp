@@ -19,17 +19,13 @@ double WayTo(double angle, double from) {
   return way > 360 - kSame ? 0 : way;
 }
 
-// Seconds for a way; 0 and a trouble where there is no speed.
-double TimeFor(double way, double speed, Trouble ifNone, Trouble& trouble) {
-  if (std::abs(way) < kSame) return 0;
-  if (speed == 0) {
-    trouble = ifNone;
-    return 0;
-  }
-  return std::abs(way / speed);
-}
-
 }  // namespace
+
+std::string_view NameOf(DrivenAxis axis) {
+  constexpr std::array<std::string_view, kAxes> kNames = {"mandrel", "carriage", "delivery head",
+                                                          "head's rotation"};
+  return kNames[static_cast<std::size_t>(axis)];
+}
 
 Motion Machine::Run(const Statement& statement) {
   Motion motion;
@@ -51,11 +47,10 @@ Motion Machine::Run(const Statement& statement) {
       millimetres_ = true;
       break;
     case Command::Turn:
-      spin_ = std::abs(words.At('S')) * kDegreesPerRpm;
+      spin_.SpeedUpTo(std::abs(words.At('S')) * kDegreesPerRpm);
       break;
     case Command::Stop:
-      spin_ = 0;
-      break;
+      return Stop();
     case Command::SaveFar:
       farRegister_ = at_.mandrel;
       break;
@@ -75,37 +70,79 @@ Motion Machine::Run(const Statement& statement) {
   return motion;
 }
 
-double Machine::TurnTo(const Words& words, Trouble& trouble) const {
+// The mandrel runs out before anything else goes on.
+Motion Machine::Stop() {
+  Motion motion;
+  Plan plan;
+  plan.to = at_;
+  spin_.SpeedUpTo(0);
+  plan.end = spin_.RampSeconds();
+  if (plan.end == 0) return motion;
+  plan.keeps = true;
+  plan.lost[static_cast<std::size_t>(DrivenAxis::Mandrel)] = plan.mandrel = plan.end;
+  Finish(plan, 0, motion);
+  return motion;
+}
+
+// Seconds for a way from rest to rest; 0 where there is no speed.
+double Machine::TimeFor(DrivenAxis axis, double way, double speed, Plan& plan) const {
+  if (std::abs(way) < kSame || speed == 0) return 0;
+  const double acceleration = axis == DrivenAxis::Carriage  ? drive_.carriage * UnitsPerInch()
+                              : axis == DrivenAxis::Head    ? drive_.head * UnitsPerInch()
+                              : axis == DrivenAxis::Mandrel ? drive_.mandrel
+                                                            : drive_.rotation;
+  const double seconds = RestToRest(way, speed, acceleration);
+  plan.lost[static_cast<std::size_t>(axis)] = seconds - std::abs(way / speed);
+  return seconds;
+}
+
+// What the register and the angle behind it are rounded to, the click of the mandrel at which it stands, and
+// how far it turns while the carriage makes one: within that the mandrel may be there or just beyond.
+double Machine::WaitFor(double way, Motion& motion) const {
+  constexpr double kAngleRounding = 0.005;
+  if (!(drive_.mandrelClick > 0)) return way;
+  const double carriage = feed_ > 0 ? spin_.Target() * drive_.carriageClick * UnitsPerInch() / feed_ : 0;
+  const double near = kAngleRounding + drive_.mandrelClick + carriage;
+  const bool here = way<near, beyond = way> 360 - near;
+  motion.justReached = here || beyond;
+  if (here && drive_.reading == Drive::Reading::Late) return way + 360;
+  return beyond && drive_.reading == Drive::Reading::Early ? 0 : way;
+}
+
+double Machine::TurnTo(const Words& words, Motion& motion) const {
   if (!words.Has('L')) return words.At('C');
   const auto& saved = words.At('L') == 601 ? farRegister_ : homeRegister_;
   if (!saved) {
-    trouble = Trouble::RegisterEmpty;
+    motion.trouble = Trouble::RegisterEmpty;
     return 0;
   }
-  return WayTo(*saved + words.At('C'), at_.mandrel);
+  return WaitFor(WayTo(*saved + words.At('C'), at_.mandrel), motion);
 }
 
 double Machine::MandrelSpeed(const Words& words) const {
-  return words.Has('S') ? std::abs(words.At('S')) * kDegreesPerRpm : spin_;
+  return words.Has('S') ? std::abs(words.At('S')) * kDegreesPerRpm : spin_.Target();
 }
 
 void Machine::TurnBy(double degrees, double speed, Plan& plan, Motion& motion) const {
   motion.ownTurn = true;
   motion.turn = degrees;
   plan.to.mandrel = at_.mandrel + degrees;
-  plan.mandrel = TimeFor(degrees, speed, Trouble::MandrelStands, motion.trouble);
+  if (speed == 0 && std::abs(degrees) >= kSame) motion.trouble = Trouble::MandrelStands;
+  plan.keeps = speed > 0 && speed == spin_.Target();
+  if (std::abs(degrees) < kSame) return;
+  plan.mandrel =
+      plan.keeps ? spin_.Seconds(std::abs(degrees)) : TimeFor(DrivenAxis::Mandrel, degrees, speed, plan);
 }
 
 void Machine::HeadTargets(const Words& words, Plan& plan) const {
   if (words.Has('Y')) {
     plan.to.head = words.At('Y');
-    const double speed = std::abs(words.At('E'));
-    plan.head = speed > 0 ? std::abs(plan.to.head - at_.head) / speed : 0;
+    plan.head = TimeFor(DrivenAxis::Head, plan.to.head - at_.head, std::abs(words.At('E')), plan);
   }
   if (words.Has('B')) {
     plan.to.rotation = words.At('B');
-    const double speed = std::abs(words.At('R')) * kDegreesPerRpm;
-    plan.rotation = speed > 0 ? std::abs(plan.to.rotation - at_.rotation) / speed : 0;
+    plan.rotation = TimeFor(DrivenAxis::Rotation, plan.to.rotation - at_.rotation,
+                            std::abs(words.At('R')) * kDegreesPerRpm, plan);
   }
 }
 
@@ -117,13 +154,16 @@ Motion Machine::Move(const Words& words) {
   if (words.Has('Z')) {
     motion.carriageMoves = true;
     plan.to.carriage = words.At('Z');
-    plan.carriage = TimeFor(plan.to.carriage - at_.carriage, feed_, Trouble::CarriageStands, motion.trouble);
+    const double way = plan.to.carriage - at_.carriage;
+    if (feed_ == 0 && std::abs(way) >= kSame) motion.trouble = Trouble::CarriageStands;
+    plan.carriage = TimeFor(DrivenAxis::Carriage, way, feed_, plan);
   }
   const double speed = MandrelSpeed(words);
   if (words.Has('C') || words.Has('L')) {
-    TurnBy(TurnTo(words, motion.trouble), speed, plan, motion);
+    TurnBy(TurnTo(words, motion), speed, plan, motion);
   } else {
     plan.turning = speed;
+    plan.keeps = speed == spin_.Target();
   }
   HeadTargets(words, plan);
   plan.end = std::max(plan.carriage, plan.mandrel);
@@ -142,14 +182,15 @@ Motion Machine::Dwell(const Words& words) {
   HeadTargets(words, plan);
   if (words.Has('P')) {
     plan.end = std::abs(words.At('P')) * kPauseUnit;
-    plan.turning = spin_;
+    plan.turning = spin_.Target();
+    plan.keeps = true;
   } else if (words.Has('C') || words.Has('L')) {
-    const double turn = TurnTo(words, motion.trouble);
+    const double turn = TurnTo(words, motion);
     // The mandrel turns one way only: it gets to an angle behind it by going on.
-    TurnBy(turn < 0 ? WayTo(turn, 0) : turn, spin_, plan, motion);
+    TurnBy(turn < 0 ? WayTo(turn, 0) : turn, spin_.Target(), plan, motion);
     plan.end = plan.mandrel;
   }
-  Finish(plan, spin_, motion);
+  Finish(plan, spin_.Target(), motion);
   return motion;
 }
 
@@ -163,7 +204,7 @@ Motion Machine::EndWrap(const Words& words) {
   if (words.Has('Y')) plan.to.head = words.At('Y');
   if (words.Has('B')) plan.to.rotation = words.At('B');
   const double speed = MandrelSpeed(words);
-  TurnBy(TurnTo(words, motion.trouble), speed, plan, motion);
+  TurnBy(TurnTo(words, motion), speed, plan, motion);
   plan.carriage = plan.head = plan.rotation = plan.end = plan.mandrel;
   if (words.Has('F')) feed_ = std::abs(words.At('F'));
   Finish(plan, speed, motion);
@@ -175,7 +216,7 @@ Motion Machine::Home(const Words& words) {
   Plan plan;
   plan.to = {homeZ_, homeY_, 0, at_.mandrel};
   if (words.Has('F')) feed_ = std::abs(words.At('F'));
-  if (feed_ > 0) plan.carriage = plan.end = std::abs(homeZ_ - at_.carriage) / feed_;
+  plan.carriage = plan.end = TimeFor(DrivenAxis::Carriage, homeZ_ - at_.carriage, feed_, plan);
   plan.head = plan.rotation = plan.end;
   motion.feed = feed_;
   Cut(plan, motion);
@@ -184,6 +225,12 @@ Motion Machine::Home(const Words& words) {
 
 void Machine::Finish(const Plan& plan, double mandrelSpeed, Motion& motion) {
   motion.mandrelTurns = motion.ownTurn ? motion.turn != 0 : plan.turning > 0;
+  const std::array<double, kAxes> until = {plan.mandrel, plan.carriage, plan.head, plan.rotation};
+  const auto last = std::find(until.begin(), until.end(), plan.end) - until.begin();
+  if (last < std::ssize(until)) {
+    motion.slowest = static_cast<DrivenAxis>(last);
+    motion.lost = plan.lost[static_cast<std::size_t>(last)];
+  }
   motion.feed = feed_;
   motion.rpm = mandrelSpeed / kDegreesPerRpm;
   Cut(plan, motion);
@@ -194,7 +241,7 @@ void Machine::Cut(const Plan& plan, Motion& motion) {
   std::array<double, 5> cuts = {plan.carriage, plan.head, plan.rotation, plan.mandrel, plan.end};
   std::sort(cuts.begin(), cuts.end());
   const Position start = at_;
-  const bool free = plan.turning > 0;
+  const bool free = plan.turning > 0 || (plan.keeps && !motion.ownTurn);
   const auto along = [](double from, double to, double now, double end) {
     return now >= end ? to : from + (to - from) * (now / end);
   };
@@ -203,8 +250,8 @@ void Machine::Cut(const Plan& plan, Motion& motion) {
     p.carriage = along(start.carriage, plan.to.carriage, now, plan.carriage);
     p.head = along(start.head, plan.to.head, now, plan.head);
     p.rotation = along(start.rotation, plan.to.rotation, now, plan.rotation);
-    p.mandrel =
-        free ? start.mandrel + plan.turning * now : along(start.mandrel, plan.to.mandrel, now, plan.mandrel);
+    p.mandrel = free ? start.mandrel + (plan.keeps ? spin_.Way(now) : plan.turning * now)
+                     : along(start.mandrel, plan.to.mandrel, now, plan.mandrel);
     return p;
   };
   double before = 0;
@@ -215,6 +262,7 @@ void Machine::Cut(const Plan& plan, Motion& motion) {
     at_ = to;
     before = cut;
   }
+  spin_.Pass(plan.end);
   if (plan.end > 0) {
     // An axis that has no speed of its own, or that follows later, counts as arrived.
     at_.head = plan.to.head;

@@ -18,6 +18,16 @@ bool EndsLayer(Command command) {
 
 int WholeNumber(double value) { return value > 0 && value < 1e9 ? static_cast<int>(value) : 0; }
 
+// What the operator reads: "45", "45.0", "HOOP".
+void TakeAsked(const Display& display, Layer& layer) {
+  const auto value = [](std::string_view text) { return ReadNumber(text, ',').value_or(0); };
+  const double angle = value(display.windingAngle);
+  if (display.windingAngle == "HOOP" || angle == 90) layer.hoop = true;
+  if (layer.askedAngle == 0 && angle > 0 && angle < 90) layer.askedAngle = angle;
+  if (layer.toldRpm == 0) layer.toldRpm = value(display.rpm);
+  if (layer.toldFeed == 0) layer.toldFeed = value(display.carriageSpeed);
+}
+
 double CommentValue(std::string_view comment, std::string_view key) {
   const auto at = comment.find(key);
   if (at == std::string_view::npos) return 0;
@@ -35,6 +45,8 @@ void Winding::TakeComment(std::string_view comment) {
   };
   take("LeftDia=", comments_.leftDiameter);
   take("RightDia=", comments_.rightDiameter);
+  take("FilaWidth=", comments_.bandInches);
+  take("FilaThickness=", comments_.thicknessInches);
 }
 
 void Winding::Take(const Line& line, const Motion& motion, const Machine& machine, const Position& before) {
@@ -50,6 +62,8 @@ void Winding::Take(const Line& line, const Motion& motion, const Machine& machin
     }
     return;
   }
+  if (command == Command::SaveFar) farSaved_ = true;
+  if (command == Command::SaveHome) homeSaved_ = true;
   if (EndsLayer(command) || (open_ && EndsWinding(command) && !layers_.back().strokes.empty())) open_ = false;
   TakeMotion(line, motion, machine, before);
 }
@@ -64,7 +78,17 @@ void Winding::BeginPass(const Display& display, const Line& line, const Machine&
   }
   open_ = true;
   Layer& layer = layers_.back();
-  if (display.bandInches > 0) layer.band = display.bandInches * machine.UnitsPerInch();
+  if (layer.passes.empty()) farSaved_ = homeSaved_ = false;
+  layer.fourAxes = machine.HasHead();
+  TakeAsked(display, layer);
+  if (display.bandInches > 0) {
+    const double band = display.bandInches * machine.UnitsPerInch();
+    if (layer.band > 0 && std::abs(layer.band - band) > kNoWay && layer.otherBandLine == 0) {
+      layer.otherBandLine = line.number;
+      layer.otherBand = layer.band;
+    }
+    layer.band = band;
+  }
   if (display.hasBand && !(display.bandInches > 0) && layer.noBandLine == 0) layer.noBandLine = line.number;
   if (display.leftDiameter > 0) layer.leftDiameter = display.leftDiameter;
   layer.carriageShift = display.method == "cs";
@@ -84,12 +108,14 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Machine& 
   const Position& after = motion.segments[motion.count - 1].to;
   const bool traverse = command == Command::Move && motion.carriageMoves && motion.mandrelTurns;
   if (layer == nullptr) {
+    TakeBehind(motion, before);
     const bool moves = std::abs(after.carriage - before.carriage) > kNoWay;
     if (traverse && schedule_ && moves && strayMoves_++ == 0) strayLine_ = line.number;
     CheckRunningAngle(line, motion);
     return;
   }
   for (std::size_t i = 0; i < motion.count; ++i) layer->seconds += motion.segments[i].seconds;
+  layer->lost[static_cast<std::size_t>(motion.slowest)] += motion.lost;
   if (motion.ownTurn) ++layer->ownTurns;
   if (command == Command::Ellipse || command == Command::Withdraw) layer->wraps = true;
   if (command == Command::Dwell && line.statement.words.Has('L') && line.statement.words.Has('C') &&
@@ -99,11 +125,15 @@ void Winding::TakeMotion(const Line& line, const Motion& motion, const Machine& 
       layer->oddDwellAngle = line.statement.words.At('C');
     }
   }
+  WatchRegister(line);
   if (traverse) {
+    WatchTold(line, motion);
     TakeTraverse(line, motion, before);
     if (machine.HasHead()) TakeHead(line, std::min(before.head, after.head));
-  } else if (command != Command::Move || layer->strokes.empty()) {
-    layer->endTurns.push_back({after.carriage, std::abs(after.mandrel - before.mandrel)});
+  } else {
+    // Round an end the head goes beyond the part; the band stays on it.
+    const bool wraps = command == Command::Ellipse || command == Command::Withdraw;
+    TakeTurn(after.carriage, after.mandrel - before.mandrel, wraps ? 0 : after.carriage - before.carriage);
   }
   layer->endZ = after.carriage;
   layer->endMandrel = after.mandrel;
@@ -142,7 +172,7 @@ void Winding::TakeTraverse(const Line& line, const Motion& motion, const Positio
   }
   const double way = arrival.carriage - before.carriage;
   if (std::abs(way) < kNoWay) {
-    layer.endTurns.push_back({after.carriage, std::abs(after.mandrel - before.mandrel)});
+    TakeTurn(after.carriage, after.mandrel - before.mandrel, 0);
     return;
   }
   Stroke stroke{
@@ -159,8 +189,47 @@ void Winding::TakeTraverse(const Line& line, const Motion& motion, const Positio
               true};
   }
   layer.strokes.push_back(stroke);
-  if (arrival.mandrel != after.mandrel)
-    layer.endTurns.push_back({after.carriage, std::abs(after.mandrel - arrival.mandrel)});
+  if (stroke.m1 != after.mandrel) TakeTurn(after.carriage, after.mandrel - stroke.m1, 0);
+}
+
+void Winding::TakeTurn(double z, double degrees, double along) {
+  Layer& layer = layers_.back();
+  if (degrees == 0 && along == 0) return;
+  layer.endTurns.push_back(
+      {z, std::abs(degrees), along, static_cast<int>(layer.passes.size()) - 1, layer.strokes.size()});
+}
+
+// Until the next layer begins the tow still runs onto the part.
+void Winding::TakeBehind(const Motion& motion, const Position& before) {
+  if (!schedule_ || layers_.empty()) return;
+  for (std::size_t i = 0; i < motion.count; ++i) layers_.back().secondsBehind += motion.segments[i].seconds;
+  layers_.back().lost[static_cast<std::size_t>(motion.slowest)] += motion.lost;
+  const Position& after = motion.segments[motion.count - 1].to;
+  TakeTurn(after.carriage, after.mandrel - before.mandrel, after.carriage - before.carriage);
+}
+
+// The display tells the operator at which speeds the layer runs.
+void Winding::WatchTold(const Line& line, const Motion& motion) {
+  constexpr double kRpmRounding = 0.051, kFeedRounding = 0.0051;
+  Layer& layer = layers_.back();
+  if (layer.otherSpeedLine != 0) return;
+  const bool otherRpm = layer.toldRpm > 0 && std::abs(motion.rpm - layer.toldRpm) > kRpmRounding;
+  const bool otherFeed = layer.toldFeed > 0 && std::abs(motion.feed - layer.toldFeed) > kFeedRounding;
+  if (!otherRpm && !otherFeed) return;
+  layer.otherSpeedLine = line.number;
+  layer.otherRpm = otherRpm;
+  layer.otherSpeed = otherRpm ? motion.rpm : motion.feed;
+}
+
+// Each layer saves the angles at its ends before it waits for them.
+void Winding::WatchRegister(const Line& line) {
+  Layer& layer = layers_.back();
+  const Words& words = line.statement.words;
+  if (line.statement.command != Command::Dwell || !words.Has('L') || layer.staleLine != 0) return;
+  const bool far = words.At('L') == 601;
+  if (far ? farSaved_ : homeSaved_) return;
+  layer.staleLine = line.number;
+  layer.staleRegister = far ? 601 : 602;
 }
 
 // The A word repeats the sum of the turns that are told with one. It starts anywhere; from then on both must

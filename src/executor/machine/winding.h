@@ -35,9 +35,13 @@ struct Pass {
   int farLine = 0, backLine = 0;
 };
 
-// Mandrel turns while the carriage stands, and those round the ends.
+// Mandrel turns while the carriage stands, and those round the ends; ways of the carriage that no traverse
+// is.
 struct EndTurn {
   double z = 0, degrees = 0;
+  double along = 0;               // the carriage's way to z, with its sign
+  int pass = 0;                   // index of the pass in its layer
+  std::size_t behindStrokes = 0;  // how many traverses of the layer come before it
 };
 
 struct Layer {
@@ -47,13 +51,28 @@ struct Layer {
   double band = 0;          // width, in the program's unit; 0 unknown
   int noBandLine = 0;       // of a display that tells a width of 0; line 0: there is none
   double leftDiameter = 0;  // 0 unknown
+  bool fourAxes = false;    // of a machine with a delivery head that moves
+  // What its displays ask for: degrees, 0 where no angle is told; a hoop lays band beside band.
+  double askedAngle = 0;
+  bool hoop = false;
+  double toldRpm = 0, toldFeed = 0;  // the speeds on the display; 0 where none is told
+  // A traverse at another mandrel or carriage speed than the display tells; line 0: there is none.
+  int otherSpeedLine = 0;
+  bool otherRpm = false;  // of the mandrel, else of the carriage
+  double otherSpeed = 0;
+  int otherBandLine = 0;  // a display that tells another band width than the one before; line 0: none
+  double otherBand = 0;
+  int staleLine = 0;  // a dwell against a register that was saved before the layer; line 0: there is none
+  int staleRegister = 0;
   std::vector<Pass> passes;
   std::vector<Stroke> strokes;
   std::vector<EndTurn> endTurns;
   double seconds = 0;
-  double endZ = 0, endMandrel = 0;  // where the last statement left them
-  bool wraps = false;               // turns round the ends with the head
-  int ownTurns = 0;                 // turns written in degrees, each rounded to two decimals
+  std::array<double, kAxes> lost{};  // seconds that each axis takes to get to its speeds
+  double secondsBehind = 0;          // until the next layer begins, or the winding ends
+  double endZ = 0, endMandrel = 0;   // where the last statement left them
+  bool wraps = false;                // turns round the ends with the head
+  int ownTurns = 0;                  // turns written in degrees, each rounded to two decimals
   // A dwell against a register whose angle is empty or below 0, as hoop rows have it; line 0: there is none.
   int oddDwellLine = 0;
   double oddDwellAngle = 0;
@@ -67,9 +86,10 @@ struct Layer {
 };
 
 // The operator's comments in the head of the program. They steer nothing; the proof takes from them what no
-// statement says: the right diameter, and the left one where the displays lack it.
+// statement says: the right diameter, the band's thickness, and the left diameter where the displays lack it.
 struct HeadComments {
   double leftDiameter = 0, rightDiameter = 0;
+  double thicknessInches = 0, bandInches = 0;
 };
 
 class Winding {
@@ -96,6 +116,10 @@ class Winding {
   void BeginPass(const Display& display, const Line& line, const Machine& machine);
   void TakeMotion(const Line& line, const Motion& motion, const Machine& machine, const Position& before);
   void TakeTraverse(const Line& line, const Motion& motion, const Position& before);
+  void TakeBehind(const Motion& motion, const Position& before);
+  void TakeTurn(double z, double degrees, double along);
+  void WatchTold(const Line& line, const Motion& motion);
+  void WatchRegister(const Line& line);
   void TakeHead(const Line& line, double y);
   void CheckRunningAngle(const Line& line, const Motion& motion);
   Layer* Open() { return open_ ? &layers_.back() : nullptr; }
@@ -104,6 +128,7 @@ class Winding {
   HeadComments comments_;
   double announcedLayers_ = 0;
   bool open_ = false;
+  bool farSaved_ = false, homeSaved_ = false;  // since the layer began
   bool schedule_ = false;
   std::string_view stage_;
   int strayMoves_ = 0, strayLine_ = 0;

@@ -16,9 +16,21 @@ constexpr double kSmallGap = 0.1;
 constexpr int kFewRows = 64;
 // Stops are written with two decimals.
 constexpr double kStopRounding = 0.011;
+// A band's width in inches has three.
+constexpr double kBandRounding = 0.00051;
+
+constexpr double kCentimetresPerInch = 2.54;
+
+TowMass MassOf(double length, double width, double thickness, const Limits& limits) {
+  const double volume = length * width * thickness * std::pow(kCentimetresPerInch, 3);
+  const double resin = std::min(1.0, limits.resinShare / 100);
+  if (!(volume > 0) || !(limits.fibreDensity > 0) || (resin > 0 && !(limits.resinDensity > 0))) return {};
+  return {true, volume * (1 - resin) * limits.fibreDensity, volume * resin * limits.resinDensity};
+}
 
 struct LayerProof {
   const Layer& layer;
+  const Limits& limits;
   const double unitsPerInch;
   Findings& findings;
   const std::stop_token& stop;
@@ -41,7 +53,10 @@ struct LayerProof {
   void CountPasses();
   void WatchStops();
   void WatchHead();
-  void AddFilament();
+  void AddTow(double thicknessInches);
+  void WatchTold(double bandInches);
+  void JudgeAngle();
+  void JudgeHoop();
   bool ShiftEndsFit();
   void NarrowToAllPasses();
   void JudgeBands();
@@ -101,13 +116,61 @@ void LayerProof::WatchHead() {
           ", inside the mandrel, whose radius is " + Fixed(radius, 2) + '.');
 }
 
-void LayerProof::AddFilament() {
-  const auto around = [&](double z, double degrees) { return mandrel.RadiusAt(z) * degrees * kRadians; };
-  for (const Stroke& s : layer.strokes) {
-    if (stop.stop_requested()) return;
-    figures.filament += std::hypot(s.z1 - s.z0, around((s.z0 + s.z1) / 2, s.m1 - s.m0));
-  }
-  for (const EndTurn& turn : layer.endTurns) figures.filament += around(turn.z, turn.degrees);
+void LayerProof::AddTow(double thicknessInches) {
+  ForEachTow(layer, mandrel, stop, [&](const TowPiece& piece) { figures.filament += piece.length; });
+  figures.mass = MassOf(figures.filament / unitsPerInch, layer.band / unitsPerInch, thicknessInches, limits);
+}
+
+// What the displays tell of the layer, against what it does.
+void LayerProof::WatchTold(double bandInches) {
+  if (layer.otherSpeedLine != 0)
+    Say(Kind::OtherSpeed, layer.otherSpeedLine,
+        (layer.otherRpm ? "The mandrel runs at " : "The carriage runs at ") + Fixed(layer.otherSpeed, 2) +
+            " here; the display of " + LayerName() + " tells " +
+            Fixed(layer.otherRpm ? layer.toldRpm : layer.toldFeed, 2) + '.');
+  if (layer.staleLine != 0)
+    Say(Kind::StaleRegister, layer.staleLine,
+        LayerName() + " waits for an angle that it has not saved (M" + std::to_string(layer.staleRegister) +
+            "): the mandrel stops where an earlier layer had its end.");
+  const double told = bandInches * unitsPerInch;
+  const bool others = layer.otherBandLine != 0;
+  if (others || (layer.band > 0 && told > 0 && std::abs(layer.band - told) > kBandRounding * unitsPerInch))
+    Say(Kind::OtherBand, others ? layer.otherBandLine : layer.line,
+        "The displays of " + LayerName() + " tell a band of " + Length(layer.band) + " where " +
+            (others ? "an earlier one of them tells " + Length(layer.otherBand)
+                    : "the head of the program tells " + Length(told)) +
+            '.');
+}
+
+void LayerProof::JudgeAngle() {
+  const LaidAngle& laid = figures.angle;
+  if (!laid.known || layer.askedAngle == 0) return;
+  const double off =
+      std::max({0.0, layer.askedAngle - laid.rounded.high, laid.rounded.low - layer.askedAngle});
+  const bool fault = limits.angleFault > 0 && off >= limits.angleFault;
+  if (!fault && !(limits.angleNote > 0 && off >= limits.angleNote)) return;
+  const bool steep = laid.median > layer.askedAngle;
+  std::string text = LayerName() + " is laid at " + Fixed(laid.median, 1) + " degrees where " +
+                     Fixed(layer.askedAngle, 1) + " are asked: the mandrel turns too " +
+                     (steep ? "fast" : "slowly") + " for the carriage";
+  if (mandrel.leftRadius != mandrel.rightRadius)
+    text += "; along the part it goes from " + Fixed(laid.alongPart.low, 1) + " to " +
+            Fixed(laid.alongPart.high, 1);
+  Say(fault ? Kind::WrongAngle : Kind::AngleOff, layer.strokes.front().line, text + '.');
+}
+
+// A hoop lays band beside band: its angle tells less than how far it goes along in a turn.
+void LayerProof::JudgeHoop() {
+  constexpr double kNote = 0.05, kFault = 0.25;  // of a band
+  const LaidAngle& laid = figures.angle;
+  if (!laid.known || !(layer.band > 0)) return;
+  const double rounding = kBandRounding * unitsPerInch;
+  const double off = std::max(laid.roundedAdvance.low - layer.band, layer.band - laid.roundedAdvance.high);
+  if (off - rounding < kNote * layer.band) return;
+  Say(off - rounding >= kFault * layer.band ? Kind::WrongAngle : Kind::AngleOff, layer.strokes.front().line,
+      "The hoops of " + LayerName() + " lie " + Length(laid.advance) + " apart where the band is " +
+          Length(layer.band) + " wide: the mandrel turns too " +
+          (laid.advance < layer.band ? "fast" : "slowly") + " for the carriage.");
 }
 
 // By carriage shift every pass runs as far along from the one before, at both ends; from the second pass to
@@ -235,21 +298,24 @@ void LayerProof::JudgeGaps(bool few) {
 
 }  // namespace
 
-LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch, int rowsAtMost,
-                        Findings& findings, const std::stop_token& stop) {
-  LayerProof proof{layer, unitsPerInch, findings, stop, {}, MandrelOf(layer, comments)};
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const Limits& limits,
+                        double unitsPerInch, int rowsAtMost, Findings& findings,
+                        const std::stop_token& stop) {
+  LayerProof proof{layer, limits, unitsPerInch, findings, stop, {}, MandrelOf(layer, comments)};
   LayerFigures& figures = proof.figures;
   figures.number = layer.number;
   figures.line = layer.line;
   figures.carriageShift = layer.carriageShift;
-  figures.seconds = layer.seconds;
+  figures.seconds = layer.seconds + layer.secondsBehind;
+  figures.hoop = layer.hoop;
+  figures.askedAngle = layer.askedAngle;
   figures.band = layer.band;
   const double margin = proof.mandrel.TurnMargin(layer.band);
   figures.zLow = proof.mandrel.zRight + margin;
   figures.zHigh = proof.mandrel.zLeft - margin;
   proof.CountPasses();
   proof.WatchStops();
-  proof.AddFilament();
+  proof.AddTow(comments.thicknessInches);
   proof.WatchHead();
   if (layer.oddDwellLine != 0)
     proof.Say(
@@ -259,6 +325,12 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double
                                       : "an angle of " + Fixed(layer.oddDwellAngle, 2) + " degrees") +
             " behind its C, as in hoop rows by mandrel shift; the mandrel goes on to where that stands.");
   if (layer.strokes.empty()) return figures;
+  proof.WatchTold(comments.bandInches);
+  figures.angle = MeasureAngle(layer, proof.mandrel, stop);
+  layer.hoop ? proof.JudgeHoop() : proof.JudgeAngle();
+  if (figures.angle.known)
+    figures.reversal = NearReversal(figures.angle.typical, StationRadius(layer, proof.mandrel),
+                                    AcceleratingDriveOf(limits), unitsPerInch);
   if (!(figures.band > 0) && layer.noBandLine != 0) {
     proof.Say(Kind::NoBand, layer.noBandLine,
               "The displays of " + proof.LayerName() +

@@ -5,15 +5,13 @@
 #include <iterator>
 #include <limits>
 
+#include "executor/measure/laid_angle.h"
+
 namespace torvane::executor {
 
 namespace {
 
-// Speeds are written with two decimals, those of a mandrel that keeps turning with one; turns and dwell
-// angles with two, the band's width in inches with three.
-constexpr double kFeedRounding = 0.005;
-constexpr double kTurnRpmRounding = 0.005;
-constexpr double kKeptRpmRounding = 0.05;
+// Turns and dwell angles are written with two decimals, the band's width in inches with three.
 constexpr double kTurnRounding = 0.005;
 constexpr double kAngleRounding = 0.005;
 constexpr double kBandRounding = 0.0005;
@@ -45,15 +43,6 @@ void Sort(Values& values, const std::stop_token& stop, const Less& less = {}) {
   for (std::ptrdiff_t step = kAtOnce; step < all; step *= 2)
     for (std::ptrdiff_t i = 0; i + step < all && !stop.stop_requested(); i += 2 * step)
       std::inplace_merge(at(i), at(i + step), at(i + 2 * step), less);
-}
-
-// The tangent had the speeds been rounded the least favourable way.
-double SteepestTangent(const Stroke& stroke, double tangent) {
-  const double rpm = stroke.rpm + (stroke.ownTurn ? kTurnRpmRounding : kKeptRpmRounding);
-  const double feed = stroke.feed - kFeedRounding;
-  if (stroke.rpm <= 0 || stroke.feed <= 0) return tangent;
-  if (feed <= 0) return std::numeric_limits<double>::infinity();
-  return tangent * (rpm / stroke.rpm) * (stroke.feed / feed);
 }
 
 struct Crossing {
@@ -100,7 +89,7 @@ class Finder {
       const double tangent = Tangent(stroke, radius);
       crossings.push_back(
           {Wrapped(stroke.AngleAt(z)), BandWithinATurn(layer_.band, tangent, radius),
-           BandWithinATurn(layer_.band + bandRounding_, SteepestTangent(stroke, tangent), radius)});
+           BandWithinATurn(layer_.band + bandRounding_, RoundedTangent(stroke, tangent).high, radius)});
     }
     return crossings;
   }

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "executor/program/number.h"
 #include "executor/proof/cover.h"
+#include "executor/proof/report.h"
 #include "executor/proof/sense.h"
 
 namespace torvane::executor {
@@ -15,9 +18,12 @@ namespace {
 
 // Half of the last decimal that a length or speed is written with.
 constexpr double kLastDecimal = 0.005;
-constexpr double kFarOff = 4;
 // Lines between two words on the progress.
 constexpr int kLinesBetween = 4096;
+// What the winding may take more than is announced, or less.
+constexpr double kTooMuch = 1.25, kTooLittle = 4;
+// Announced are whole minutes.
+constexpr double kLeastSeconds = 60;
 // Of the rasters of all layers. A program of more layers than any machine winds gets coarser ones.
 constexpr int kRowsInAll = 32 * kMostRows;
 
@@ -35,7 +41,7 @@ std::string Unreadable(const Line& line) {
 class Prover {
  public:
   Prover(const Limits& limits, const std::stop_token& stop, Progress* progress)
-      : limits_(limits), stop_(stop), progress_(progress) {}
+      : limits_(limits), stop_(stop), progress_(progress), machine_(DriveOf(limits)) {}
 
   Proof Run(std::string_view program);
 
@@ -54,6 +60,10 @@ class Prover {
   void JudgeEnd(bool brokenLine);
   void JudgeLayers();
   void JudgeTime();
+  void Widen(std::string_view program);
+  void WidenBy(const Rerun& run, const Drive& drive);
+  void TakeDwell(const Line& line);
+  void TellAxes();
 
   int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
   Place PlaceNow() const {
@@ -70,6 +80,12 @@ class Prover {
   Winding winding_;
   Proof proof_;
   Readiness readiness_{proof_.findings};
+  std::map<Kind, double> most_;  // the fastest of each axis
+  // Of each layer, how many dwells may be read either way, and the first one's line.
+  struct Twofold {
+    int count = 0, line = 0;
+  };
+  std::map<std::size_t, Twofold> twofold_;
   bool ended_ = false, buildTime_ = false;
   int firstLine_ = 0, lastLine_ = 0;
   std::string_view lastText_;
@@ -94,6 +110,8 @@ Proof Prover::Run(std::string_view program) {
   JudgeLayers();
   if (stop_.stop_requested()) return std::move(proof_);
   JudgeTime();
+  Widen(program);
+  TellAxes();
   for (LayerFigures& layer : proof_.layers) layer.stands = proof_.findings.WorstOf(layer.number);
   return std::move(proof_);
 }
@@ -122,24 +140,17 @@ void Prover::TakeStatement(const Line& line) {
   lastLine_ = line.number;
   lastText_ = line.text;
   const Words& words = line.statement.words;
+  ended_ = EndsRun(line.statement, winding_.stage());
   switch (last_) {
-    case Command::Display:
-      // What a program without a heat gun ends with, behind heat shrink tape.
-      ended_ = winding_.stage() != "Heat Gun Curing" &&
-               ReadDisplay(line.statement.body).message.substr(0, 11) == "No Heat Gun";
-      break;
     case Command::Wait:
       ++proof_.waits;
-      break;
-    case Command::End:
-      ended_ = true;
       break;
     case Command::BuildTime:
       buildTime_ = true;
       proof_.announcedSeconds = words.At('H') * 3600 + words.At('M') * 60 + words.At('S');
       break;
     case Command::Endless:
-      ended_ = proof_.endless = true;
+      proof_.endless = true;
       WatchTravel(line.number, words.At('Z'));
       WatchTravel(line.number, line.statement.secondZ);
       if (!machine_.Turning())
@@ -153,6 +164,7 @@ void Prover::TakeStatement(const Line& line) {
   const Motion motion = machine_.Run(line.statement);
   for (std::size_t i = 0; i < motion.count; ++i) proof_.seconds += motion.segments[i].seconds;
   winding_.Take(line, motion, machine_, before);
+  if (motion.justReached) TakeDwell(line);
   readiness_.Take(line, motion, PlaceNow());
   WatchSense(line, motion, PlaceNow(), machine_, limits_, proof_.findings);
   TakeTrouble(line, motion.trouble);
@@ -207,6 +219,8 @@ void Prover::WatchHead(int line, double y) {
 void Prover::WatchSpeed(Kind kind, const Line& line, char letter, double limit, std::string_view what,
                         std::string_view unit) {
   const double speed = std::abs(line.statement.words.At(letter));
+  double& most = most_[kind];
+  most = std::max(most, speed);
   if (limit <= 0 || speed <= limit + kLastDecimal) return;
   proof_.findings.Add(kind, line.number, LayerNow(),
                       std::string(what) + " is to run at " + Fixed(speed, 2) + ' ' + std::string(unit) +
@@ -249,6 +263,8 @@ void Prover::JudgeEnd(bool brokenLine) {
 }
 
 void Prover::JudgeLayers() {
+  proof_.spoolLength = limits_.spoolLength * 12 * machine_.UnitsPerInch();
+  proof_.spools = Spools(proof_.spoolLength);
   std::set<int> seen;
   const auto layers = static_cast<int>(std::min<std::size_t>(winding_.layers().size(), kRowsInAll));
   const int rows = std::clamp(kRowsInAll / std::max(1, layers), kFewestRows, kMostRows);
@@ -259,10 +275,16 @@ void Prover::JudgeLayers() {
     if (!seen.insert(layer.number).second)
       proof_.findings.Add(Kind::Passes, layer.line, layer.number,
                           "layer " + std::to_string(layer.number) + " is announced a second time.");
-    proof_.layers.push_back(
-        ProveLayer(layer, winding_.comments(), machine_.UnitsPerInch(), rows, proof_.findings, stop_));
-    proof_.filament += proof_.layers.back().filament;
-    proof_.windingSeconds += layer.seconds;
+    proof_.layers.push_back(ProveLayer(layer, winding_.comments(), limits_, machine_.UnitsPerInch(), rows,
+                                       proof_.findings, stop_));
+    const LayerFigures& figures = proof_.layers.back();
+    proof_.filament += figures.filament;
+    proof_.mass.known = figures.mass.known && (proof_.layers.size() == 1 || proof_.mass.known);
+    proof_.mass.fibre += figures.mass.fibre;
+    proof_.mass.resin += figures.mass.resin;
+    proof_.windingSeconds += figures.seconds;
+    ForEachTow(layer, MandrelOf(layer, winding_.comments()), stop_,
+               [&](const TowPiece& piece) { proof_.spools.Take(layer, piece); });
   }
   if (static_cast<double>(seen.size()) < winding_.AnnouncedLayers())
     proof_.findings.Add(Kind::Passes, winding_.layers().back().line, 0,
@@ -274,18 +296,109 @@ void Prover::JudgeLayers() {
                             " of the winding stand under no announced pass.");
 }
 
-// The announcement is an estimate: for each end of a pass it takes half a turn, where the dwells come to none
-// or, with an angle added, to two. What is further off has another reason.
+// The announcement is an estimate of the layers alone: for each end of a pass it takes half a turn, where the
+// dwells come to none or, with an angle added, to two.
 void Prover::JudgeTime() {
   const double announced = proof_.announcedSeconds, run = proof_.windingSeconds;
-  if (!buildTime_ || run <= 0 || std::abs(run - announced) < 120) return;
-  if (run <= kFarOff * announced && announced <= kFarOff * run) return;
+  if (!buildTime_ || run <= 0 || std::abs(run - announced) < kLeastSeconds) return;
+  if (run < kTooMuch * announced && announced <= kTooLittle * run) return;
   proof_.findings.Add(Kind::Time, 0, 0,
-                      "The layers take " + Fixed(run / 60, 1) + " minutes where " + Fixed(announced / 60, 0) +
-                          " are announced.");
+                      "The winding takes " + Fixed(run / 60, 1) + " minutes where " +
+                          Fixed(announced / 60, 0) + " are announced.");
+}
+
+void Prover::TakeDwell(const Line& line) {
+  if (winding_.OpenLayer() == nullptr) return;
+  Twofold& twofold = twofold_[winding_.layers().size() - 1];
+  if (twofold.count++ == 0) twofold.line = line.number;
+}
+
+void Take(Range& range, double value) {
+  range.low = std::min(range.low, value);
+  range.high = std::max(range.high, value);
+}
+
+// Runs the program again as a machine does that takes its time to gain speed, and as controllers do that read
+// a dwell the one way and the other.
+void Prover::Widen(std::string_view program) {
+  proof_.run = {proof_.seconds, proof_.seconds};
+  proof_.winding = {proof_.windingSeconds, proof_.windingSeconds};
+  proof_.tow = {proof_.filament, proof_.filament};
+  for (std::size_t i = 0; i < proof_.layers.size(); ++i) {
+    LayerFigures& layer = proof_.layers[i];
+    layer.time = {layer.seconds, layer.seconds};
+    layer.tow = {layer.filament, layer.filament};
+    layer.covered = {layer.coveredShare, layer.coveredShare};
+    if (const auto twofold = twofold_.find(i); twofold != twofold_.end()) {
+      layer.twofoldDwells = twofold->second.count;
+      layer.twofoldLine = twofold->second.line;
+    }
+  }
+  const Drive even = DriveOf(limits_), slow = AcceleratingDriveOf(limits_);
+  proof_.accelerates = slow.Accelerates();
+  const auto again = [&](Drive drive, Drive::Reading reading) {
+    drive.reading = reading;
+    if (!stop_.stop_requested()) WidenBy(RunBy(program, drive, stop_), drive);
+  };
+  if (proof_.accelerates) again(slow, Drive::Reading::Exact);
+  if (twofold_.empty()) return;
+  for (const Drive::Reading reading : {Drive::Reading::Early, Drive::Reading::Late}) {
+    again(even, reading);
+    if (proof_.accelerates) again(slow, reading);
+  }
+}
+
+void Prover::WidenBy(const Rerun& run, const Drive& drive) {
+  if (run.winding.layers().size() != proof_.layers.size()) return;
+  double seconds = 0, tow = 0;
+  for (std::size_t i = 0; i < proof_.layers.size(); ++i) {
+    const Layer& layer = run.winding.layers()[i];
+    LayerFigures& figures = proof_.layers[i];
+    double layerTow = 0;
+    ForEachTow(layer, MandrelOf(layer, run.winding.comments()), stop_,
+               [&](const TowPiece& piece) { layerTow += piece.length; });
+    Take(figures.time, layer.seconds + layer.secondsBehind);
+    Take(figures.tow, layerTow);
+    seconds += layer.seconds + layer.secondsBehind;
+    tow += layerTow;
+    if (drive.reading == Drive::Reading::Exact) {
+      const auto slowest = std::max_element(layer.lost.begin(), layer.lost.end());
+      figures.slowed = *slowest > 0;
+      figures.slowest = static_cast<DrivenAxis>(slowest - layer.lost.begin());
+    } else if (figures.twofoldDwells > 0 && figures.judged && !drive.Accelerates()) {
+      Findings unused;
+      Take(figures.covered, ProveLayer(layer, run.winding.comments(), limits_, machine_.UnitsPerInch(),
+                                       kFewestRows * 8, unused, stop_)
+                                .coveredShare);
+    }
+  }
+  Take(proof_.run, run.seconds);
+  Take(proof_.winding, seconds);
+  Take(proof_.tow, tow);
+}
+
+// What the machine does not have is not told of.
+void Prover::TellAxes() {
+  const double unit = machine_.UnitsPerInch();
+  if (proof_.carriageMoved)
+    proof_.axes.push_back(
+        {"carriage travel", proof_.highestZ - machine_.HomeZ(), limits_.carriageTravel * unit});
+  for (const auto& [kind, what, limit] :
+       {std::tuple(Kind::CarriageSpeed, "carriage speed", limits_.carriageSpeed * unit),
+        {Kind::MandrelSpeed, "mandrel speed", limits_.mandrelSpeed},
+        {Kind::HeadSpeed, "head speed", limits_.headSpeed * unit}})
+    if (most_[kind] > 0) proof_.axes.push_back({what, most_[kind], limit});
 }
 
 }  // namespace
+
+void JudgeTow(Proof& proof, double announced) {
+  proof.announcedTow = announced;
+  if (!(announced > 0) || proof.filament < kTooMuch * announced) return;
+  proof.findings.Add(Kind::Tow, 0, 0,
+                     "The winding takes " + FilamentText(proof.filament, proof.millimetres) +
+                         " of tow where " + FilamentText(announced, proof.millimetres) + " are announced.");
+}
 
 Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop, Progress* progress) {
   return Prover(limits, stop, progress).Run(program);

@@ -6,6 +6,9 @@
 #include <vector>
 
 #include "executor/machine/limits.h"
+#include "executor/measure/laid_angle.h"
+#include "executor/measure/run.h"
+#include "executor/measure/tow.h"
 #include "executor/program/progress.h"
 #include "executor/proof/finding.h"
 #include "executor/proof/pattern.h"
@@ -18,7 +21,19 @@ struct LayerFigures {
   int passesRun = 0;
   double passesAnnounced = 0;
   bool carriageShift = false;
-  double seconds = 0, filament = 0;
+  double seconds = 0;   // with what follows until the next layer begins
+  double filament = 0;  // the length of the tow, with its turns at the ends and behind the layer
+  TowMass mass;
+  // Over machines that gain speed at once or as their accelerations let them, and over controllers that read
+  // a dwell against an angle just reached as over or as a revolution.
+  Range time, tow, covered;
+  bool slowed = false;  // an axis loses time to its acceleration
+  DrivenAxis slowest = DrivenAxis::Mandrel;
+  Reversal reversal;
+  int twofoldDwells = 0, twofoldLine = 0;
+  bool hoop = false;
+  double askedAngle = 0;  // by the display; 0 where none is told, and of a hoop
+  LaidAngle angle;
   Level stands = Level::Ok;  // by the worst finding of the layer
   bool judged = false;       // the figures below could be worked out
   bool fits = false;         // the bands run beside each other: the pattern says something
@@ -26,6 +41,12 @@ struct LayerFigures {
   double band = 0;
   double coveredShare = 0;
   Pattern pattern;
+};
+
+// How far an axis is used. `limit` is 0 where none is set: it is not checked.
+struct AxisUse {
+  std::string_view what;  // "carriage speed"
+  double most = 0, limit = 0;
 };
 
 struct Proof {
@@ -40,6 +61,14 @@ struct Proof {
   bool carriageMoved = false;
   double lowestZ = 0, highestZ = 0;
   double filament = 0;
+  TowMass mass;
+  double spoolLength = 0;  // in the program's unit; 0 for one without end
+  Spools spools{0};
+  double announcedTow = 0;  // by who has designed it; 0 where nothing is announced
+  // As those of the layers: the whole run, the winding alone, and its tow.
+  Range run, winding, tow;
+  bool accelerates = false;  // an acceleration is known
+  std::vector<AxisUse> axes;
   std::vector<LayerFigures> layers;
   Findings findings;
 };
@@ -49,8 +78,11 @@ struct Proof {
 Proof Prove(std::string_view program, const Limits& limits, const std::stop_token& stop = {},
             Progress* progress = nullptr);
 
+// Holds the winding's tow against what was announced, in the program's unit.
+void JudgeTow(Proof& proof, double announced);
+
 // One layer against its own announcement, its cover by so many rows of a raster at most; for Prove.
-LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, double unitsPerInch, int rowsAtMost,
-                        Findings& findings, const std::stop_token& stop);
+LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const Limits& limits,
+                        double unitsPerInch, int rowsAtMost, Findings& findings, const std::stop_token& stop);
 
 }  // namespace torvane::executor

@@ -61,8 +61,17 @@ std::vector<Remark> RemarksOf(const Proof& proof) {
                        "Carriage from Z=" + Fixed(proof.lowestZ, 2) + " to Z=" + Fixed(proof.highestZ, 2) +
                            (proof.millimetres ? " mm" : " in") + ": inside its travel, no speed too high.",
                        0});
+  if (const std::string axes = AxesText(proof); !axes.empty())
+    remarks.push_back({Level::Ok, 0, "Axes", axes + ".", 0});
+  for (const LayerFigures& layer : proof.layers)
+    if (const std::string twofold = TwofoldText(layer, proof.millimetres); !twofold.empty())
+      remarks.push_back(
+          {Level::Ok, layer.number, "Layer " + std::to_string(layer.number), twofold, layer.twofoldLine});
   if (proof.filament > 0)
-    remarks.push_back({Level::Ok, 0, "Filament", FilamentText(proof.filament, proof.millimetres) + ".", 0});
+    remarks.push_back(
+        {Level::Ok, 0, "Filament", TowText(proof.filament, proof.mass, proof.millimetres) + ".", 0});
+  if (const std::string spools = SpoolText(proof); !spools.empty())
+    remarks.push_back({Level::Ok, 0, "Spools", spools + ".", 0});
   return remarks;
 }
 
