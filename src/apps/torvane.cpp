@@ -92,6 +92,11 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   info->add_flag("--json", a.json, "Every field as one JSON object");
   info->add_flag("--brief", a.brief, "A line for each design");
 
+  CLI::App* prove = add(app, "prove", "Prove the programs of designs without a machine",
+                        [&a](Computer& c) { return RunProve(c, a.designs, a.json); });
+  AddDesigns(*prove, a);
+  prove->add_flag("--json", a.json, "All figures as one JSON object a design");
+
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });
   AddDesign(*convert, a);

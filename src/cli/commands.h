@@ -11,6 +11,10 @@ namespace torvane {
 // Writes the program of each design into the station's folder, or to standard output.
 int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool toStandardOutput);
 
+// Proves the program of each design without writing it; as text, or each as one JSON object. Fails where one
+// has a fault.
+int RunProve(Computer& computer, const std::vector<std::string>& designs, bool json);
+
 enum class InfoForm { Table, Brief, Json };
 // Prints the part, its layers and its totals, a line, or every field of each design.
 int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);
