@@ -1,10 +1,10 @@
 #include <cstdio>
 
-#include "calc/totals.h"
 #include "cli/commands.h"
 #include "cli/designs.h"
 #include "cli/proof_json.h"
 #include "executor/proof/report.h"
+#include "live/live_proof.h"
 #include "text/code_page.h"
 #include "workbench/document/design_commands.h"
 
@@ -12,26 +12,14 @@ namespace torvane {
 
 namespace {
 
-// What the station tells of the whole design, in feet or metres, in the design's own unit; 0 where it does
-// not.
-double AnnouncedTow(const DesignState& s) {
-  const FieldArray& lengths = s.gShow4Axis ? s.lblLength : s.lblLengthToCover;
-  return s.Read(lengths(IndexSet::kAllRows).text()).valueOr0() * (s.InInches() ? 12 : 1000);
-}
-
 std::optional<executor::Proof> ProofOf(Station& station, const OverlayStore& settings) {
   DesignState& s = station.s;
-  Program program(s.signs);
-  if (!FormProgram(s, station.platform, program)) return std::nullopt;
-  if (!program.refusal().empty()) {
-    Complain(ToUtf8(program.refusal()));
-    return std::nullopt;
-  }
-  std::string text;
-  for (const std::string_view block : program.Text()) text += block;
-  executor::Proof proof = executor::Prove(text, executor::ReadLimits(settings, s.gDecimalComma ? ',' : '.'));
-  executor::JudgeTow(proof, AnnouncedTow(s));
-  return proof;
+  const Platform& platform = station.platform;
+  LiveResult result = ProveDesign(s, {platform.files.ProgramFolder(), platform.clock.Now()},
+                                  executor::ReadLimits(settings, s.gDecimalComma ? ',' : '.'));
+  if (!result.refusal.empty()) Complain(ToUtf8(result.refusal));
+  if (!result.formed) return std::nullopt;
+  return std::move(result.proof);
 }
 
 }  // namespace

@@ -18,6 +18,12 @@ class Stoppable : public ProgramProgress {
   const std::stop_token& stop_;
 };
 
+// The tow that the station tells of the whole design, in inches or millimetres; 0 where it tells none.
+double AnnouncedTow(const DesignState& s) {
+  const FieldArray& lengths = s.gShow4Axis ? s.lblLength : s.lblLengthToCover;
+  return number(lengths(IndexSet::kAllRows)).valueOr0() * (s.InInches() ? 12 : 1000);
+}
+
 std::string Joined(const std::vector<std::string_view>& blocks) {
   std::size_t size = 0;
   for (const std::string_view block : blocks) size += block.size();
@@ -48,6 +54,7 @@ LiveResult ProveDesign(DesignState& s, const ProgramPlace& place, const executor
   if (!formed || program.cancelled() || !result.refusal.empty()) return result;
   const std::string text = Joined(program.Text());
   result.proof = executor::Prove(text, limits, stop);
+  executor::JudgeTow(result.proof, AnnouncedTow(s));
   for (executor::Remark& remark : executor::RemarksOf(result.proof))
     if (remark.level != executor::Level::Ok) result.remarks.push_back(std::move(remark));
   result.formed = true;

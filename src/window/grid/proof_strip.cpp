@@ -16,9 +16,9 @@ struct Figure {
   const char* unit;
 };
 
-std::vector<Figure> FiguresOf(const executor::LayerFigures& layer, const DesignState& s, bool millimetres) {
-  const auto fixed = [&s](double value, int decimals) {
-    return Shown(executor::Fixed(value, decimals)).replace(QLatin1Char('.'), QLatin1Char(s.signs.decimal));
+std::vector<Figure> FiguresOf(const executor::LayerFigures& layer, NumberSigns signs, bool millimetres) {
+  const auto fixed = [signs](double value, int decimals) {
+    return Shown(executor::Fixed(value, decimals)).replace(QLatin1Char('.'), QLatin1Char(signs.decimal));
   };
   std::vector<Figure> figures;
   if (layer.judged) figures.push_back({"covers", fixed(100 * layer.coveredShare, 1), "%"});
@@ -28,14 +28,15 @@ std::vector<Figure> FiguresOf(const executor::LayerFigures& layer, const DesignS
     const bool gap = pattern.largestGap > 0;
     figures.push_back({gap ? "gaps" : "overlap", fixed(gap ? pattern.largestGap : -pattern.smallestGap, 3),
                        millimetres ? "mm" : "in"});
-    figures.push_back({"laid", fixed(pattern.windingAngle, 1), "\xB0"});
-    const Field& asked = s.gShow4Axis ? s.cmbPattern(layer.number) : s.txtWA(layer.number);
-    if (const Number angle = number(asked); angle.good())
-      figures.push_back({"asked", fixed(angle.value(), 1), "\xB0"});
   }
-  figures.push_back({"runs", fixed(layer.seconds / 60, 1), "min"});
-  const double lengths = millimetres ? 1000 : 12;
-  figures.push_back({"tow", fixed(layer.filament / lengths, 1), millimetres ? "m" : "ft"});
+  if (layer.angle.known) figures.push_back({"laid", fixed(layer.angle.median, 1), "\xB0"});
+  if (layer.askedAngle > 0) figures.push_back({"asked", fixed(layer.askedAngle, 1), "\xB0"});
+  const auto range = [&fixed](const executor::Range& r, double unit) {
+    const QString low = fixed(r.low / unit, 1), high = fixed(r.high / unit, 1);
+    return low == high ? low : low + QStringLiteral(" to ") + high;
+  };
+  figures.push_back({"runs", range(layer.time, 60), "min"});
+  figures.push_back({"tow", range(layer.tow, millimetres ? 1000 : 12), millimetres ? "m" : "ft"});
   return figures;
 }
 
@@ -61,7 +62,7 @@ void PaintProofStrip(QPainter& p, const Desk& desk, int layer, const QRect& line
   const executor::LayerFigures* figures = result == nullptr ? nullptr : result->LayerOf(layer);
   if (figures == nullptr) return word(QStringLiteral("not proven"), Token::Second, Weight::Regular, 0);
   const bool pale = desk.live->proving();
-  for (const Figure& figure : FiguresOf(*figures, desk.station.s, result->proof.millimetres)) {
+  for (const Figure& figure : FiguresOf(*figures, desk.station.s.signs, result->proof.millimetres)) {
     const QString unit = QString::fromLatin1(figure.unit);
     const QFontMetrics metrics(t.Font(12, Weight::Medium));
     const int wide = metrics.horizontalAdvance(QString::fromLatin1(figure.caption) + figure.text + unit) + 24;

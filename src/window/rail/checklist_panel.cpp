@@ -12,7 +12,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int kRow = 38;
+constexpr int kRow = 32;
 constexpr int kHead = 24;
 
 }  // namespace
@@ -110,7 +110,7 @@ void ChecklistPanel::Arrange(Arrangement arrangement) {
   grid->setRowMinimumHeight(0, large ? 0 : kHead);
   for (const int row : rows_) grid->setRowMinimumHeight(row, large ? desk_.theme.Figure(28) : kRow);
   for (QWidget* check : checks_) {
-    if (!details_.back()->isAncestorOf(check)) check->setFixedHeight(large ? 46 : 34);
+    if (!details_.back()->isAncestorOf(check)) check->setFixedHeight(large ? 46 : 32);
     check->updateGeometry();
   }
 }

@@ -19,7 +19,7 @@ namespace torvane {
 namespace {
 
 constexpr int kBeside = 48, kRight = 12, kBetween = 10;
-constexpr int kHead = 34;
+constexpr int kHead = 34, kLimits = 34, kSpools = 22;
 
 struct Heights {
   int title, second;
@@ -45,6 +45,14 @@ void PaintNote(QPainter& p, const Theme& t, const Note& note, const QRect& box) 
   p.setPen(t[Token::Second]);
   p.drawText(QRect(box.x() + kBeside, box.y() + 3 + heights.title, room, heights.second), Qt::TextWordWrap,
              note.second);
+}
+
+// "Carriage" of "carriage speed"; the travel goes by its own name.
+QString AxisName(std::string_view what) {
+  if (what == "carriage travel") return QStringLiteral("Travel");
+  QString name = Shown(what.substr(0, what.find(' ')));
+  name[0] = name[0].toUpper();
+  return name;
 }
 
 QString Sentence(const Note& note) { return note.title + QStringLiteral(". ") + note.second; }
@@ -194,6 +202,7 @@ ProofPanel::ProofPanel(Desk desk, QWidget* parent)
   connect(view_, &QListView::activated, this, go);
   desk.binder.BindAll(this, [this] {
     lines_->Take(NotesOf(desk_));
+    PlaceList();
     view_->setVisible(!lines_->notes().empty());
     update();
   });
@@ -201,19 +210,78 @@ ProofPanel::ProofPanel(Desk desk, QWidget* parent)
 
 QWidget* ProofPanel::stop() const { return view_; }
 
+int ProofPanel::LimitsHeight() const {
+  const LiveResult* result = desk_.live == nullptr ? nullptr : desk_.live->result();
+  if (result == nullptr || !result->formed || height() < 150) return 0;
+  return kLimits + (result->proof.spoolLength > 0 ? kSpools : 0);
+}
+
+void ProofPanel::PlaceList() { layout()->setContentsMargins(1, kHead + LimitsHeight() + 3, 1, 5); }
+
+void ProofPanel::resizeEvent(QResizeEvent*) { PlaceList(); }
+
+// How far each axis is used, with a line below; over its limit in the colour of a fault.
+void ProofPanel::PaintLimits(QPainter& p) const {
+  if (LimitsHeight() == 0) return;
+  const Theme& t = desk_.theme;
+  const executor::Proof& proof = desk_.live->result()->proof;
+  std::vector<const executor::AxisUse*> axes;
+  for (const executor::AxisUse& axis : proof.axes)
+    if (axes.size() < 3) axes.push_back(&axis);
+  const bool pale = desk_.live->proving();
+  const int room = width() - 28, gap = 16;
+  const int wide = axes.empty()
+                       ? room
+                       : (room - gap * (static_cast<int>(axes.size()) - 1)) / static_cast<int>(axes.size());
+  int x = 14;
+  for (const executor::AxisUse* axis : axes) {
+    const QRect box(x, kHead + 4, wide, 18);
+    const double share = axis->limit > 0 ? axis->most / axis->limit : 0;
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, AxisName(axis->what));
+    p.setFont(t.Font(12, Weight::Medium));
+    p.setPen(t[pale ? Token::Off : share > 1 ? Token::Fault : Token::Figures]);
+    p.drawText(
+        box, Qt::AlignRight | Qt::AlignVCenter,
+        axis->limit > 0 ? QStringLiteral("%1 %").arg(qRound(100 * share)) : QStringLiteral("not checked"));
+    p.fillRect(QRect(x, kHead + 23, wide, 3), t[Token::Hairline]);
+    p.fillRect(QRect(x, kHead + 23, static_cast<int>(wide * std::min(1.0, share)), 3),
+               t[share > 1 ? Token::Fault : Token::Accent]);
+    x += wide + gap;
+  }
+  if (proof.spoolLength > 0) {
+    const QRect line(14, kHead + kLimits, room, kSpools - 2);
+    p.setFont(t.Font(12));
+    p.setPen(t[Token::Second]);
+    p.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Spools"));
+    QString text = QString::number(proof.spools.Count());
+    if (const auto& splices = proof.spools.splices(); !splices.empty())
+      text +=
+          QStringLiteral(", splice in layer %1, pass %2").arg(splices[0].layer).arg(qRound(splices[0].pass));
+    p.setFont(t.Font(12, Weight::Medium));
+    p.setPen(t[pale ? Token::Off : Token::Figures]);
+    p.drawText(line, Qt::AlignRight | Qt::AlignVCenter, text);
+  }
+  p.setPen(t[Token::Hairline]);
+  p.drawLine(1, kHead + LimitsHeight(), width() - 2, kHead + LimitsHeight());
+}
+
 void ProofPanel::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter p(this);
   PaintPanel(p, t, rect());
   PaintHead(p);
+  PaintLimits(p);
   if (!lines_->notes().empty()) return;
   const bool empty = LayerRows(desk_.station.s) == 0;
-  PaintProofState(p, t, QPointF(27, kHead + 21), empty ? ProofState::NotJudged : ProofState::Ok, 22);
+  PaintProofState(p, t, QPointF(27, kHead + LimitsHeight() + 21),
+                  empty ? ProofState::NotJudged : ProofState::Ok, 22);
   const Note nothing{nullptr, Mark::Plain, ProofState::Ok,
                      empty ? QStringLiteral("Nothing to prove yet") : QStringLiteral("Nothing marked"),
                      empty ? QStringLiteral("A design is proven as soon as it has layers.")
                            : QStringLiteral("No value is missing, too high or too low.")};
-  PaintNote(p, t, nothing, QRect(0, kHead + 4, width(), height()));
+  PaintNote(p, t, nothing, QRect(0, kHead + LimitsHeight() + 4, width(), height()));
 }
 
 // Its name, and how many layers are in order, how many notes and how many faults there are.

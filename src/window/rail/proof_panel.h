@@ -41,11 +41,16 @@ class ProofPanel : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   class Lines;
 
   void PaintHead(QPainter& p) const;
+  void PaintLimits(QPainter& p) const;
+  // Spools and the use of the axes; only where there is room for the list as well.
+  int LimitsHeight() const;
+  void PlaceList();
 
   Desk desk_;
   Lines* lines_;

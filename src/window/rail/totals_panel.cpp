@@ -69,8 +69,11 @@ QWidget* TotalsPanel::CaptionOf(const Total& total, std::size_t place) {
     if (!stands) return;
     const executor::Proof& proof = result->proof;
     const bool metric = proof.millimetres;
-    const double figure = place == 0 ? proof.windingSeconds / 60 : proof.filament / (metric ? 1000 : 12);
-    QString text = Shown(executor::Fixed(figure, 1));
+    const executor::Range& range = place == 0 ? proof.winding : proof.tow;
+    const double unitOf = place == 0 ? 60 : metric ? 1000 : 12;
+    QString text = Shown(executor::Fixed(range.low / unitOf, 1));
+    if (const QString high = Shown(executor::Fixed(range.high / unitOf, 1)); high != text)
+      text += QStringLiteral(" to ") + high;
     text.replace(QLatin1Char('.'), QLatin1Char(desk_.station.s.signs.decimal));
     const char* unit = place == 0 ? "min" : metric ? "m" : "ft";
     const QString words = QStringLiteral("proven %1 %2").arg(text, QString::fromLatin1(unit));
