@@ -149,7 +149,7 @@ void MainWindow::OrderTabs() {
     };
     add(parts_[panel]->stops());
     order.push_back(layers_[panel]->view());
-    add(parts_[panel]->headStops());
+    add(parts_[panel]->laterStops());
   }
   if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
   order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
@@ -268,9 +268,13 @@ void MainWindow::FollowFocus(QWidget* now) {
     OpenChecklist(false);
   if (now != nullptr && isAncestorOf(now))
     field = FindField(desk_.station.s, now->objectName().toStdString());
-  if (field == nullptr) return;
-  described_ = field;
-  Describe(*field);
+  if (field != nullptr) {
+    described_ = field;
+    Describe(*field);
+  } else if (now != nullptr && isAncestorOf(now) && !now->statusTip().isEmpty()) {
+    described_ = nullptr;
+    status_->Describe(now->accessibleName(), now->statusTip());
+  }
 }
 
 // What a typed number reads as goes before what its field is for.

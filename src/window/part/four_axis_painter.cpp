@@ -53,7 +53,7 @@ void PaintRing(QPainter& p, const Theme& t, const QPointF& centre, int number) {
 }
 
 FourAxisPainter::FourAxisPainter(const Theme& theme, const FourAxisScene& scene, const QRectF& area,
-                                 Arrangement arrangement)
+                                 Arrangement arrangement, std::optional<double> heldScale)
     : t_(theme),
       scene_(scene),
       arrangement_(arrangement),
@@ -69,6 +69,7 @@ FourAxisPainter::FourAxisPainter(const Theme& theme, const FourAxisScene& scene,
   }
   const double reach = std::max({far, scene.offset[1].value_or(0), scene.offset[5].value_or(0)});
   sketch_.Scale(reach, std::max(leftDiameter, rightDiameter));
+  if (heldScale) sketch_.Keep(*heldScale);
   left_ = std::min(XOf(far), XOf(home));
   right_ = std::max(XOf(far), XOf(home));
   leftRadius_ = leftDiameter * sketch_.scale() / 2;
@@ -186,7 +187,7 @@ void FourAxisPainter::PaintOpenings(QPainter& p) const {
 }
 
 void FourAxisPainter::PaintPlaces(QPainter& p) const {
-  const double top = f_.axisY - Radius() - 4;
+  const double top = LinesTop();
   for (const std::size_t i : {0U, 1U, 2U, 3U})
     if (scene_.z[i]) sketch_.PaintFoot(p, *scene_.z[i], top, Token::Accent, i == 1 || i == 2);
 }

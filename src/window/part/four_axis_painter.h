@@ -15,9 +15,12 @@ void PaintRing(QPainter& painter, const Theme& theme, const QPointF& centre, int
 class FourAxisPainter {
  public:
   FourAxisPainter(const Theme& theme, const FourAxisScene& scene, const QRectF& area,
-                  Arrangement arrangement = Arrangement::Open);
+                  Arrangement arrangement = Arrangement::Open, std::optional<double> heldScale = {});
 
   void Paint(QPainter& painter) const;
+  const PartSketch& sketch() const { return sketch_; }
+  // Where the lines of the places in Z begin; they end on the ruler.
+  double LinesTop() const { return f_.axisY - Radius() - 4; }
 
  private:
   double XOf(double z) const { return sketch_.XOf(z); }

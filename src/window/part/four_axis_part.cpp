@@ -6,7 +6,6 @@
 #include "look/text.h"
 #include "window/field/button.h"
 #include "window/field/stepper.h"
-#include "window/part/four_axis_painter.h"
 
 namespace torvane {
 
@@ -108,12 +107,25 @@ FourAxisPart::FourAxisPart(Desk desk, QWidget* parent) : QWidget(parent), desk_(
   AddLength();
   for (int i = 0; i <= 6; ++i) AddOffset(i);
   AddPages();
+  lines_.emplace(desk, std::vector{&s.txtZ4(0), &s.txtZ4(1), &s.txtZ4(2), &s.txtZ4(3)}, this,
+                 [this] { FollowScene(); });
   desk.binder.BindAll(this, [this] {
     FourAxisScene scene = SceneOfFourAxes(desk_.station);
     if (scene == scene_) return;
     scene_ = std::move(scene);
-    update();
+    FollowScene();
   });
+}
+
+FourAxisPainter FourAxisPart::Painter() const {
+  return {desk_.theme, scene_, DrawingArea(), arrangement_, lines_->heldScale()};
+}
+
+void FourAxisPart::FollowScene() {
+  const FourAxisPainter painter = Painter();
+  // Where large figures are to be read from the machine, nobody means to change them by a touch.
+  lines_->Follow(painter.sketch(), painter.LinesTop(), arrangement_ != Arrangement::Large);
+  update();
 }
 
 void FourAxisPart::AddTypes() {
@@ -261,7 +273,7 @@ void FourAxisPart::Place() {
     PlaceFolded();
   else if (!large)
     PlaceOpen();
-  update();
+  FollowScene();
 }
 
 void FourAxisPart::ShowPage(bool head) {
@@ -287,7 +299,7 @@ void FourAxisPart::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   const QRect area = DrawingArea();
   QPainter painter(this);
-  FourAxisPainter(t, scene_, area, arrangement_).Paint(painter);
+  Painter().Paint(painter);
   if (head_->isVisible())
     for (std::size_t i = 0; i < offsets_.size(); ++i)
       if (!offsets_[i]->isHidden())

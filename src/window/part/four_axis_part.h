@@ -6,7 +6,9 @@
 #include "window/desk/arrangement.h"
 #include "window/desk/binder.h"
 #include "window/field/placed_field.h"
+#include "window/part/four_axis_painter.h"
 #include "window/part/four_axis_scene.h"
+#include "window/part/part_line.h"
 
 namespace torvane {
 
@@ -16,8 +18,10 @@ class FourAxisPart : public QWidget {
  public:
   explicit FourAxisPart(Desk desk, QWidget* parent = nullptr);
 
-  // The part's fields in the order of the focus, and those of the delivery head, which come behind the grid.
+  // The part's fields in the order of the focus. Those of the delivery head and the lines in Z come behind
+  // the grid.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  const std::vector<QWidget*>& lineStops() const { return lines_->stops(); }
   const std::vector<QWidget*>& headStops() const { return headStops_; }
   void Arrange(Arrangement arrangement);
   // In a small window places in Z and offsets stand on two pages: turns to the page of a field.
@@ -42,6 +46,8 @@ class FourAxisPart : public QWidget {
   void PlaceOpen();
   void PlaceFolded();
   void Place();
+  FourAxisPainter Painter() const;
+  void FollowScene();
   void ShowPage(bool head);
   QRect DrawingArea() const;
 
@@ -60,6 +66,7 @@ class FourAxisPart : public QWidget {
   Button* pageButtons_[2] = {};
   bool headPage_ = false;
   std::vector<QWidget*> stops_, headStops_;
+  std::optional<PartLines> lines_;
 };
 
 }  // namespace torvane

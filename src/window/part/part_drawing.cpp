@@ -1,7 +1,5 @@
 #include "window/part/part_drawing.h"
 
-#include "window/part/part_painter.h"
-
 namespace torvane {
 
 namespace {
@@ -18,12 +16,25 @@ PartDrawing::PartDrawing(Desk desk, QWidget* parent) : QWidget(parent), desk_(de
   left_ = MakeEnd(true);
   right_ = MakeEnd(false);
   stops_ = {left_.diameter.field, left_.stop.field, right_.diameter.field, right_.stop.field};
+  lines_.emplace(desk, std::vector{&desk.station.s.txtZ2(0), &desk.station.s.txtZ2(1)}, this,
+                 [this] { FollowScene(); });
   desk.binder.BindAll(this, [this] {
     PartScene scene = SceneOfTwoAxes(desk_.station);
     if (scene == scene_) return;
     scene_ = std::move(scene);
-    update();
+    FollowScene();
   });
+}
+
+PartPainter PartDrawing::Painter() const {
+  return {desk_.theme, scene_, size(), arrangement_, lines_->heldScale()};
+}
+
+void PartDrawing::FollowScene() {
+  const PartPainter painter = Painter();
+  // Where large figures are to be read from the machine, nobody means to change them by a touch.
+  lines_->Follow(painter.sketch(), painter.LinesTop(), arrangement_ != Arrangement::Large);
+  update();
 }
 
 PartDrawing::End PartDrawing::MakeEnd(bool left) {
@@ -65,14 +76,17 @@ void PartDrawing::PlaceEnds() {
 void PartDrawing::Arrange(Arrangement arrangement) {
   arrangement_ = arrangement;
   PlaceEnds();
-  update();
+  FollowScene();
 }
 
-void PartDrawing::resizeEvent(QResizeEvent*) { PlaceEnds(); }
+void PartDrawing::resizeEvent(QResizeEvent*) {
+  PlaceEnds();
+  FollowScene();
+}
 
 void PartDrawing::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  PartPainter(desk_.theme, scene_, size(), arrangement_).Paint(painter);
+  Painter().Paint(painter);
 }
 
 }  // namespace torvane

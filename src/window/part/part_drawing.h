@@ -6,6 +6,8 @@
 #include "window/desk/arrangement.h"
 #include "window/desk/binder.h"
 #include "window/field/placed_field.h"
+#include "window/part/part_line.h"
+#include "window/part/part_painter.h"
 #include "window/part/part_scene.h"
 
 namespace torvane {
@@ -16,6 +18,8 @@ class PartDrawing : public QWidget {
 
   // The ends' fields in the order of the focus: left diameter, left stop, right diameter, right stop.
   const std::vector<QWidget*>& stops() const { return stops_; }
+  // The lines of both stops, which come behind the grid.
+  const std::vector<QWidget*>& lineStops() const { return lines_->stops(); }
   void Arrange(Arrangement arrangement);
 
  protected:
@@ -32,12 +36,15 @@ class PartDrawing : public QWidget {
   End MakeEnd(bool left);
   void PlaceEnd(const End& end, bool left);
   void PlaceEnds();
+  PartPainter Painter() const;
+  void FollowScene();
 
   Desk desk_;
   Arrangement arrangement_ = Arrangement::Open;
   PartScene scene_;
   End left_{}, right_{};
   std::vector<QWidget*> stops_;
+  std::optional<PartLines> lines_;
 };
 
 }  // namespace torvane

@@ -44,7 +44,7 @@ SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
 }
 
 PartPainter::PartPainter(const Theme& theme, const PartScene& scene, const QSize& size,
-                         Arrangement arrangement)
+                         Arrangement arrangement, std::optional<double> heldScale)
     : t_(theme),
       scene_(scene),
       arrangement_(arrangement),
@@ -60,6 +60,7 @@ PartPainter::PartPainter(const Theme& theme, const PartScene& scene, const QSize
     rightDiameter = *scene.rightDiameter;
   }
   sketch_.Scale(std::max(far, length), std::max(leftDiameter, rightDiameter));
+  if (heldScale) sketch_.Keep(*heldScale);
   leftRadius_ = leftDiameter * sketch_.scale() / 2;
   rightRadius_ = rightDiameter * sketch_.scale() / 2;
   // The mandrel begins at the far stop and is as long as the part.
@@ -71,6 +72,10 @@ PartPainter::PartPainter(const Theme& theme, const PartScene& scene, const QSize
 double PartPainter::RadiusAt(double x) const {
   const double share = (x - mandrelLeft_) / std::max(mandrelRight_ - mandrelLeft_, 1.0);
   return leftRadius_ + (rightRadius_ - leftRadius_) * share;
+}
+
+double PartPainter::LinesTop() const {
+  return f_.axisY - Radius() - (arrangement_ == Arrangement::Folded ? 6 : 10);
 }
 
 void PartPainter::Paint(QPainter& p) const {
@@ -88,7 +93,7 @@ void PartPainter::Paint(QPainter& p) const {
   }
   sketch_.PaintRuler(p);
   PaintOffset(p);
-  const double top = f_.axisY - Radius() - (arrangement_ == Arrangement::Folded ? 6 : 10);
+  const double top = LinesTop();
   if (scene_.leftStop) sketch_.PaintFoot(p, *scene_.leftStop, top, Token::Accent);
   if (scene_.rightStop)
     sketch_.PaintFoot(p, *scene_.rightStop, top, scene_.stopTooLow ? Token::TooLow : Token::Accent);

@@ -12,9 +12,12 @@ SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size);
 class PartPainter {
  public:
   PartPainter(const Theme& theme, const PartScene& scene, const QSize& size,
-              Arrangement arrangement = Arrangement::Open);
+              Arrangement arrangement = Arrangement::Open, std::optional<double> heldScale = {});
 
   void Paint(QPainter& painter) const;
+  const PartSketch& sketch() const { return sketch_; }
+  // Where the lines of the stops begin; they end on the ruler.
+  double LinesTop() const;
 
  private:
   double XOf(double z) const { return sketch_.XOf(z); }

@@ -44,11 +44,9 @@ PartPanel::PartPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), d
     twoAxes_ = add(new PartDrawing(desk, this));
   else
     fourAxes_ = add(new FourAxisPart(desk, this));
-}
-
-const std::vector<QWidget*>& PartPanel::headStops() const {
-  static const std::vector<QWidget*> none;
-  return fourAxes_ == nullptr ? none : fourAxes_->headStops();
+  if (fourAxes_ != nullptr) laterStops_ = fourAxes_->headStops();
+  const std::vector<QWidget*>& lines = panel == 0 ? twoAxes_->lineStops() : fourAxes_->lineStops();
+  laterStops_.insert(laterStops_.end(), lines.begin(), lines.end());
 }
 
 void PartPanel::Reveal(const QWidget& field) {

@@ -21,8 +21,8 @@ class PartPanel : public QWidget {
 
   // The inputs in the order of the focus.
   const std::vector<QWidget*>& stops() const { return stops_; }
-  // Those of the delivery head, which come behind the grid.
-  const std::vector<QWidget*>& headStops() const;
+  // Those of the delivery head and the drawing's lines, which come behind the grid.
+  const std::vector<QWidget*>& laterStops() const { return laterStops_; }
   // Takes its height in a column of that size, shared with the schedule.
   void Arrange(Arrangement arrangement, const QSize& column);
   // Brings a field into view that a small window keeps on another page.
@@ -55,7 +55,7 @@ class PartPanel : public QWidget {
   FourAxisPart* fourAxes_ = nullptr;
   std::vector<Sized> sized_;
   std::vector<QSpacerItem*> gaps_;
-  std::vector<QWidget*> stops_;
+  std::vector<QWidget*> stops_, laterStops_;
 };
 
 }  // namespace torvane

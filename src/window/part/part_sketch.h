@@ -44,7 +44,10 @@ class PartSketch {
 
   // One scale for both directions: `reach` is the largest Z, `diameter` the largest diameter, design units.
   void Scale(double reach, double diameter);
+  // Keeps the scale that it had before.
+  void Keep(double scale) { scale_ = scale; }
   double scale() const { return scale_; }
+  const SketchFrame& frame() const { return f_; }
   double XOf(double z) const { return (zGrowsLeft_ ? f_.postRight - z * scale_ : f_.postLeft + z * scale_); }
   bool zGrowsLeft() const { return zGrowsLeft_; }
 

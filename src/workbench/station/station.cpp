@@ -145,6 +145,21 @@ void Station::Type(Field& field, std::string_view text) {
   });
 }
 
+void Station::BeginTyping() {
+  lastTyped_ = nullptr;
+  dirtyBeforeTyping_ = s.gDirty;
+}
+
+void Station::DropTyping(const Field& field) {
+  if (lastTyped_ != &field || undo_.empty()) return;
+  Remembered(nullptr, [&] {
+    std::vector<Snapshot> dropped;
+    GoBack(undo_, dropped);
+    s.gDirty = dirtyBeforeTyping_;
+    return true;
+  });
+}
+
 void Station::Choose(Field& field, std::string_view text) {
   Remembered(nullptr, [&] {
     field = text;

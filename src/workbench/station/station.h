@@ -81,6 +81,10 @@ class Station : private ChangeOperations {
   bool IsUsable(std::string_view control) const;
   // A key was released in a field and left its text as it was.
   void ReleaseKey(const Field& field);
+  // What is typed from now on is an operation of its own, also in the field that was typed in last.
+  void BeginTyping();
+  // Takes back what has been typed since then, if that was in this field alone: as if it had not been.
+  void DropTyping(const Field& field);
 
   // Takes back the last operation of the operator that changed the design, or does it again. False if there
   // is none. A new or opened design begins a new history.
@@ -188,6 +192,7 @@ class Station : private ChangeOperations {
 
   std::vector<Snapshot> undo_, redo_;
   const Field* lastTyped_ = nullptr;
+  bool dirtyBeforeTyping_ = false;
   int operation_ = 0;        // depth of operations inside each other
   std::size_t history_ = 0;  // grows when the history is forgotten or gone back in
 
