@@ -23,7 +23,8 @@ TEST_F(ProgramsStore, OptionsWinOverTheEnvironment) {
       "setting list",
       "setting get Settings txtMailServer",
       "setting set Settings gVersionNumber 420",
-      "script " + Quoted(Path("day.script"))};
+      "script " + Quoted(Path("day.script")),
+      "prove --json " + tube};
   StartWith(commands[6], "mine.ini");
   StartWith(commands[7], "mine.ini");
   std::vector<std::string> printed;

@@ -1,8 +1,10 @@
 // The program itself, as a user starts it: its output and exit status against the files of the cases.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "support/ended_program.h"
@@ -157,6 +159,42 @@ TEST_F(Torvane, DoesTheOtherDesignsWhenOneCannotBeRead) {
   EXPECT_NE(run.err.find("missing.t2d: there is no such file"), std::string::npos) << run.err;
   EXPECT_NE(run.err.find("Input File Lacks Sufficient Data"), std::string::npos) << run.err;
   EXPECT_TRUE(fs::is_directory(home() / "TV_Design_Files"));
+}
+
+TEST_F(Torvane, ProvesDesigns) {
+  const auto sample = [](const std::string& name) {
+    return Quoted((fs::path(SOURCE_FOLDER) / "samples" / name).string());
+  };
+  const std::string tube = sample("Tube-4x24.t2d"), sleeve = sample("Carriage-Shift-Sleeve.t2d");
+  const Ended good = Start("prove " + tube);
+  EXPECT_EQ(good.status, 0) << good.err;
+  EXPECT_NE(good.out.find("Tube-4x24.t2d\n  0 faults, "), std::string::npos) << good.out;
+  EXPECT_NE(good.out.find("feet of tow where 823.6 feet are announced"), std::string::npos) << good.out;
+  EXPECT_EQ(Start("prove " + tube + " " + sleeve).status, 1) << "by the second one";
+  EXPECT_EQ(Start("prove " + sleeve + " " + tube).status, 1);
+  EXPECT_EQ(Start("prove " + Quoted((folder_ / "missing.t2d").string())).status, 1);
+  EXPECT_EQ(Start("prove").status, 2);
+  EXPECT_FALSE(fs::exists(home() / "TV_G-Code_Files" / "Tube-4x24.T2G")) << "nothing is written";
+
+  const auto json = [&](const std::string& settings) {
+    const Ended run = Start("prove --json " + tube + settings);
+    EXPECT_EQ(run.status, 0) << run.err;
+    return nlohmann::json::parse(run.out);
+  };
+  const nlohmann::json usual = json("");
+  EXPECT_EQ(usual["layers"].size(), 6U);
+  EXPECT_EQ(usual["spools"]["count"], 1);
+  EXPECT_EQ(usual["accelerations"], "not known");
+  EXPECT_NEAR(usual["announcedTow"].get<double>(), 823.6 * 12, 1e-6);
+  const double tow = usual["tow"][0];
+  const nlohmann::json other = json(
+      " --setting gProofSpoolLength=100 --setting gProofCarriageAcceleration=10 --setting "
+      "gProofResinShare=25");
+  EXPECT_EQ(other["spools"]["count"], static_cast<int>(std::ceil(tow / 1200)));
+  EXPECT_EQ(other["spools"]["splices"].size(), other["spools"]["count"].get<std::size_t>() - 1);
+  EXPECT_GT(other["seconds"][1].get<double>(), usual["seconds"][1].get<double>());
+  EXPECT_EQ(other["layers"][1]["slowest"], "carriage");
+  EXPECT_NEAR(other["resinGrams"].get<double>(), usual["resinGrams"].get<double>() / 2, 1e-6);
 }
 
 TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
