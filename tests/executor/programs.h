@@ -33,10 +33,10 @@ inline std::string Begun(const std::string& form = "C C0\nG20\n") {
 inline std::string Ended() { return "D0 GM=Winding_Process_Complete\nM5\nM5\n"; }
 
 inline std::string PassLine(int pass, int passes, const std::string& method = "ms", int layer = 1,
-                            int layers = 1) {
+                            int layers = 1, double farZ = 28) {
   return "D0 LA=" + std::to_string(layer) + "_of_" + std::to_string(layers) + " PA=" + std::to_string(pass) +
          "_of_" + std::to_string(passes) + " RPM=28.6 CS=6 WA=45 WM=" + method +
-         " LD=4 FW=0.25 HL=28 [Display Layer Properties]\n";
+         " LD=4 FW=0.25 HL=" + Fixed(farZ, 2) + " [Display Layer Properties]\n";
 }
 
 struct ShiftedMandrel {
@@ -51,7 +51,7 @@ struct ShiftedMandrel {
 inline std::string LayerOf(const ShiftedMandrel& m) {
   std::string text;
   for (int pass = 1; pass <= m.passes; ++pass) {
-    text += PassLine(pass, m.announced > 0 ? m.announced : m.passes);
+    text += PassLine(pass, m.announced > 0 ? m.announced : m.passes, "ms", 1, 1, m.farZ);
     if (pass == 1) text += "M4 S" + Fixed(kTestRpm, 8) + "\nM602\n";
     text += std::string(pass == 1 ? "G1 F6 Z" : "G1 Z") + Fixed(m.farZ, 2) + "\n";
     text += pass == 1 ? "M601\n" : "G4 L601 C" + Fixed(m.step * (pass - 1), 6) + "\n";

@@ -56,6 +56,7 @@ void Winding::Take(const Line& line, const Motion& motion, const Machine& machin
     if (!display.stage.empty() || !display.message.empty()) {
       open_ = false;
       schedule_ = display.stage == "Winding Schedule";
+      if (schedule_) scheduleLine_ = line.number;
       if (!display.stage.empty()) stage_ = display.stage;
     } else if (display.hasLayer) {
       BeginPass(display, line, machine);
@@ -71,9 +72,12 @@ void Winding::Take(const Line& line, const Motion& motion, const Machine& machin
 void Winding::BeginPass(const Display& display, const Line& line, const Machine& machine) {
   const int number = WholeNumber(display.layer);
   if (layers_.empty() || layers_.back().number != number) {
+    const bool behindShift = !layers_.empty() && layers_.back().carriageShift;
     layers_.emplace_back();
     layers_.back().number = number;
     layers_.back().line = line.number;
+    layers_.back().toldStop = display.stop;
+    layers_.back().behindShift = behindShift;
     announcedLayers_ = std::max(announcedLayers_, display.layers);
   }
   open_ = true;

@@ -48,10 +48,12 @@ struct Layer {
   int number = 0;
   int line = 0;
   bool carriageShift = false;
-  double band = 0;          // width, in the program's unit; 0 unknown
-  int noBandLine = 0;       // of a display that tells a width of 0; line 0: there is none
-  double leftDiameter = 0;  // 0 unknown
-  bool fourAxes = false;    // of a machine with a delivery head that moves
+  double band = 0;           // width, in the program's unit; 0 unknown
+  int noBandLine = 0;        // of a display that tells a width of 0; line 0: there is none
+  double leftDiameter = 0;   // 0 unknown
+  double toldStop = 0;       // one of its two stops, as its first display tells; 0 unknown
+  bool behindShift = false;  // the layer before it shifts the carriage, and ends anywhere
+  bool fourAxes = false;     // of a machine with a delivery head that moves
   // What its displays ask for: degrees, 0 where no angle is told; a hoop lays band beside band.
   double askedAngle = 0;
   bool hoop = false;
@@ -107,6 +109,8 @@ class Winding {
   const Layer* OpenLayer() const { return open_ ? &layers_.back() : nullptr; }
   double AnnouncedLayers() const { return announcedLayers_; }
   bool ScheduleOpen() const { return schedule_; }
+  // The line where the winding begins; 0 where it does not.
+  int ScheduleLine() const { return scheduleLine_; }
   std::string_view stage() const { return stage_; }
   // Traverses of the schedule under no display of a pass: how many, and the first one's line.
   int StrayMoves() const { return strayMoves_; }
@@ -130,6 +134,7 @@ class Winding {
   bool open_ = false;
   bool farSaved_ = false, homeSaved_ = false;  // since the layer began
   bool schedule_ = false;
+  int scheduleLine_ = 0;
   std::string_view stage_;
   int strayMoves_ = 0, strayLine_ = 0;
   // Of the A words: the turns told with them, what the last one ran ahead of those, and how many turns since,

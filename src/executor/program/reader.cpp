@@ -35,6 +35,8 @@ void TakeField(std::string_view key, std::string_view value, Display& display) {
     display.bandInches = Value(value);
   } else if (key == "LD") {
     display.leftDiameter = Value(value);
+  } else if (key == "HL") {
+    display.stop = Value(value);
   } else if (key == "WM") {
     display.method = value;
   } else if (key == "RPM") {

@@ -48,6 +48,7 @@ struct Display {
   bool hasBand = false;
   double bandInches = 0;    // 0 where the field is missing or no number
   double leftDiameter = 0;  // in the program's unit
+  double stop = 0;          // one end of the layer, likewise; 0 where it is not told
 };
 
 // `body` is what stands behind the command word. A message (GM) has no other field; of a field given twice

@@ -52,6 +52,7 @@ struct LayerProof {
 
   void CountPasses();
   void WatchStops();
+  void WatchFirstStops();
   void WatchHead();
   void AddTow(double thicknessInches);
   void WatchTold(double bandInches);
@@ -90,10 +91,28 @@ void LayerProof::CountPasses() {
             Fixed(last, 0) + ".");
 }
 
+// The first pass has the stop of the display, and where there is no other pass to compare with, it comes back
+// to where it began.
+void LayerProof::WatchFirstStops() {
+  const Pass& first = layer.passes.front();
+  const auto told = [&](double z) { return std::abs(z - layer.toldStop) <= kStopRounding; };
+  if (layer.toldStop > 0 && !told(first.farZ) && !told(first.backZ)) {
+    Say(Kind::StopsShort, first.farLine,
+        "Pass " + Fixed(first.number, 0) + " of " + LayerName() + " turns round at " + Z(first.farZ) +
+            " and " + Z(first.backZ) + ", where its display tells " + Z(layer.toldStop) + '.');
+  } else if (layer.passes.size() == 1 && !layer.fourAxes && !layer.behindShift &&
+             std::abs(first.startZ - first.backZ) > kStopRounding) {
+    Say(Kind::StopsShort, first.backLine,
+        "The pass of " + LayerName() + " ends at " + Z(first.backZ) + ", where it began at " +
+            Z(first.startZ) + '.');
+  }
+}
+
 // But for a carriage shift all passes of a layer turn round at the stops of its first one.
 void LayerProof::WatchStops() {
   const Pass& first = layer.passes.front();
   if (layer.carriageShift || first.moves < 2) return;
+  WatchFirstStops();
   const double most = std::max(kStopRounding, kSmallGap * layer.band);
   for (std::size_t i = 1; i < layer.passes.size() && !stop.stop_requested(); ++i) {
     const Pass& pass = layer.passes[i];
@@ -347,8 +366,9 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const 
   figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch, stop);
   const auto few = [&] { return 2 * figures.pattern.bands * figures.pattern.bandDegrees < 360; };
   const auto cover = [&] {
-    const int rows = few() ? std::min(rowsAtMost, kFewRows) : rowsAtMost;
-    figures.coveredShare = CoveredShare(layer, proof.mandrel, figures.zLow, figures.zHigh, rows, stop);
+    figures.rows = few() ? std::min(rowsAtMost, kFewRows) : rowsAtMost;
+    figures.coveredShare =
+        CoveredShare(layer, proof.mandrel, figures.zLow, figures.zHigh, figures.rows, stop);
   };
   if (layer.carriageShift && layer.passes.size() > 1) {
     cover();

@@ -16,6 +16,9 @@ constexpr double kTurnRounding = 0.005;
 constexpr double kAngleRounding = 0.005;
 constexpr double kBandRounding = 0.0005;
 
+// A band this share of its width beside its place shows.
+constexpr double kAside = 0.4;
+
 double Wrapped(double degrees) {
   double way = std::fmod(degrees, 360);
   if (way < 0) way += 360;
@@ -189,7 +192,7 @@ void FindAside(const std::vector<double>& angles, const std::vector<const Stroke
   const double usual = UsualStep(angles);
   std::vector<double> off(n - 1);
   for (std::size_t i = 0; i + 1 < n; ++i) off[i] = Aside(angles[i + 1] - angles[i] - usual);
-  const double half = bandDegrees / 2, alike = bandDegrees / 5;
+  const double most = kAside * bandDegrees, alike = bandDegrees / 5;
   std::vector<double> sorted = off;
   Sort(sorted, stop);
   const auto repeats = [&](double value) {
@@ -199,7 +202,7 @@ void FindAside(const std::vector<double>& angles, const std::vector<const Stroke
   const auto add = [&](std::size_t i, double degrees) {
     aside.push_back({strokes[i]->line, strokes[i]->pass, degrees, out && strokes[i]->pass == 0});
   };
-  const auto usualOff = [&](double value) { return std::abs(value) <= half || repeats(value); };
+  const auto usualOff = [&](double value) { return std::abs(value) <= most || repeats(value); };
   if (!usualOff(off[0]) && usualOff(off[1])) add(0, -off[0]);
   for (std::size_t i = 1; i + 1 < n && !stop.stop_requested(); ++i)
     if (!usualOff(off[i - 1]) && !usualOff(off[i]) && std::abs(off[i - 1] + off[i]) < alike)
@@ -282,6 +285,8 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   Pattern pattern;
   pattern.windingAngle = std::atan(tangent) / kRadians;
   pattern.bandDegrees = BandWithinATurn(layer.band, tangent, radius);
+  const double thick = std::max(mandrel.leftRadius, mandrel.rightRadius);
+  pattern.leastBand = BandWithinATurn(layer.band, Tangent(finder.typical(), thick), thick);
   pattern.axialBand = tangent > 0 ? AxialBand(layer.band, tangent) : std::numeric_limits<double>::infinity();
 
   // At each Z the direction whose bands lie closer counts.
@@ -309,7 +314,7 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   const bool byBack = layer.carriageShift || out.size() < 2 || (!layer.wraps && backCloser);
   CountAlike(out, strokes, pattern.bandDegrees, pattern, stop);
   if (stop.stop_requested()) return pattern;
-  if (!layer.carriageShift) FindAside(out, strokes, true, pattern.bandDegrees, pattern.aside, stop);
+  if (!layer.carriageShift) FindAside(out, strokes, true, pattern.leastBand, pattern.aside, stop);
   if (!byBack) {
     const double next = layer.endMandrel + (middle - layer.endZ) * strokes.back()->DegreesPerLength();
     pattern.miss = MissOf(next, out, same, stop);
@@ -317,7 +322,7 @@ Pattern FindPattern(const Layer& layer, const Mandrel& mandrel, double zLow, dou
   const std::vector<double> back = finder.ProgressAt(middle, false, strokes);
   CountAlike(back, strokes, pattern.bandDegrees, pattern, stop);
   if (stop.stop_requested()) return pattern;
-  FindAside(back, strokes, false, pattern.bandDegrees, pattern.aside, stop);
+  FindAside(back, strokes, false, pattern.leastBand, pattern.aside, stop);
   if (byBack && back.size() > 1)
     pattern.miss = MissOf(back.back() + back.back() - back[back.size() - 2], back, same, stop);
   pattern.drift = finder.Drift(radius);

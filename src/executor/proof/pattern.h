@@ -19,6 +19,7 @@ struct BandAside {
 struct Pattern {
   double windingAngle = 0;  // degrees, at the middle
   double bandDegrees = 0;   // how far round the mandrel a band reaches there
+  double leastBand = 0;     // and where that is least, at the thicker end
   double axialBand = 0;     // the band's width along Z there
   int bands = 0;            // of the direction that has more of them
   // Between neighbours, across the band, of the direction whose bands lie closer; below 0 they overlap.

@@ -290,6 +290,9 @@ void Prover::JudgeLayers() {
     proof_.findings.Add(Kind::Passes, winding_.layers().back().line, 0,
                         Fixed(winding_.AnnouncedLayers(), 0) + " layers are announced and " +
                             Counted(static_cast<long long>(seen.size()), "is", "are") + " there.");
+  if (winding_.layers().empty() && winding_.StrayMoves() == 0 && winding_.ScheduleLine() != 0)
+    proof_.findings.Add(Kind::Passes, winding_.ScheduleLine(), 0,
+                        "The winding begins here and has no layer: nothing is wound.");
   if (winding_.StrayMoves() > 0)
     proof_.findings.Add(Kind::Passes, winding_.StrayLine(), 0,
                         Counted(winding_.StrayMoves(), "traverse", "traverses") +
@@ -355,8 +358,8 @@ void Prover::WidenBy(const Rerun& run, const Drive& drive) {
     const Layer& layer = run.winding.layers()[i];
     LayerFigures& figures = proof_.layers[i];
     double layerTow = 0;
-    ForEachTow(layer, MandrelOf(layer, run.winding.comments()), stop_,
-               [&](const TowPiece& piece) { layerTow += piece.length; });
+    const Mandrel mandrel = MandrelOf(layer, run.winding.comments());
+    ForEachTow(layer, mandrel, stop_, [&](const TowPiece& piece) { layerTow += piece.length; });
     Take(figures.time, layer.seconds + layer.secondsBehind);
     Take(figures.tow, layerTow);
     seconds += layer.seconds + layer.secondsBehind;
@@ -366,10 +369,7 @@ void Prover::WidenBy(const Rerun& run, const Drive& drive) {
       figures.slowed = *slowest > 0;
       figures.slowest = static_cast<DrivenAxis>(slowest - layer.lost.begin());
     } else if (figures.twofoldDwells > 0 && figures.judged && !drive.Accelerates()) {
-      Findings unused;
-      Take(figures.covered, ProveLayer(layer, run.winding.comments(), limits_, machine_.UnitsPerInch(),
-                                       kFewestRows * 8, unused, stop_)
-                                .coveredShare);
+      Take(figures.covered, CoveredShare(layer, mandrel, figures.zLow, figures.zHigh, figures.rows, stop_));
     }
   }
   Take(proof_.run, run.seconds);

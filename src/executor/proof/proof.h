@@ -40,6 +40,7 @@ struct LayerFigures {
   double zLow = 0, zHigh = 0;
   double band = 0;
   double coveredShare = 0;
+  int rows = 0;  // of the raster that showed it
   Pattern pattern;
 };
 
