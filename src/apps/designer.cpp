@@ -37,7 +37,7 @@ Result<Folders> FoldersNow() {
 Result<HostFiles> ReadyStationFolder(const Folders& folders) {
   const Outcome ready = PrepareStationFolder(folders.station, folders.program);
   if (!ready) return Refusal{ready.reason()};
-  return HostFiles::At(folders.station);
+  return HostFiles::At(folders.station, SampleFolder(folders.program));
 }
 
 // The station that runs in the place's folder takes the file; for that no screen is needed. Where none does

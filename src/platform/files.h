@@ -26,6 +26,10 @@ class Files {
   // Full path of the folder that holds the program, with no backslash behind it. Names without a folder refer
   // to it.
   virtual std::string ProgramFolder() const = 0;
+  // Full path of the folder with the sample designs that came with the program; empty where none did.
+  virtual std::string SampleFolder() const = 0;
+  // Names of the files in a folder, in the order of their bytes; none where it cannot be read.
+  virtual std::vector<std::string> NamesIn(std::string_view folder) const = 0;
 
   virtual bool Exists(std::string_view path) const = 0;
   // Both names lead to one file that is there.

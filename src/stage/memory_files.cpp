@@ -20,6 +20,15 @@ bool MemoryFiles::IsFolder(const std::string& full) const {
 
 bool MemoryFiles::Exists(std::string_view path) const { return files_.count(Full(path)) > 0; }
 
+std::vector<std::string> MemoryFiles::NamesIn(std::string_view folder) const {
+  const std::string within = Full(folder) + "\\";
+  std::vector<std::string> names;
+  for (const auto& [path, bytes] : files_)
+    if (path.starts_with(within) && path.find('\\', within.size()) == std::string::npos)
+      names.push_back(path.substr(within.size()));
+  return names;
+}
+
 std::optional<std::int64_t> MemoryFiles::LastWritten(std::string_view path) const {
   if (!Exists(path)) return std::nullopt;
   return written_.at(Full(path));

@@ -17,6 +17,8 @@ class MemoryFiles : public Files {
   explicit MemoryFiles(std::string programFolder = "C:\\Torvane");
 
   std::string ProgramFolder() const override { return programFolder_; }
+  std::string SampleFolder() const override { return programFolder_ + "\\samples"; }
+  std::vector<std::string> NamesIn(std::string_view folder) const override;
 
   bool Exists(std::string_view path) const override;
   std::optional<std::int64_t> LastWritten(std::string_view path) const override;

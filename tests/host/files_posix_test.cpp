@@ -12,6 +12,7 @@
 #include "host/files/file_system.h"
 #include "host/files/host_files.h"
 #include "host/files/paths.h"
+#include "host/files/station_folder.h"
 #include "host/somebody.h"
 #include "host/temporary_folder.h"
 
@@ -50,6 +51,31 @@ TEST_F(HostFilesTest, ReplacingLeavesNothingOfTheFormerFileAndNothingBeside) {
   ASSERT_TRUE(files.WriteWhole("a.T2G", {}));
   EXPECT_EQ(files.ReadWhole("a.T2G").value(), "");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 1);
+}
+
+TEST_F(HostFilesTest, NamesTheFilesOfAFolder) {
+  const TemporaryFolder samples;
+  for (const char* name : {"b.t2d", "a.t4d", "M\u00fcll.t2d", "\u03a9.t2d"}) Put(samples.path / name, "x");
+  std::filesystem::create_directory(samples.path / "c.t2d");
+  const HostFiles both = HostFiles::At(folder.path.string(), samples.path.string() + "/").value();
+  EXPECT_EQ(both.SampleFolder(), StationPath(samples.path.string()).value());
+  // Neither folders nor names that the station cannot say.
+  EXPECT_EQ(both.NamesIn(both.SampleFolder()), (std::vector<std::string>{"M\xFCll.t2d", "a.t4d", "b.t2d"}));
+  EXPECT_EQ(files.SampleFolder(), "");
+  EXPECT_TRUE(files.NamesIn("none").empty());
+  EXPECT_EQ(HostFiles::At(folder.path.string(), "/srv/\u03a9").value().SampleFolder(), "");
+}
+
+TEST(StationFolders, SamplesLieInTheShareOfAnInstallationOrBesideTheProgram) {
+  const TemporaryFolder prefix;
+  const std::filesystem::path bin = prefix.path / "bin",
+                              share = prefix.path / "share" / "torvane" / "samples";
+  std::filesystem::create_directory(bin);
+  EXPECT_EQ(SampleFolder(bin.string()), "");
+  std::filesystem::create_directory(bin / "samples");
+  EXPECT_EQ(SampleFolder(bin.string()), (bin / "samples").string());
+  std::filesystem::create_directories(share);
+  EXPECT_EQ(SampleFolder(bin.string()), share.string());
 }
 
 TEST_F(HostFilesTest, TellsWhenAFileWasWrittenAndRemovesIt) {

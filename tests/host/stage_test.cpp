@@ -35,6 +35,8 @@ TEST(Stage, FilesBehaveLikeADisk) {
   EXPECT_EQ(files.WriteWhole("sub\\a", {"z"}).reason(), "full");
   EXPECT_EQ(files.ReadWhole("sub\\a").value(), "xy");
   files.Put("D:\\far\\b", "q");
+  EXPECT_EQ(files.NamesIn("sub"), std::vector<std::string>{"a"});
+  EXPECT_TRUE(files.NamesIn("D:\\").empty());
   EXPECT_TRUE(files.WriteWhole("D:\\far\\c", {"q"}));
 }
 

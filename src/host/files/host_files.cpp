@@ -1,5 +1,7 @@
 #include "host/files/host_files.h"
 
+#include <algorithm>
+
 #include "host/files/paths.h"
 
 namespace torvane {
@@ -13,13 +15,15 @@ std::string WithoutBackslash(std::string path) {
 
 }  // namespace
 
-Result<HostFiles> HostFiles::At(std::string_view programFolder) {
+Result<HostFiles> HostFiles::At(std::string_view programFolder, std::string_view sampleFolder) {
   const auto program = AbsoluteStationPath(programFolder);
   if (!program) return Refusal{"The program cannot run in this folder. " + program.reason()};
-  return HostFiles(WithoutBackslash(program.value()));
+  const auto samples = sampleFolder.empty() ? Result<std::string>("") : AbsoluteStationPath(sampleFolder);
+  return HostFiles(WithoutBackslash(program.value()), samples ? WithoutBackslash(samples.value()) : "");
 }
 
-HostFiles::HostFiles(std::string programFolder) : programFolder_(std::move(programFolder)) {}
+HostFiles::HostFiles(std::string programFolder, std::string sampleFolder)
+    : programFolder_(std::move(programFolder)), sampleFolder_(std::move(sampleFolder)) {}
 
 Result<std::filesystem::path> HostFiles::Found(std::string_view path) const {
   if (path.empty()) return Refusal{"There is no file name."};
@@ -34,6 +38,21 @@ bool HostFiles::Exists(std::string_view path) const {
   std::error_code error;
   const auto file = Found(path);
   return file && std::filesystem::is_regular_file(file.value(), error);
+}
+
+std::vector<std::string> HostFiles::NamesIn(std::string_view folder) const {
+  std::vector<std::string> names;
+  const auto found = Found(folder);
+  if (!found) return names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(found.value(), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code unknown;
+    if (!entry->is_regular_file(unknown)) continue;
+    if (const auto name = StationPath(HostText(entry->path().filename()))) names.push_back(name.value());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 std::optional<std::int64_t> HostFiles::LastWritten(std::string_view path) const {

@@ -17,10 +17,14 @@ namespace torvane {
 // Reasons do not name the file.
 class HostFiles : public Files {
  public:
-  // The program's folder as a path of the computer; refused where the station's text cannot say it.
-  static Result<HostFiles> At(std::string_view programFolder);
+  // The program's folder and that of its samples, empty for none, as paths of the computer; refused where the
+  // station's text cannot say the first. Samples that it cannot say are none.
+  static Result<HostFiles> At(std::string_view programFolder, std::string_view sampleFolder = {});
 
   std::string ProgramFolder() const override { return programFolder_; }
+  std::string SampleFolder() const override { return sampleFolder_; }
+  // Without those whose names the station's text cannot say.
+  std::vector<std::string> NamesIn(std::string_view folder) const override;
 
   // A folder or a device is no file.
   bool Exists(std::string_view path) const override;
@@ -41,14 +45,14 @@ class HostFiles : public Files {
   std::function<void(const std::string& text)> tell;
 
  private:
-  explicit HostFiles(std::string programFolder);
+  HostFiles(std::string programFolder, std::string sampleFolder);
   Result<std::filesystem::path> Found(std::string_view path) const;
 
   // Once for each folder, since somewhere else no start looks for leftovers.
   void Tidy(const std::filesystem::path& folder);
   Outcome Told(std::string_view path, const std::filesystem::path& file, const Result<Replacement>& replaced);
 
-  std::string programFolder_;
+  std::string programFolder_, sampleFolder_;
   std::set<std::filesystem::path> toldOf_, tidied_;
 };
 

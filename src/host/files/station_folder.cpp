@@ -71,6 +71,14 @@ Result<std::string> StationFolder(std::string_view asked, std::string_view progr
   return home + "/Torvane";
 }
 
+std::string SampleFolder(std::string_view programFolder) {
+  const fs::path program = SystemPath(programFolder);
+  std::error_code error;
+  for (const fs::path& samples : {SamplesOf(program), program / "samples"})
+    if (fs::is_directory(samples, error)) return HostText(samples);
+  return {};
+}
+
 Outcome PrepareStationFolder(std::string_view folder, std::string_view programFolder) {
   const fs::path installed = SystemPath(programFolder), station = SystemPath(folder);
   if (!IsInstalled(installed)) return Done{};
