@@ -17,6 +17,7 @@
 #include "window/frame/application.h"
 #include "workbench/dialog/links.h"
 #include "workbench/document/design_commands.h"
+#include "workbench/document/recent_files.h"
 
 namespace torvane {
 
@@ -48,7 +49,7 @@ class Pictures {
             const std::function<void(WindowProgram&)>& more = {}) {
     theme_.SetLarge(false);
     QTemporaryDir home;
-    const auto files = HostFiles::At(home.path().toStdString());
+    const auto files = HostFiles::At(home.path().toStdString(), samples_.toStdString());
     WindowComputer computer(files.value(), std::make_unique<IniStore>(home.filePath("t.ini").toStdString()),
                             theme_);
     Platform real = computer.AsPlatform();
@@ -85,6 +86,8 @@ class Pictures {
     std::printf("%s.png\n", qPrintable(name));
   }
 
+  const QString& samples() const { return samples_; }
+
   void TakeMessage(const QString& name, const Message& message) {
     MessageWindow window(theme_, ViewOf(message), {}, nullptr);
     window.show();
@@ -96,6 +99,15 @@ class Pictures {
   QString folder_, samples_;
   Theme theme_;
 };
+
+// A start with three designs that are there and one that is gone.
+void FillRecent(WindowProgram& program, const QString& samples) {
+  for (const char* name : {"Boom-2in.t4d", "Taper-Mast.t2d", "Hemi-Vessel-150mm.t4d", "Tube-4x24.t2d"})
+    NoteRecentFile(program.station().keptStore,
+                   StationPath((samples + "/" + QString::fromLatin1(name)).toStdString()).value());
+  program.binder().Do([] {});
+  for (int i = 0; i < 40; ++i) QApplication::processEvents();
+}
 
 // The main window at every size, of both families.
 void TakeSizes(Pictures& pictures, const QString& end) {
@@ -127,6 +139,25 @@ void TakeSizes(Pictures& pictures, const QString& end) {
     for (const auto& design : {kDesigns[0], kDesigns[2]})
       pictures.Take(name(design.name) + QStringLiteral("-large"), QString::fromLatin1(design.sample), window,
                     design.row, [](WindowProgram& p) { p.mainWindow().UseLargeFigures(true); });
+  }
+  for (const QSize window : {QSize(1100, 720), QSize(1133, 833), QSize(1280, 800), QSize(1600, 900)})
+    pictures.Take(QStringLiteral("hemi-end-view-%1").arg(window.width()) + end, "Hemi-Vessel-150mm.t4d",
+                  window, 1, [](WindowProgram& p) {
+                    Field& pattern = p.station().s.cmbPattern(1);
+                    p.binder().Choose(pattern, std::string(pattern.text()));
+                  });
+  for (const auto& size : {kSizes[0], kSizes[1], kSizes[3]}) {
+    const QString of = QString::fromLatin1(size.name) + end;
+    const QSize window(size.width, size.height);
+    pictures.Take(QStringLiteral("start-") + of, {}, window, 0,
+                  [&](WindowProgram& p) { FillRecent(p, pictures.samples()); });
+    pictures.Take(QStringLiteral("2axis-line-") + of, "Tube-4x24.t2d", window, 3, [](WindowProgram& p) {
+      p.mainWindow().findChild<QWidget*>(QStringLiteral("line of txtZ2(0)"))->setFocus();
+    });
+    pictures.Take(QStringLiteral("hemi-line-") + of, "Hemi-Vessel-150mm.t4d", window, 1,
+                  [](WindowProgram& p) {
+                    p.mainWindow().findChild<QWidget*>(QStringLiteral("line of txtZ4(1)"))->setFocus();
+                  });
   }
   pictures.Take(QStringLiteral("2axis-checklist") + end, "Tube-4x24.t2d", {800, 600}, 3,
                 [](WindowProgram& p) {

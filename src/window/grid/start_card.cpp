@@ -3,12 +3,15 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QMouseEvent>
+#include <algorithm>
 
 #include "look/paint.h"
 #include "look/text.h"
 #include "persist/settings.h"
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
+#include "window/grid/recent_list.h"
+#include "window/grid/sample_shelf.h"
 #include "workbench/station/layer_count.h"
 
 namespace torvane {
@@ -16,17 +19,21 @@ namespace torvane {
 namespace {
 
 // Heights where there is plenty of room and where there is little.
-constexpr int kLow = 300, kLowest = 200;
+constexpr int kHigh = 420, kLow = 300, kLowest = 200;
+// Of the recent designs: the least width of their column, and what stands above them in it, or where they
+// stand under the button that opens a design.
+constexpr int kRecentWidth = 185;
+constexpr int kUnderTitle = 50, kUnderOpen = 142, kLowUnderTitle = 30, kLowUnderOpen = 104;
 
 QVBoxLayout* Column(QWidget* owner, Desk desk, const QString& title, const QString& second,
                     std::vector<QWidget*>& seconds) {
   auto* column = new QVBoxLayout(owner);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(4);
+  column->setSpacing(2);
   column->addWidget(new Word(desk, title, 15, Token::Text, Weight::Medium));
   seconds.push_back(new Word(desk, second, 12, Token::Second));
   column->addWidget(seconds.back());
-  column->addSpacing(8);
+  column->addSpacing(4);
   return column;
 }
 
@@ -60,29 +67,96 @@ class Strip : public QWidget {
 }  // namespace
 
 StartCard::StartCard(Desk desk, Family family, QWidget* parent)
-    : QWidget(parent), desk_(desk), family_(family) {
+    : QWidget(parent), desk_(desk), family_(family), cards_(desk.station) {
   setAutoFillBackground(true);
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(28, 20, 28, 16);
+  rows->setSpacing(8);
   columns_ = new QHBoxLayout;
-  columns_->addWidget(MakeCounts(), 0, Qt::AlignTop);
-  columns_->addWidget(MakeOpen(), 0, Qt::AlignTop);
-  columns_->addWidget(MakeLinks(), 1, Qt::AlignTop);
+  columns_->addWidget(counted_ = MakeCounts(), 0, Qt::AlignTop);
+  columns_->addWidget(opened_ = MakeOpen(), 0, Qt::AlignTop);
+  columns_->addWidget(recent_ = MakeRecent(), 1, Qt::AlignTop);
+  columns_->addWidget(linked_ = MakeLinks(), 0, Qt::AlignTop);
   rows->addLayout(columns_);
   rows->addStretch(1);
+  rows->addWidget(shelf_ = new SampleShelf(desk, cards_, this));
   rows->addWidget(MakeOffset(family));
+  cards_.read = [this] { Refresh(); };
+  desk.binder.BindAll(this, [this] {
+    if (!isVisible()) return;
+    Refresh();
+    Arrange();
+  });
 }
 
-void StartCard::resizeEvent(QResizeEvent*) {
-  const bool low = height() < kLow;
-  layout()->setContentsMargins(28, low ? 10 : 20, 28, low ? 8 : 16);
-  columns_->setSpacing(width() < 800 ? 20 : 36);
-  for (QWidget* count : counts_) count->setFixedSize(46, low ? 28 : 38);
-  for (QWidget* link : links_) link->setFixedHeight(low ? 26 : 34);
-  community_->setFixedHeight(low ? 32 : 38);
+void StartCard::showEvent(QShowEvent*) {
+  cards_.Forget();
+  Refresh();
+  Arrange();
+}
+
+void StartCard::Refresh() {
+  list_->Refresh();
+  shelf_->Refresh();
+}
+
+void StartCard::resizeEvent(QResizeEvent*) { Arrange(); }
+
+void StartCard::Arrange() {
+  const bool low = height() < kLow, high = height() >= kHigh;
+  const QMargins margins(28, low ? 10 : high ? 20 : 12, 28, low ? 8 : high ? 16 : 10);
+  layout()->setContentsMargins(margins);
+  columns_->setSpacing(width() < 1000 ? 18 : 36);
+  for (QWidget* count : counts_) count->setFixedSize(44, low ? 28 : high ? 38 : 34);
+  for (QWidget* link : links_) link->setFixedHeight(low ? 24 : high ? 34 : 28);
+  community_->setFixedHeight(low ? 32 : high ? 38 : 34);
   for (QWidget* second : seconds_) second->setVisible(!low);
-  strip_->setFixedHeight(low ? 48 : 62);
+  strip_->setFixedHeight(low ? 48 : high ? 62 : 50);
   strip_->setVisible(!offsetConfirmed_ && height() >= kLowest);
+  PlaceRecent();
+  const int gap = layout()->spacing();
+  int room = height() - margins.top() - margins.bottom();
+  if (!strip_->isHidden()) room -= strip_->height() + gap;
+  // The columns have it first, then the samples; what is left shows more of the recent designs.
+  const int above =
+      recentBelowOpen_ ? (low ? kLowUnderOpen : kUnderOpen) : (low ? kLowUnderTitle : kUnderTitle);
+  int columns = std::max(counted_->sizeHint().height(), above + RecentList::kRowHeight);
+  if (!linked_->isHidden()) columns = std::max(columns, linked_->sizeHint().height());
+  const int samples = room - columns - gap;
+  shelf_->setVisible(!shelf_->empty() && samples >= SampleShelf::kLowHeight);
+  shelf_->setFixedHeight(samples >= SampleShelf::kHeight ? SampleShelf::kHeight : SampleShelf::kLowHeight);
+  if (!shelf_->isHidden()) room -= shelf_->height() + gap;
+  list_->Limit(std::clamp((room - above) / RecentList::kRowHeight, 0, RecentList::kMost));
+  // The columns take their new heights now, not with the next change of the card's own size.
+  layout()->invalidate();
+  layout()->activate();
+  update();
+}
+
+// In a column of its own where there is room for one, else under the button that opens a design.
+void StartCard::PlaceRecent() {
+  const int spacing = columns_->spacing();
+  int room = width() - 56 - counted_->sizeHint().width() - opened_->minimumSizeHint().width() - 2 * spacing;
+  if (!linked_->isHidden()) room -= linked_->sizeHint().width() + spacing;
+  const bool below = room < kRecentWidth;
+  if (below != recentBelowOpen_) {
+    recentBelowOpen_ = below;
+    columns_->removeWidget(recent_);
+    open_->removeWidget(recent_);
+    if (below)
+      open_->addWidget(recent_);
+    else
+      columns_->insertWidget(2, recent_, 1, Qt::AlignTop);
+    columns_->setStretchFactor(opened_, below ? 1 : 0);
+  }
+  drop_->setVisible(!below && height() >= kLow);
+}
+
+// A line between the columns and the samples.
+void StartCard::paintEvent(QPaintEvent*) {
+  if (shelf_->isHidden()) return;
+  QPainter painter(this);
+  painter.setPen(desk_.theme[Token::Hairline]);
+  painter.drawLine(28, shelf_->y() - 7, width() - 28, shelf_->y() - 7);
 }
 
 // Where the cells of the first row would be: whoever wants to type there is told what comes first.
@@ -98,7 +172,7 @@ QWidget* StartCard::MakeCounts() {
   auto* column = Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
                         QStringLiteral("One row a layer, up to 15. It can change later."), seconds_);
   auto* grid = new QGridLayout;
-  grid->setSpacing(8);
+  grid->setSpacing(6);
   for (int count = 1; count <= kMostLayers; ++count) {
     auto* button = new Button(desk_, ButtonLook::Outline, Icon::None, QString::number(count), owner);
     button->setObjectName(QStringLiteral("layers%1").arg(count));
@@ -119,12 +193,23 @@ QWidget* StartCard::MakeCounts() {
 QWidget* StartCard::MakeOpen() {
   auto* owner = new QWidget(this);
   auto* column = Column(owner, desk_, QStringLiteral("Or open a design"),
-                        QStringLiteral("From the folder TV_Design_Files."), seconds_);
+                        QStringLiteral("From TV_Design_Files."), seconds_);
   auto* open = new Button(desk_, ButtonLook::Outline, Icon::Open, QStringLiteral("Open a design"), owner);
   open->Runs("btnOPen");
   open->setObjectName(QStringLiteral("startOpen"));
-  open->setFixedSize(190, 42);
+  open->setFixedSize(160, 36);
   column->addWidget(open);
+  column->addSpacing(2);
+  column->addWidget(drop_ = new Word(desk_, QStringLiteral("Or drop it on the window."), 12, Token::Second));
+  open_ = column;
+  return owner;
+}
+
+QWidget* StartCard::MakeRecent() {
+  auto* owner = new QWidget(this);
+  auto* column =
+      Column(owner, desk_, QStringLiteral("Recent"), QStringLiteral("The latest stands first."), seconds_);
+  column->addWidget(list_ = new RecentList(desk_, cards_));
   return owner;
 }
 

@@ -56,6 +56,13 @@ void NoteRecent(Station& station, const std::string& path) {
   station.StartTimer(station.tmrStore);
 }
 
+// The family of the file's ending, if it has one of ours.
+void ChooseFamilyOf(Station& station, const std::string& path) {
+  const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
+  if (ending == ".T2D") ChooseFamily(station, Family::TwoAxes);
+  if (ending == ".T4D") ChooseFamily(station, Family::FourAxes);
+}
+
 bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
 
 }  // namespace
@@ -254,10 +261,39 @@ void OpenNamedDesign(Station& station, const std::string& path) {
     return;
   }
   if (!AskToSaveFirst(station)) return;
-  const std::string ending = UpperCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
-  if (ending == ".T2D") ChooseFamily(station, Family::TwoAxes);
-  if (ending == ".T4D") ChooseFamily(station, Family::FourAxes);
+  ChooseFamilyOf(station, path);
   OpenDesign(station, path);
+  FollowWithRecovery(station, false);
+}
+
+void OpenRecentDesign(Station& station, const std::string& path) {
+  if (station.platform.files.Exists(path)) return OpenNamedDesign(station, path);
+  Message question;
+  question.text = "\r\nThere is no such file any more:\r\n" + path +
+                  "\r\n\r\nDo you want to take it off the list of recent designs ?";
+  if (!station.platform.messageDialog.Ask(question)) return;
+  ForgetRecentFile(station.keptStore, path);
+  station.StartTimer(station.tmrStore);
+}
+
+void OpenSample(Station& station, const std::string& path) {
+  if (!AskToSaveFirst(station)) return;
+  ChooseFamilyOf(station, path);
+  DesignState& s = station.s;
+  const std::string formerLast = s.gLastFileInUse.text();
+  s.gMirrorOnChange = true;
+  BlankEndView(station);
+  OpenFile(station, path, s.mnu2Axis);
+  station.onDisk = {};
+  s.gFileName = "";
+  s.gFilePath = "";
+  s.gLastFileInUse = formerLast;
+  s.lblStatusBar1 = "";
+  s.lblStatusBar2 = "";
+  ShowName(s, "Torvane Designer");
+  s.gDirty = false;
+  Refresh4AXGrid(s);
+  station.ForgetHistory();
   FollowWithRecovery(station, false);
 }
 

@@ -55,6 +55,13 @@ bool SaveDesign(Station& station, const std::string& path);
 // told, and the design stays.
 void OpenNamedDesign(Station& station, const std::string& path);
 
+// Opens a recent design. One that is not there any more can be taken off the list, if the operator says so.
+void OpenRecentDesign(Station& station, const std::string& path);
+
+// Opens a sample as a new design: it has no name, so that it cannot be written over. Asks about unsaved
+// changes first, and turns to the family of the file's ending.
+void OpenSample(Station& station, const std::string& path);
+
 // Writes the design's program; the front end may follow it and end it. What it lacks is told in a message
 // box, but for the name of a design that has none.
 Written WriteProgram(Station& station);
