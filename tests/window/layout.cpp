@@ -95,6 +95,8 @@ class Layout : public QObject {
   void AllRowsRowStandsUnderItsColumns();
   void SmallButtonsArePressedByKeys();
   void OffsetsFollowThePartType();
+  void FiguresStandBesideTheEndView();
+  void SmallButtonsCanBeHit();
 };
 
 void Layout::NothingIsCutOffOrCovered_data() {
@@ -385,6 +387,45 @@ void Layout::OffsetsFollowThePartType() {
   for (const char* absent : {"txtAdjust(0)", "txtAdjust(6)", "txtZ4(1)", "txtPODia(0)", "picPolar"})
     QVERIFY2(shown.Find(absent) == nullptr, absent);
   QVERIFY(shown.Find("txtAdjust(3)") != nullptr && shown.Find("lblMinutes(26)") != nullptr);
+}
+
+// Groups, circuits, rotation and grazing angle, one line each in a low window.
+void Layout::FiguresStandBesideTheEndView() {
+  for (const QSize size : {QSize(1100, 720), QSize(1133, 833), QSize(1280, 800)}) {
+    const Shown shown("Hemi-Vessel-150mm.t4d", size);
+    const std::string pattern = shown.s().cmbPattern(1).text();
+    shown.program->binder().Choose(shown.s().cmbPattern(1), pattern);
+    QCoreApplication::processEvents();
+    QWidget* panel = shown.Find("picPolar");
+    const QImage picture = panel->grab().toImage();
+    const QRgb figures = shown.theme[Token::Figures].rgb();
+    int found = 0;
+    int last = 0;  // row of a figure
+    for (int y = 30; y < panel->height() - 100; ++y) {
+      bool any = false;
+      for (int x = panel->width() - 130; x < panel->width() - 8; ++x) any |= picture.pixel(x, y) == figures;
+      if (any && y - last > 4) ++found;
+      if (any) last = y;
+    }
+    QVERIFY2(found == 4, qPrintable(QStringLiteral("%1 at %2").arg(found).arg(size.width())));
+  }
+}
+
+void Layout::SmallButtonsCanBeHit() {
+  for (const char* sample : {"Tube-4x24.t2d", "Hemi-Vessel-150mm.t4d"})
+    for (const QSize size : {QSize(800, 600), QSize(1100, 720), QSize(1280, 800)}) {
+      const Shown shown(sample, size);
+      shown.window().GoTo(shown.s().txtAdjust(3));
+      QCoreApplication::processEvents();
+      int seen = 0;
+      for (const Stepper* stepper : shown.window().findChildren<Stepper*>())
+        for (const Button* button : stepper->findChildren<Button*>()) {
+          if (!button->isVisible()) continue;
+          ++seen;
+          QVERIFY2(button->width() >= 24 && button->height() >= 24, qPrintable(Named(button)));
+        }
+      QVERIFY(seen >= 4);
+    }
 }
 
 }  // namespace torvane

@@ -24,7 +24,7 @@ class Stepper : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  int Side() const { return width() >= 118 ? 33 : 23; }
+  int Side() const { return width() >= 118 ? 33 : 24; }
   // What a screen reader and a tool tip call a button of what the pair is called.
   void Call(bool more, const QString& pair);
   void FollowDrive(const JogPair& pair);

@@ -227,7 +227,7 @@ void FourAxisPart::PlaceOpen() {
   length_.MoveTo(0, 19, std::min(kField, pitch - 28));
   head_->setGeometry(area.left() + 2, 0, area.width() - 4, 52);
   const double share = head_->width() / 7.0;
-  const int stepper = std::clamp(static_cast<int>(share) - 2, 60, kStepper);
+  const int stepper = std::clamp(static_cast<int>(share) - 1, 60, kStepper);
   for (std::size_t i = 0; i < offsets_.size(); ++i) {
     const int x = static_cast<int>(share * static_cast<double>(i) + (share - stepper) / 2);
     offsets_[i]->setFixedWidth(stepper);

@@ -18,7 +18,10 @@ namespace {
 
 constexpr int kTotals = 58;
 // What stands beside the picture: its column's width, with the margins, and its figures.
-constexpr int kBeside = 142, kFiguresTop = 36, kFigureHeight = 34, kFigures = 4;
+constexpr int kBeside = 142, kBesideLines = 192, kFigures = 4;
+// A figure below its caption, and beside it in a low panel.
+constexpr int kFigureHeight = 34, kFigureLine = 17;
+constexpr int kFiguresTop = 36, kLinesTop = 30;
 
 }  // namespace
 
@@ -49,21 +52,31 @@ void PolarPanel::resizeEvent(QResizeEvent*) {
   PlaceGrazing();
 }
 
-int PolarPanel::Side() const { return std::min(width() - kBeside, height() - kTotals - 40); }
+int PolarPanel::Side() const {
+  return std::min(width() - (FiguresInLines() ? kBesideLines : kBeside), height() - kTotals - 40);
+}
 
-// One below the other down to the button; the last of them stays in a low panel.
+bool PolarPanel::FiguresInLines() const { return enlarge_->y() - kFiguresTop < kFigures * kFigureHeight; }
+
+// One below the other down to the button; where there is room for less the last of them stays.
 QRect PolarPanel::FigureBox(int place) const {
-  const int room = enlarge_->y() - kFiguresTop, places = std::clamp(room / kFigureHeight, 1, kFigures);
+  const bool lines = FiguresInLines();
+  const int height = lines ? kFigureLine : kFigureHeight, top = lines ? kLinesTop : kFiguresTop;
+  const int room = enlarge_->y() - top, places = std::clamp(room / height, 1, kFigures);
   const int at = place == kFigures - 1 ? places - 1 : place;
   if (at >= places || (at == places - 1 && place < kFigures - 1)) return {};
-  const int each = std::min(room / places, kFigureHeight + 8);
-  return {16 + Side() + 14, kFiguresTop + at * each, width() - Side() - 40, kFigureHeight};
+  const int each = std::min(room / places, height + 8);
+  return {16 + Side() + 14, top + at * each, width() - Side() - 40, height};
 }
 
 void PolarPanel::PlaceGrazing() {
   const QRect box = FigureBox(kFigures - 1);
   // Its figure stands at its right edge.
-  grazing_->setGeometry(box.x() - 2, box.y() + 15, grazing_->sizeHint().width(), 18);
+  const int wide = grazing_->sizeHint().width();
+  if (FiguresInLines())
+    grazing_->setGeometry(box.right() + 1 - wide, box.y(), wide, kFigureLine);
+  else
+    grazing_->setGeometry(box.x() - 2, box.y() + 15, wide, 18);
   grazing_->setVisible(LayerRows(desk_.station.s) > 0);
 }
 
@@ -83,12 +96,14 @@ void PolarPanel::PaintFigures(QPainter& p) const {
     const auto& [caption, figure] = figures[place];
     const QRect box = FigureBox(place);
     if (box.isEmpty() || (figure.isEmpty() && (place < kFigures - 1 || grazing_->isHidden()))) continue;
+    const bool line = FiguresInLines();
     p.setFont(t.Font(12));
     p.setPen(t[Token::Second]);
-    p.drawText(box, Qt::AlignLeft | Qt::AlignTop, QString::fromLatin1(caption));
+    p.drawText(box, Qt::AlignLeft | (line ? Qt::AlignVCenter : Qt::AlignTop), QString::fromLatin1(caption));
     p.setFont(t.Font(14, Weight::Medium));
     p.setPen(t[Token::Figures]);
-    p.drawText(box.adjusted(0, 15, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, figure);
+    p.drawText(line ? box : box.adjusted(0, 15, 0, 0),
+               (line ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, figure);
   }
 }
 

@@ -18,6 +18,7 @@ class PolarPanel : public QWidget {
 
  private:
   int Side() const;
+  bool FiguresInLines() const;
   QRect FigureBox(int place) const;
   void PlaceGrazing();
   void PaintFigures(QPainter& painter) const;
