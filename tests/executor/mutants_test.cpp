@@ -291,6 +291,11 @@ TEST_F(Mutants, AreFound) {
   KeepSamples();
   KeepRandom(20);
   ASSERT_EQ(sounds_.size(), 30U);
+  for (const Sound& sound : sounds_)
+    for (const auto& [kind, layer] : sound.kinds)
+      for (const char* of : {"wrong-angle", "angle-off", "other-speed", "other-band", "stale-register",
+                             "stops-short", "band-aside", "passes", "standstill", "units"})
+        EXPECT_NE(kind, of) << "layer " << layer << " of " << sound.name;
   Dice dice(9);
   int found = 0, missed = 0;
   std::printf("| Damage | Programs | Found | Missed |\n|---|---|---|---|\n");

@@ -22,7 +22,7 @@ struct Sections : testing::Test {
   Station& station = onStage.Started();
   DesignState& s = station.s;
   Program program{s.signs};
-  GCodeSession session{s, station.platform, program};
+  GCodeSession session{s, program};
 };
 
 TEST_F(Sections, DwellAnglesOfBothSpacings) {
@@ -159,7 +159,7 @@ TEST_F(Wrapped, SpeedsFollowRateAndMotors) {
                         {"MED", true, "S6.00", "S4.00"},
                         {"MEDIUM", false, "S6.00", "S6.00"}}) {
     Program fresh(s.signs);
-    GCodeSession own{s, station.platform, fresh};
+    GCodeSession own{s, fresh};
     s.cmbRate = c.rate;
     s.gIsNEMA34 = c.large;
     WriteEndWrap(own, 1, End::Left, 180, std::nullopt);

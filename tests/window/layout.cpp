@@ -297,6 +297,8 @@ void Layout::LargeFiguresAreLarge() {
 void Layout::LargeFiguresChangeNoState() {
   const Shown shown("Tube-4x24.t2d", {1133, 833});
   shown.Grid()->setFocus();
+  const LiveWatch& live = *shown.program->desk().live;
+  QTRY_VERIFY(live.result() != nullptr && live.result()->formed && !live.proving());
   const auto before = shown.window().grab().toImage();
   const auto snapshot = shown.s().TakeSnapshot();
   shown.window().UseLargeFigures(true);

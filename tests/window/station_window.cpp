@@ -1,5 +1,6 @@
 // An operator's keys and clicks in the real window, over a computer in memory.
 #include <QAction>
+#include <QListView>
 
 #include "on_stage.h"
 
@@ -45,8 +46,13 @@ void StationWindow::MarksAreListedAndLeadToTheirField() {
   TypeTube(opened);
   opened.Type("txtZ2(1)", "1");
   opened.Find<QLineEdit>(QStringLiteral("txtLengthTotal(0)"))->setFocus();
-  auto* lines = opened.window().findChild<QAbstractScrollArea*>(QStringLiteral("markLines"));
-  QTest::mouseClick(lines->viewport(), Qt::LeftButton, {}, {60, 16});
+  auto* lines = opened.window().findChild<QListView*>(QStringLiteral("markLines"));
+  const QAbstractItemModel& notes = *lines->model();
+  const auto said = notes.match(notes.index(0, 0), Qt::AccessibleTextRole, QStringLiteral("Right stop"), 1,
+                                Qt::MatchStartsWith);
+  QVERIFY(!said.empty());
+  lines->scrollTo(said.first());
+  QTest::mouseClick(lines->viewport(), Qt::LeftButton, {}, lines->visualRect(said.first()).center());
   QCOMPARE(opened.s().txtZ2(1).mark(), Mark::StopTooLow);
   QCOMPARE(opened.window().focusWidget(), opened.Find(QStringLiteral("txtZ2(1)")));
 }

@@ -30,7 +30,7 @@ double LengthOf(const EndTurn& turn, const Mandrel& mandrel) {
 }
 
 void Spools::Take(const Layer& layer, const TowPiece& piece) {
-  if (!(piece.length > 0)) return;
+  if (!(piece.length > 0) || !std::isfinite(piece.length)) return;
   if (used_ == 0) left_ = length_;
   used_ += piece.length;
   if (!(length_ > 0)) return;
@@ -45,7 +45,7 @@ void Spools::Take(const Layer& layer, const TowPiece& piece) {
   for (double i = 0; i <= more && told_.size() < kMostTold; ++i, at += length_)
     told_.push_back({layer.number, layer.passes[static_cast<std::size_t>(piece.pass)].number,
                      piece.z0 + (piece.z1 - piece.z0) * (at / piece.length), piece.end});
-  splices_ += static_cast<long long>(std::min(more + 1, 1e15));
+  splices_ = std::min(splices_ + more + 1, 1e15);
   left_ = length_ - (beyond - more * length_);
 }
 

@@ -60,7 +60,7 @@ class Spools {
   void Take(const Layer& layer, const TowPiece& piece);
 
   // How many are begun: none before there is tow.
-  long long Count() const { return used_ > 0 ? splices_ + 1 : 0; }
+  long long Count() const { return used_ > 0 ? static_cast<long long>(splices_) + 1 : 0; }
   // The first of them; of a spool as short as a pass there are too many to tell.
   const std::vector<Splice>& splices() const { return told_; }
 
@@ -68,7 +68,7 @@ class Spools {
   double length_;
   double used_ = 0;  // in all
   double left_ = 0;  // on the spool in hand
-  long long splices_ = 0;
+  double splices_ = 0;
   std::vector<Splice> told_;
 };
 

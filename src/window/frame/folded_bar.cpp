@@ -8,7 +8,7 @@
 #include "look/text.h"
 #include "window/field/button.h"
 #include "window/field/field_paint.h"
-#include "window/rail/marks_panel.h"
+#include "window/rail/proof_panel.h"
 #include "workbench/schedule/totals.h"
 
 namespace torvane {

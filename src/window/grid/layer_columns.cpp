@@ -15,8 +15,8 @@ constexpr LayerColumn kTwoAxes[] = {
     {&Fields::lblCarriageSpeedHeading, &Fields::txtCarriageSpeed, CellKind::Figure, 102, 126, 4},
     {nullptr, &Fields::lblPassesToCover, CellKind::Figure, 72, 92, 3},
     {nullptr, &Fields::lblMinutesToCover, CellKind::Minutes, 80, 110, 1},
-    {&Fields::lblLengthHeading, &Fields::lblLengthToCover, CellKind::Figure, 63, 0, 0},
-    {nullptr, nullptr, CellKind::Proof, 37, 0, 0},
+    {&Fields::lblLengthHeading, &Fields::lblLengthToCover, CellKind::Figure, 56, 0, 0},
+    {nullptr, nullptr, CellKind::Proof, 46, 0, 0},
 };
 
 constexpr LayerColumn kFourAxes[] = {
@@ -30,8 +30,8 @@ constexpr LayerColumn kFourAxes[] = {
     {&Fields::lblCarriageSpeedHeading4Ax, &Fields::lblcSpeed, CellKind::Figure, 98, 126, 4},
     {nullptr, &Fields::lblNPasses, CellKind::Figure, 66, 92, 3},
     {nullptr, &Fields::lblMinutes, CellKind::Minutes, 72, 110, 1},
-    {&Fields::lblLengthHeading4Ax, &Fields::lblLength, CellKind::Figure, 60, 0, 0},
-    {nullptr, nullptr, CellKind::Proof, 37, 0, 0},
+    {&Fields::lblLengthHeading4Ax, &Fields::lblLength, CellKind::Figure, 56, 0, 0},
+    {nullptr, nullptr, CellKind::Proof, 46, 0, 0},
 };
 
 }  // namespace

@@ -64,12 +64,17 @@ void PaintProofStrip(QPainter& p, const Desk& desk, int layer, const QRect& line
   const bool pale = desk.live->proving();
   for (const Figure& figure : FiguresOf(*figures, desk.station.s.signs, result->proof.millimetres)) {
     const QString unit = QString::fromLatin1(figure.unit);
+    const bool degrees = unit == QStringLiteral("\u00B0");
     const QFontMetrics metrics(t.Font(12, Weight::Medium));
     const int wide = metrics.horizontalAdvance(QString::fromLatin1(figure.caption) + figure.text + unit) + 24;
     if (x + wide > line.right()) return;
     word(QString::fromLatin1(figure.caption), Token::Second, Weight::Regular, 4);
     const bool asked = figure.caption == std::string_view("asked");
-    word(figure.text, pale ? Token::Off : asked ? Token::Text : Token::Figures, Weight::Medium, 3);
+    word(figure.text,
+         pale    ? Token::Off
+         : asked ? Token::Text
+                 : Token::Figures,
+         Weight::Medium, degrees ? 0 : 3);
     word(unit, Token::Second, Weight::Regular, 14);
   }
 }

@@ -19,6 +19,7 @@ namespace torvane {
 namespace {
 
 constexpr int kBeside = 48, kRight = 12, kBetween = 10;
+constexpr int kScrollBar = 12;
 constexpr int kHead = 34, kLimits = 34, kSpools = 22;
 
 struct Heights {
@@ -95,7 +96,8 @@ class NoteDelegate : public QStyledItemDelegate {
       : QStyledItemDelegate(&view), desk_(desk), notes_(notes), view_(view) {}
 
   QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
-    const int width = view_.viewport()->width();
+    // Beside the scroll bar, whether it is there or not: the lines must not wrap anew when it comes.
+    const int width = view_.width() - kScrollBar;
     return {width, HeightsOf(desk_.theme, NoteAt(index), width).whole()};
   }
   void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -119,6 +121,12 @@ class NoteDelegate : public QStyledItemDelegate {
 
 namespace {
 
+// What a finding says, without the number of its own layer: alike ones of several layers are told as one.
+QString SentenceOf(const executor::Remark& remark) {
+  return Shown(remark.text)
+      .replace(QStringLiteral("layer %1").arg(remark.layer), QStringLiteral("the layer"));
+}
+
 // "Layers 1, 2 and 6".
 QString LayersText(const std::vector<int>& layers) {
   QString text = layers.size() == 1 ? QStringLiteral("Layer ") : QStringLiteral("Layers ");
@@ -137,7 +145,7 @@ void AddFindings(std::vector<Note>& notes, const Desk& desk, executor::Level lev
   for (const executor::Remark& remark : result->remarks) {
     if (remark.level != level) continue;
     const auto alike = std::find_if(groups.begin(), groups.end(), [&remark](const auto& group) {
-      return remark.layer > 0 && group.first->layer > 0 && group.first->text == remark.text;
+      return remark.layer > 0 && group.first->layer > 0 && SentenceOf(*group.first) == SentenceOf(remark);
     });
     if (alike == groups.end())
       groups.push_back({&remark, {remark.layer}});
@@ -149,7 +157,7 @@ void AddFindings(std::vector<Note>& notes, const Desk& desk, executor::Level lev
     const Field* field =
         ofRow ? &(s.gShow4Axis ? s.cmbPattern(remark->layer) : s.txtWA(remark->layer)) : nullptr;
     notes.push_back({field, Mark::Plain, StateOf(level),
-                     remark->layer > 0 ? LayersText(layers) : Shown(remark->subject), Shown(remark->text)});
+                     remark->layer > 0 ? LayersText(layers) : Shown(remark->subject), SentenceOf(*remark)});
   }
 }
 
@@ -216,7 +224,10 @@ int ProofPanel::LimitsHeight() const {
   return kLimits + (result->proof.spoolLength > 0 ? kSpools : 0);
 }
 
-void ProofPanel::PlaceList() { layout()->setContentsMargins(1, kHead + LimitsHeight() + 3, 1, 5); }
+void ProofPanel::PlaceList() {
+  layout()->setContentsMargins(1, kHead + LimitsHeight() + 3, 1, 5);
+  layout()->activate();
+}
 
 void ProofPanel::resizeEvent(QResizeEvent*) { PlaceList(); }
 
@@ -317,8 +328,10 @@ void ProofPanel::PaintHead(QPainter& p) const {
       const int wide = p.fontMetrics().horizontalAdvance(figure);
       p.drawText(QRect(right - wide, head.y(), wide, head.height()), Qt::AlignRight | Qt::AlignVCenter,
                  figure);
+      p.setOpacity(count == 0 ? 0.4 : 1);
       PaintProofState(p, t, QPointF(right - wide - 14, head.center().y() + 1),
                       proving ? ProofState::Proving : state, 16);
+      p.setOpacity(1);
       right -= wide + 36;
     }
   }

@@ -37,7 +37,7 @@ TotalsPanel::TotalsPanel(Desk desk, Family family, QWidget* parent) : QWidget(pa
   for (std::size_t i = 0; i < totals.size(); ++i) {
     // A hairline stands between the first and the others.
     const int row = static_cast<int>(i == 0 ? 0 : i + 1);
-    grid->addWidget(CaptionOf(totals[i], i), row, 0, Qt::AlignVCenter);
+    grid->addWidget(CaptionOf(totals[i], i), row, 0, 1, i <= 1 ? 2 : 1, Qt::AlignVCenter);
     auto* figure = new ReadOut(desk_, *totals[i].figure, i == 0 ? 32 : 15);
     figure->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     if (i >= calculated) figure->SetPale();
