@@ -265,7 +265,8 @@ TEST(Proof, OfATaper) {
   const Proof proof = ProofOf(head + AskedAt("36.87"));
   EXPECT_EQ(KindsOf(proof), Kinds{}) << Report(proof);
   EXPECT_LT(proof.layers[0].pattern.windingAngle, 40);
-  const Proof thin = ProofOf("[GENERAL PART DESCRIPTION: LeftDia=4.000 RightDia=6.000 ]\n" + AskedAt("51.34"));
+  const Proof thin =
+      ProofOf("[GENERAL PART DESCRIPTION: LeftDia=4.000 RightDia=6.000 ]\n" + AskedAt("51.34"));
   EXPECT_EQ(KindsOf(thin), (Kinds{{"bare-strips", 1}}));
 }
 
