@@ -49,7 +49,7 @@ class Watch {
 };
 
 // The program in one text; nothing where none was formed.
-std::string Formed(Station& station) {
+std::string FormedText(Station& station) {
   Program program(station.s.signs, nullptr, kLimits);
   if (!FormProgram(station.s, station.platform, program)) Fail("no program was formed");
   if (!program.refusal().empty()) return {};
@@ -110,12 +110,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (warning.what.empty() || warning.why.empty()) Fail("a warning without words");
   watch.Check("opening takes too long", kPatience);
 
-  const std::string program = Formed(station);
+  const std::string program = FormedText(station);
   watch.Check("forming the program takes too long", kPatience);
   if (program.empty()) return 0;
   // The first time fills in the minutes of rows that were just opened.
-  const std::string again = Formed(station);
-  if (again != program && Formed(station) != again) Fail("each time it is another program");
+  const std::string again = FormedText(station);
+  if (again != program && FormedText(station) != again) Fail("each time it is another program");
   Read(program, !warnings.empty());
   watch.Check("reading takes too long", kPatience);
   Prove(program);
