@@ -126,7 +126,7 @@ Computer::Computer(const CommonOptions& options) {
     SectionsOf(settings_.back().name);
   }
   for (const std::string& field : options.fields) fields_.push_back(AssignmentOf(field));
-  stage.messageBox.observer = [this](const StagedMessageBox::Box& box) {
+  stage.messageBox.observer = [](const StagedMessageBox::Box& box) {
     Complain(ToUtf8(box.title + ": " + OneLine(box.text) + (box.detail.empty() ? "" : " " + box.detail)));
   };
 }

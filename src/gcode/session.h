@@ -63,11 +63,12 @@ Formed FormProgram(DesignState& s, const Platform& platform, Program& program);
 
 // What writing a program came to.
 struct Written {
-  enum How : std::uint8_t {
+  enum class How : std::uint8_t {
     Whole,
     Cancelled,  // by whoever followed it
     No,
   };
+  using enum How;
 
   How how = No;
   bool angleUndefined = false;  // see Formed
