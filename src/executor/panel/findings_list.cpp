@@ -31,8 +31,8 @@ QString SentenceOf(const Remark& remark) {
 }  // namespace
 
 FindingsList::FindingsList(Stand stand, QWidget* parent)
-    : RowPanel(stand, tr("Findings"), kRow, parent),
-      work_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::None, tr("Cancel"), this)) {
+    : RowPanel(stand, QStringLiteral("Findings"), kRow, parent),
+      work_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::None, QStringLiteral("Cancel"), this)) {
   setObjectName(QStringLiteral("findings"));
   work_->setObjectName(QStringLiteral("proofButton"));
   work_->setFixedHeight(26);
@@ -57,10 +57,11 @@ FindingsList::FindingsList(Stand stand, QWidget* parent)
 
 void FindingsList::ShowWork() {
   const bool proving = stand_.session.work() == Session::Work::Proving;
-  work_->setText(proving ? tr("Cancel") : tr("Prove"));
-  work_->setAccessibleName(proving ? tr("Cancel the proof") : tr("Prove the program"));
-  work_->setToolTip(proving ? tr("Gives the proof up; the program can be played without it")
-                            : tr("Reads the whole program and says what is wrong with it"));
+  work_->setText(proving ? QStringLiteral("Cancel") : QStringLiteral("Prove"));
+  work_->setAccessibleName(proving ? QStringLiteral("Cancel the proof")
+                                   : QStringLiteral("Prove the program"));
+  work_->setToolTip(proving ? QStringLiteral("Gives the proof up; the program can be played without it")
+                            : QStringLiteral("Reads the whole program and says what is wrong with it"));
   work_->setVisible(stand_.player().program() != nullptr && stand_.session.proof() == nullptr);
   work_->setFixedWidth(work_->sizeHint().width());
   work_->move(width() - work_->width() - 10, (kHead - work_->height()) / 2);
@@ -70,8 +71,8 @@ void FindingsList::ShowWork() {
 
 QString FindingsList::WorkText() const {
   if (stand_.player().program() == nullptr) return {};
-  if (stand_.session.work() != Session::Work::Proving) return tr("Not proven.");
-  return tr("Proving the program: %1 %").arg(static_cast<int>(stand_.session.WorkShare() * 100));
+  if (stand_.session.work() != Session::Work::Proving) return QStringLiteral("Not proven.");
+  return QStringLiteral("Proving the program: %1 %").arg(static_cast<int>(stand_.session.WorkShare() * 100));
 }
 
 QRect FindingsList::SentenceIn(const QRect& row, bool hasLine) const {
@@ -119,7 +120,7 @@ int FindingsList::Count(Level level) const {
 void FindingsList::MakeCurrent(int row) {
   current_ = row;
   const Remark& remark = stand_.session.remarks()[static_cast<std::size_t>(row)];
-  setAccessibleDescription(tr("%1: %2").arg(Words(remark.subject), Words(remark.text)));
+  setAccessibleDescription(QStringLiteral("%1: %2").arg(Words(remark.subject), Words(remark.text)));
   QScrollBar* bar = verticalScrollBar();
   const QRect box = BoxOf(row);
   if (box.top() < 0)
@@ -133,14 +134,14 @@ void FindingsList::Choose(int row) {
   if (row < 0 || row >= static_cast<int>(ends_.size())) return;
   MakeCurrent(row);
   const int line = stand_.session.remarks()[static_cast<std::size_t>(row)].line;
-  if (line > 0) emit LineChosen(line);
+  if (line > 0) lineChosen(line);
 }
 
 void FindingsList::GoTo(int remark) {
   if (remark < 0 || remark >= static_cast<int>(ends_.size())) return;
   MakeCurrent(remark);
   const int line = stand_.session.remarks()[static_cast<std::size_t>(remark)].line;
-  if (line > 0) emit LineSought(line);
+  if (line > 0) lineSought(line);
 }
 
 // In the order of the program's lines. Without a current one it begins where the run stands.
@@ -188,10 +189,11 @@ void FindingsList::PaintHead(QPainter& p) {
   int right = width() - 14;
   for (const Level level : {Level::Fault, Level::Note, Level::Ok}) {
     const int count = Count(level);
-    const QString words = QStringLiteral("%1 ").arg(count) +
-                          (level == Level::Ok     ? tr("ok")
-                           : level == Level::Note ? (count == 1 ? tr("note") : tr("notes"))
-                                                  : (count == 1 ? tr("fault") : tr("faults")));
+    const QString words =
+        QStringLiteral("%1 ").arg(count) +
+        (level == Level::Ok     ? QStringLiteral("ok")
+         : level == Level::Note ? (count == 1 ? QStringLiteral("note") : QStringLiteral("notes"))
+                                : (count == 1 ? QStringLiteral("fault") : QStringLiteral("faults")));
     p.setFont(t.Font(13, Weight::Medium));
     const QColor ink = t[count > 0 ? InkOf(level) : Token::Off];
     p.setPen(ink);
@@ -235,7 +237,7 @@ void FindingsList::PaintRow(QPainter& p, int index) const {
   p.setFont(t.Font(13));
   p.setPen(t[Token::Second]);
   draw(90, 76, Qt::AlignLeft, Words(remark.subject));
-  if (remark.line > 0) draw(row.width() - 92, 80, Qt::AlignRight, tr("line %1").arg(remark.line));
+  if (remark.line > 0) draw(row.width() - 92, 80, Qt::AlignRight, QStringLiteral("line %1").arg(remark.line));
   p.setPen(t[Token::Text]);
   const QRect room = SentenceIn(row, remark.line > 0);
   p.drawText(room, Qt::AlignVCenter | Qt::TextWordWrap, SentenceOf(remark));

@@ -1,6 +1,7 @@
 // What the proof says of the program, worst first; a click goes to the line.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "executor/panel/row_panel.h"
@@ -9,8 +10,6 @@
 namespace torvane::dryrun {
 
 class FindingsList : public RowPanel {
-  Q_OBJECT
-
  public:
   explicit FindingsList(Stand stand, QWidget* parent = nullptr);
 
@@ -21,9 +20,8 @@ class FindingsList : public RowPanel {
   // -1 for none.
   int Current() const { return current_; }
 
- signals:
-  void LineChosen(int line);
-  void LineSought(int line);
+  // The operator wants to see a remark's line, or to take the run there.
+  std::function<void(int line)> lineChosen, lineSought;
 
  protected:
   void PaintHead(QPainter& painter) override;

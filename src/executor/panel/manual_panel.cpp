@@ -19,13 +19,13 @@ constexpr int kAxesTop = 196;
 QString KeyOf(Axis axis, bool more) {
   switch (axis) {
     case Axis::Carriage:
-      return more ? QObject::tr("Left") : QObject::tr("Right");
+      return more ? QStringLiteral("Left") : QStringLiteral("Right");
     case Axis::Mandrel:
-      return more ? QObject::tr("Up") : QObject::tr("Down");
+      return more ? QStringLiteral("Up") : QStringLiteral("Down");
     case Axis::Head:
-      return more ? QObject::tr("Ctrl+Down") : QObject::tr("Ctrl+Up");
+      return more ? QStringLiteral("Ctrl+Down") : QStringLiteral("Ctrl+Up");
     default:
-      return more ? QObject::tr("Shift+Up") : QObject::tr("Shift+Down");
+      return more ? QStringLiteral("Shift+Up") : QStringLiteral("Shift+Down");
   }
 }
 
@@ -36,18 +36,18 @@ bool IsLength(Axis axis) { return axis == Axis::Carriage || axis == Axis::Head; 
 ManualPanel::ManualPanel(Stand stand, QWidget* parent)
     : QWidget(parent),
       stand_(stand),
-      home_(
-          new PlainButton(stand.theme, ButtonLook::Outline, Icon::Home, tr("To the limit switches"), this)) {
+      home_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Home,
+                            QStringLiteral("To the limit switches"), this)) {
   setObjectName(QStringLiteral("manualPanel"));
   AddSteps(lengths_, "lengthStep", kStepsTop);
   AddSteps(angles_, "angleStep", kStepsTop + 64);
-  AddAxis(Axis::Carriage, tr("Carriage Z"), "jogZ", Icon::Left, Icon::Right);
-  AddAxis(Axis::Mandrel, tr("Mandrel A"), "jogA", Icon::Minus, Icon::Plus);
-  AddAxis(Axis::Head, tr("Delivery head Y"), "jogY", Icon::Up, Icon::Down);
-  AddAxis(Axis::Rotation, tr("Head rotation B"), "jogB", Icon::Minus, Icon::Plus);
+  AddAxis(Axis::Carriage, QStringLiteral("Carriage Z"), "jogZ", Icon::Left, Icon::Right);
+  AddAxis(Axis::Mandrel, QStringLiteral("Mandrel A"), "jogA", Icon::Minus, Icon::Plus);
+  AddAxis(Axis::Head, QStringLiteral("Delivery head Y"), "jogY", Icon::Up, Icon::Down);
+  AddAxis(Axis::Rotation, QStringLiteral("Head rotation B"), "jogB", Icon::Minus, Icon::Plus);
   home_->setObjectName(QStringLiteral("jogHome"));
   home_->setAccessibleName(home_->text());
-  home_->setToolTip(tr("Runs carriage and delivery head home, to their limit switches (Home)"));
+  home_->setToolTip(QStringLiteral("Runs carriage and delivery head home, to their limit switches (Home)"));
   home_->setFixedHeight(42);
   home_->setGeometry(kLeft, kAxesTop + 4 * kRowHeight + 10, home_->sizeHint().width(), 42);
   connect(home_, &PlainButton::clicked, this, [this] { stand_.session.Home(); });
@@ -64,7 +64,7 @@ void ManualPanel::AddSteps(Steps& steps, const char* object, int top) {
   for (std::size_t i = 0; i < steps.inches.size(); ++i) {
     auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, Icon::None, {}, this);
     button->setObjectName(QStringLiteral("%1%2").arg(QString::fromLatin1(object)).arg(i));
-    button->setToolTip(tr("How far one press of an arrow moves an axis"));
+    button->setToolTip(QStringLiteral("How far one press of an arrow moves an axis"));
     button->setGeometry(kLeft + static_cast<int>(i) * 68, top + 20, 62, 34);
     connect(button, &PlainButton::clicked, this, [this, i, &steps] {
       steps.chosen = i;
@@ -86,8 +86,8 @@ void ManualPanel::AddAxis(Axis axis, const QString& name, const char* object, Ic
   const auto add = [&](Icon icon, double sign, const QString& end, int x) {
     auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, icon, {}, this);
     button->setObjectName(QString::fromLatin1(object) + end);
-    button->setAccessibleName(name + (sign > 0 ? tr(", more") : tr(", less")));
-    button->setToolTip(tr("%1 (%2)").arg(button->accessibleName(), KeyOf(axis, sign > 0)));
+    button->setAccessibleName(name + (sign > 0 ? QStringLiteral(", more") : QStringLiteral(", less")));
+    button->setToolTip(QStringLiteral("%1 (%2)").arg(button->accessibleName(), KeyOf(axis, sign > 0)));
     button->setFixedHeight(42);
     button->setGeometry(x, top, 62, 42);
     button->setAutoRepeat(true);
@@ -101,7 +101,7 @@ void ManualPanel::AddAxis(Axis axis, const QString& name, const char* object, Ic
 }
 
 QString ManualPanel::Unit() const {
-  return stand_.player().course().millimetres ? tr("millimetres") : tr("inches");
+  return stand_.player().course().millimetres ? QStringLiteral("millimetres") : QStringLiteral("inches");
 }
 
 void ManualPanel::Refresh() {
@@ -118,8 +118,9 @@ void ManualPanel::Refresh() {
       PlainButton* button = steps->buttons[i];
       const double step = Of(*steps)[i];
       button->setText(stand_.Figure(step, step < 0.1 ? 2 : step < 1 ? 1 : 0));
-      button->setAccessibleName(steps == &angles_ ? tr("Step of %1 degrees").arg(button->text())
-                                                  : tr("Step of %1 %2").arg(button->text(), Unit()));
+      button->setAccessibleName(steps == &angles_
+                                    ? QStringLiteral("Step of %1 degrees").arg(button->text())
+                                    : QStringLiteral("Step of %1 %2").arg(button->text(), Unit()));
       button->SetFilled(i == steps->chosen);
     }
   update();
@@ -128,18 +129,20 @@ void ManualPanel::Refresh() {
 void ManualPanel::paintEvent(QPaintEvent*) {
   const Theme& t = stand_.theme;
   QPainter p(this);
-  PaintPanelHead(p, t, rect(), kHead, tr("Move the machine by hand"));
+  PaintPanelHead(p, t, rect(), kHead, QStringLiteral("Move the machine by hand"));
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   p.drawText(QRect(kLeft, kStepsTop - 2, width(), 20), Qt::AlignVCenter,
-             tr("Step of lengths, %1").arg(Unit()));
-  p.drawText(QRect(kLeft, kStepsTop + 62, width(), 20), Qt::AlignVCenter, tr("Step of angles, degrees"));
+             QStringLiteral("Step of lengths, %1").arg(Unit()));
+  p.drawText(QRect(kLeft, kStepsTop + 62, width(), 20), Qt::AlignVCenter,
+             QStringLiteral("Step of angles, degrees"));
   p.setFont(t.Font(14, Weight::Medium));
   for (const Row& row : rows_) {
     p.setPen(t[row.less->isEnabled() ? Token::Text : Token::Off]);
     p.drawText(QRect(kLeft, row.top, 132, 42), Qt::AlignVCenter, row.name);
     if (row.less->isEnabled()) continue;
-    p.drawText(QRect(292, row.top, width() - 300, 42), Qt::AlignVCenter, tr("not on this machine"));
+    p.drawText(QRect(292, row.top, width() - 300, 42), Qt::AlignVCenter,
+               QStringLiteral("not on this machine"));
   }
 }
 

@@ -10,8 +10,6 @@
 namespace torvane::dryrun {
 
 class ManualPanel : public QWidget {
-  Q_OBJECT
-
  public:
   explicit ManualPanel(Stand stand, QWidget* parent = nullptr);
 

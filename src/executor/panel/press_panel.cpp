@@ -24,10 +24,11 @@ PressPanel::PressPanel(Stand stand, QWidget* parent) : QAbstractButton(parent), 
 void PressPanel::Refresh() {
   const bool waiting = stand_.player().State() == RunState::Waiting;
   setEnabled(waiting);
-  setText(waiting ? tr("Press the button") : tr("Machine button"));
+  setText(waiting ? QStringLiteral("Press the button") : QStringLiteral("Machine button"));
   setAccessibleName(text());
-  setToolTip(waiting ? tr("Does what the button on the machine does: the program goes on (Space)")
-                     : tr("The button on the machine; the program says when it is to be pressed"));
+  setToolTip(waiting
+                 ? QStringLiteral("Does what the button on the machine does: the program goes on (Space)")
+                 : QStringLiteral("The button on the machine; the program says when it is to be pressed"));
   setAccessibleDescription(Detail());
   update();
 }
@@ -36,10 +37,10 @@ QString PressPanel::Detail() const {
   const executor::Player& player = stand_.player();
   const executor::ButtonWait* wait = player.NextWait();
   if (player.program() == nullptr) return {};
-  if (wait == nullptr) return tr("Not needed any more: the program runs through to its end.");
+  if (wait == nullptr) return QStringLiteral("Not needed any more: the program runs through to its end.");
   QString why = Words(wait->why);
   if (player.State() == RunState::Waiting) return why;
-  return tr("Not needed yet. Next at line %1").arg(wait->line) +
+  return QStringLiteral("Not needed yet. Next at line %1").arg(wait->line) +
          (why.isEmpty() ? QString(u'.') : QStringLiteral(": ") + why);
 }
 

@@ -8,8 +8,6 @@
 namespace torvane::dryrun {
 
 class PressPanel : public QAbstractButton {
-  Q_OBJECT
-
  public:
   explicit PressPanel(Stand stand, QWidget* parent = nullptr);
 

@@ -19,20 +19,24 @@ constexpr int kRow = 22, kGutter = 67;
 }  // namespace
 
 ProgramList::ProgramList(Stand stand, QWidget* parent)
-    : RowPanel(stand, tr("Program"), kRow, parent),
+    : RowPanel(stand, QStringLiteral("Program"), kRow, parent),
       mono_(MonoFont(12)),
-      follow_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, tr("Follow the run"), this)),
-      open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, tr("Open a program"), this)),
-      cancel_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Cross, tr("Cancel"), this)) {
+      follow_(
+          new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, QStringLiteral("Follow the run"), this)),
+      open_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Open, QStringLiteral("Open a program"),
+                            this)),
+      cancel_(
+          new PlainButton(stand.theme, ButtonLook::Outline, Icon::Cross, QStringLiteral("Cancel"), this)) {
   setObjectName(QStringLiteral("programList"));
   viewport()->setMouseTracking(true);
   follow_->setObjectName(QStringLiteral("followButton"));
   follow_->setFixedHeight(28);
   open_->setObjectName(QStringLiteral("openHere"));
   open_->setFixedHeight(42);
-  for (const auto& [button, tip] : {std::pair(follow_, tr("Brings the running line back into view")),
-                                    std::pair(open_, tr("Asks for a winding program and reads it (Ctrl+O)")),
-                                    std::pair(cancel_, tr("Gives up reading this program"))}) {
+  for (const auto& [button, tip] :
+       {std::pair(follow_, QStringLiteral("Brings the running line back into view")),
+        std::pair(open_, QStringLiteral("Asks for a winding program and reads it (Ctrl+O)")),
+        std::pair(cancel_, QStringLiteral("Gives up reading this program"))}) {
     button->setAccessibleName(button->text());
     button->setAccessibleDescription(tip);
     button->setToolTip(tip);
@@ -47,7 +51,7 @@ ProgramList::ProgramList(Stand stand, QWidget* parent)
   });
   connect(&stand.session, &Session::Sought, this, [this] { SetFollows(true); });
   connect(follow_, &PlainButton::clicked, this, [this] { SetFollows(true); });
-  connect(open_, &PlainButton::clicked, this, &ProgramList::OpenAsked);
+  connect(open_, &PlainButton::clicked, this, [this] { openAsked(); });
   connect(&stand.session, &Session::Opened, this, [this] {
     marks_.clear();
     shown_ = 0;
@@ -181,12 +185,12 @@ void ProgramList::PaintEmpty(QPainter& p) const {
   p.setPen(t[Token::Text]);
   p.setFont(t.Font(15, Weight::Medium));
   p.drawText(box.adjusted(0, 0, 0, -box.height() / 2 - 44), Qt::AlignHCenter | Qt::AlignBottom,
-             opening ? tr("Reading the program") : tr("No program is open"));
+             opening ? QStringLiteral("Reading the program") : QStringLiteral("No program is open"));
   p.setPen(t[Token::Second]);
   p.setFont(t.Font(13));
   p.drawText(box.adjusted(16, 0, -16, -box.height() / 2 - 16), Qt::AlignHCenter | Qt::AlignBottom,
-             opening ? tr("%1 % done").arg(static_cast<int>(stand_.session.WorkShare() * 100))
-                     : tr("The station opens one here at every build."));
+             opening ? QStringLiteral("%1 % done").arg(static_cast<int>(stand_.session.WorkShare() * 100))
+                     : QStringLiteral("The station opens one here at every build."));
 }
 
 void ProgramList::paintEvent(QPaintEvent*) {
@@ -208,8 +212,8 @@ void ProgramList::PaintHead(QPainter& p) {
   p.setPen(t[Token::Second]);
   const int lines = player.program()->Lines();
   p.drawText(QRect(0, 0, width() - 14, kHead), Qt::AlignRight | Qt::AlignVCenter,
-             player.LineNow() > 0 ? tr("line %1 of %2").arg(player.LineNow()).arg(lines)
-                                  : tr("%1 lines").arg(lines));
+             player.LineNow() > 0 ? QStringLiteral("line %1 of %2").arg(player.LineNow()).arg(lines)
+                                  : QStringLiteral("%1 lines").arg(lines));
 }
 
 }  // namespace torvane::dryrun

@@ -1,6 +1,7 @@
 // The program's lines with the running one marked.
 #pragma once
 
+#include <functional>
 #include <map>
 
 #include "executor/panel/row_panel.h"
@@ -9,8 +10,6 @@
 namespace torvane::dryrun {
 
 class ProgramList : public RowPanel {
-  Q_OBJECT
-
  public:
   explicit ProgramList(Stand stand, QWidget* parent = nullptr);
 
@@ -19,8 +18,7 @@ class ProgramList : public RowPanel {
   int FirstLineShown() const;
   bool Follows() const { return follows_; }
 
- signals:
-  void OpenAsked();
+  std::function<void()> openAsked;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

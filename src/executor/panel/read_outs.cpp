@@ -30,26 +30,26 @@ QString Counted(double number) { return number > 0 ? Text(number, 0) : QString()
 
 std::vector<Cell> DisplayCells(const Player& player) {
   const executor::Screen& s = player.screen();
-  const QString unit = player.course().millimetres ? QObject::tr("mm/s") : QObject::tr("in/s");
-  const auto of = [](double all) { return all > 0 ? QObject::tr("of %1").arg(Counted(all)) : QString(); };
+  const QString unit = player.course().millimetres ? QStringLiteral("mm/s") : QStringLiteral("in/s");
+  const auto of = [](double all) { return all > 0 ? QStringLiteral("of %1").arg(Counted(all)) : QString(); };
   const QString angle = Words(s.windingAngle);
   const bool number = !angle.isEmpty() && angle[0].isDigit();
   QString stage = Words(s.stage);
   QString message = Words(s.message);
   message.replace(QLatin1Char('_'), QLatin1Char(' '));
-  return {{message.isEmpty() ? QObject::tr("Stage") : QObject::tr("Message"),
+  return {{message.isEmpty() ? QStringLiteral("Stage") : QStringLiteral("Message"),
            message.isEmpty() ? stage : message,
            {},
            186,
            9},
-          {QObject::tr("Layer"), Counted(s.layer), of(s.layers), 78, 8},
-          {QObject::tr("Pass"), Counted(s.pass), of(s.passes), 90, 7},
-          {QObject::tr("RPM"), Words(s.rpm), {}, 66, 4},
-          {QObject::tr("Carriage Speed"), Words(s.carriageSpeed), s.carriageSpeed.empty() ? QString() : unit,
-           108, 3},
-          {QObject::tr("Winding Angle"), angle, number ? QObject::tr("deg") : QString(), 106, 5},
-          {QObject::tr("Method"), Words(s.method), {}, 75, 2},
-          {QObject::tr("Minutes Left"), Words(s.minutesLeft), {}, 90, 1}};
+          {QStringLiteral("Layer"), Counted(s.layer), of(s.layers), 78, 8},
+          {QStringLiteral("Pass"), Counted(s.pass), of(s.passes), 90, 7},
+          {QStringLiteral("RPM"), Words(s.rpm), {}, 66, 4},
+          {QStringLiteral("Carriage Speed"), Words(s.carriageSpeed),
+           s.carriageSpeed.empty() ? QString() : unit, 108, 3},
+          {QStringLiteral("Winding Angle"), angle, number ? QStringLiteral("deg") : QString(), 106, 5},
+          {QStringLiteral("Method"), Words(s.method), {}, 75, 2},
+          {QStringLiteral("Minutes Left"), Words(s.minutesLeft), {}, 90, 1}};
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ Strip::Strip(Stand stand, int height, QWidget* parent) : QWidget(parent), stand_
 
 DisplayStrip::DisplayStrip(Stand stand, QWidget* parent) : Strip(stand, 56, parent) {
   setObjectName(QStringLiteral("display"));
-  setAccessibleName(tr("What the program displays"));
+  setAccessibleName(QStringLiteral("What the program displays"));
 }
 
 void DisplayStrip::paintEvent(QPaintEvent*) {
@@ -114,7 +114,7 @@ void DisplayStrip::paintEvent(QPaintEvent*) {
 
 AxesStrip::AxesStrip(Stand stand, QWidget* parent) : Strip(stand, 58, parent) {
   setObjectName(QStringLiteral("axes"));
-  setAccessibleName(tr("Where the axes are"));
+  setAccessibleName(QStringLiteral("Where the axes are"));
 }
 
 void AxesStrip::paintEvent(QPaintEvent*) {
@@ -124,27 +124,28 @@ void AxesStrip::paintEvent(QPaintEvent*) {
   const executor::Position& at = player.At();
   const bool empty = player.State() == RunState::Empty;
   const bool running = player.State() == RunState::Running || player.State() == RunState::Manual;
-  const QString unit = course.millimetres ? tr("mm") : tr("in");
+  const QString unit = course.millimetres ? QStringLiteral("mm") : QStringLiteral("in");
   struct Row {
     QChar letter;
     bool there;
     QString figure, unit, below;
   };
   const double angle = at.mandrel - std::floor(at.mandrel / 360) * 360;
-  QString below = tr("at rest");
+  QString below = QStringLiteral("at rest");
   if (running && player.Moving() && std::abs(player.TargetZ() - at.carriage) > 0.005)
-    below = tr("to %1").arg(stand_.Figure(player.TargetZ(), 2));
+    below = QStringLiteral("to %1").arg(stand_.Figure(player.TargetZ(), 2));
   else if (std::abs(at.carriage - course.homeZ) < 0.005)
-    below = tr("at home");
+    below = QStringLiteral("at home");
   const double wide = width() / 4.0;
   const bool narrow = wide < 150;
   const QString turn =
-      narrow ? QString() : tr("turn %1, ").arg(stand_.Figure(std::floor(at.mandrel / 360), 0));
+      narrow ? QString() : QStringLiteral("turn %1, ").arg(stand_.Figure(std::floor(at.mandrel / 360), 0));
   const bool turns = running && player.Rpm() > 0;
   const Row rows[] = {
       {u'Z', !empty, stand_.Figure(at.carriage, 2), unit, below},
       {u'A', !empty, stand_.Figure(angle >= 359.95 ? 0 : angle, 1), kDegree,
-       turn + (turns ? tr("%1 RPM").arg(stand_.Figure(player.Rpm(), 1)) : tr("standing"))},
+       turn + (turns ? QStringLiteral("%1 RPM").arg(stand_.Figure(player.Rpm(), 1))
+                     : QStringLiteral("standing"))},
       {u'Y', course.head, stand_.Figure(at.head, 2), unit, {}},
       {u'B', course.rotation, stand_.Figure(at.rotation, 2), kDegree, {}},
   };
@@ -174,7 +175,7 @@ void AxesStrip::paintEvent(QPaintEvent*) {
     if (row.there)
       p.drawText(QRectF(x + wide - unitRoom, 8, unitRoom, 28), Qt::AlignLeft | Qt::AlignVCenter, row.unit);
     p.setFont(t.Font(11));
-    const QString absent = narrow ? tr("not there") : tr("not on this machine");
+    const QString absent = narrow ? QStringLiteral("not there") : QStringLiteral("not on this machine");
     const QString note = empty ? QString() : row.there ? row.below : absent;
     p.drawText(QRectF(x + 10, 36, wide - 52, 16), Qt::AlignRight | Qt::AlignVCenter, note);
   }

@@ -9,8 +9,6 @@ namespace torvane::dryrun {
 
 // A panel that is painted from the player.
 class Strip : public QWidget {
-  Q_OBJECT
-
  public:
   Strip(Stand stand, int height, QWidget* parent);
 
@@ -19,8 +17,6 @@ class Strip : public QWidget {
 };
 
 class DisplayStrip : public Strip {
-  Q_OBJECT
-
  public:
   explicit DisplayStrip(Stand stand, QWidget* parent = nullptr);
 
@@ -29,8 +25,6 @@ class DisplayStrip : public Strip {
 };
 
 class AxesStrip : public Strip {
-  Q_OBJECT
-
  public:
   explicit AxesStrip(Stand stand, QWidget* parent = nullptr);
 

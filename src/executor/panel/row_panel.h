@@ -8,8 +8,6 @@
 namespace torvane::dryrun {
 
 class RowPanel : public QAbstractScrollArea {
-  Q_OBJECT
-
  public:
   RowPanel(Stand stand, const QString& title, int rowHeight, QWidget* parent);
 

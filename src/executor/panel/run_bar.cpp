@@ -63,15 +63,15 @@ const std::vector<double>& Speeds() {
 RunBar::RunBar(Stand stand, QWidget* parent)
     : QWidget(parent),
       stand_(stand),
-      open_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::Open, tr("Open"))),
-      stop_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Stop, tr("Stop"))),
+      open_(new PlainButton(stand.theme, ButtonLook::Flat, Icon::Open, QStringLiteral("Open"))),
+      stop_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Stop, QStringLiteral("Stop"))),
       title_(new QWidget),
       speedBox_(new SpeedBox(stand.theme, this)) {
   setFixedHeight(56);
   open_->setObjectName(QStringLiteral("openButton"));
-  open_->setToolTip(tr("Open a program (Ctrl+O)"));
+  open_->setToolTip(QStringLiteral("Open a program (Ctrl+O)"));
   stop_->setObjectName(QStringLiteral("stopButton"));
-  stop_->setToolTip(tr("End the run where it stands"));
+  stop_->setToolTip(QStringLiteral("End the run where it stands"));
   stop_->setFixedHeight(38);
   title_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   title_->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -81,13 +81,14 @@ RunBar::RunBar(Stand stand, QWidget* parent)
   segments->setSpacing(1);
   for (const double speed : Speeds()) {
     const bool end = speed >= Player::kToTheEnd;
-    const QString words = end ? tr("to the end") : tr("%1x").arg(speed);
+    const QString words = end ? QStringLiteral("to the end") : QStringLiteral("%1x").arg(speed);
     auto* segment = new PlainButton(stand.theme, ButtonLook::Segment, Icon::None, words, speedBox_);
     segment->setObjectName(
         QStringLiteral("speed%1").arg(end ? QStringLiteral("End") : QString::number(speed)));
-    segment->setAccessibleName(end ? tr("Play to the end, past the waits") : tr("Speed %1 times").arg(speed));
-    segment->setToolTip(end ? tr("Plays the rest at once and does not wait for the button")
-                            : tr("%1 times as fast as the machine (+ and -)").arg(speed));
+    segment->setAccessibleName(end ? QStringLiteral("Play to the end, past the waits")
+                                   : QStringLiteral("Speed %1 times").arg(speed));
+    segment->setToolTip(end ? QStringLiteral("Plays the rest at once and does not wait for the button")
+                            : QStringLiteral("%1 times as fast as the machine (+ and -)").arg(speed));
     segment->setFixedHeight(36);
     connect(segment, &PlainButton::clicked, this, [this, speed] { stand_.session.SetSpeed(speed); });
     speeds_.push_back(segment);
@@ -100,7 +101,7 @@ RunBar::RunBar(Stand stand, QWidget* parent)
   row->addWidget(title_, 1);
   row->addWidget(speedBox_);
   row->addWidget(stop_);
-  connect(open_, &PlainButton::clicked, this, &RunBar::OpenAsked);
+  connect(open_, &PlainButton::clicked, this, [this] { openAsked(); });
   connect(stop_, &PlainButton::clicked, this, [this] { stand_.session.Stop(); });
   connect(&stand.session, &Session::Played, this, &RunBar::Refresh);
   Refresh();
@@ -127,10 +128,10 @@ void RunBar::Refresh() {
   const Player& player = stand_.player();
   const RunState state = player.State();
   const bool over = state == RunState::Stopped || state == RunState::Finished;
-  stop_->setText(narrow_ ? QString() : tr("Stop"));
-  stop_->setAccessibleName(tr("Stop"));
-  open_->setText(narrow_ ? QString() : tr("Open"));
-  open_->setAccessibleName(tr("Open"));
+  stop_->setText(narrow_ ? QString() : QStringLiteral("Stop"));
+  stop_->setAccessibleName(QStringLiteral("Stop"));
+  open_->setText(narrow_ ? QString() : QStringLiteral("Open"));
+  open_->setAccessibleName(QStringLiteral("Open"));
   stop_->setFixedWidth(narrow_ ? 40 : 90);
   const bool manual = state == RunState::Manual;
   stop_->setEnabled(manual ? player.JogsLeft() > 0 : state != RunState::Empty && !over);
@@ -146,19 +147,19 @@ QString RunBar::StateText() const {
     case RunState::Empty:
       return {};
     case RunState::Ready:
-      return tr("Ready");
+      return QStringLiteral("Ready");
     case RunState::Running:
-      return player.EndlessNow() ? tr("Running until stopped") : tr("Running");
+      return player.EndlessNow() ? QStringLiteral("Running until stopped") : QStringLiteral("Running");
     case RunState::Paused:
-      return tr("Paused");
+      return QStringLiteral("Paused");
     case RunState::Waiting:
-      return tr("Waiting for the button");
+      return QStringLiteral("Waiting for the button");
     case RunState::Stopped:
-      return tr("Stopped");
+      return QStringLiteral("Stopped");
     case RunState::Finished:
-      return tr("Finished");
+      return QStringLiteral("Finished");
     default:
-      return player.JogsLeft() > 0 ? tr("Moving") : tr("Standing");
+      return player.JogsLeft() > 0 ? QStringLiteral("Moving") : QStringLiteral("Standing");
   }
 }
 
@@ -175,8 +176,8 @@ void RunBar::paintEvent(QPaintEvent*) {
   const int chip = state.isEmpty() ? 0 : p.fontMetrics().horizontalAdvance(state) + 24;
   const bool beside = !narrow_ && chip > 0 && room.width() > chip + 150;
   QString name = stand_.session.name();
-  if (player.State() == RunState::Empty && name.isEmpty()) name = tr("No program");
-  if (player.State() == RunState::Manual) name = tr("Manual operation");
+  if (player.State() == RunState::Empty && name.isEmpty()) name = QStringLiteral("No program");
+  if (player.State() == RunState::Manual) name = QStringLiteral("Manual operation");
   const int most = room.width() - (beside ? chip + 22 : 0);
   p.setFont(t.Font(15, Weight::Medium));
   p.setPen(t[Token::Text]);
@@ -184,7 +185,7 @@ void RunBar::paintEvent(QPaintEvent*) {
   p.drawText(QRect(room.left(), 8, most, 24), Qt::AlignVCenter, shown);
   const int nameWidth = p.fontMetrics().horizontalAdvance(shown);
   p.setFont(t.Font(12));
-  const QString second = beside || state.isEmpty() ? tr("dry run, no machine moves") : state;
+  const QString second = beside || state.isEmpty() ? QStringLiteral("dry run, no machine moves") : state;
   p.setPen(beside || state.isEmpty() ? t[Token::Second] : t[Token::Figures]);
   p.drawText(QRect(room.left(), 28, most, 18), Qt::AlignVCenter,
              p.fontMetrics().elidedText(second, Qt::ElideRight, most));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "executor/session/session.h"
@@ -13,8 +14,6 @@ namespace torvane::dryrun {
 const std::vector<double>& Speeds();
 
 class RunBar : public QWidget {
-  Q_OBJECT
-
  public:
   explicit RunBar(Stand stand, QWidget* parent = nullptr);
 
@@ -23,8 +22,7 @@ class RunBar : public QWidget {
   // Open and stop without their words, the state beside the file's name.
   void SetNarrow(bool narrow);
 
- signals:
-  void OpenAsked();
+  std::function<void()> openAsked;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -23,24 +23,24 @@ StepLook LookOf(Stride stride) {
       return {Icon::Left,
               Icon::Right,
               "Line",
-              QObject::tr("Line"),
-              QObject::tr("Back to the beginning of this line, then to the line before (Left)"),
-              QObject::tr("On to the next line (Right)")};
+              QStringLiteral("Line"),
+              QStringLiteral("Back to the beginning of this line, then to the line before (Left)"),
+              QStringLiteral("On to the next line (Right)")};
     case Stride::Pass:
       return {Icon::PassBack,
               Icon::PassOn,
               "Pass",
-              QObject::tr("Pass"),
-              QObject::tr("Back to the beginning of this pass, then to the pass before (Ctrl+Left)"),
-              QObject::tr("On to the next pass (Ctrl+Right)")};
+              QStringLiteral("Pass"),
+              QStringLiteral("Back to the beginning of this pass, then to the pass before (Ctrl+Left)"),
+              QStringLiteral("On to the next pass (Ctrl+Right)")};
     default:
       return {
           Icon::LayerBack,
           Icon::LayerOn,
           "Layer",
-          QObject::tr("Layer"),
-          QObject::tr("Back to the beginning of this layer or stage, then to the one before (Shift+Left)"),
-          QObject::tr("On to the next layer or stage (Shift+Right)")};
+          QStringLiteral("Layer"),
+          QStringLiteral("Back to the beginning of this layer or stage, then to the one before (Shift+Left)"),
+          QStringLiteral("On to the next layer or stage (Shift+Right)")};
   }
 }
 
@@ -49,7 +49,7 @@ StepLook LookOf(Stride stride) {
 StepBar::StepBar(Stand stand, QWidget* parent)
     : QWidget(parent),
       stand_(stand),
-      play_(new PlainButton(stand.theme, ButtonLook::Filled, Icon::Play, tr("Play"), this)) {
+      play_(new PlainButton(stand.theme, ButtonLook::Filled, Icon::Play, QStringLiteral("Play"), this)) {
   setFixedHeight(kHeight);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -72,7 +72,8 @@ PlainButton* StepBar::AddStep(Stride stride, bool on) {
   auto* button = new PlainButton(stand_.theme, ButtonLook::Outline, on ? look.on : look.back, {}, this);
   button->setObjectName(QString::fromLatin1(look.name) +
                         (on ? QStringLiteral("On") : QStringLiteral("Back")));
-  button->setAccessibleName(on ? tr("%1 on").arg(look.word) : tr("%1 back").arg(look.word));
+  button->setAccessibleName(on ? QStringLiteral("%1 on").arg(look.word)
+                               : QStringLiteral("%1 back").arg(look.word));
   button->setToolTip(on ? look.tipOn : look.tipBack);
   button->setAccessibleDescription(button->toolTip());
   button->setAutoRepeat(true);
@@ -105,12 +106,12 @@ void StepBar::Refresh() {
   const bool running = state == RunState::Running;
   const bool over = state == RunState::Stopped || state == RunState::Finished;
   play_->SetIcon(running ? Icon::Pause : over ? Icon::Refresh : Icon::Play);
-  play_->setText(running ? tr("Pause") : over ? tr("Again") : tr("Play"));
+  play_->setText(running ? QStringLiteral("Pause") : over ? QStringLiteral("Again") : QStringLiteral("Play"));
   play_->setAccessibleName(play_->text());
-  play_->setToolTip(state == RunState::Waiting ? tr("The machine waits: press its button (Space)")
-                    : running                  ? tr("Halt the run where it is (Space)")
-                    : over                     ? tr("Run the program once more from its beginning (Space)")
-                                               : tr("Run on at the speed chosen above (Space)"));
+  play_->setToolTip(state == RunState::Waiting ? QStringLiteral("The machine waits: press its button (Space)")
+                    : running                  ? QStringLiteral("Halt the run where it is (Space)")
+                    : over ? QStringLiteral("Run the program once more from its beginning (Space)")
+                           : QStringLiteral("Run on at the speed chosen above (Space)"));
   play_->setAccessibleDescription(play_->toolTip());
   const bool program = stand_.player().program() != nullptr;
   const bool can = program && state != RunState::Waiting;

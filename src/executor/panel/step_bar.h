@@ -10,8 +10,6 @@
 namespace torvane::dryrun {
 
 class StepBar : public QWidget {
-  Q_OBJECT
-
  public:
   explicit StepBar(Stand stand, QWidget* parent = nullptr);
 

@@ -31,14 +31,15 @@ const QChar kDash(0x2013);
 Timeline::Timeline(Stand stand, QWidget* parent)
     : Strip(stand, kHeight, parent),
       steps_(new StepBar(stand, this)),
-      next_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Info, tr("Next finding"), this)) {
+      next_(new PlainButton(stand.theme, ButtonLook::Outline, Icon::Info, QStringLiteral("Next finding"),
+                            this)) {
   setObjectName(QStringLiteral("timeline"));
-  setAccessibleName(tr("Where the run stands"));
+  setAccessibleName(QStringLiteral("Where the run stands"));
   next_->setObjectName(QStringLiteral("nextFinding"));
-  next_->setAccessibleName(tr("Next finding"));
-  next_->setToolTip(tr("Takes the run to the next finding (N; back with Shift+N)"));
+  next_->setAccessibleName(QStringLiteral("Next finding"));
+  next_->setToolTip(QStringLiteral("Takes the run to the next finding (N; back with Shift+N)"));
   next_->setAccessibleDescription(next_->toolTip());
-  connect(next_, &PlainButton::clicked, this, &Timeline::NextFindingAsked);
+  connect(next_, &PlainButton::clicked, this, [this] { nextFindingAsked(); });
   connect(&stand.session, &Session::Opened, this, &Timeline::Refresh);
   connect(&stand.session, &Session::Proven, this, &Timeline::Refresh);
   connect(&stand.session, &Session::Played, this,
@@ -59,7 +60,7 @@ void Timeline::resizeEvent(QResizeEvent*) {
   FitPieces();
   const bool narrow = width() < 1100;
   steps_->SetNarrow(narrow);
-  next_->setText(narrow ? QString() : tr("Next finding"));
+  next_->setText(narrow ? QString() : QStringLiteral("Next finding"));
   next_->setFixedWidth(narrow ? 44 : 138);
   next_->move(width() - 8 - next_->width(), kButtons);
   steps_->move((width() - steps_->width()) / 2 + (narrow ? 30 : 9), kButtons);
@@ -121,7 +122,7 @@ void Timeline::mousePressEvent(QMouseEvent* event) {
   const QPointF at = event->position();
   if (event->button() != Qt::LeftButton || stand_.player().program() == nullptr) return;
   if (const int finding = FindingAt(at); finding >= 0) {
-    emit FindingChosen(finding);
+    findingChosen(finding);
     return;
   }
   const QRectF track = Track();
@@ -153,15 +154,16 @@ void Timeline::mouseReleaseEvent(QMouseEvent* event) {
 QString Timeline::TipAt(const QPointF& at) const {
   if (const int finding = FindingAt(at); finding >= 0) {
     const executor::Remark& remark = stand_.session.remarks()[static_cast<std::size_t>(finding)];
-    return tr("%1: %2").arg(Words(remark.subject), Words(remark.text));
+    return QStringLiteral("%1: %2").arg(Words(remark.subject), Words(remark.text));
   }
   if (at.y() > kTop + kSegment) return {};
   for (const Piece& piece : pieces_) {
     if (!piece.box.contains(at)) continue;
     const executor::Stretch& s = *piece.stretch;
-    const QString name = s.layer > 0 ? tr("Layer %1").arg(s.layer) : Words(s.name);
-    return tr("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds))) +
-           QStringLiteral("\n") + tr("A click takes the run to %1").arg(ClockText(SecondsAt(at.x())));
+    const QString name = s.layer > 0 ? QStringLiteral("Layer %1").arg(s.layer) : Words(s.name);
+    return QStringLiteral("%1: %2").arg(name, QString::fromStdString(executor::TimeText(s.seconds))) +
+           QStringLiteral("\n") +
+           QStringLiteral("A click takes the run to %1").arg(ClockText(SecondsAt(at.x())));
   }
   return {};
 }
@@ -182,18 +184,18 @@ QString Timeline::PlaceText(int room) const {
   const Player& player = stand_.player();
   const executor::Screen& s = player.screen();
   if (player.program() == nullptr) return {};
-  if (player.LineNow() == 0) return tr("At the beginning");
+  if (player.LineNow() == 0) return QStringLiteral("At the beginning");
   const auto whole = [](double number) { return QString::number(number, 'f', 0); };
-  QString place = s.stage.empty() ? tr("Start") : Words(s.stage), longer = place;
+  QString place = s.stage.empty() ? QStringLiteral("Start") : Words(s.stage), longer = place;
   if (s.layer > 0) {
-    place = tr("Layer %1, pass %2").arg(whole(s.layer), whole(s.pass));
-    longer = s.passes > 0 ? tr("%1 of %2").arg(place, whole(s.passes)) : place;
+    place = QStringLiteral("Layer %1, pass %2").arg(whole(s.layer), whole(s.pass));
+    longer = s.passes > 0 ? QStringLiteral("%1 of %2").arg(place, whole(s.passes)) : place;
   }
   const QFontMetrics metrics(stand_.theme.Font(13, Weight::Medium));
-  const QString line = tr("line %1").arg(player.LineNow());
+  const QString line = QStringLiteral("line %1").arg(player.LineNow());
   for (const QString& text : {longer + QStringLiteral(", ") + line, longer, place})
     if (metrics.horizontalAdvance(text) <= room) return text;
-  return s.layer > 0 ? tr("Layer %1").arg(whole(s.layer)) : line;
+  return s.layer > 0 ? QStringLiteral("Layer %1").arg(whole(s.layer)) : line;
 }
 
 void Timeline::PaintTimes(QPainter& p) const {
@@ -209,14 +211,14 @@ void Timeline::PaintTimes(QPainter& p) const {
     p.setPen(t[known ? Token::Figures : Token::Off]);
     p.drawText(QRect(room.left(), 18, room.width(), 26), static_cast<int>(side | Qt::AlignVCenter), figure);
   };
-  time(Qt::AlignLeft, tr("Elapsed"), known ? ClockText(player.Elapsed()) : kDash);
+  time(Qt::AlignLeft, QStringLiteral("Elapsed"), known ? ClockText(player.Elapsed()) : kDash);
   const bool endless = player.EndlessNow() && player.State() != RunState::Finished;
   time(Qt::AlignRight,
-       endless                   ? tr("Curing")
-       : player.course().endless ? tr("Until curing")
-                                 : tr("Remaining"),
+       endless                   ? QStringLiteral("Curing")
+       : player.course().endless ? QStringLiteral("Until curing")
+                                 : QStringLiteral("Remaining"),
        !known    ? QString(kDash)
-       : endless ? tr("until Stop")
+       : endless ? QStringLiteral("until Stop")
                  : ClockText(player.Remaining()));
   p.setFont(t.Font(13, Weight::Medium));
   p.setPen(t[Token::Text]);

@@ -2,6 +2,7 @@
 // their places, and a handle that takes the run anywhere. Below it the run's buttons.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "executor/panel/read_outs.h"
@@ -10,16 +11,13 @@
 namespace torvane::dryrun {
 
 class Timeline : public Strip {
-  Q_OBJECT
-
  public:
   explicit Timeline(Stand stand, QWidget* parent = nullptr);
 
   StepBar& steps() { return *steps_; }
 
- signals:
-  void FindingChosen(int remark);  // its index
-  void NextFindingAsked();
+  std::function<void(int remark)> findingChosen;  // its index
+  std::function<void()> nextFindingAsked;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -28,7 +28,7 @@ double FaceShare() { return std::sin(Oblique::kDegrees * executor::kRadians); }
 
 void MandrelView::PaintHead(QPainter& p) const {
   const Theme& t = stand_.theme;
-  const QString title = tr("Mandrel");
+  const QString title = QStringLiteral("Mandrel");
   p.setFont(t.Font(14, Weight::Medium));
   p.setPen(t[Token::Text]);
   p.drawText(QRectF(14, 0, 120, 30), Qt::AlignVCenter, title);
@@ -49,14 +49,16 @@ void MandrelView::PaintLegend(QPainter& p, double x, double room) const {
     std::vector<QColor> swatches;
   };
   const auto pale = [&t](Token band) { return Surface::Finished(t, t[band]); };
-  std::vector<Entry> entries = {{tr("out"), {t[Token::BandOut]}},
-                                {tr("back"), {t[Token::BandBack]}},
-                                {tr("finished layers"), {pale(Token::BandOut), pale(Token::BandBack)}}};
+  std::vector<Entry> entries = {
+      {QStringLiteral("out"), {t[Token::BandOut]}},
+      {QStringLiteral("back"), {t[Token::BandBack]}},
+      {QStringLiteral("finished layers"), {pale(Token::BandOut), pale(Token::BandBack)}}};
   p.setFont(t.Font(12));
   const auto widthOf = [&p](const Entry& entry) {
     return p.fontMetrics().horizontalAdvance(entry.text) + (entry.swatches.empty() ? 18.0 : 42.0);
   };
-  const Entry how{byHand_ == 0 ? tr("drag to turn") : tr("double click: machine's angle"), {}};
+  const Entry how{
+      byHand_ == 0 ? QStringLiteral("drag to turn") : QStringLiteral("double click: machine's angle"), {}};
   double all = widthOf(how);
   for (const Entry& entry : entries) all += widthOf(entry);
   if (x + all <= room) entries.insert(entries.begin(), how);
@@ -77,13 +79,13 @@ void MandrelView::PaintUnrolled(QPainter& p) const {
   const QRectF& box = room_.unrolled;
   p.setFont(t.Font(13, Weight::Medium));
   p.setPen(t[Token::Text]);
-  const QString title = tr("Unrolled");
+  const QString title = QStringLiteral("Unrolled");
   p.drawText(QRectF(14, box.top() - 24, 120, 20), Qt::AlignVCenter, title);
   const double behind = 14 + p.fontMetrics().horizontalAdvance(title) + 14;
   p.setFont(t.Font(12));
   p.setPen(t[Token::Second]);
   p.drawText(QRectF(behind, box.top() - 24, width() - behind, 20), Qt::AlignVCenter,
-             tr("mandrel angle against Z"));
+             QStringLiteral("mandrel angle against Z"));
   p.fillRect(box, t[Token::Drawing]);
   const auto xAt = [this](double z) { return room_.scale.XAt(z); };
   p.setRenderHint(QPainter::Antialiasing, false);
@@ -142,7 +144,7 @@ void MandrelView::PaintRuler(QPainter& p) const {
   }
   p.setPen(t[Token::Second]);
   p.drawText(QRectF(box.right() - 40, box.bottom() + 4, 40, 16), Qt::AlignRight | Qt::AlignVCenter,
-             stand_.player().course().millimetres ? tr("Z mm") : tr("Z in"));
+             stand_.player().course().millimetres ? QStringLiteral("Z mm") : QStringLiteral("Z in"));
 }
 
 void MandrelView::PaintSide(QPainter& p) const {

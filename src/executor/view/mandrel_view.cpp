@@ -32,10 +32,10 @@ QImage Blank(const QSizeF& size, double ratio) {
 MandrelView::MandrelView(Stand stand, QWidget* parent)
     : QWidget(parent), stand_(stand), surface_(stand.theme) {
   setObjectName(QStringLiteral("mandrelView"));
-  setAccessibleName(tr("The mandrel, from the side and unrolled"));
-  setAccessibleDescription(tr(
+  setAccessibleName(QStringLiteral("The mandrel, from the side and unrolled"));
+  setAccessibleDescription(QStringLiteral(
       "Up and Down turn the mandrel, Enter gives the machine's angle back; so do a drag and a double click"));
-  setToolTip(tr("Drag the mandrel to turn it; a double click gives the machine's angle back"));
+  setToolTip(QStringLiteral("Drag the mandrel to turn it; a double click gives the machine's angle back"));
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(300, 170);
   connect(&stand.session, &Session::Opened, this, [this] { Fit(); });
@@ -163,16 +163,17 @@ QString MandrelView::Summary() const {
   const executor::Player& player = stand_.player();
   const executor::Layer* layer = player.LayerShown();
   if (layer == nullptr || !player.Cover().Known()) return {};
-  const QString name = tr("Layer %1: ").arg(layer->number);
+  const QString name = QStringLiteral("Layer %1: ").arg(layer->number);
   const auto percent = [](double share) { return QString::number(std::floor(share * 100 + 0.05)); };
-  QString text = name + tr("%1 % covered").arg(percent(player.Cover().Once()));
-  if (player.Cover().Twice() > 0.005) text += tr(", %1 % twice").arg(percent(player.Cover().Twice()));
+  QString text = name + QStringLiteral("%1 % covered").arg(percent(player.Cover().Once()));
+  if (player.Cover().Twice() > 0.005)
+    text += QStringLiteral(", %1 % twice").arg(percent(player.Cover().Twice()));
   const bool whole = player.LaidSoFar().strokes == layer->strokes.size() &&
                      layer->passes.size() >= static_cast<std::size_t>(layer->passes.front().announced);
   if (!whole || stand_.session.proof() == nullptr) return text;
   for (const executor::LayerFigures& figures : stand_.session.proof()->layers)
     if (figures.number == layer->number && figures.judged && figures.fits && figures.pattern.bands > 1)
-      return name + tr("%1 % covered, closing error %2%3")
+      return name + QStringLiteral("%1 % covered, closing error %2%3")
                         .arg(percent(figures.coveredShare))
                         .arg(stand_.Figure(figures.pattern.miss, 2))
                         .arg(QChar(0xB0));

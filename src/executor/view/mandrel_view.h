@@ -12,8 +12,6 @@
 namespace torvane::dryrun {
 
 class MandrelView : public QWidget {
-  Q_OBJECT
-
  public:
   explicit MandrelView(Stand stand, QWidget* parent = nullptr);
 

@@ -73,18 +73,19 @@ DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Ap
 
   MakeKeys();
   MakeManualKeys();
-  connect(bar_, &RunBar::OpenAsked, this, &DryRunWindow::Ask);
-  connect(list_, &ProgramList::OpenAsked, this, &DryRunWindow::Ask);
-  connect(findings_, &FindingsList::LineChosen, list_, &ProgramList::ShowLine);
-  connect(findings_, &FindingsList::LineSought, this, [this](int line) {
+  bar_->openAsked = [this] { Ask(); };
+  list_->openAsked = [this] { Ask(); };
+  findings_->lineChosen = [this](int line) { list_->ShowLine(line); };
+  findings_->lineSought = [this](int line) {
     stand_.session.SeekLine(line);
     // A line that is never run is shown all the same.
     if (stand_.player().LineNow() != line) list_->ShowLine(line);
+  };
+  timeline_->findingChosen = [this](int remark) { findings_->GoTo(remark); };
+  timeline_->nextFindingAsked = [this] { findings_->GoToNext(true); };
+  connect(&session, &Session::Refused, this, [this](const QString& reason) {
+    Tell(QStringLiteral("The program cannot be opened: %1").arg(reason));
   });
-  connect(timeline_, &Timeline::FindingChosen, findings_, &FindingsList::GoTo);
-  connect(timeline_, &Timeline::NextFindingAsked, this, [this] { findings_->GoToNext(true); });
-  connect(&session, &Session::Refused, this,
-          [this](const QString& reason) { Tell(tr("The program cannot be opened: %1").arg(reason)); });
   connect(&session, &Session::Opened, this, &DryRunWindow::Refresh);
   connect(&session, &Session::Played, this, &DryRunWindow::Refresh);
   list_->setFocus();
@@ -157,7 +158,7 @@ void DryRunWindow::Ask() {
 void DryRunWindow::Open(const std::string& hostPath) {
   const QString path = QString::fromStdString(hostPath);
   const Outcome opened = stand_.session.Open(hostPath, QFileInfo(path).fileName());
-  Tell(opened ? QString() : tr("%1 cannot be opened: %2").arg(path, Words(opened.reason())));
+  Tell(opened ? QString() : QStringLiteral("%1 cannot be opened: %2").arg(path, Words(opened.reason())));
   if (opened) stand_.session.Run();
 }
 
@@ -174,7 +175,8 @@ void DryRunWindow::Refresh() {
   timeline_->setVisible(!manual);
   leftStack_->setCurrentIndex(manual ? 1 : 0);
   const QString name = stand_.session.name();
-  setWindowTitle(name.isEmpty() ? tr("Torvane dry run") : tr("%1 - Torvane dry run").arg(name));
+  setWindowTitle(name.isEmpty() ? QStringLiteral("Torvane dry run")
+                                : QStringLiteral("%1 - Torvane dry run").arg(name));
 }
 
 void DryRunWindow::resizeEvent(QResizeEvent*) {
@@ -187,13 +189,15 @@ void DryRunWindow::resizeEvent(QResizeEvent*) {
 
 // What the keys do.
 QString DryRunWindow::Help() const {
-  QStringList words = {tr("Space presses the button, else plays"), tr("Left and Right step a line")};
+  QStringList words = {QStringLiteral("Space presses the button, else plays"),
+                       QStringLiteral("Left and Right step a line")};
   if (width() >= 1000)
-    words = {words[0], tr("Left and Right step a line, with Ctrl a pass, with Shift a layer"),
-             tr("N next finding"), tr("+ and %1 change the speed").arg(QChar(0x2212))};
+    words = {words[0], QStringLiteral("Left and Right step a line, with Ctrl a pass, with Shift a layer"),
+             QStringLiteral("N next finding"),
+             QStringLiteral("+ and %1 change the speed").arg(QChar(0x2212))};
   if (stand_.player().State() == RunState::Manual)
-    words = {tr("Left and Right move the carriage"), tr("Up and Down turn the mandrel"),
-             tr("Home to the limit switches")};
+    words = {QStringLiteral("Left and Right move the carriage"),
+             QStringLiteral("Up and Down turn the mandrel"), QStringLiteral("Home to the limit switches")};
   return words.join(QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  "));
 }
 
@@ -206,7 +210,7 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
   p.setPen(t[Token::Hairline]);
   p.drawLine(status.topLeft(), status.topRight());
   p.setFont(t.Font(12));
-  const QString right = tr("Torvane dry run");
+  const QString right = QStringLiteral("Torvane dry run");
   const int most = status.width() - 36 - p.fontMetrics().horizontalAdvance(right);
   p.setPen(t[Token::Second]);
   p.drawText(status.adjusted(0, 1, -12, 0), Qt::AlignRight | Qt::AlignVCenter, right);

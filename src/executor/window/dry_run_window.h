@@ -20,8 +20,6 @@
 namespace torvane::dryrun {
 
 class DryRunWindow : public QWidget {
-  Q_OBJECT
-
  public:
   // Asks the operator for a program: its path on the computer, empty for none.
   using AskForProgram = std::function<std::string(QWidget* parent)>;

@@ -21,8 +21,8 @@ constexpr double kProgramSpeed = 50, kTraceSpeed = 1;
 
 std::string AskForFile(QWidget* parent, const QString& folder) {
   return QFileDialog::getOpenFileName(
-             parent, QObject::tr("Open a program"), folder,
-             QObject::tr("Winding programs (*.T2G *.T4G *.TVG *.t2g *.t4g *.tvg);;All files (*)"))
+             parent, QStringLiteral("Open a program"), folder,
+             QStringLiteral("Winding programs (*.T2G *.T4G *.TVG *.t2g *.t4g *.tvg);;All files (*)"))
       .toStdString();
 }
 
@@ -61,7 +61,7 @@ void Begin(const Start& start, const SettingsStore& store, Session& session, Dry
 
 int ShowWindow(int& argc, char** argv, const Start& start) {
   QApplication application(argc, argv);
-  QApplication::setApplicationDisplayName(QObject::tr("Torvane dry run"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Torvane dry run"));
   const std::unique_ptr<SettingsStore> store = StoreAt(start.store);
   const Appearance appearance = AppearanceOf(store->Read(kAppearanceSection, kAppearanceKey).value_or(""));
   Theme theme(IsDark(appearance));
@@ -76,10 +76,11 @@ int ShowWindow(int& argc, char** argv, const Start& start) {
       theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); }, appearance);
   window.show();
   if (const Outcome readable = store->Readable(); !readable) {
-    QMessageBox box(QMessageBox::Warning, QObject::tr("Torvane dry run"),
-                    QString::fromStdString(ToUtf8(readable.reason())) +
-                        QObject::tr("\n\nThe run is held to a new station's limits, not to your machine's."),
-                    QMessageBox::Ok, &window);
+    QMessageBox box(
+        QMessageBox::Warning, QStringLiteral("Torvane dry run"),
+        QString::fromStdString(ToUtf8(readable.reason())) +
+            QStringLiteral("\n\nThe run is held to a new station's limits, not to your machine's."),
+        QMessageBox::Ok, &window);
     box.setTextFormat(Qt::PlainText);
     box.exec();
   }
