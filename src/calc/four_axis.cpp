@@ -3,6 +3,7 @@
 #include "calc/layer_figures.h"
 #include "calc/patterns.h"
 #include "calc/speed_search.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "text/text.h"
 
@@ -43,11 +44,11 @@ void CalculatePattern(DesignState& s, Number windingAngle, Number carriageSpeed,
   s.lblNPasses(row) = (a * b).plain();
   const Number length = TraverseLength(s);
   const Number secondsPerTraverse = length / carriageSpeed / Cos(windingAngle / 180 * kPi) + kEndOfTraverse;
-  s.lblMinutes(row) = (2 * secondsPerTraverse * a * b / 60).as("##0.0"_mask);
+  s.lblMinutes(row) = (2 * secondsPerTraverse * a * b / 60).as(mask::kMinutes);
   const Number oneWay = length / Cos(windingAngle / 180 * kPi) + number(s.txtDia(0)) * kShortPi / 2;
   s.lblLengthHeading4Ax = s.InInches() ? "Length (feet)" : "Length (meters)";
   s.lblCarriageSpeedHeading4Ax = s.InInches() ? "Carriage Speed (in/s)" : "Carriage Speed (mm/s)";
-  s.lblLength(row) = (2 * oneWay * a * b / LengthDivisor(s)).as("#####0.0"_mask);
+  s.lblLength(row) = (2 * oneWay * a * b / LengthDivisor(s)).as(mask::kFourAxisFilament);
 }
 
 void CalculateHoop(DesignState& s, Number& mandrelRPM, Number& carriageSpeed, int row) {
@@ -59,9 +60,9 @@ void CalculateHoop(DesignState& s, Number& mandrelRPM, Number& carriageSpeed, in
   s.lblNPasses(row) = "1";
   const Number length = TraverseLength(s);
   const Number secondsPerTraverse = length / carriageSpeed + kEndOfTraverse;
-  s.lblMinutes(row) = (2 * secondsPerTraverse / 60).as("##0.0"_mask);
+  s.lblMinutes(row) = (2 * secondsPerTraverse / 60).as(mask::kMinutes);
   s.lblLength(row) =
-      (2 * (length / bandWidth) * kPi * number(s.txtDia(1)) / LengthDivisor(s)).as("#####0.0"_mask);
+      (2 * (length / bandWidth) * kPi * number(s.txtDia(1)) / LengthDivisor(s)).as(mask::kFourAxisFilament);
 }
 
 }  // namespace
@@ -93,8 +94,8 @@ void CalculateFourAxisRow(DesignState& s, Number windingAngle, Number& mandrelRP
 }
 
 void WriteSpeeds(DesignState& s, int row, Number mandrelRPM, Number carriageSpeed) {
-  s.lblRPM(row) = mandrelRPM.as("##0.00"_mask);
-  s.lblcSpeed(row) = carriageSpeed.as("##0.00"_mask);
+  s.lblRPM(row) = mandrelRPM.as(mask::kFourAxisSpeed);
+  s.lblcSpeed(row) = carriageSpeed.as(mask::kFourAxisSpeed);
 }
 
 void CalculateAndShow(DesignState& s, Number windingAngle, std::string_view patternText, int row) {
@@ -131,10 +132,10 @@ void RecalculateAngleLayers(DesignState& s) {
     s.Length_Total = ZSpan(s).plain();
     s.lblMinutes(i) = MinutesOfPasses(number(s.Length_Total), number(s.lblcSpeed(i)), number(s.lblRPM(i)),
                                       number(s.lblNPasses(i)))
-                          .as("##0.0"_mask);
+                          .as(mask::kMinutes);
   }
-  s.lblNPasses(IndexSet::kAllRows) = SumOfRows(s.lblNPasses, rows).as("####"_mask);
-  s.lblMinutes(IndexSet::kAllRows) = SumOfRows(s.lblMinutes, rows).as("##0.0"_mask);
+  s.lblNPasses(IndexSet::kAllRows) = SumOfRows(s.lblNPasses, rows).as(mask::kPasses);
+  s.lblMinutes(IndexSet::kAllRows) = SumOfRows(s.lblMinutes, rows).as(mask::kMinutes);
 
   Kept meanDiameter;
   if (!s.txtDia(0).empty()) meanDiameter = (number(s.txtDia(1)) + number(s.txtDia(0))) / 2;

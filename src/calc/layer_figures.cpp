@@ -1,5 +1,7 @@
 #include "calc/layer_figures.h"
 
+#include "design/masks.h"
+
 namespace torvane {
 
 namespace {
@@ -10,9 +12,9 @@ constexpr double kBothWays = 2 * 1.15;
 
 void WriteLength(const DesignState& s, Field& field, Number length) {
   if (s.InInches())
-    field = length.as("#####.0"_mask);
+    field = length.as(mask::kFilament);
   else
-    field = length.as("#####.00"_mask);
+    field = length.as(mask::kFilamentMM);
 }
 
 void WritePasses(const DesignState& s, Field& passes, Number diameter, Number windingAngle,

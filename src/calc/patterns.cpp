@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "calc/four_axis.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "text/text.h"
 
@@ -164,7 +165,7 @@ void PopulatePatternCombo(DesignState& s, int row) {
   const Number traverseLength = TraverseLength(s);
   Kept grazing;
   grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
-  s.lblGrazeAngle = FormatNumberText(s.signs, grazing.value(), "###.0"_mask) + " \xB0";
+  s.lblGrazeAngle = FormatNumberText(s.signs, grazing.value(), mask::kGrazingAngle) + " \xB0";
 
   std::vector<Pattern> patterns;
   if (circumference.good() && traverseLength.good())

@@ -1,5 +1,7 @@
 #include "calc/totals.h"
 
+#include "design/masks.h"
+
 #include <limits>
 
 namespace torvane {
@@ -20,7 +22,7 @@ void SetWhole(std::int32_t& target, Number value) {
 void EstimateThickness(DesignState& s, int panel) {
   const Number thickness = number(s.txtBandThickness(panel));
   s.lblFinalThickness(panel) =
-      (LayersOf(s.txtNumberOfLayers(panel)) * (thickness + thickness)).as("0.##0"_mask);
+      (LayersOf(s.txtNumberOfLayers(panel)) * (thickness + thickness)).as(mask::kWall);
   // The thickness stands in the inches of the band, and the formulas of a millimetre design take the same
   // figure for millimetres: the tip says both.
   std::string tip = s.lblFinalThickness(panel).text();
@@ -34,15 +36,15 @@ void EstimateThickness(DesignState& s, int panel) {
 void EstimatePart(DesignState& s) {
   const Number shell =
       number(s.Length_Total) * (number(s.lblFinalThickness(0)) * (number(s.Diameter_Right) * kPi));
-  s.lblFilamentVOlume(0) = (s.InInches() ? shell : shell / 1000.0).as("###0.#0"_mask);
+  s.lblFilamentVOlume(0) = (s.InInches() ? shell : shell / 1000.0).as(mask::kVolume);
 
   const Number volume = number(s.lblFilamentVOlume(0));
   s.lblEstWeight(0) =
-      (s.InInches() ? volume * kPartDensity : volume * (kPartDensity / 2.54 / 2.54) / 2.54).as("##0.#0"_mask);
+      (s.InInches() ? volume * kPartDensity : volume * (kPartDensity / 2.54 / 2.54) / 2.54).as(mask::kWeight);
   // Half of the volume is glue of 1.4 times the density of water, in grams.
   const Number glue = s.InInches() ? volume * (1.4 * 0.5 * 62.4) / 1728.0 * 454.0
                                    : volume * (1.4 * 0.5 * 62.4) / 2.54 / 2.54 / 2.54 / 1728.0 * 454.0;
-  s.lblTotalGlueWgt(0) = glue.as("####0"_mask);
+  s.lblTotalGlueWgt(0) = glue.as(mask::kGlue);
 }
 
 void EstimateTwoAxisBuildTime(DesignState& s) {

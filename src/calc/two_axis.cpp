@@ -3,6 +3,7 @@
 #include "calc/layer_figures.h"
 #include "calc/speed_search.h"
 #include "calc/totals.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "text/text.h"
 
@@ -21,14 +22,14 @@ void SpeedsFromAngle(DesignState& s, int i) {
   Number mandrelRPM = 0;
   Number carriageSpeed = 0;
   CalculateSpeedsForAngle(s, mandrelRPM, carriageSpeed, windingAngle.value(), SpeedClass(s, i));
-  s.txtMRPM(i) = mandrelRPM.as("##0.0"_mask);
-  s.txtCarriageSpeed(i) = carriageSpeed.as("#0.00"_mask);
+  s.txtMRPM(i) = mandrelRPM.as(mask::kMandrelSpeed);
+  s.txtCarriageSpeed(i) = carriageSpeed.as(mask::kCarriageSpeed);
 }
 
 void CarriageSpeedFromRPM(DesignState& s, int i) {
   const Number surfaceSpeed =
       (number(s.Diameter_Right) + number(s.Diameter_Left)) * kPi / 2 * number(s.txtMRPM(i)) / 60;
-  s.txtCarriageSpeed(i) = (surfaceSpeed / Tan(number(s.txtWA(i)) * kPi / 180)).as("##.00"_mask);
+  s.txtCarriageSpeed(i) = (surfaceSpeed / Tan(number(s.txtWA(i)) * kPi / 180)).as(mask::kAskedCarriageSpeed);
 }
 
 // Without a right diameter it is 0.
@@ -49,7 +50,7 @@ void Passes(DesignState& s, int i) {
 void Minutes(DesignState& s, int i) {
   s.lblMinutesToCover(i) = MinutesOfPasses(number(s.Length_Total), number(s.txtCarriageSpeed(i)),
                                            number(s.txtMRPM(i)), number(s.lblPassesToCover(i)))
-                               .as("##0.0"_mask);
+                               .as(mask::kMinutes);
 }
 
 // A hoop runs between the stops, a helix over what the row leaves free of the part.
@@ -84,8 +85,8 @@ void RecalculateTwoAxisLayers(DesignState& s, int index) {
       s.lblMinutesToCover(i) = "";
     }
   }
-  s.lblPassesToCover(IndexSet::kAllRows) = SumOfRows(s.lblPassesToCover, rows).as("####"_mask);
-  s.lblMinutesToCover(IndexSet::kAllRows) = SumOfRows(s.lblMinutesToCover, rows).as("##0.0"_mask);
+  s.lblPassesToCover(IndexSet::kAllRows) = SumOfRows(s.lblPassesToCover, rows).as(mask::kPasses);
+  s.lblMinutesToCover(IndexSet::kAllRows) = SumOfRows(s.lblMinutesToCover, rows).as(mask::kMinutes);
 
   const Number meanDiameter = MeanDiameter(s);
   for (int i = 1; i <= rows; ++i) {

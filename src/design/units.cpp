@@ -1,13 +1,15 @@
 #include "design/units.h"
 
+#include "design/masks.h"
+
 namespace torvane {
 
 Masked FormatForUnits(const DesignState& s, Number value, bool alreadyInUnits) {
-  return (s.InInches() || alreadyInUnits ? value : value * kMillimetresPerInch).as("###0.000"_mask);
+  return (s.InInches() || alreadyInUnits ? value : value * kMillimetresPerInch).as(mask::kInUnits);
 }
 
 MaybeText FormatForUnits(const DesignState& s, const Field& value, bool alreadyInUnits) {
-  if (s.InInches() || alreadyInUnits) return {value.exists(), value.through("###0.000"_mask)};
+  if (s.InInches() || alreadyInUnits) return {value.exists(), value.through(mask::kInUnits)};
   return TextOf(s.signs, FormatForUnits(s, number(value), alreadyInUnits));
 }
 
@@ -21,6 +23,12 @@ const Field& BandWidthField(const DesignState& s, int panel) {
 }
 
 Number BandWidth(const DesignState& s, int panel) { return number(BandWidthField(s, panel)); }
+
+Number SteppingBandWidth(const DesignState& s, int panel) {
+  return InUnits(s, number(s.txtBandWidth(panel)), false);
+}
+
+Number SpacingBandWidth(const DesignState& s) { return InUnits(s, number(s.Band_Width), false); }
 
 void ShowUnits(DesignState& s, std::string_view inches) {
   const bool isInches = inches == "Y";

@@ -21,6 +21,11 @@ Number InUnits(const DesignState& s, Number value, bool alreadyInUnits);
 const Field& BandWidthField(const DesignState& s, int panel);
 // and its value.
 Number BandWidth(const DesignState& s, int panel);
+// Worked out of the inch field instead, rounded to three decimals: what steps a hoop on.
+Number SteppingBandWidth(const DesignState& s, int panel);
+// The same of the working copy, which the field last changed of either family has filled: what a two-axis
+// program spaces its passes by.
+Number SpacingBandWidth(const DesignState& s);
 
 // Sets the unit, its menu marks and the captions that name it; "Y" for inches, any other text millimetres.
 void ShowUnits(DesignState& s, std::string_view inches);

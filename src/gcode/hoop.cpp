@@ -53,7 +53,7 @@ void WriteHoopLayer(GCodeSession& session, int n) {
     if (!s.chkPreWrap1.checked() && n != 1) WriteMoveToHoop(session, rightZ);
   }
 
-  const Number bandWidth = InUnits(s, number(s.txtBandWidth(1)), false);
+  const Number bandWidth = SteppingBandWidth(s, 1);
   Kept mandrelAngle;
   mandrelAngle = (Int(Abs(Number(rightZ) - Number(leftZ)) / bandWidth) + 1) * 360;
   s.gWindAngle = HoopLeadAngle(s, bandWidth);

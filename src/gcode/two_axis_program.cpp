@@ -188,7 +188,7 @@ void WriteLayer(Schedule& schedule, int n) {
 }  // namespace
 
 Number CarriageShift(const DesignState& s, Number windingAngle, Number pass) {
-  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
+  const Number bandWidth = SpacingBandWidth(s);
   return (pass - 1) * (bandWidth / Sin(windingAngle * kPi / 180));
 }
 
@@ -251,7 +251,7 @@ std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode
   const bool rightEnd = (endCode == "H") != s.gIsLHDrive;
   const Number diameter = s.gShow4Axis ? number(s.txtDia(rightEnd ? 1 : 0))
                                        : number(rightEnd ? s.Diameter_Right : s.Diameter_Left);
-  const Number bandWidth = InUnits(s, number(s.Band_Width), false);
+  const Number bandWidth = SpacingBandWidth(s);
   const Number bandAround = bandWidth / Cos(windingAngle * kPi / 180);
   const Number circumference = diameter * kPi;
   const bool bandWidthSpacing = s.txtUseProportionalFilamentSpacingYN.text() == "N";

@@ -1,5 +1,7 @@
 #include "handoff/jog.h"
 
+#include "design/masks.h"
+
 namespace torvane {
 
 namespace {
@@ -23,7 +25,7 @@ void Jog(Station& station, const JogPair& pair, int member, const Field& stepFie
 
 void JogTwoAxisPart(Station& station, int member) {
   DesignState& s = station.s;
-  Jog(station, kParts[0], member, s.txtStepSize2Ax, {&s.txtZ2(0), &s.txtZ2(1)}, "###0.00"_mask);
+  Jog(station, kParts[0], member, s.txtStepSize2Ax, {&s.txtZ2(0), &s.txtZ2(1)}, mask::kJogged);
 }
 
 // The gap between head and mandrel stays.
@@ -32,16 +34,15 @@ void JogFourAxisPart(Station& station, int member) {
   Jog(station, kParts[1], member, s.txtStepSize4Ax,
       {&s.txtZ4(0), &s.txtZ4(1), &s.txtZ4(2), &s.txtZ4(3), &s.txtAdjust(1), &s.txtAdjust(2), &s.txtAdjust(4),
        &s.txtAdjust(5)},
-      "###0.00"_mask);
+      mask::kJogged);
 }
 
 template <int offset>
 void JogOffset(Station& station, int member) {
   DesignState& s = station.s;
-  constexpr Mask kInches = offset == 1 || offset == 5 ? "###0.000"_mask : "###0.00"_mask;
-  constexpr Mask kMillimetres = "###0.0"_mask;
+  constexpr Mask kInches = offset == 1 || offset == 5 ? mask::kJoggedFine : mask::kJogged;
   Jog(station, kOffsets[offset], member, s.txtStepSize4Ax, {&s.txtAdjust(offset)},
-      s.InInches() ? kInches : kMillimetres);
+      s.InInches() ? kInches : mask::kJoggedMM);
 }
 
 constexpr Operation Of(const JogPair& pair, void (*run)(Station&, int)) {

@@ -1,5 +1,6 @@
 #include "persist/design_file.h"
 
+#include "design/masks.h"
 #include "design/units.h"
 #include "persist/settings.h"
 #include "text/text.h"
@@ -75,25 +76,23 @@ Result<SavedDesign> ReplaceDesign(Files& files, const std::string& fileName, con
 }
 
 void FillBand(DesignState& s, int panel) {
-  constexpr Mask kWidth = "#0.000"_mask;
-  constexpr Mask kThickness = "#0.0000"_mask;
   if (s.InInches()) {
-    s.txtBandWidth(panel) = s.Band_Width.through(kWidth);
-    s.txtBandThickness(panel) = s.Band_Thickness.through(kThickness);
+    s.txtBandWidth(panel) = s.Band_Width.through(mask::kBandWidth);
+    s.txtBandThickness(panel) = s.Band_Thickness.through(mask::kBandThickness);
     // The four-axis twins follow their inch fields by themselves.
     if (panel != 0) return;
-    s.txtBandWidthMM(panel) = (number(s.Band_Width) * kMillimetresPerInch).as(kWidth);
-    s.txtBandThicknessMM(panel) = (number(s.Band_Thickness) * kMillimetresPerInch).as(kThickness);
+    s.txtBandWidthMM(panel) = (number(s.Band_Width) * kMillimetresPerInch).as(mask::kBandWidth);
+    s.txtBandThicknessMM(panel) = (number(s.Band_Thickness) * kMillimetresPerInch).as(mask::kBandThickness);
     return;
   }
   // The inch fields mirror themselves into their twins, and their changes put inches into the working copies:
   // the file's own values go into the millimetre fields last.
   const std::string width = s.Band_Width.text();
   const std::string thickness = s.Band_Thickness.text();
-  s.txtBandWidth(panel) = (s.Read(width) / kMillimetresPerInch).as(kWidth);
-  s.txtBandThickness(panel) = (s.Read(thickness) / kMillimetresPerInch).as(kThickness);
-  s.txtBandWidthMM(panel) = FormatNumberText(s.signs, width, kWidth);
-  s.txtBandThicknessMM(panel) = FormatNumberText(s.signs, thickness, kThickness);
+  s.txtBandWidth(panel) = (s.Read(width) / kMillimetresPerInch).as(mask::kBandWidth);
+  s.txtBandThickness(panel) = (s.Read(thickness) / kMillimetresPerInch).as(mask::kBandThickness);
+  s.txtBandWidthMM(panel) = FormatNumberText(s.signs, width, mask::kBandWidth);
+  s.txtBandThicknessMM(panel) = FormatNumberText(s.signs, thickness, mask::kBandThickness);
 }
 
 }  // namespace torvane

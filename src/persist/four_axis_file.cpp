@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "calc/patterns.h"
+#include "design/masks.h"
 #include "design/reset.h"
 #include "persist/design_file.h"
 #include "persist/tagged_text.h"
@@ -53,7 +54,7 @@ void ReadOffsets(Reader& r, const std::string&) {
   DesignState& s = r.s;
   for (int i = 0; i <= 6; ++i) {
     const Number offset = s.Read(s.gTagFields(i + 1));
-    s.txtAdjust(i) = s.InInches() ? offset.as("##0.00"_mask) : offset.as("##0.0"_mask);
+    s.txtAdjust(i) = s.InInches() ? offset.as(mask::kOffset) : offset.as(mask::kOffsetMM);
   }
 }
 
@@ -109,11 +110,11 @@ constexpr Tag kTags[] = {
 
 void FillPart(DesignState& s, const FourAxisHeld& held) {
   s.txtNumberOfLayers(1).CopyFrom(s.Number_of_Layers);
-  s.txtLengthTotal(1) = s.Length_Total.through("##.00"_mask);
+  s.txtLengthTotal(1) = s.Length_Total.through(mask::kOpenedLength);
   FillBand(s, 1);
   const auto masked = [&s](const std::string& text) {
-    return s.InInches() ? FormatNumberText(s.signs, text, "##0.000"_mask)
-                        : FormatNumberText(s.signs, text, "##0.0"_mask);
+    return s.InInches() ? FormatNumberText(s.signs, text, mask::kOpenedDiameter)
+                        : FormatNumberText(s.signs, text, mask::kOpenedDiameterMM);
   };
   s.txtDia(0) = masked(held.diameter[0]);
   s.txtDia(1) = masked(held.diameter[1]);
@@ -141,8 +142,8 @@ void FillRows(DesignState& s) {
     s.cmb3D(i) = table(i, 1);
     s.chkPause(i) = Whole(s.Read(table(i, 2))).plain();
     if (s.cmb3D(i).text() == "2AX") continue;
-    s.lblRPM(i) = FormatNumberText(s.signs, table(i, 3), "##0.00"_mask);
-    s.lblcSpeed(i) = FormatNumberText(s.signs, table(i, 4), "##0.00"_mask);
+    s.lblRPM(i) = FormatNumberText(s.signs, table(i, 3), mask::kFourAxisSpeed);
+    s.lblcSpeed(i) = FormatNumberText(s.signs, table(i, 4), mask::kFourAxisSpeed);
   }
   s.frmMain.SetCaption("Torvane Designer ");
   for (int i = 1; i <= RowsOf(s.txtNumberOfLayers(1)); ++i) s.cmbPattern(i) = table(i, 5);

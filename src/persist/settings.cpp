@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "design/masks.h"
 #include "design/units.h"
 #include "text/text.h"
 
@@ -208,15 +209,15 @@ void DefaultClasses(DesignState& s) {
   if (s.iMaxMandrelRPM[0] != 0) return;
   constexpr std::array<double, 3> kShares = {0.3, 0.6, 0.9};
   for (std::size_t i = 0; i < kShares.size(); ++i) {
-    const std::string text = FormatNumberText(s.signs, s.mMaxRPM * kShares[i], "#00"_mask);
+    const std::string text = FormatNumberText(s.signs, s.mMaxRPM * kShares[i], mask::kSpeedClass);
     s.iMaxMandrelRPM[i] = s.Read(text).value();
   }
 }
 
 // The millimetre twins of two choices, from the stored text as it stands.
 void FillTwins(DesignState& s) {
-  s.txtHGSpeedMM = (number(s.txtHGSpeed) * kMillimetresPerInch).as("##0.0"_mask);
-  s.txtHSTWidthMM = (number(s.txtHSTWidth) * kMillimetresPerInch).as("##0.0"_mask);
+  s.txtHGSpeedMM = (number(s.txtHGSpeed) * kMillimetresPerInch).as(mask::kStoredTwinMM);
+  s.txtHSTWidthMM = (number(s.txtHSTWidth) * kMillimetresPerInch).as(mask::kStoredTwinMM);
 }
 
 // A store may come from a computer with the other decimal sign. Where an inch field changes so, its twin

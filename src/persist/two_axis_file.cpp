@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "calc/two_axis.h"
+#include "design/masks.h"
 #include "design/reset.h"
 #include "persist/design_file.h"
 #include "persist/tagged_text.h"
@@ -106,22 +107,19 @@ struct ListColumn {
   int stop = 0;
 };
 
-constexpr Mask kOneDecimal = "##.0"_mask;
-constexpr Mask kTwoDecimals = "##.00"_mask;
-
 constexpr ListColumn kListColumns[] = {
-    {&TwoAxisLists::Winding_Angles, 1, &kOneDecimal},
-    {&TwoAxisLists::Winding_Right_Offsets, 2, &kTwoDecimals},
-    {&TwoAxisLists::Winding_Left_Offsets, 3, &kTwoDecimals},
-    {&TwoAxisLists::Winding_Right_Coord, 2, &kTwoDecimals, &Fields::gRightStopText, 1},
-    {&TwoAxisLists::Winding_Left_Coord, 3, &kTwoDecimals, &Fields::gLeftStopText, 0},
-    {&TwoAxisLists::Winding_Speed, 4, &kTwoDecimals},
+    {&TwoAxisLists::Winding_Angles, 1, &mask::kAngle},
+    {&TwoAxisLists::Winding_Right_Offsets, 2, &mask::kCell},
+    {&TwoAxisLists::Winding_Left_Offsets, 3, &mask::kCell},
+    {&TwoAxisLists::Winding_Right_Coord, 2, &mask::kCell, &Fields::gRightStopText, 1},
+    {&TwoAxisLists::Winding_Left_Coord, 3, &mask::kCell, &Fields::gLeftStopText, 0},
+    {&TwoAxisLists::Winding_Speed, 4, &mask::kCell},
     {&TwoAxisLists::Winding_Method, 5, nullptr},
     {&TwoAxisLists::Layer_Type, 12, nullptr},
     {&TwoAxisLists::Skip_Width, 6, nullptr},
     {&TwoAxisLists::Add_Revs, 10, nullptr},
-    {&TwoAxisLists::Mandrel_RPM, 7, &kOneDecimal},
-    {&TwoAxisLists::Carriage_Speeds, 8, &kTwoDecimals},
+    {&TwoAxisLists::Mandrel_RPM, 7, &mask::kAngle},
+    {&TwoAxisLists::Carriage_Speeds, 8, &mask::kCell},
 };
 
 void FillLayerTable(DesignState& s, const TwoAxisLists& lists) {
@@ -142,9 +140,9 @@ void FillLayerTable(DesignState& s, const TwoAxisLists& lists) {
 
 void FillPart(DesignState& s) {
   s.txtNumberOfLayers(0).CopyFrom(s.Number_of_Layers);
-  s.txtDiameterLeft = s.Diameter_Left.through("##0.000"_mask);
-  s.txtDiameterRight = s.Diameter_Right.through("##0.000"_mask);
-  s.txtLengthTotal(0) = s.Length_Total.through("##.00"_mask);
+  s.txtDiameterLeft = s.Diameter_Left.through(mask::kOpenedDiameter);
+  s.txtDiameterRight = s.Diameter_Right.through(mask::kOpenedDiameter);
+  s.txtLengthTotal(0) = s.Length_Total.through(mask::kOpenedLength);
   s.txtZ2(2).CopyFrom(s.Length_Total);
   FillBand(s, 0);
 }
@@ -158,7 +156,7 @@ void FillRows(DesignState& s) {
     s.cmbSpeed(i) = table(i, 4);
     s.cmbMethod(i) = table(i, 5);
     s.txtMRPM(i) = table(i, 7);
-    s.txtCarriageSpeed(i) = FormatNumberText(s.signs, table(i, 8), "#0.00"_mask);
+    s.txtCarriageSpeed(i) = FormatNumberText(s.signs, table(i, 8), mask::kCarriageSpeed);
     s.txtAddRevs(i) = table(i, 10);
     s.cmb2AxisLayerType(i) = table(i, 12).empty() ? "REG" : UpperCase(table(i, 12));
   }

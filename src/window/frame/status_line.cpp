@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QPainter>
 
+#include "design/masks.h"
 #include "look/text.h"
 #include "text/number_text.h"
 #include "window/field/field_widgets.h"
@@ -50,7 +51,9 @@ void StatusLine::Describe(const QString& name, const QString& sentence) {
 QString StatusLine::Limits() const {
   const DesignState& s = desk_.station.s;
   const QString dot = QStringLiteral("  ") + QChar(0xB7) + QStringLiteral("  ");
-  const auto limit = [&s](double value) { return Shown(FormatNumberText(s.signs, value, "##0.0"_mask)); };
+  const auto limit = [&s](double value) {
+    return Shown(FormatNumberText(s.signs, value, mask::kMandrelSpeed));
+  };
   return QStringLiteral("Mandrel up to ") + limit(s.mMaxRPM) + QStringLiteral(" RPM") + dot +
          QStringLiteral("carriage up to ") + limit(s.cMaxSpeed) + QStringLiteral(" in/s") + dot;
 }

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "design/masks.h"
 #include "look/paint.h"
 #include "look/text.h"
 #include "text/number_text.h"
@@ -87,8 +88,9 @@ void PolarPanel::PaintFigures(QPainter& p) const {
   if (view.measures) {
     groups = QString::number(view.measures->groups);
     circuits = QString::number(view.measures->circuits);
-    turn = Shown(FormatNumberText(desk_.station.s.signs, view.measures->traverseRotation, "###.0"_mask) +
-                 " \xB0");
+    turn =
+        Shown(FormatNumberText(desk_.station.s.signs, view.measures->traverseRotation, mask::kGrazingAngle) +
+              " \xB0");
   }
   const std::pair<const char*, QString> figures[kFigures] = {
       {"Groups:", groups}, {"Circuits per Group:", circuits}, {"Phi Len:", turn}, {"End Grazing Angle:", {}}};
