@@ -43,7 +43,7 @@ below src/design/fields.h '// Part, two axes.' '  Field txtResinBatch;'
 below src/design/catalogue.cpp '// Part, two axes' \
   '    {"txtResinBatch", &Fields::txtResinBatch, Kind::Text, UsedBy::Both, {}, "", {"Resin batch", "Number of the resin that the part is wound with."}},'
 below docs/window-names.md '| `txtSplitAngle` |' '| `txtResinBatch` |  | `frmMain` | made up | no place |'
-below src/workbench/part/input_checks.cpp 'constexpr Operation kOperations[] = {' \
+below src/workbench/part/part_fields.cpp 'constexpr Operation kOperations[] = {' \
   '    {"txtResinBatch", Event::Key, txtResinBatch_Key},'
 
 section "A setting"
@@ -70,7 +70,7 @@ above src/workbench/station/messages.h '}  // namespace messages' \
   'inline constexpr StationMessage kResinBatch = {
     9901, {.okOnly = true, .offer = true}, "A batch is a number from 1 on"};
 '
-above src/workbench/part/input_checks.cpp 'constexpr Operation kOperations[] = {' \
+above src/workbench/part/part_fields.cpp 'constexpr Operation kOperations[] = {' \
   'void txtResinBatch_Key(Station& station, int) {
   station.s.gDirty = true;
   if (!holds(number(station.s.txtResinBatch) >= 1))

@@ -11,6 +11,7 @@
 #include "text/text.h"
 #include "workbench/document/design_commands.h"
 #include "workbench/document/startup.h"
+#include "workbench/schedule/grids.h"
 
 namespace torvane {
 
@@ -58,7 +59,7 @@ OpenedDesign::OpenedDesign(Computer& computer, const std::string& design)
   Form_Load(*station);
   ShowAxisDisplay(station->s, !IsTwoAxisEnding(ending));
   computer.stage.clock.Advance(kPastStartGuard);
-  station->Run("Form", Event::Click);
+  ClickBesideGrids(*station);
   if (OpenDesign(*station, path.value()) != Opened::Whole) {
     Complain(design + ": not read");
     return;

@@ -261,7 +261,7 @@ void Script::Wait(const std::string& rest) {
   StagedClock& clock = stage_.clock;
   const Moment end = clock.Now() + std::chrono::milliseconds(milliseconds);
   while (station_) {
-    const auto next = station_->NextTick();
+    const auto next = station_->timers.NextTick();
     if (!next || *next > end) break;
     clock.Set(*next);
     station_->Tick();

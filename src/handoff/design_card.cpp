@@ -12,6 +12,7 @@
 #include "text/text.h"
 #include "workbench/document/design_commands.h"
 #include "workbench/document/startup.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/schedule/totals.h"
 #include "workbench/station/layer_count.h"
 
@@ -102,7 +103,7 @@ std::optional<DesignCard> ReadDesignCard(const Platform& computer, const std::st
   station.started -= std::chrono::minutes(1);
   DesignState& s = station.s;
   ShowAxisDisplay(s, *family == Family::FourAxes);
-  station.Run("Form", Event::Click);
+  ClickBesideGrids(station);
   if (OpenDesign(station, path) != Opened::Whole) return std::nullopt;
   DesignCard card;
   card.family = *family;

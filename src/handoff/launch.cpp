@@ -1,5 +1,6 @@
 #include "handoff/launch.h"
 
+#include "design/masks.h"
 #include "gcode/session.h"
 #include "handoff/executor.h"
 #include "handoff/jog.h"
@@ -7,6 +8,8 @@
 #include "workbench/build/checklist.h"
 #include "workbench/dialog/settings_dialog.h"
 #include "workbench/document/design_commands.h"
+#include "workbench/part/operations.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/station/messages.h"
 
 namespace torvane {
@@ -46,7 +49,7 @@ bool RaiseSmallAngles(Station& station) {
     if (!holds(angle < kLeastAngle)) continue;
     ShowMessageDialog(station, messages::kFlatAngle);
     // In the computer's sign: "25.0" would read as 250 where the comma is the decimal sign.
-    s.txtWA(layer) = Number(kLeastAngle).as("##.0"_mask);
+    s.txtWA(layer) = Number(kLeastAngle).as(mask::kAngle);
     s.gDirty = true;
     s.focus = &s.txtWA(layer);
   }
@@ -147,7 +150,7 @@ WholeStation::WholeStation(const Platform& computer) : Station(computer) {
 }
 
 std::vector<std::span<const Operation>> WholeStation::Tables() {
-  return {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), InputCheckOperations(),
+  return {TwoAxisGridOperations(), FourAxisGridOperations(), FourAxisRowOperations(), PartOperations(),
           ChecklistOperations(),   UnitOperations(),         EstimateOperations(),    DesignOperations(),
           WindowOperations(),      LaunchOperations(),       TraceOperations(),       JogOperations()};
 }

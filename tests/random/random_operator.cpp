@@ -296,7 +296,7 @@ void RandomOperator::TypeIntoField() {
 
 void RandomOperator::TypeIntoWindow() {
   if (station_->windows.empty()) return RunOperation();
-  const bool machine = station_->windows.back()->name() == "frmMachine";
+  const bool machine = station_->windows.Top().name() == "frmMachine";
   const std::string name(machine ? OneOf(MachineLines()).field : OneOf(kWindowFields));
   Field* field = station_->FindField(name);
   if (field == nullptr) return;
@@ -430,7 +430,7 @@ void RandomOperator::Wait() {
   doing_ = "wait " + std::to_string(time.count());
   const Moment end = stage_.clock.Now() + time;
   for (int ticks = 0; ticks < kMostTicks; ++ticks) {
-    const auto next = station_->NextTick();
+    const auto next = station_->timers.NextTick();
     if (!next || *next > end) break;
     stage_.clock.Set(std::max(*next, stage_.clock.Now()));
     station_->Tick();

@@ -138,7 +138,8 @@ void AtHand::WhatCanBeReachedHasAnOperatorsName() {
     desktop.program->binder().Run(command);
     QVERIFY(desktop.DialogOf(window) != nullptr);
     check(*desktop.DialogOf(window));
-    desktop.program->binder().Do([&] { desktop.station().Close(*desktop.station().OpenWindow(window)); });
+    desktop.program->binder().Do(
+        [&] { desktop.station().windows.Close(*desktop.station().windows.Find(window)); });
   }
 }
 

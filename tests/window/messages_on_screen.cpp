@@ -252,7 +252,7 @@ void MessagesOnScreen::EachIsShownAsAsked() {
   QVERIFY(seen.onTop);
   QVERIFY(!station.s().gMsgAnswer);
   // Its number is the key that silences it.
-  if (message.name == std::string("mandrel speed") || station.station().OpenWindow("frmSettings")) return;
+  if (message.name == std::string("mandrel speed") || station.station().windows.Find("frmSettings")) return;
   station.stage.store.Write("Settings", "MSG" + std::to_string(message.number), "True");
   const Seen again(Qt::Key_Escape);
   message.trigger(station);
@@ -346,11 +346,11 @@ void MessagesOnScreen::FieldsBlinkBehindTheirMessage() {
   DesignState& s = station.s();
   s.chkHeatGunApp = "1";
   s.txtHGSpeed = "10.01";
-  station.station().tmrBlink.interval = std::chrono::milliseconds(1);
+  station.station().timers.tmrBlink.interval = std::chrono::milliseconds(1);
   bool marked = false;
   WhenShown<MessageWindow>([&](MessageWindow& message) {
     for (int look = 0; look < 500 && !marked; ++look) {
-      station.stage.clock.Advance(station.station().tmrBlink.interval);
+      station.stage.clock.Advance(station.station().timers.tmrBlink.interval);
       QTest::qWait(2);
       marked = s.txtHGSpeed.mark() == Mark::TooHigh;
     }

@@ -16,6 +16,7 @@
 #include "workbench/dialog/machine_dialog.h"
 #include "workbench/dialog/preview.h"
 #include "workbench/document/design_commands.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/schedule/row_menu.h"
 
 namespace torvane {

@@ -44,7 +44,7 @@ WindowOnStage::WindowOnStage(const StoreEntries& entries, MessageDialog* message
 }
 
 QWidget* WindowOnStage::DialogOf(const char* name) const {
-  const Window* open = program->station().OpenWindow(name);
+  const Window* open = program->station().windows.Find(name);
   return open == nullptr ? nullptr : program->dialogs().DialogOf(*open);
 }
 

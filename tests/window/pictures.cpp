@@ -79,9 +79,10 @@ class Pictures {
     const qreal scale = window.devicePixelRatioF();
     const QString end = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
     window.grab().save(folder_ + "/" + name + end + ".png");
-    for (const auto& open : program.station().windows)
-      if (QWidget* dialog = program.dialogs().DialogOf(*open))
-        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(open->name().data()) + end +
+    const OpenWindows& windows = program.station().windows;
+    for (std::size_t i = 0; i < windows.size(); ++i)
+      if (QWidget* dialog = program.dialogs().DialogOf(windows[i]))
+        dialog->grab().save(folder_ + "/" + name + "-" + QString::fromLatin1(windows[i].name().data()) + end +
                             ".png");
     std::printf("%s.png\n", qPrintable(name));
   }

@@ -34,7 +34,8 @@ class Preview : public WindowOnStage {
 
   // Lets the next timers of the drawing run out; false once none is left.
   bool Step() {
-    const auto due = station().tmrStartDraw.due ? station().tmrStartDraw.due : station().tmrDraw.due;
+    const auto due =
+        station().timers.tmrStartDraw.due ? station().timers.tmrStartDraw.due : station().timers.tmrDraw.due;
     if (!due) return false;
     stage.clock.Set(*due);
     program->binder().Do([this] { station().Tick(); });
@@ -99,7 +100,7 @@ void PreviewOnScreen::IsClosedInMidDrawing() {
     else
       QTest::mouseClick(preview.Part("btnClose"), Qt::LeftButton);
     QVERIFY(preview.DialogOf("frmPolar") == nullptr);
-    QVERIFY(!preview.station().tmrDraw.due);
+    QVERIFY(!preview.station().timers.tmrDraw.due);
     QVERIFY(!preview.Step());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(preview.window().isVisible());
@@ -135,7 +136,7 @@ void PreviewOnScreen::SpeedIsChosenByKeysAndKept() {
   QCOMPARE(preview.stage.store.Read("Settings", "cmbSpeed").value_or(""), std::string("4x"));
   preview.Step();
   preview.Step();
-  QCOMPARE(preview.station().tmrDraw.interval.count(), 10);
+  QCOMPARE(preview.station().timers.tmrDraw.interval.count(), 10);
 }
 
 void PreviewOnScreen::TellsWhereThePointerStands() {

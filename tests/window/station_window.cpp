@@ -63,7 +63,7 @@ void StationWindow::OffsetQuestionOpensTheSettings() {
   QCOMPARE(opened.stage.messageDialog.shown.size(), std::size_t{1});
   QCOMPARE(opened.stage.messageDialog.shown.front().number, 33);
   Station& station = opened.station();
-  Window* settings = station.OpenWindow("frmSettings");
+  Window* settings = station.windows.Find("frmSettings");
   QVERIFY(settings != nullptr);
   QWidget* dialog = opened.program->dialogs().DialogOf(*settings);
   QVERIFY(dialog != nullptr && dialog->isVisible());
@@ -73,7 +73,7 @@ void StationWindow::OffsetQuestionOpensTheSettings() {
   QTest::qWait(20);
   QCOMPARE(dialog->findChild<QLineEdit*>(QStringLiteral("Text2"))->text(), QStringLiteral("63.50"));
   QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("btnOK")), Qt::LeftButton);
-  QVERIFY(station.OpenWindow("frmSettings") == nullptr);
+  QVERIFY(station.windows.Find("frmSettings") == nullptr);
   QCOMPARE(station.s.gCarriageOffsetFromRMPFace.text(), std::string("2.5"));
 }
 

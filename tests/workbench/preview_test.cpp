@@ -7,6 +7,7 @@
 
 #include "support/station_on_stage.h"
 #include "workbench/dialog/picture_file.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/schedule/row_menu.h"
 
 namespace torvane {
@@ -49,8 +50,9 @@ TEST(PreviewTest, CountsItsPassesFromTheFirstToTheLast) {
   EXPECT_EQ(PassesDrawn(station).all, 0) << "no preview is open";
   ShowPreviewOfRow(station, 1);
   int steps = 0;
-  for (; steps < 100 && (station.tmrStartDraw.due || station.tmrDraw.due); ++steps) {
-    onStage.stage.clock.Set(*(station.tmrStartDraw.due ? station.tmrStartDraw.due : station.tmrDraw.due));
+  for (; steps < 100 && (station.timers.tmrStartDraw.due || station.timers.tmrDraw.due); ++steps) {
+    onStage.stage.clock.Set(
+        *(station.timers.tmrStartDraw.due ? station.timers.tmrStartDraw.due : station.timers.tmrDraw.due));
     station.Tick();
     if (steps == 0) {
       EXPECT_EQ(PassesDrawn(station).drawn, 1);

@@ -124,7 +124,7 @@ TEST_F(SettingsDialogTest, ComesUpOnTheTabLastLookedAt) {
 }
 
 TEST_F(SettingsDialogTest, HoldsTheOtherWindowsUnlessTheOffsetHasToBeMeasuredFirst) {
-  const auto modal = [&] { return station.OpenWindow("frmSettings")->modal(); };
+  const auto modal = [&] { return station.windows.Find("frmSettings")->modal(); };
   EXPECT_TRUE(modal());
   for (const char* opener : {"mnuSpeeds", "Label9", "Label10", "Command3"}) {
     Close("btnCancel");
@@ -162,14 +162,14 @@ TEST_F(SettingsDialogTest, AKeyThatLeavesTheOffsetAsItWasConfirmsIt) {
 }
 
 TEST_F(SettingsDialogTest, EachOfTwoWindowsRunsItsOwnButtons) {
-  Window& settings = *station.OpenWindow("frmSettings");
+  Window& settings = *station.windows.Find("frmSettings");
   station.Run("mnuMachine", Event::Click);
-  ASSERT_EQ(station.windows.back()->name(), "frmMachine");
+  ASSERT_EQ(station.windows.Top().name(), "frmMachine");
   station.RunIn(settings, "btnCancel", Event::Click);
-  EXPECT_EQ(station.OpenWindow("frmSettings"), nullptr);
-  ASSERT_NE(station.OpenWindow("frmMachine"), nullptr);
+  EXPECT_EQ(station.windows.Find("frmSettings"), nullptr);
+  ASSERT_NE(station.windows.Find("frmMachine"), nullptr);
   // What a window does not have is the main window's.
-  station.RunIn(*station.OpenWindow("frmMachine"), "mnu4Axis", Event::Click);
+  station.RunIn(*station.windows.Find("frmMachine"), "mnu4Axis", Event::Click);
   EXPECT_TRUE(station.s.gShow4Axis);
 }
 

@@ -254,7 +254,7 @@ class PreviewDialog : public StationDialog {
     row->addWidget(Figure(field, 24));
     auto* of = new Word(desk_, {}, 15, Token::Second);
     desk_.binder.BindAll(of, [this, of, last] {
-      if (desk_.station.OpenWindow("frmPolar") == &window_ && !Of(last).empty())
+      if (desk_.station.windows.Hold(&window_) && !Of(last).empty())
         of->SetText(QStringLiteral("of ") + Shown(Of(last).text()));
     });
     row->addWidget(of, 0, Qt::AlignBottom);
@@ -333,7 +333,7 @@ class PreviewDialog : public StationDialog {
 
   // The pair shows what runs: the button that can be pressed is the filled one.
   void Follow() {
-    if (desk_.station.OpenWindow("frmPolar") != &window_) return;
+    if (!desk_.station.windows.Hold(&window_)) return;
     pause_->SetFilled(Of("btnPause").enabled());
     play_->SetFilled(Of("btnPlay").enabled());
     progress_->Show(PassesDrawn(desk_.station));

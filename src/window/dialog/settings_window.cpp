@@ -193,7 +193,7 @@ class SettingsWindow : public StationDialog {
 
  private:
   void Follow() {
-    if (desk_.station.OpenWindow("frmSettings") != &window_) return;
+    if (!desk_.station.windows.Hold(&window_)) return;
     for (int tab = 0; tab <= 3; ++tab) {
       if (!Of(kPanels[tab]).shown() || tab == pages_->currentIndex()) continue;
       pages_->setCurrentIndex(tab);
@@ -310,7 +310,7 @@ class PictureWindow : public StationDialog {
  protected:
   const char* Leaving() const override { return ""; }
   void reject() override {
-    desk_.binder.Do([this] { desk_.station.Close(window_); });
+    desk_.binder.Do([this] { desk_.station.windows.Close(window_); });
   }
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);

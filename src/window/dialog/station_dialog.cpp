@@ -35,11 +35,11 @@ void StationDialog::FillFoot(QWidget* bar, const std::vector<Button*>& left) {
 }
 
 DialogHost::DialogHost(Desk desk, QWidget* parent) : desk_(desk), parent_(parent) {
-  desk.station.windowCloses = [this](const Window& window) { Drop(window); };
+  desk.station.windows.closes = [this](const Window& window) { Drop(window); };
   desk.binder.BindAll(this, [this] { Follow(); });
 }
 
-DialogHost::~DialogHost() { desk_.station.windowCloses = nullptr; }
+DialogHost::~DialogHost() { desk_.station.windows.closes = nullptr; }
 
 QWidget* DialogHost::DialogOf(const Window& window) const {
   const auto found = dialogs_.find(&window);
@@ -58,7 +58,7 @@ void DialogHost::Drop(const Window& window) {
 
 void DialogHost::Follow() {
   for (std::size_t i = 0; i < desk_.station.windows.size(); ++i) {
-    Window& window = *desk_.station.windows[i];
+    Window& window = desk_.station.windows[i];
     if (dialogs_.contains(&window)) continue;
     const Desk desk{desk_.station, desk_.binder, desk_.theme, &window};
     QWidget* made = nullptr;
@@ -68,7 +68,7 @@ void DialogHost::Follow() {
     if (window.name() == "frmMachine") made = MakeMachineWindow(desk, window, parent_);
     if (window.name() == "frmPolar") made = MakePreviewWindow(desk, window, parent_);
     if (made == nullptr) {
-      desk_.station.Close(window);
+      desk_.station.windows.Close(window);
       return;
     }
     // What opens over a modal window would be blocked by it, so it is modal in its turn.

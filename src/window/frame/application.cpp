@@ -44,7 +44,7 @@ WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
   connect(&timer_, &QTimer::timeout, this, [this] { LetTick(); });
   opening_.setSingleShot(true);
   connect(&opening_, &QTimer::timeout, this, [this] { OpenWaiting(); });
-  station_.timerStarts = [this] { WindClock(); };
+  station_.timers.starts = [this] { WindClock(); };
   splash_ = std::make_unique<Splash>(desk());
   Form_Load(station_);
   live_ = std::make_unique<LiveWatch>(station_, binder_);
@@ -65,7 +65,7 @@ void WindowProgram::LetTick() {
 }
 
 void WindowProgram::WindClock() {
-  const auto next = station_.NextTick();
+  const auto next = station_.timers.NextTick();
   if (!next) return timer_.stop();
   const auto wait = (*next - station_.platform.clock.Now()).count();
   timer_.start(static_cast<int>(std::clamp<long long>(wait, 0, 60'000)));

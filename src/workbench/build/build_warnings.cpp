@@ -4,6 +4,7 @@
 
 #include "calc/patterns.h"
 #include "design/catalogue.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "gcode/program.h"
 #include "gcode/session.h"
@@ -16,6 +17,8 @@
 namespace torvane {
 
 namespace {
+
+constexpr Mask kReach = "0.00"_mask;
 
 // No machine means such a number, and no dry run reads it.
 constexpr double kBeyondMachines = 1e13;
@@ -157,7 +160,8 @@ void Warnings::LookAtSpeeds(const Field& mandrel, const Field& carriage, int lay
     Warn(mandrel, "The mandrel would stand in layer " + std::to_string(layer), "Its speed is 0.");
   if (s_.mMaxRPM > 0 && holds(number(mandrel) > s_.mMaxRPM))
     Warn(mandrel, LayerName(layer) + " turns faster than the machine can",
-         "Its highest mandrel speed is " + FormatNumberText(s_.signs, s_.mMaxRPM, "##0.0"_mask) + " RPM.");
+         "Its highest mandrel speed is " + FormatNumberText(s_.signs, s_.mMaxRPM, mask::kMandrelSpeed) +
+             " RPM.");
   if (holds(number(carriage) <= 0))
     Warn(carriage, "The carriage would stand in layer " + std::to_string(layer), whyItStands);
 }
@@ -233,8 +237,7 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
   const Number home = left + shift, far = number(s_.Length_Total) - right + shift;
   const Number reach = !far.good() || holds(home > far) ? home : far;
   if (holds(reach > number(FarOf(s_, s_.txtZ2(0), s_.txtZ2(1)))))
-    Warn(method,
-         LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), "0.00"_mask),
+    Warn(method, LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), kReach),
          "Choose ms: carriage shift goes a band further with each pass, past the far stop.");
 }
 

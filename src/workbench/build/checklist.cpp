@@ -2,6 +2,7 @@
 #include "workbench/build/checklist.h"
 
 #include "design/catalogue.h"
+#include "design/masks.h"
 #include "persist/settings.h"
 #include "workbench/part/twins.h"
 #include "workbench/station/messages.h"
@@ -9,8 +10,6 @@
 namespace torvane {
 
 namespace {
-
-constexpr Mask kTwinMask = "##0.00"_mask;
 
 void Store(Station& station, std::string_view key, const Field& field) {
   SaveSetting(station.platform.store, kSettings, key, field.text());
@@ -49,7 +48,7 @@ void cmbPreWrapRPM_Click(Station& station, int i) {
 }
 
 void txtPreWrapAdvance_Change(Station& station, int i) {
-  MirrorInTwin(station, station.s.txtPreWrapAdvanceMM(i), station.s.txtPreWrapAdvance(i), kTwinMask);
+  MirrorInTwin(station, station.s.txtPreWrapAdvanceMM(i), station.s.txtPreWrapAdvance(i), mask::kWrapAdvance);
 }
 
 void txtPreWrapAdvance_Key(Station& station, int i) {
@@ -57,27 +56,28 @@ void txtPreWrapAdvance_Key(Station& station, int i) {
   Store(station, KeyOf("txtPreWrapAdvance", i), s.txtPreWrapAdvance(i));
   if (holds(number(s.txtPreWrapAdvance(i)) * number(s.cmbPreWrapRPM(i)) / 60 > s.cMaxSpeed))
     ShowMessageDialog(station, messages::kAdvanceBeyondCapability);
-  SetTwin(s.txtPreWrapAdvanceMM(i), s.txtPreWrapAdvance(i), kTwinMask);
+  SetTwin(s.txtPreWrapAdvanceMM(i), s.txtPreWrapAdvance(i), mask::kWrapAdvance);
 }
 
 void txtPreWrapAdvanceMM_Key(Station& station, int i) {
-  SetInchesFromTwin(station, station.s.txtPreWrapAdvance(i), station.s.txtPreWrapAdvanceMM(i), kTwinMask);
+  SetInchesFromTwin(station, station.s.txtPreWrapAdvance(i), station.s.txtPreWrapAdvanceMM(i),
+                    mask::kWrapAdvance);
 }
 
 template <Field Fields::*inches, Field Fields::*twin>
 void Inches_Change(Station& station, int) {
-  MirrorInTwin(station, station.s.*twin, station.s.*inches, kTwinMask);
+  MirrorInTwin(station, station.s.*twin, station.s.*inches, mask::kWrapAdvance);
 }
 
 template <Field Fields::*inches, Field Fields::*twin>
 void Inches_Key(Station& station, int) {
   StoreField<inches>(station, 0);
-  SetTwin(station.s.*twin, station.s.*inches, kTwinMask);
+  SetTwin(station.s.*twin, station.s.*inches, mask::kWrapAdvance);
 }
 
 template <Field Fields::*inches, Field Fields::*twin>
 void Twin_Key(Station& station, int) {
-  SetInchesFromTwin(station, station.s.*inches, station.s.*twin, kTwinMask);
+  SetInchesFromTwin(station, station.s.*inches, station.s.*twin, mask::kWrapAdvance);
 }
 
 // A value that seems too high above its limit, in the order of the checklist. The limit of a millimetre
@@ -103,9 +103,9 @@ void tmrBlink_Tick(Station& station, int) {
 }
 
 void AcceptValues(Station& station, int) {
-  if (!station.tmrBlink.due) return;
+  if (!station.timers.tmrBlink.due) return;
   for (const Limited& value : LimitedValues(station.s)) value.field.SetMark(Mark::Plain);
-  station.StopTimer(station.tmrBlink);
+  station.timers.Stop(station.timers.tmrBlink);
   station.gWrapValuesAccepted = true;
 }
 
@@ -158,7 +158,7 @@ bool CheckWrapHGValues(Station& station) {
     // The tape is looked at only behind the heat gun.
     const bool behindHeatGun = &value.field != &s.txtHSTWidth || s.chkHeatGunApp.checked();
     if (!value.chosen.checked() || !behindHeatGun || !value.TooHigh(s.InInches())) continue;
-    station.StartTimer(station.tmrBlink);
+    station.timers.Start(station.timers.tmrBlink);
     ShowMessageDialog(station, messages::kValuesSeemTooHigh);
     return true;
   }

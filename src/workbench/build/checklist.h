@@ -8,6 +8,8 @@ namespace torvane {
 // The second pre-wrap exists only behind the first.
 void LinkPreWraps(Station& station);
 
+std::span<const Operation> ChecklistOperations();
+
 // Starts the blinking and tells the operator if a value of a chosen finishing pass or pre-wrap seems too
 // high; true then.
 bool CheckWrapHGValues(Station& station);

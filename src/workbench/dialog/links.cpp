@@ -20,6 +20,6 @@ void OpenWebLink(Station& station, std::string_view url) {
   station.platform.launcher.OpenLink(complete ? std::string(url) : "http://" + std::string(url));
 }
 
-void OpenPicture(Station& station) { OpenOnce<PictureDialog>(station, "frmBigPic"); }
+void OpenPicture(Station& station) { station.windows.OpenOnce<PictureDialog>(station); }
 
 }  // namespace torvane

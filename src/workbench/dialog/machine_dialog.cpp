@@ -165,7 +165,7 @@ bool MachineDialog::Run(std::string_view control, Event event, int) {
     if (!CalibrationReads()) return true;
     TakeOver();
   }
-  station().Close(*this);
+  station().windows.Close(*this);
   return true;
 }
 
@@ -176,6 +176,6 @@ const std::vector<MachineLine>& MachineLines() {
   return lines;
 }
 
-void OpenMachine(Station& station) { OpenOnce<MachineDialog>(station, kName); }
+void OpenMachine(Station& station) { station.windows.OpenOnce<MachineDialog>(station); }
 
 }  // namespace torvane

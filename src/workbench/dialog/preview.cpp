@@ -6,6 +6,7 @@
 
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
+#include "design/masks.h"
 #include "persist/settings.h"
 #include "text/text.h"
 
@@ -41,6 +42,13 @@ constexpr WindowField kFields[] = {
     {"btnClose", Kind::Control, {"Close", "Closes the preview.", FieldUnit::None, "&Close"}},
 };
 
+// How the preview shows the pointer's place and the pattern.
+constexpr Mask kPoint = "####.0#"_mask;
+constexpr Mask kRadius = "0.00"_mask;
+constexpr Mask kTurn = "0.0"_mask;
+constexpr Mask kSplitAngle = "##0.0"_mask;
+constexpr Mask kCount = "#0"_mask;
+
 struct DrawSpeed {
   std::string_view speed;
   int afterPass, afterCircuit;  // milliseconds
@@ -65,30 +73,29 @@ class PreviewWindow : public Window {
     field("cmbSpeed").SetEntries({"1/2x", "1x", "2x", "4x"});
     field("cmbSpeed") = GetSetting(station().platform.store, kSettings, "cmbSpeed", "1x");
     field("btnPlay").Enable(false);
-    station().StartTimer(station().tmrStartDraw);
+    station().timers.Start(station().timers.tmrStartDraw);
   }
 
-  // What the end view shows; with the row's angles if a row was pressed.
-  void Describe(bool withAngles) {
+  void Describe(RowAngles angles) {
     const DesignState& s = station().s;
     field("lblPolarTag") = station().endView.pattern;
     field("lbllayerNo") = RowName(station().endView);
-    withAngles_ = withAngles;
-    if (!withAngles) return;
+    angles_ = angles;
+    if (angles == RowAngles::Left) return;
     const Field& split = s.cmbPhiSplit(station().endView.row);
     field("lblSplitAngle").CopyFrom(split);
     field("lblW").CopyFrom(s.cmbPhiW(station().endView.row));
-    const MaybeText tag = TextOf(s.signs, Degrees(s, split).as("##0.0"_mask));
+    const MaybeText tag = TextOf(s.signs, Degrees(s, split).as(kSplitAngle));
     splitAngle_ = tag.good ? s.Read(tag.text) : Number::Failure();
   }
 
   void ShowPointer(double x, double y) {
-    field("lblX") = Number(x).as("####.0#"_mask);
-    field("lblY") = Number(y).as("####.0#"_mask);
+    field("lblX") = Number(x).as(kPoint);
+    field("lblY") = Number(y).as(kPoint);
     const DesignState& s = station().s;
     const double turn = std::atan2(y, x) * 180 / std::numbers::pi;
-    field("lblRadius") = FormatNumberText(s.signs, std::hypot(x, y), "0.00"_mask) + " " + s.gUnits.text();
-    field("lblAngle") = FormatNumberText(s.signs, turn < 0 ? turn + 360 : turn, "0.0"_mask) + "\xB0";
+    field("lblRadius") = FormatNumberText(s.signs, std::hypot(x, y), kRadius) + " " + s.gUnits.text();
+    field("lblAngle") = FormatNumberText(s.signs, turn < 0 ? turn + 360 : turn, kTurn) + "\xB0";
   }
 
   DrawnPasses passesDrawn() const { return passes_; }
@@ -104,15 +111,15 @@ class PreviewWindow : public Window {
     else if (control == "btnRedraw")
       Begin();
     else if (control == "btnClose")
-      station().Close(*this);
+      station().windows.Close(*this);
     else
       return false;
     return true;
   }
 
   void Closing() override {
-    station().StopTimer(station().tmrStartDraw);
-    station().StopTimer(station().tmrDraw);
+    station().timers.Stop(station().timers.tmrStartDraw);
+    station().timers.Stop(station().timers.tmrDraw);
   }
 
  private:
@@ -132,9 +139,9 @@ class PreviewWindow : public Window {
       return;
     }
     const DrawSpeed& speed = SpeedOf(field("cmbSpeed").text());
-    station().tmrDraw.interval =
+    station().timers.tmrDraw.interval =
         std::chrono::milliseconds(waitsForCircuit_ ? speed.afterCircuit : speed.afterPass);
-    station().StartTimer(station().tmrDraw);
+    station().timers.Start(station().timers.tmrDraw);
   }
 
   bool Tick(std::string_view timer) {
@@ -154,7 +161,7 @@ class PreviewWindow : public Window {
   DrawnPasses passes_;
   std::optional<PolarWalk> walk_;
   Number splitAngle_ = Number::Failure();
-  bool withAngles_ = false;
+  RowAngles angles_ = RowAngles::Left;
   bool paused_ = false;
   bool held_ = false;             // it waits for PLAY
   bool closedCircuit_ = false;    // the pass drawn last
@@ -163,8 +170,8 @@ class PreviewWindow : public Window {
 
 void PreviewWindow::Begin() {
   DesignState& s = station().s;
-  station().StopTimer(station().tmrStartDraw);
-  station().StopTimer(station().tmrDraw);
+  station().timers.Stop(station().timers.tmrStartDraw);
+  station().timers.Stop(station().timers.tmrDraw);
   walk_.reset();
   held_ = false;
   picture_ = PolarBase(s);
@@ -173,16 +180,16 @@ void PreviewWindow::Begin() {
   // A redraw follows the end view where that has gone on to another pattern.
   if (view.row > 0 &&
       (field("lblPolarTag").text() != view.pattern || field("lbllayerNo").text() != RowName(view)))
-    Describe(withAngles_);
+    Describe(angles_);
   const std::string& tag = field("lblPolarTag").text();
   if (tag.empty()) return;
   const auto pattern = PolarPatternOf(s, SplitPatternFields(s, tag));
   if (!pattern) return;
   field("lblC") = Number(pattern->groups).plain();
   field("lblP") = Number(pattern->circuits).plain();
-  field("lblPhiL") = Number(pattern->traverseRotation).as("###.0"_mask);
+  field("lblPhiL") = Number(pattern->traverseRotation).as(mask::kGrazingAngle);
   const Number grazing = GrazingAngle(number(s.txtDia(0)), number(s.txtPODia(0)));
-  field("lblG") = FormatNumberText(s.signs, grazing.valueOr0(), "###.0"_mask) + " \xB0";
+  field("lblG") = FormatNumberText(s.signs, grazing.valueOr0(), mask::kGrazingAngle) + " \xB0";
   Append(picture_, PolarArcs(*pattern, splitAngle_));
   picture_.push_back(PolarFirstBand(*pattern));
   passes_.all = static_cast<int>(pattern->groups * pattern->circuits);
@@ -206,7 +213,7 @@ void PreviewWindow::DrawPass() {
 }
 
 void PreviewWindow::GoOn() {
-  station().StopTimer(station().tmrDraw);
+  station().timers.Stop(station().timers.tmrDraw);
   if (!walk_) return;
   if (closedCircuit_ && !waitsForCircuit_) {
     waitsForCircuit_ = true;
@@ -218,9 +225,8 @@ void PreviewWindow::GoOn() {
 
 PreviewWindow& OpenPreview(Station& station) {
   // A second press shows another pattern: the window begins anew.
-  if (Window* open = station.OpenWindow("frmPolar")) station.Close(*open);
-  station.windows.push_back(std::make_unique<PreviewWindow>(station));
-  return static_cast<PreviewWindow&>(*station.windows.back());
+  if (auto* const open = station.windows.Find<PreviewWindow>()) station.windows.Close(*open);
+  return station.windows.Open<PreviewWindow>(station);
 }
 
 bool IsTooLarge(Station& station) {
@@ -229,7 +235,7 @@ bool IsTooLarge(Station& station) {
   const Number passes = Int(s.Read(pattern.groups)) * Int(s.Read(pattern.circuits));
   if (!holds(passes > kMostPolarPasses)) return false;
   station.platform.messageBox.Show("Torvane Designer",
-                                   "A pattern of " + FormatNumberText(s.signs, passes.value(), "#0"_mask) +
+                                   "A pattern of " + FormatNumberText(s.signs, passes.value(), kCount) +
                                        " passes cannot be drawn. The preview draws 100000 passes at most.",
                                    BoxIcon::Information);
   return true;
@@ -275,42 +281,24 @@ void DrawPolarCircPattern(Station& station, int row) {
     SaveSetting(station.platform.store, kSettings, "strTRACE", PolarTraceHead(s) + "|" + trace);
 }
 
-void ShowPreview(Station& station) { OpenPreview(station).Describe(false); }
+void ShowPreview(Station& station, RowAngles angles) { OpenPreview(station).Describe(angles); }
 
 bool HasPreview(const DesignState& s, int row) {
   return s.btn4XRow(row).shown() && !IsHoopRow(s, row) && !s.cmbPattern(row).empty();
 }
 
-void ShowPreviewOfRow(Station& station, int row) {
-  DesignState& s = station.s;
-  // A row without its button is taken by its number, which opens nothing.
-  if (!s.btn4XRow(row).shown()) {
-    station.Run("lbl4xLayerNo", Event::Release, row);
-    return;
-  }
-  s.gPolarRow = row;
-  s.lblLayer = std::to_string(row);
-  station.Run("lbl4xLayerNo", Event::Release, row);
-  // The picture of another row stays, and its title with it.
-  if (IsHoopRow(s, row)) return;
-  NoteEndView(station, row, s.cmbPattern(row).text());
-  if (!HasPreview(s, row)) return;
-  DrawPolarCircPattern(station, row);
-  OpenPreview(station).Describe(true);
-}
-
 void ShowPointer(Station& station, double x, double y) {
-  if (Window* open = station.OpenWindow("frmPolar")) static_cast<PreviewWindow*>(open)->ShowPointer(x, y);
+  if (auto* const open = station.windows.Find<PreviewWindow>()) open->ShowPointer(x, y);
 }
 
 DrawnPasses PassesDrawn(const Station& station) {
-  const Window* open = station.OpenWindow("frmPolar");
-  return open != nullptr ? static_cast<const PreviewWindow*>(open)->passesDrawn() : DrawnPasses{};
+  const auto* const open = station.windows.Find<PreviewWindow>();
+  return open != nullptr ? open->passesDrawn() : DrawnPasses{};
 }
 
 const std::vector<PolarFigure>& LastDrawing(const Station& station) {
-  const Window* open = station.OpenWindow("frmPolar");
-  return open != nullptr ? static_cast<const PreviewWindow*>(open)->picture() : station.endView.picture;
+  const auto* const open = station.windows.Find<PreviewWindow>();
+  return open != nullptr ? open->picture() : station.endView.picture;
 }
 
 }  // namespace torvane

@@ -15,11 +15,9 @@ void DrawPolarCircPattern(Station& station, int row);
 // Whether a four-axis row can be previewed: it is no hoop, and its pattern's cell is not empty.
 bool HasPreview(const DesignState& s, int row);
 
-// A press of a row's button: selects it and shows its preview, if it has one.
-void ShowPreviewOfRow(Station& station, int row);
-
-// Opens the preview of the pattern that the end view shows.
-void ShowPreview(Station& station);
+// Opens the preview of the pattern that the end view shows; with the row's angles where a row was pressed.
+enum class RowAngles : bool { Left, Shown };
+void ShowPreview(Station& station, RowAngles angles = RowAngles::Left);
 
 // The pointer stands at a point of the preview's picture, in the picture's units. Shows the point, and how
 // far from the axis and at which angle of the mandrel it lies.

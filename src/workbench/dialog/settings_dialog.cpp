@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "calc/two_axis.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "persist/settings.h"
 #include "text/text.h"
@@ -14,7 +15,6 @@ namespace torvane {
 
 namespace {
 
-constexpr Mask kTwoDecimals = "##0.00"_mask;
 constexpr IndexSet kClasses = {0, 2, false};
 constexpr IndexSet kTabs = {0, 3, false};
 
@@ -136,9 +136,9 @@ void SettingsDialog::Load() {
   constexpr const char* kTabCaptions[] = {"General", "2-Axis", "4-Axis", "Speeds"};
   for (int i = 0; i <= kTabs.last; ++i) field(At("lblTab", i)).SetCaption(kTabCaptions[i]);
   ShowTab(0);
-  field("lblcMaxSpeed") = Number(state.cMaxSpeed).as("#0.0"_mask);
-  field("lblcMaxSpeedMM") = (Number(state.cMaxSpeed) * kMillimetresPerInch).as("###0.00"_mask);
-  field("lblmMaxRPM") = Number(state.mMaxRPM).as("##0.0"_mask);
+  field("lblcMaxSpeed") = Number(state.cMaxSpeed).as(mask::kFastestCarriage);
+  field("lblcMaxSpeedMM") = (Number(state.cMaxSpeed) * kMillimetresPerInch).as(mask::kFastestCarriageMM);
+  field("lblmMaxRPM") = Number(state.mMaxRPM).as(mask::kMandrelSpeed);
   field("lblmMaxRPMMM").CopyFrom(field("lblmMaxRPM"));
   for (int i = 0; i <= kClasses.last; ++i) {
     field(At("txtcSpeed", i)) = Number(state.iMaxCarriageSpeeds[static_cast<std::size_t>(i)]).plain();
@@ -185,7 +185,7 @@ void SettingsDialog::ChangeSetting(Held& held) {
     changed = EqualNoCase(changed.text(), "n") ? "N" : "Y";
   held.pending = changed.text();
   if (!line.twin.empty() && s().gMirrorOnChange)
-    field(line.twin) = (number(changed) * kMillimetresPerInch).as(kTwoDecimals);
+    field(line.twin) = (number(changed) * kMillimetresPerInch).as(mask::kLimit);
   if (line.entry == Entry::Offset) field("Text3").CopyFrom(changed);
 }
 
@@ -205,7 +205,7 @@ bool SettingsDialog::Change(std::string_view name, int index) {
   if (speed.good()) classes[static_cast<std::size_t>(index)] = speed.value();
   if (s().gMirrorOnChange)
     field(At(carriage ? "txtcSpeedmm" : "txtmSpeedmm", index)) =
-        (speed * (carriage ? kMillimetresPerInch : 1)).as(kTwoDecimals);
+        (speed * (carriage ? kMillimetresPerInch : 1)).as(mask::kLimit);
   return true;
 }
 
@@ -216,7 +216,7 @@ void SettingsDialog::KeyInSetting(Held& held) {
       typed = station().lastKey == 'Y' || station().lastKey == 'y' ? "Y" : "N";
       break;
     case Entry::Inches:
-      field(held.line().twin) = (number(typed) * kMillimetresPerInch).as(kTwoDecimals);
+      field(held.line().twin) = (number(typed) * kMillimetresPerInch).as(mask::kLimit);
       break;
     case Entry::Offset:
       OffsetKey(typed, true);
@@ -238,8 +238,8 @@ void SettingsDialog::KeyInSetting(Held& held) {
 // A key in any of the offset's four fields brings the other three in step and confirms the offset.
 void SettingsDialog::OffsetKey(const Field& typed, bool inches) {
   const std::string& text = typed.text();
-  const Masked millimetres = (s().Read(text) * kMillimetresPerInch).as(kTwoDecimals);
-  const Masked inInches = (s().Read(text) / kMillimetresPerInch).as(kTwoDecimals);
+  const Masked millimetres = (s().Read(text) * kMillimetresPerInch).as(mask::kLimit);
+  const Masked inInches = (s().Read(text) / kMillimetresPerInch).as(mask::kLimit);
   for (std::size_t i = 0; i < 2; ++i) {
     if (inches) {
       field(kOffsetInches[i]) = text;
@@ -258,7 +258,7 @@ void SettingsDialog::SpeedKey(int index, std::string_view name, std::string_view
   if (!field(limit).empty() && holds(number(typed) > number(field(limit))) &&
       ShowMessageDialog(station(), messages::kSpeedBeyondCapability, NumberToText(s().signs, s().cMaxSpeed)))
     return;
-  field(At(twin, index)) = (number(typed) * factor).as(kTwoDecimals);
+  field(At(twin, index)) = (number(typed) * factor).as(mask::kLimit);
 }
 
 bool SettingsDialog::Key(std::string_view name, int index) {
@@ -269,7 +269,7 @@ bool SettingsDialog::Key(std::string_view name, int index) {
       return true;
     }
     if (line.twin == name && line.entry == Entry::Inches) {
-      field(line.field) = (number(field(name)) / kMillimetresPerInch).as(kTwoDecimals);
+      field(line.field) = (number(field(name)) / kMillimetresPerInch).as(mask::kLimit);
       return true;
     }
   }
@@ -278,8 +278,8 @@ bool SettingsDialog::Key(std::string_view name, int index) {
   if (name == "txtcSpeed") SpeedKey(index, name, "txtcSpeedmm", kMillimetresPerInch, "lblcMaxSpeed");
   if (name == "txtmSpeed") SpeedKey(index, name, "txtmSpeedmm", 1, "lblmMaxRPM");
   if (name == "txtcSpeedmm")
-    field(At("txtcSpeed", index)) = (number(field(At(name, index))) / kMillimetresPerInch).as(kTwoDecimals);
-  if (name == "txtmSpeedmm") field(At("txtmSpeed", index)) = number(field(At(name, index))).as(kTwoDecimals);
+    field(At("txtcSpeed", index)) = (number(field(At(name, index))) / kMillimetresPerInch).as(mask::kLimit);
+  if (name == "txtmSpeedmm") field(At("txtmSpeed", index)) = number(field(At(name, index))).as(mask::kLimit);
   return Find(name) != nullptr || Find(At(name, index)) != nullptr;
 }
 
@@ -315,22 +315,22 @@ bool SettingsDialog::Click(std::string_view name, int index) {
   }
   if (name != "btnOK" && name != "btnCancel") return false;
   if (name == "btnOK") TakeOver();
-  station().Close(*this);
+  station().windows.Close(*this);
   return true;
 }
 
 }  // namespace
 
 void OpenSettings(Station& station, int tab, CarriageOffsetMark mark) {
-  auto& dialog = OpenOnce<SettingsDialog>(station, "frmSettings");
+  auto& dialog = station.windows.OpenOnce<SettingsDialog>(station);
   dialog.ShowTab(tab);
   if (mark == CarriageOffsetMark::TooLow) dialog.MarkOffset(tab == 2 ? 0 : 1, Mark::StopTooLow);
   if (station.settingsOpened) station.settingsOpened(tab);
 }
 
 void OpenSettingsBeside(Station& station, int tab) {
-  const bool wasOpen = station.OpenWindow("frmSettings") != nullptr;
-  auto& dialog = OpenOnce<SettingsDialog>(station, "frmSettings");
+  const bool wasOpen = station.windows.Find<SettingsDialog>() != nullptr;
+  auto& dialog = station.windows.OpenOnce<SettingsDialog>(station);
   if (!wasOpen) dialog.SetModal(false);
   OpenSettings(station, tab);
 }

@@ -53,7 +53,7 @@ Opened OpenFile(Station& station, const std::string& path, bool twoAxis) {
 
 void NoteRecent(Station& station, const std::string& path) {
   NoteRecentFile(station.keptStore, path);
-  station.StartTimer(station.tmrStore);
+  station.timers.Start(station.timers.tmrStore);
 }
 
 // The family of the file's ending, if it has one of ours.
@@ -257,7 +257,7 @@ void OpenNamedDesign(Station& station, const std::string& path) {
     station.platform.messageBox.Show("Torvane Designer", "There is no such file any more:\r\n" + path,
                                      BoxIcon::None);
     ForgetRecentFile(station.keptStore, path);
-    station.StartTimer(station.tmrStore);
+    station.timers.Start(station.timers.tmrStore);
     return;
   }
   if (!AskToSaveFirst(station)) return;
@@ -273,7 +273,7 @@ void OpenRecentDesign(Station& station, const std::string& path) {
                   "\r\n\r\nDo you want to take it off the list of recent designs ?";
   if (!station.platform.messageDialog.Ask(question)) return;
   ForgetRecentFile(station.keptStore, path);
-  station.StartTimer(station.tmrStore);
+  station.timers.Start(station.timers.tmrStore);
 }
 
 void OpenSample(Station& station, const std::string& path) {

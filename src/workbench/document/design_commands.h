@@ -68,6 +68,10 @@ Written WriteProgram(Station& station);
 // Tells of Formed::angleUndefined.
 void TellOfUndefinedAngle(Station& station);
 
+std::span<const Operation> DesignOperations();
+// Of the main window itself: family, splash, links, about box, and what opens the other windows.
+std::span<const Operation> WindowOperations();
+
 // Reopens at the start what was open at the last exit, if its file still lies in the design folder.
 void OpenLastDesignerFileInUse(Station& station);
 

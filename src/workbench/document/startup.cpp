@@ -81,7 +81,7 @@ void Form_Load(Station& station) {
   s.frmSplash.Show(true);
   s.frmMain.Show(false);
   for (Field* hidden : {&s.mnuPopMenu, &s.lblTrace, &s.imgTRACE}) hidden->Show(false);
-  station.StartTimer(station.tmrSplash);
+  station.timers.Start(station.timers.tmrSplash);
   const std::string lastVersion = GetSetting(store, kSettings, "gVersionNumber", "");
   if (lastVersion.starts_with('2')) UpgradeStore(s, store);
   station.FirstRunOrUpgrade = lastVersion.empty() || lastVersion.starts_with('2');
@@ -147,7 +147,7 @@ void Form_Unload(Station& station) {
       return;
     }
   }
-  while (!station.windows.empty()) station.Close(*station.windows.back());
+  while (!station.windows.empty()) station.windows.Close(station.windows.Top());
   s.frmSplash.Show(false);
   station.ended = true;
   station.recovery.lock.reset();

@@ -1,4 +1,4 @@
-// The main window itself: family, splash, links, about box, and the roads into the other windows.
+// The main window itself: family, splash, links, about box, and what opens the other windows.
 #include "persist/settings.h"
 #include "workbench/dialog/links.h"
 #include "workbench/dialog/machine_dialog.h"
@@ -25,20 +25,20 @@ void lbl2or4AX_Click(Station& station, int) {
 }
 
 void tmrSplash_Tick(Station& station, int) {
-  station.StopTimer(station.tmrSplash);
+  station.timers.Stop(station.timers.tmrSplash);
   station.s.frmSplash.Show(false);
   station.s.frmMain.Show(true);
-  station.StartTimer(station.tmrOffer);
+  station.timers.Start(station.timers.tmrOffer);
 }
 
 void tmrOffer_Tick(Station& station, int) {
-  station.StopTimer(station.tmrOffer);
+  station.timers.Stop(station.timers.tmrOffer);
   TakePlace(station);
   OfferRecovery(station);
 }
 
 void tmrStore_Tick(Station& station, int) {
-  station.StopTimer(station.tmrStore);
+  station.timers.Stop(station.timers.tmrStore);
   station.keptStore.Settle();
 }
 
@@ -80,7 +80,7 @@ class AboutBox : public Window {
     else if (control == "lblCheckNewSoftware")
       OpenWebLink(station(), kNewSoftwareLink);
     else if (control == "btnCancel")
-      station().Close(*this);
+      station().windows.Close(*this);
     else
       return false;
     return true;
@@ -140,7 +140,7 @@ constexpr Operation kOperations[] = {
     {"frmSplash", Event::Click, [](Station& station, int) { OpenWebLink(station, kHomeLink); }},
     {"mnuAbout",
      Event::Click,
-     [](Station& station, int) { OpenOnce<AboutBox>(station, "frmAbout"); },
+     [](Station& station, int) { station.windows.OpenOnce<AboutBox>(station); },
      {"About Torvane Designer", "Says which version this is, and where to find more.", 'A'}},
     {"mnuRefresh",
      Event::Click,

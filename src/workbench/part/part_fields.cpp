@@ -2,8 +2,10 @@
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "calc/two_axis.h"
+#include "design/masks.h"
 #include "design/reset.h"
 #include "workbench/dialog/settings_dialog.h"
+#include "workbench/part/operations.h"
 #include "workbench/part/twins.h"
 #include "workbench/station/messages.h"
 #include "workbench/station/station.h"
@@ -29,7 +31,7 @@ void txtDiameterLeft_Change(Station& station, int) {
   DesignState& s = station.s;
   s.gDirty = true;
   s.Diameter_Left.CopyFrom(s.txtDiameterLeft);
-  s.txtDia(3) = s.txtDiameterLeft.through("##0.00"_mask);
+  s.txtDia(3) = s.txtDiameterLeft.through(mask::kDiameter);
   MarkIfZero(s.txtDiameterLeft);
   RecalculateAfterStart(station);
 }
@@ -38,7 +40,7 @@ void txtDiameterRight_Change(Station& station, int) {
   DesignState& s = station.s;
   s.gDirty = true;
   s.Diameter_Right = number(s.txtDiameterRight).plain();
-  s.txtDia(2) = s.txtDiameterRight.through("##0.00"_mask);
+  s.txtDia(2) = s.txtDiameterRight.through(mask::kDiameter);
   MarkIfZero(s.txtDiameterRight);
   RecalculateAfterStart(station);
 }
@@ -48,7 +50,7 @@ void txtBandThickness_Change(Station& station, int i) {
   s.gDirty = true;
   MarkIfZero(s.txtBandThickness(i));
   s.Band_Thickness.CopyFrom(s.txtBandThickness(i));
-  MirrorInTwin(station, s.txtBandThicknessMM(i), s.txtBandThickness(i), "##0.000"_mask);
+  MirrorInTwin(station, s.txtBandThicknessMM(i), s.txtBandThickness(i), mask::kBandMM);
   RecalculateAfterStart(station);
 }
 
@@ -71,7 +73,7 @@ void FollowBandWidth(DesignState& s, int i) {
 
 void txtBandWidth_Change(Station& station, int i) {
   DesignState& s = station.s;
-  MirrorInTwin(station, s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
+  MirrorInTwin(station, s.txtBandWidthMM(i), s.txtBandWidth(i), mask::kBandMM);
   s.gDirty = true;
   MarkIfZero(s.txtBandWidth(i));
   s.Band_Width.CopyFrom(s.txtBandWidth(s.Panel()));
@@ -85,7 +87,7 @@ void txtLengthTotal_Change(Station& station, int i) {
   if (i != 0) return;
   DesignState& s = station.s;
   s.Length_Total.CopyFrom(s.txtLengthTotal(0));
-  s.lblZ2(4) = s.txtLengthTotal(0).through("##00.0"_mask);
+  s.lblZ2(4) = s.txtLengthTotal(0).through(mask::kLengthLine);
   RecalculateAfterStart(station);
 }
 
@@ -97,7 +99,7 @@ void txtZ2_Change(Station& station, int i) {
   s.gDirty = true;
   const Number left = number(s.txtZ2(0));
   const Number right = number(s.txtZ2(1));
-  s.txtZ2(2) = (s.gIsLHDrive ? right - left : left - right).as("##0.00"_mask);
+  s.txtZ2(2) = (s.gIsLHDrive ? right - left : left - right).as(mask::kStop);
   RecalculateAfterStart(station);
   const Comparison tooLow = number(s.gCarriageOffsetFromRMPFace) > number(s.txtZ2(1));
   if (tooLow != Comparison::Impossible) s.txtZ2(1).SetMark(holds(tooLow) ? Mark::StopTooLow : Mark::Plain);
@@ -139,6 +141,6 @@ constexpr Operation kOperations[] = {
 
 }  // namespace
 
-std::span<const Operation> InputCheckOperations() { return kOperations; }
+std::span<const Operation> PartOperations() { return kOperations; }
 
 }  // namespace torvane

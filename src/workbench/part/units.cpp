@@ -1,6 +1,8 @@
 // The design's unit, and the band in both.
+#include "design/masks.h"
 #include "design/reset.h"
 #include "persist/settings.h"
+#include "workbench/part/operations.h"
 #include "workbench/part/twins.h"
 #include "workbench/station/end_view.h"
 #include "workbench/station/messages.h"
@@ -37,26 +39,26 @@ void mnuMM_Click(Station& station, int) {
 
 void txtBandWidth_Key(Station& station, int i) {
   DesignState& s = station.s;
-  SetTwin(s.txtBandWidthMM(i), s.txtBandWidth(i), "##0.000"_mask);
+  SetTwin(s.txtBandWidthMM(i), s.txtBandWidth(i), mask::kBandMM);
   if (s.gUnits.text() == "mm") AskForUnits(station, messages::kInchBandInMillimetres, "Y");
 }
 
 void txtBandWidthMM_Key(Station& station, int i) {
   DesignState& s = station.s;
   s.gDirty = true;
-  SetInchesFromTwin(station, s.txtBandWidth(i), s.txtBandWidthMM(i), "#0.000"_mask);
+  SetInchesFromTwin(station, s.txtBandWidth(i), s.txtBandWidthMM(i), mask::kBandWidth);
   if (s.gUnits.text() == "in") AskForUnits(station, messages::kMillimetreBandInInches, "N");
 }
 
 void txtBandThickness_Key(Station& station, int i) {
   DesignState& s = station.s;
-  SetTwin(s.txtBandThicknessMM(i), s.txtBandThickness(i), "##0.000"_mask);
+  SetTwin(s.txtBandThicknessMM(i), s.txtBandThickness(i), mask::kBandMM);
 }
 
 void txtBandThicknessMM_Key(Station& station, int i) {
   DesignState& s = station.s;
   s.gDirty = true;
-  SetInchesFromTwin(station, s.txtBandThickness(i), s.txtBandThicknessMM(i), "#0.0000"_mask);
+  SetInchesFromTwin(station, s.txtBandThickness(i), s.txtBandThicknessMM(i), mask::kBandThickness);
 }
 
 constexpr Operation kOperations[] = {

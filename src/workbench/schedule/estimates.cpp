@@ -2,6 +2,8 @@
 #include "calc/layer_figures.h"
 #include "calc/totals.h"
 #include "calc/two_axis.h"
+#include "design/masks.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/station/station.h"
 
 namespace torvane {
@@ -31,16 +33,16 @@ void SumFourAxisRows(DesignState& s, FieldArray& column, int row, Mask mask) {
 }
 
 void lblMinutes_Change(Station& station, int row) {
-  SumFourAxisRows(station.s, station.s.lblMinutes, row, "####0.0"_mask);
+  SumFourAxisRows(station.s, station.s.lblMinutes, row, mask::kFigureOfAll);
   EstimateFourAxisBuildTime(station.s);
 }
 
 void lblLength_Change(Station& station, int row) {
-  SumFourAxisRows(station.s, station.s.lblLength, row, "####0.0"_mask);
+  SumFourAxisRows(station.s, station.s.lblLength, row, mask::kFigureOfAll);
 }
 
 void lblNPasses_Change(Station& station, int row) {
-  SumFourAxisRows(station.s, station.s.lblNPasses, row, "#####"_mask);
+  SumFourAxisRows(station.s, station.s.lblNPasses, row, mask::kPassesOfAll);
 }
 
 constexpr Operation kOperations[] = {

@@ -2,10 +2,12 @@
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "calc/totals.h"
+#include "design/masks.h"
 #include "design/reset.h"
 #include "design/units.h"
 #include "text/text.h"
 #include "workbench/dialog/preview.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/station/layer_count.h"
 #include "workbench/station/messages.h"
 #include "workbench/station/station.h"
@@ -18,7 +20,7 @@ void MarkIfEmpty(Field& field) { field.SetMark(field.empty() ? Mark::NeedsInput 
 
 // A row that has become a hoop: its lead angle, then its figures.
 void CalculateHoopRow(DesignState& s, int row) {
-  s.gWindAngle = HoopLeadAngle(s, InUnits(s, number(s.txtBandWidth(1)), false));
+  s.gWindAngle = HoopLeadAngle(s, SteppingBandWidth(s, 1));
   CalculateAndShow(s, s.gWindAngle, "HOOP", row);
 }
 
@@ -70,7 +72,7 @@ void cmbPattern_Change(Station& station, int row) {
 }
 
 void cmbPattern_Click(Station& station, int row) {
-  station.Run("Form", Event::Click);
+  ClickBesideGrids(station);
   NoteEndView(station, row, station.s.cmbPattern(row).text());
   DrawEndView(station);
   station.s.gDirty = true;
@@ -106,7 +108,7 @@ void cmbRate_Click(Station& station, int) {
 void txtZ4_Change(Station& station, int i) {
   DesignState& s = station.s;
   MarkIfZero(s.txtZ4(i));
-  s.lblLengthTotal = Abs(number(s.txtZ4(3)) - number(s.txtZ4(0))).as("####.00"_mask);
+  s.lblLengthTotal = Abs(number(s.txtZ4(3)) - number(s.txtZ4(0))).as(mask::kSpan);
   if ((i == 1 || i == 2) && station.StartGuardPassed()) Refresh4AXGrid(s);
 }
 
@@ -136,11 +138,11 @@ void Row_ReleaseRight(Station& station, int row) {
   station.s.mnuPopMenu.Show(true);
 }
 
-void Number_Release(Station& station, int row) {
+void TakeRow(Station& station, int row) {
   DesignState& s = station.s;
   s.gCurrentRow = row;
   s.gPolarRow = row;
-  station.Run("Form", Event::Click);
+  ClickBesideGrids(station);
   s.imgTRACE.Show(true);
   s.lblTrace.Show(true);
   DropEmphasis(s, row);
@@ -173,13 +175,31 @@ constexpr Operation kOperations[] = {
     {"btn4XRow", Event::Click, ShowPreviewOfRow},
     {"picPolar", Event::Click, [](Station& station, int) { ShowPreview(station); }},
     {"Label18", Event::Click, [](Station& station, int) { ShowPreview(station); }},
-    {"lbl4xLayerNo", Event::Release, Number_Release},
-    {"lbl4xLayerNo", Event::ReleaseRight, Number_Release},
-    {"pic3DGrid", Event::Click, [](Station& station, int) { station.Run("Form", Event::Click); }},
+    {"lbl4xLayerNo", Event::Release, TakeRow},
+    {"lbl4xLayerNo", Event::ReleaseRight, TakeRow},
+    {"pic3DGrid", Event::Click, [](Station& station, int) { ClickBesideGrids(station); }},
     {"lblRefresh", Event::Click, Refresh_Click},
 };
 
 }  // namespace
+
+void ShowPreviewOfRow(Station& station, int row) {
+  DesignState& s = station.s;
+  // A row without its button is taken by its number, which opens nothing.
+  if (!s.btn4XRow(row).shown()) {
+    TakeRow(station, row);
+    return;
+  }
+  s.gPolarRow = row;
+  s.lblLayer = std::to_string(row);
+  TakeRow(station, row);
+  // The picture of another row stays, and its title with it.
+  if (IsHoopRow(s, row)) return;
+  NoteEndView(station, row, s.cmbPattern(row).text());
+  if (!HasPreview(s, row)) return;
+  DrawPolarCircPattern(station, row);
+  ShowPreview(station, RowAngles::Shown);
+}
 
 std::span<const Operation> FourAxisGridOperations() { return kOperations; }
 

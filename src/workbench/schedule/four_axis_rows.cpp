@@ -2,6 +2,7 @@
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
 #include "design/reset.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/schedule/row_menu.h"
 #include "workbench/station/station.h"
 

@@ -1,10 +1,12 @@
 // The two-axis layer schedule: what each edit of a row sets off, and the row menu.
 #include "calc/totals.h"
 #include "calc/two_axis.h"
+#include "design/masks.h"
 #include "design/reset.h"
 #include "persist/settings.h"
 #include "text/text.h"
 #include "workbench/dialog/settings_dialog.h"
+#include "workbench/schedule/grids.h"
 #include "workbench/schedule/row_menu.h"
 #include "workbench/station/all_rows.h"
 #include "workbench/station/layer_count.h"
@@ -25,10 +27,10 @@ void Cell_Change(Station& station, int) { SyncGrid(station); }
 
 // The pressed row's offsets beside the drawing.
 void ShowLeftOffset(DesignState& s, int row) {
-  if (s.txtLeft(row).exists()) s.lblZ2(1) = s.txtLeft(row).through("##0.00"_mask);
+  if (s.txtLeft(row).exists()) s.lblZ2(1) = s.txtLeft(row).through(mask::kStop);
 }
 void ShowRightOffset(DesignState& s, int row) {
-  s.lblZ2(2) = (number(s.Length_Total) - number(s.txtRight(row))).as("##0.00"_mask);
+  s.lblZ2(2) = (number(s.Length_Total) - number(s.txtRight(row))).as(mask::kStop);
 }
 
 void txtLeft_Change(Station& station, int row) {
@@ -67,7 +69,7 @@ void txtWA_Key(Station& station, int row) {
   DesignState& s = station.s;
   s.gDirty = true;
   if (holds(number(s.txtWA(row)) > 80)) ShowMessageDialog(station, messages::kSteepAngle);
-  Cell_Key<&Fields::txtWA>(station, row, "##.00"_mask);
+  Cell_Key<&Fields::txtWA>(station, row, mask::kCell);
 }
 
 // A typed mandrel speed stands: until the key is up the grid does not follow, or the speed that the angle
@@ -78,12 +80,12 @@ void txtMRPM_Key(Station& station, int row) {
   DesignState& s = station.s;
   s.gDirty = true;
   s.gGridSync = false;
-  if (row == kAllRows) SpreadToAllRows(s, s.txtMRPM, "##.00"_mask);
+  if (row == kAllRows) SpreadToAllRows(s, s.txtMRPM, mask::kCell);
   RecalculateTwoAxisLayers(s, kAllRows);
   s.gGridSync = true;
   if (row == kAllRows && holds(number(s.txtMRPM(row)) > s.mMaxRPM) && station.StartGuardPassed())
     ShowMessageDialog(station, messages::kMandrelBeyondMaximum,
-                      FormatNumberText(s.signs, s.mMaxRPM, "##0.0"_mask));
+                      FormatNumberText(s.signs, s.mMaxRPM, mask::kMandrelSpeed));
 }
 
 void List_Click(Station& station, FieldArray& column, int row) {
@@ -206,13 +208,6 @@ void Row_Release(Station&, int) {}
 
 void pic2DGrid_Click(Station& station, int) { DropEmphasis(station.s); }
 
-// A click beside the grids: no row of either stands out any more.
-void Form_Click(Station& station, int) {
-  DropEmphasis(station.s);
-  for (int row = 1; row <= 25; ++row) station.s.lbl4xLayerNo(row).SetBold(false);
-  station.s.gIsNEMA34 = ReadsAsTrue(GetSetting(station.platform.store, kSettings, "gIsNEMA34", "False"));
-}
-
 // The fields of a row that the row menu works on, in its order.
 constexpr FieldArray Fields::*kRowFields[] = {&Fields::txtWA,           &Fields::txtLeft,   &Fields::txtRight,
                                               &Fields::cmbSpeed,        &Fields::cmbMethod, &Fields::txtMRPM,
@@ -268,13 +263,13 @@ constexpr Operation kOperations[] = {
     {"txtWA", Event::Click, txtWA_Click},
     {"txtLeft", Event::Change, txtLeft_Change},
     {"txtLeft", Event::Key,
-     [](Station& station, int row) { Cell_Key<&Fields::txtLeft>(station, row, "##.00"_mask); }},
+     [](Station& station, int row) { Cell_Key<&Fields::txtLeft>(station, row, mask::kCell); }},
     {"txtRight", Event::Change, txtRight_Change},
     {"txtRight", Event::Key,
-     [](Station& station, int row) { Cell_Key<&Fields::txtRight>(station, row, "##.00"_mask); }},
+     [](Station& station, int row) { Cell_Key<&Fields::txtRight>(station, row, mask::kCell); }},
     {"txtAddRevs", Event::Change, Cell_Change},
     {"txtAddRevs", Event::Key,
-     [](Station& station, int row) { Cell_Key<&Fields::txtAddRevs>(station, row, "##0"_mask); }},
+     [](Station& station, int row) { Cell_Key<&Fields::txtAddRevs>(station, row, mask::kAddedTurns); }},
     {"txtMRPM", Event::Typing, txtMRPM_Typing},
     {"txtMRPM", Event::Change, Cell_Change},
     {"txtMRPM", Event::Key, txtMRPM_Key},
@@ -299,7 +294,7 @@ constexpr Operation kOperations[] = {
     {"lblL", Event::Release, Row_Release},
     {"lblL", Event::ReleaseRight, Row_ReleaseRight},
     {"pic2DGrid", Event::Click, pic2DGrid_Click},
-    {"Form", Event::Click, Form_Click},
+    {"Form", Event::Click, [](Station& station, int) { ClickBesideGrids(station); }},
     {"mnuWhatsThis", Event::Click, [](Station&, int) {}, {.letter = 'W'}},
     {"mnuCopy", Event::Click, mnuCopy_Click, {.letter = 'C', .usable = ARowIsPressed}},
     {"mnuPaste", Event::Click, mnuPaste_Click, {.letter = 'P', .usable = ARowIsPressed}},
@@ -318,6 +313,12 @@ constexpr Operation kOperations[] = {
 };
 
 }  // namespace
+
+void ClickBesideGrids(Station& station) {
+  DropEmphasis(station.s);
+  for (int row = 1; row <= 25; ++row) station.s.lbl4xLayerNo(row).SetBold(false);
+  station.s.gIsNEMA34 = ReadsAsTrue(GetSetting(station.platform.store, kSettings, "gIsNEMA34", "False"));
+}
 
 std::span<const Operation> TwoAxisGridOperations() { return kOperations; }
 

@@ -45,15 +45,4 @@ struct Operation {
 // The operation of a control that makes the design an unsaved one and does nothing else.
 void SetDirty(Station& station, int index);
 
-// Each room's table.
-std::span<const Operation> TwoAxisGridOperations();
-std::span<const Operation> FourAxisGridOperations();
-std::span<const Operation> FourAxisRowOperations();
-std::span<const Operation> InputCheckOperations();
-std::span<const Operation> ChecklistOperations();
-std::span<const Operation> UnitOperations();
-std::span<const Operation> EstimateOperations();
-std::span<const Operation> DesignOperations();
-std::span<const Operation> WindowOperations();
-
 }  // namespace torvane

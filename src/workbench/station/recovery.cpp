@@ -53,14 +53,14 @@ void FollowWithRecovery(Station& station, bool changed) {
   if (station.ended) return;
   if (!station.s.gDirty)
     DropRecovery(station);
-  else if (changed && !station.tmrRecovery.due)
-    station.StartTimer(station.tmrRecovery);
+  else if (changed && !station.timers.tmrRecovery.due)
+    station.timers.Start(station.timers.tmrRecovery);
 }
 
 bool WriteRecovery(Station& station) {
   // Before its offer the copy of the former station must not be lost.
   if (!station.recovery.offered) return false;
-  station.StopTimer(station.tmrRecovery);
+  station.timers.Stop(station.timers.tmrRecovery);
   if (!station.s.gDirty) return true;
   const Outcome written = station.platform.files.WriteWhole(PathOf(station), {RecoveryText(station.s)});
   station.recovery.refusal = written ? "" : written.reason();
@@ -126,7 +126,7 @@ void OfferRecovery(Station& station) {
 }
 
 void DropRecovery(Station& station) {
-  station.StopTimer(station.tmrRecovery);
+  station.timers.Stop(station.timers.tmrRecovery);
   if (!station.recovery.ours) return;
   station.platform.files.Remove(PathOf(station));
   station.recovery.ours = false;

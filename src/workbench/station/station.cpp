@@ -33,16 +33,6 @@ constexpr auto kStartGuard = std::chrono::seconds(5);
 // an echo that would not come to rest: its text stands and sets off nothing more.
 constexpr int kDeepestEcho = 100;
 
-struct NamedTimer {
-  std::string_view name;
-  Timer Station::*timer;
-};
-constexpr NamedTimer kTimers[] = {
-    {"tmrBlink", &Station::tmrBlink},         {"tmrSplash", &Station::tmrSplash},
-    {"tmrStartDraw", &Station::tmrStartDraw}, {"tmrDraw", &Station::tmrDraw},
-    {"tmrOffer", &Station::tmrOffer},         {"tmrRecovery", &Station::tmrRecovery},
-    {"tmrStore", &Station::tmrStore}};
-
 }  // namespace
 
 void SetDirty(Station& station, int) { station.s.gDirty = true; }
@@ -51,6 +41,7 @@ Station::Station(const Platform& platform_)
     : s(SignsOf(platform_.locale)),
       keptStore(platform_.store),
       platform(WithStore(platform_, keptStore)),
+      timers(platform.clock),
       changes_(Catalogue().size()) {
   s.operations = this;
 }
@@ -90,47 +81,29 @@ auto Station::Remembered(const Field* typed, Doing doing) {
   const Depth depth(operation_);
   if (operation_ > 1) return doing();
   Snapshot before = s.TakeSnapshot();
-  const std::size_t history = history_;
+  const std::size_t moves = history_.moves();
   const auto result = doing();
-  const bool changed = history != history_ || Remember(std::move(before), typed);
+  const bool changed = moves != history_.moves() || history_.Remember(s, std::move(before), typed);
   FollowWithRecovery(*this, changed);
   TellOfStore();
   return result;
 }
 
-bool Station::Remember(Snapshot before, const Field* typed) {
-  constexpr std::size_t kLongestHistory = 100;
-  if (s.HasTextsOf(before)) return false;
-  const bool goesOn = typed != nullptr && typed == lastTyped_ && !undo_.empty();
-  lastTyped_ = typed;
-  redo_.clear();
-  if (goesOn) return true;
-  if (undo_.size() == kLongestHistory) undo_.erase(undo_.begin());
-  undo_.push_back(std::move(before));
+void Station::FollowFormerDesign() {
+  ShowAllRowsFields(s, allRowsShown);
+  DropStaleEndView(*this);
+  s.gDirty = true;
+}
+
+bool Station::Undo() {
+  if (!history_.GoBack(s)) return false;
+  FollowFormerDesign();
   return true;
 }
 
-void Station::ForgetHistory() {
-  undo_.clear();
-  redo_.clear();
-  lastTyped_ = nullptr;
-  ++history_;
-}
-
-bool Station::Undo() { return GoBack(undo_, redo_); }
-
-bool Station::Redo() { return GoBack(redo_, undo_); }
-
-bool Station::GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
-  if (from.empty()) return false;
-  to.push_back(s.TakeSnapshot());
-  s.Restore(from.back());
-  from.pop_back();
-  ShowAllRowsFields(s, allRowsShown);
-  DropStaleEndView(*this);
-  lastTyped_ = nullptr;
-  ++history_;  // going back is no operation to remember
-  s.gDirty = true;
+bool Station::Redo() {
+  if (!history_.GoForth(s)) return false;
+  FollowFormerDesign();
   return true;
 }
 
@@ -146,15 +119,15 @@ void Station::Type(Field& field, std::string_view text) {
 }
 
 void Station::BeginTyping() {
-  lastTyped_ = nullptr;
+  history_.EndTyping();
   dirtyBeforeTyping_ = s.gDirty;
 }
 
 void Station::DropTyping(const Field& field) {
-  if (lastTyped_ != &field || undo_.empty()) return;
+  if (!history_.LastTypedIn(field)) return;
   Remembered(nullptr, [&] {
-    std::vector<Snapshot> dropped;
-    GoBack(undo_, dropped);
+    history_.DropLast(s);
+    FollowFormerDesign();
     s.gDirty = dirtyBeforeTyping_;
     return true;
   });
@@ -176,12 +149,10 @@ void Station::Check(Field& field, bool on) {
 }
 
 void Station::RunFor(const Field& field, Event event) {
-  for (const auto& window : windows)
-    if (window->Owns(field)) {
-      window->Run(field.row().name, event, field.index());
-      return;
-    }
-  RunHere(field.row().name, event, field.index());
+  if (Window* const window = windows.OwnerOf(field))
+    window->Run(field.row().name, event, field.index());
+  else
+    RunHere(field.row().name, event, field.index());
 }
 
 bool Station::Run(std::string_view control, Event event, int index) {
@@ -190,9 +161,7 @@ bool Station::Run(std::string_view control, Event event, int index) {
 
 bool Station::RunIn(Window& window, std::string_view control, Event event, int index) {
   return Remembered(nullptr, [&] {
-    const bool open = std::any_of(windows.begin(), windows.end(),
-                                  [&window](const auto& each) { return each.get() == &window; });
-    return (open && window.Run(control, event, index)) || RunAnywhere(control, event, index);
+    return (windows.Hold(&window) && window.Run(control, event, index)) || RunAnywhere(control, event, index);
   });
 }
 
@@ -205,8 +174,8 @@ void Station::ReleaseKey(const Field& field) {
 
 bool Station::RunAnywhere(std::string_view control, Event event, int index) {
   // A window may close itself in answer, so the search ends with the one that answers.
-  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
-    if ((*window)->Run(control, event, index)) return true;
+  for (std::size_t place = windows.size(); place-- > 0;)
+    if (windows[place].Run(control, event, index)) return true;
   return RunHere(control, event, index);
 }
 
@@ -217,21 +186,9 @@ bool Station::RunHere(std::string_view control, Event event, int index) {
   return true;
 }
 
-Window* Station::OpenWindow(std::string_view name) const {
-  for (const auto& window : windows)
-    if (window->name() == name) return window.get();
-  return nullptr;
-}
-
-void Station::Close(Window& window) {
-  window.Closing();
-  if (windowCloses) windowCloses(window);
-  std::erase_if(windows, [&window](const auto& open) { return open.get() == &window; });
-}
-
 Field* Station::FindField(std::string_view name) {
-  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
-    if (Field* field = (*window)->Find(name)) return field;
+  for (std::size_t place = windows.size(); place-- > 0;)
+    if (Field* field = windows[place].Find(name)) return field;
   return torvane::FindField(s, name);
 }
 
@@ -245,27 +202,12 @@ NamedValue Station::FindValue(std::string_view name) const {
 
 bool Station::StartGuardPassed() const { return platform.clock.Now() - started > kStartGuard; }
 
-void Station::StartTimer(Timer& timer) {
-  timer.due = platform.clock.Now() + timer.interval;
-  if (timerStarts) timerStarts();
-}
-
-std::optional<Moment> Station::NextTick() const {
-  std::optional<Moment> next;
-  for (const NamedTimer& named : kTimers) {
-    const Timer& timer = this->*named.timer;
-    if (timer.due && (!next || *timer.due < *next)) next = timer.due;
-  }
-  return next;
-}
-
 void Station::Tick() {
   const Moment now = platform.clock.Now();
-  for (const NamedTimer& named : kTimers) {
-    Timer& timer = this->*named.timer;
-    if (!timer.due || *timer.due > now) continue;
-    StartTimer(timer);
-    RunAnywhere(named.name, Event::Tick, 0);
+  for (Timer* const timer : timers.All()) {
+    if (!timer->due || *timer->due > now) continue;
+    timers.Start(*timer);
+    RunAnywhere(timer->name, Event::Tick, 0);
   }
   TellOfStore();
 }

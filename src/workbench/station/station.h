@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -19,16 +18,12 @@
 #include "persist/kept_store.h"
 #include "persist/two_axis_file.h"
 #include "platform/platform.h"
+#include "workbench/station/history.h"
+#include "workbench/station/open_windows.h"
 #include "workbench/station/operations.h"
-#include "workbench/station/window.h"
+#include "workbench/station/timers.h"
 
 namespace torvane {
-
-// A timer of the window. Its front end lets the station tick when it is due.
-struct Timer {
-  std::chrono::milliseconds interval;
-  std::optional<Moment> due = std::nullopt;  // nothing while it stands
-};
 
 // The copy of an unsaved design that a crash leaves behind.
 struct Recovery {
@@ -90,90 +85,69 @@ class Station : private ChangeOperations {
   // is none. A new or opened design begins a new history.
   bool Undo();
   bool Redo();
-  bool CanUndo() const { return !undo_.empty(); }
-  bool CanRedo() const { return !redo_.empty(); }
+  bool CanUndo() const { return history_.HasBack(); }
+  bool CanRedo() const { return history_.HasForth(); }
   // Begins a new history with the design as it stands.
-  void ForgetHistory();
+  void ForgetHistory() { history_.Forget(); }
 
   // More than five seconds have passed since the start. Until then changes of a design calculate nothing,
   // so that the start can fill the fields.
   bool StartGuardPassed() const;
 
-  // It is due one interval from now, also if it runs already.
-  void StartTimer(Timer& timer);
-  void StopTimer(Timer& timer) { timer.due.reset(); }
-  // When the next running timer is due.
-  std::optional<Moment> NextTick() const;
   // Lets every timer tick that is due by now.
   void Tick();
 
-  DesignState s;
-  KeptStore keptStore;      // in front of the computer's own
-  const Platform platform;  // with that store
-  // What the files last read of either family have left for files that lack it.
-  TwoAxisLists twoAxisLists;
-  FourAxisHeld fourAxisHeld;
-  // Nobody has opened this store before, or only a station of version 2 has.
-  bool FirstRunOrUpgrade = false;
-  // When the start guard began.
-  Moment started{};
-  bool ended = false;
-  // Changes whose operation was left out because their echo would not have come to rest; 0 as far as is
-  // known.
-  int cutEchoes = 0;
-
-  Timer tmrBlink{std::chrono::milliseconds(500)};
-  Timer tmrSplash{std::chrono::milliseconds(3500)};
-  // One shots of the preview: its first drawing, and the pause before its next pass.
-  Timer tmrStartDraw{std::chrono::milliseconds(300)};
-  Timer tmrDraw{std::chrono::milliseconds(250)};
-  // From the main window's first showing to the question whether a former design is to come back.
-  Timer tmrOffer{std::chrono::milliseconds(200)};
-  // From a change of the design to its recovery copy.
-  Timer tmrRecovery{std::chrono::seconds(10)};
-  // From what may be stored later to the store.
-  Timer tmrStore{std::chrono::milliseconds(200)};
-  Recovery recovery;
-  DesignOnDisk onDisk;
-
-  // The operator has accepted values that blinked; builds do not look at them any more.
-  bool gWrapValuesAccepted = false;
-  // Turns at each click, so that the message of a stop that is too low comes at every other one.
-  bool gSlamMessageShown = false;
-  // The operator's switch of the all-rows row.
-  bool allRowsShown = false;
-  // A millimetre twin is being typed: the inch field that follows it is not mirrored back.
-  bool twinIsTyped = false;
-
-  // Set by NoteEndView alone.
-  EndView endView;
-  // The four-axis row last copied, as it was then.
-  std::optional<FourAxisRow> copiedFourAxisRow;
-  // The character of the key last released in a field; 0 if its text became empty.
-  char lastKey = 0;
-
-  // Open windows, the topmost last. Opening one returns at once.
-  std::vector<std::unique_ptr<Window>> windows;
-  // The open window of a name; null if it is not open.
-  Window* OpenWindow(std::string_view name) const;
-  // Tells the window and destroys it.
-  void Close(Window& window);
   // A field of the topmost window that has one of that name, else of the main window; null if there is none.
   Field* FindField(std::string_view name);
   // A flag or value of the station.
   NamedValue FindValue(std::string_view name) const;
 
-  // Told of a window that is about to be destroyed: whoever shows it must not look at its fields any more.
-  std::function<void(const Window& window)> windowCloses;
-  // Told that a timer starts: a message may come up next, and a timer ticks behind it all the same.
-  std::function<void()> timerStarts;
+  // Says once that the store cannot be written.
+  void TellOfStore();
+
+  // As long as the station runs.
+  DesignState s;
+  KeptStore keptStore;      // in front of the computer's own
+  const Platform platform;  // with that store
+  Timers timers;
+  OpenWindows windows;
+  // Nobody has opened this store before, or only a station of version 2 has.
+  bool FirstRunOrUpgrade = false;
+  // When the start guard began.
+  Moment started{};
+  bool ended = false;
+  // Turns at each click, so that the message of a stop that is too low comes at every other one.
+  bool gSlamMessageShown = false;
+  // Changes whose operation was left out because their echo would not have come to rest; 0 as far as is
+  // known.
+  int cutEchoes = 0;
+
+  // As long as a design does.
+  DesignOnDisk onDisk;
+  Recovery recovery;
+  // The operator has accepted values that blinked; builds do not look at them any more.
+  bool gWrapValuesAccepted = false;
+
+  // From one design to the next: what the files last read of either family have left for files that lack it,
+  // the four-axis row last copied as it was then, and the operator's switch of the all-rows row.
+  TwoAxisLists twoAxisLists;
+  FourAxisHeld fourAxisHeld;
+  std::optional<FourAxisRow> copiedFourAxisRow;
+  bool allRowsShown = false;
+
+  // Set by NoteEndView alone.
+  EndView endView;
+
+  // As long as a key does: the character of the one last released in a field, 0 if its text became empty; and
+  // whether it is a millimetre twin that is typed in, so that the inch field that follows it is not mirrored
+  // back.
+  char lastKey = 0;
+  bool twinIsTyped = false;
+
   // Told when the settings dialog opens, with its tab.
   std::function<void(int tab)> settingsOpened;
   // Follows each program while it is formed, and may cancel it; null if nobody looks.
   ProgramProgress* programProgress = nullptr;
-
-  // Says once that the store cannot be written.
-  void TellOfStore();
 
  private:
   void Changed(const Field& field) override;
@@ -186,27 +160,17 @@ class Station : private ChangeOperations {
   // the other in the same field are one operation.
   template <class Doing>
   auto Remembered(const Field* typed, Doing doing);
-  // False if the design is as it was before.
-  bool Remember(Snapshot before, const Field* typed);
-  bool GoBack(std::vector<Snapshot>& from, std::vector<Snapshot>& to);
+  // What follows a former design that has come back into the fields.
+  void FollowFormerDesign();
 
-  std::vector<Snapshot> undo_, redo_;
-  const Field* lastTyped_ = nullptr;
+  History history_;
   bool dirtyBeforeTyping_ = false;
-  int operation_ = 0;        // depth of operations inside each other
-  std::size_t history_ = 0;  // grows when the history is forgotten or gone back in
+  int operation_ = 0;  // depth of operations inside each other
 
   std::map<std::pair<std::string_view, Event>, const Operation*> operations_;
   // Change operations by the place of their field in the catalogue, since every write asks for one.
   std::vector<const Operation*> changes_;
   int depth_ = 0;
 };
-
-// Opens a window of a kind under its name, on top; one that is open already stays as it is.
-template <class KindOfWindow>
-KindOfWindow& OpenOnce(Station& station, std::string_view name) {
-  if (station.OpenWindow(name) == nullptr) station.windows.push_back(std::make_unique<KindOfWindow>(station));
-  return static_cast<KindOfWindow&>(*station.OpenWindow(name));
-}
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "workbench/station/open_windows.h"
 #include "workbench/station/station.h"
 
 namespace torvane {
@@ -50,6 +51,29 @@ Field& Window::field(std::string_view name) {
   Field* found = Find(name);
   assert(found != nullptr);
   return *found;
+}
+
+Window* OpenWindows::Find(std::string_view name) const {
+  for (const auto& window : windows_)
+    if (window->name() == name) return window.get();
+  return nullptr;
+}
+
+bool OpenWindows::Hold(const Window* window) const {
+  return std::any_of(windows_.begin(), windows_.end(),
+                     [window](const auto& open) { return open.get() == window; });
+}
+
+Window* OpenWindows::OwnerOf(const Field& field) const {
+  for (const auto& window : windows_)
+    if (window->Owns(field)) return window.get();
+  return nullptr;
+}
+
+void OpenWindows::Close(Window& window) {
+  window.Closing();
+  if (closes) closes(window);
+  std::erase_if(windows_, [&window](const auto& open) { return open.get() == &window; });
 }
 
 }  // namespace torvane
