@@ -41,7 +41,7 @@ insert() {
 section "A field"
 below src/design/fields.h '// Part, two axes.' '  Field txtResinBatch;'
 below src/design/catalogue.cpp '// Part, two axes' \
-  '    {"txtResinBatch", &Fields::txtResinBatch, Kind::Text, UsedBy::Both, {}, "", {"Resin batch", "Number of the resin that the part is wound with."}},'
+  '    {"txtResinBatch", &Fields::txtResinBatch, Kind::Text, UsedBy::Station, {}, "", {"Resin batch", "Number of the resin that the part is wound with."}},'
 below docs/window-names.md '| `txtSplitAngle` |' '| `txtResinBatch` |  | `frmMain` | made up | no place |'
 below src/workbench/part/part_fields.cpp 'constexpr Operation kOperations[] = {' \
   '    {"txtResinBatch", Event::Key, txtResinBatch_Key},'

@@ -4,6 +4,7 @@
 #include "calc/speed_search.h"
 #include "calc/totals.h"
 #include "design/masks.h"
+#include "design/rows.h"
 #include "design/units.h"
 #include "text/text.h"
 
@@ -68,12 +69,12 @@ void Length(DesignState& s, int i, Number meanDiameter) {
 
 void RecalculateTwoAxisLayers(DesignState& s, int index) {
   const int rows = RowsOf(s.txtNumberOfLayers(0));
-  if (index == -1)
+  if (index == kSpeedsByAngle)
     for (int i = 1; i <= rows; ++i) SpeedsFromAngle(s, i);
-  else if (index >= 0 && index <= 25)
-    SpeedsFromAngle(s, index);
-  else if (index == IndexSet::kAllRows)
+  else if (index == kSpeedsByMandrelSpeed)
     for (int i = 1; i <= rows; ++i) CarriageSpeedFromRPM(s, i);
+  else if (index >= 0 && index <= kLongRows)
+    SpeedsFromAngle(s, index);
 
   // A row without a readable angle is no layer yet: it shows no figures, so that the sums leave it out.
   for (int i = 1; i <= rows; ++i) {
@@ -112,7 +113,7 @@ void SyncGridToLayerTable(DesignState& s) {
   for (int i = 1; i <= rows; ++i)
     for (const auto& [field, column] : columns)
       if (field(i).exists()) s.LayerTable2Ax.Set(i, column, field(i).text());
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
 }
 
 }  // namespace torvane

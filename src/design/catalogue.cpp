@@ -1,5 +1,6 @@
 #include "design/catalogue.h"
 
+#include "design/rows.h"
 #include "text/text.h"
 
 namespace torvane {
@@ -10,10 +11,10 @@ constexpr IndexSet UpTo(int last) { return {0, last, false}; }
 
 constexpr IndexSet kPanels = UpTo(1);
 constexpr IndexSet kPreWraps = {1, 2, false};
-constexpr IndexSet kRows = {1, 18, false};
-constexpr IndexSet kRowsAndAll = {1, 18, true};
-constexpr IndexSet kLongRows = {1, 25, false};
-constexpr IndexSet kLongRowsAndAll = {1, 25, true};
+constexpr IndexSet kRows = {1, kFieldRows, false};
+constexpr IndexSet kRowsAndAll = {1, kFieldRows, true};
+constexpr IndexSet kRowNumbers = {1, kLongRows, false};
+constexpr IndexSet kRowNumbersAndAll = {1, kLongRows, true};
 
 // Of arrays whose members mean different things, by rising index.
 // clang-format off
@@ -99,7 +100,7 @@ constexpr FieldRow kCatalogue[] = {
     {"cmbRate", &Fields::cmbRate, Kind::List, UsedBy::FourAxis, {}, "", {"Winding rate", "Speed class of the whole part."}},
     {"lblLengthTotal", &Fields::lblLengthTotal, Kind::ReadOut, UsedBy::FourAxis, {}, "", {"Length", "From the left to the right end of the part.", FieldUnit::Length}},
     {"lblGrazeAngle", &Fields::lblGrazeAngle, Kind::ReadOut, UsedBy::FourAxis, {}, "", {"Grazing angle", "The least angle at which the band still touches the polar opening."}},
-    {"optX", &Fields::optX, Kind::Option, UsedBy::Both, UpTo(1), "False", {}, kFamilies},
+    {"optX", &Fields::optX, Kind::Option, UsedBy::Station, UpTo(1), "False", {}, kFamilies},
     {"optType", &Fields::optType, Kind::Option, UsedBy::FourAxis, UpTo(2), "False", {}, kPartTypes},
     // Rows of the two-axis schedule
     {"txtWA", &Fields::txtWA, Kind::Text, UsedBy::TwoAxis, kRowsAndAll, "", {"Winding Angle", "Degrees to the mandrel's axis; 90 winds a hoop. The row follows as you type.", FieldUnit::Degrees}},
@@ -116,23 +117,23 @@ constexpr FieldRow kCatalogue[] = {
     {"lblMinutesToCover", &Fields::lblMinutesToCover, Kind::ReadOut, UsedBy::TwoAxis, kRowsAndAll, "", {"Minutes", "Time of the row."}},
     {"lblLengthToCover", &Fields::lblLengthToCover, Kind::ReadOut, UsedBy::TwoAxis, kRowsAndAll, "", {"Length", "Filament of the row.", FieldUnit::Filament}},
     // Rows of the four-axis schedule
-    {"lbl4xLayerNo", &Fields::lbl4xLayerNo, Kind::ReadOut, UsedBy::FourAxis, kLongRows, "", {"Layer", "Number of the layer. A press shows its pattern."}},
-    {"cmb3D", &Fields::cmb3D, Kind::List, UsedBy::FourAxis, kLongRowsAndAll, "", {"Layer Type", "HOOP lays band beside band, REG follows a pattern."}},
-    {"chkPause", &Fields::chkPause, Kind::Check, UsedBy::FourAxis, kLongRowsAndAll, "0", {"Pause", "The machine waits behind this layer. Without end wraps the tick does nothing."}},
-    {"lblRPM", &Fields::lblRPM, Kind::ReadOut, UsedBy::FourAxis, kLongRows, "", {"RPM", "Turns of the mandrel a minute."}},
-    {"lblcSpeed", &Fields::lblcSpeed, Kind::ReadOut, UsedBy::FourAxis, kLongRows, "", {"Carriage Speed", "Speed of the carriage along the part.", FieldUnit::Speed}},
-    {"cmbPattern", &Fields::cmbPattern, Kind::List, UsedBy::FourAxis, kLongRowsAndAll, "", {"Pattern", "Winding angle | groups x circuits | end wrap."}},
-    {"cmbPhiW", &Fields::cmbPhiW, Kind::List, UsedBy::FourAxis, kLongRows, "", {"End Wrap", "Turn of the mandrel at each end."}},
-    {"cmbPhiSplit", &Fields::cmbPhiSplit, Kind::List, UsedBy::FourAxis, kLongRows, "", {"Split", "Share of the end wrap before the head moves."}},
-    {"lblNPasses", &Fields::lblNPasses, Kind::ReadOut, UsedBy::FourAxis, kLongRowsAndAll, "", {"Passes", "Passes that cover the mandrel once."}},
-    {"lblMinutes", &Fields::lblMinutes, Kind::ReadOut, UsedBy::FourAxis, kLongRowsAndAll, "", {"Minutes", "Time of the row."}},
-    {"lblLength", &Fields::lblLength, Kind::ReadOut, UsedBy::FourAxis, kLongRowsAndAll, "", {"Length", "Filament of the row.", FieldUnit::Filament}},
+    {"lbl4xLayerNo", &Fields::lbl4xLayerNo, Kind::ReadOut, UsedBy::FourAxis, kRowNumbers, "", {"Layer", "Number of the layer. A press shows its pattern."}},
+    {"cmb3D", &Fields::cmb3D, Kind::List, UsedBy::FourAxis, kRowNumbersAndAll, "", {"Layer Type", "HOOP lays band beside band, REG follows a pattern."}},
+    {"chkPause", &Fields::chkPause, Kind::Check, UsedBy::FourAxis, kRowNumbersAndAll, "0", {"Pause", "The machine waits behind this layer. Without end wraps the tick does nothing."}},
+    {"lblRPM", &Fields::lblRPM, Kind::ReadOut, UsedBy::FourAxis, kRowNumbers, "", {"RPM", "Turns of the mandrel a minute."}},
+    {"lblcSpeed", &Fields::lblcSpeed, Kind::ReadOut, UsedBy::FourAxis, kRowNumbers, "", {"Carriage Speed", "Speed of the carriage along the part.", FieldUnit::Speed}},
+    {"cmbPattern", &Fields::cmbPattern, Kind::List, UsedBy::FourAxis, kRowNumbersAndAll, "", {"Pattern", "Winding angle | groups x circuits | end wrap."}},
+    {"cmbPhiW", &Fields::cmbPhiW, Kind::List, UsedBy::FourAxis, kRowNumbers, "", {"End Wrap", "Turn of the mandrel at each end."}},
+    {"cmbPhiSplit", &Fields::cmbPhiSplit, Kind::List, UsedBy::FourAxis, kRowNumbers, "", {"Split", "Share of the end wrap before the head moves."}},
+    {"lblNPasses", &Fields::lblNPasses, Kind::ReadOut, UsedBy::FourAxis, kRowNumbersAndAll, "", {"Passes", "Passes that cover the mandrel once."}},
+    {"lblMinutes", &Fields::lblMinutes, Kind::ReadOut, UsedBy::FourAxis, kRowNumbersAndAll, "", {"Minutes", "Time of the row."}},
+    {"lblLength", &Fields::lblLength, Kind::ReadOut, UsedBy::FourAxis, kRowNumbersAndAll, "", {"Length", "Filament of the row.", FieldUnit::Filament}},
     {"btn4XRow", &Fields::btn4XRow, Kind::Control, UsedBy::FourAxis, kRows, "", {"Layer", "Shows the row's pattern; the right button opens its menu."}},
     // Identity of the design and working copies of its values
-    {"gFilePath", &Fields::gFilePath, Kind::Value, UsedBy::Both, {}, ""},
-    {"gFileName", &Fields::gFileName, Kind::Value, UsedBy::Both, {}, ""},
-    {"gLastFileInUse", &Fields::gLastFileInUse, Kind::Value, UsedBy::Both, {}, ""},
-    {"gVersionNumber", &Fields::gVersionNumber, Kind::Value, UsedBy::Both, {}, ""},
+    {"gFilePath", &Fields::gFilePath, Kind::Value, UsedBy::Station, {}, ""},
+    {"gFileName", &Fields::gFileName, Kind::Value, UsedBy::Station, {}, ""},
+    {"gLastFileInUse", &Fields::gLastFileInUse, Kind::Value, UsedBy::Station, {}, ""},
+    {"gVersionNumber", &Fields::gVersionNumber, Kind::Value, UsedBy::Station, {}, ""},
     {"Author", &Fields::Author, Kind::Value, UsedBy::Design, {}, ""},
     {"Author_Email", &Fields::Author_Email, Kind::Value, UsedBy::Design, {}, ""},
     {"Comments", &Fields::Comments, Kind::Value, UsedBy::Design, {}, ""},
@@ -154,47 +155,47 @@ constexpr FieldRow kCatalogue[] = {
     {"gFarEndZ", &Fields::gFarEndZ, Kind::Value, UsedBy::Window, {}, ""},
     {"gHomeEndZ", &Fields::gHomeEndZ, Kind::Value, UsedBy::Window, {}, ""},
     // Choices of a build
-    {"chkWindingSchedule", &Fields::chkWindingSchedule, Kind::Check, UsedBy::Both, {}, "1", {"Winding", "The layers themselves are part of the program.", FieldUnit::None, "Winding"}},
-    {"chkPreWrap1", &Fields::chkPreWrap1, Kind::Check, UsedBy::Both, {}, "0", {"Pre-Wrap #1", "Wraps the bare mandrel before winding.", FieldUnit::None, "Pre-Wrap #1"}},
-    {"chkPreWrap2", &Fields::chkPreWrap2, Kind::Check, UsedBy::Both, {}, "0", {"Pre-Wrap #2", "A second wrap of the bare mandrel.", FieldUnit::None, "Pre-Wrap #2"}},
-    {"chkHeatGunApp", &Fields::chkHeatGunApp, Kind::Check, UsedBy::Both, {}, "0", {"Heat Gun", "A pass of the heat gun ends the program.", FieldUnit::None, "Heat Gun"}},
-    {"chkPromptForHST", &Fields::chkPromptForHST, Kind::Check, UsedBy::Both, {}, "0", {"Shrink Tape", "Shrink tape follows the last layer.", FieldUnit::None, "Shrink Tape"}},
-    {"chkNotify1", &Fields::chkNotify1, Kind::Check, UsedBy::Both, {}, "0", {"Send Text Message When Complete", "Sends a message to the first address at the end.", FieldUnit::None, "Send Text Message When Complete"}},
-    {"chkNotify2", &Fields::chkNotify2, Kind::Check, UsedBy::Both, {}, "0", {"2nd message", "Sends a message to the second address as well."}},
-    {"txtPreWrapAdvance", &Fields::txtPreWrapAdvance, Kind::Text, UsedBy::Both, kPreWraps, "", {"Pre-wrap advance", "Carriage travel a turn in inches.", FieldUnit::Inches}},
-    {"txtPreWrapAdvanceMM", &Fields::txtPreWrapAdvanceMM, Kind::Text, UsedBy::Both, kPreWraps, "", {"Pre-wrap advance, mm", "Carriage travel a turn in millimetres.", FieldUnit::Millimetres}},
-    {"cmbPreWrapRPM", &Fields::cmbPreWrapRPM, Kind::List, UsedBy::Both, kPreWraps, "", {"Pre-wrap RPM", "Turns of the mandrel a minute in the pre-wrap.", FieldUnit::Rpm}},
-    {"txtHGSpeed", &Fields::txtHGSpeed, Kind::Text, UsedBy::Both, {}, "", {"Heat gun speed", "Carriage speed in inches per second.", FieldUnit::InchesPerSecond}},
-    {"txtHGSpeedMM", &Fields::txtHGSpeedMM, Kind::Text, UsedBy::Both, {}, "", {"Heat gun speed, mm", "Carriage speed in millimetres per second.", FieldUnit::MillimetresPerSecond}},
-    {"cmbHGRPM", &Fields::cmbHGRPM, Kind::List, UsedBy::Both, {}, "", {"Heat gun RPM", "Turns of the mandrel a minute under the heat gun.", FieldUnit::Rpm}},
-    {"txtHSTWidth", &Fields::txtHSTWidth, Kind::Text, UsedBy::Both, {}, "", {"Shrink tape width", "Width of the tape in inches.", FieldUnit::Inches}},
-    {"txtHSTWidthMM", &Fields::txtHSTWidthMM, Kind::Text, UsedBy::Both, {}, "", {"Shrink tape width, mm", "Width of the tape in millimetres.", FieldUnit::Millimetres}},
-    {"cmbHSTRPM", &Fields::cmbHSTRPM, Kind::List, UsedBy::Both, {}, "", {"Shrink tape RPM", "Turns of the mandrel a minute under the tape.", FieldUnit::Rpm}},
-    {"txtStepSize2Ax", &Fields::txtStepSize2Ax, Kind::Text, UsedBy::Both, {}, "", {"Step", "How far a press of an arrow shifts both stops.", FieldUnit::Length}},
-    {"txtStepSize4Ax", &Fields::txtStepSize4Ax, Kind::Text, UsedBy::Both, {}, "", {"Step", "How far a press of an arrow shifts the part or an offset.", FieldUnit::Length}},
+    {"chkWindingSchedule", &Fields::chkWindingSchedule, Kind::Check, UsedBy::Station, {}, "1", {"Winding", "The layers themselves are part of the program.", FieldUnit::None, "Winding"}},
+    {"chkPreWrap1", &Fields::chkPreWrap1, Kind::Check, UsedBy::Station, {}, "0", {"Pre-Wrap #1", "Wraps the bare mandrel before winding.", FieldUnit::None, "Pre-Wrap #1"}},
+    {"chkPreWrap2", &Fields::chkPreWrap2, Kind::Check, UsedBy::Station, {}, "0", {"Pre-Wrap #2", "A second wrap of the bare mandrel.", FieldUnit::None, "Pre-Wrap #2"}},
+    {"chkHeatGunApp", &Fields::chkHeatGunApp, Kind::Check, UsedBy::Station, {}, "0", {"Heat Gun", "A pass of the heat gun ends the program.", FieldUnit::None, "Heat Gun"}},
+    {"chkPromptForHST", &Fields::chkPromptForHST, Kind::Check, UsedBy::Station, {}, "0", {"Shrink Tape", "Shrink tape follows the last layer.", FieldUnit::None, "Shrink Tape"}},
+    {"chkNotify1", &Fields::chkNotify1, Kind::Check, UsedBy::Station, {}, "0", {"Send Text Message When Complete", "Sends a message to the first address at the end.", FieldUnit::None, "Send Text Message When Complete"}},
+    {"chkNotify2", &Fields::chkNotify2, Kind::Check, UsedBy::Station, {}, "0", {"2nd message", "Sends a message to the second address as well."}},
+    {"txtPreWrapAdvance", &Fields::txtPreWrapAdvance, Kind::Text, UsedBy::Station, kPreWraps, "", {"Pre-wrap advance", "Carriage travel a turn in inches.", FieldUnit::Inches}},
+    {"txtPreWrapAdvanceMM", &Fields::txtPreWrapAdvanceMM, Kind::Text, UsedBy::Station, kPreWraps, "", {"Pre-wrap advance, mm", "Carriage travel a turn in millimetres.", FieldUnit::Millimetres}},
+    {"cmbPreWrapRPM", &Fields::cmbPreWrapRPM, Kind::List, UsedBy::Station, kPreWraps, "", {"Pre-wrap RPM", "Turns of the mandrel a minute in the pre-wrap.", FieldUnit::Rpm}},
+    {"txtHGSpeed", &Fields::txtHGSpeed, Kind::Text, UsedBy::Station, {}, "", {"Heat gun speed", "Carriage speed in inches per second.", FieldUnit::InchesPerSecond}},
+    {"txtHGSpeedMM", &Fields::txtHGSpeedMM, Kind::Text, UsedBy::Station, {}, "", {"Heat gun speed, mm", "Carriage speed in millimetres per second.", FieldUnit::MillimetresPerSecond}},
+    {"cmbHGRPM", &Fields::cmbHGRPM, Kind::List, UsedBy::Station, {}, "", {"Heat gun RPM", "Turns of the mandrel a minute under the heat gun.", FieldUnit::Rpm}},
+    {"txtHSTWidth", &Fields::txtHSTWidth, Kind::Text, UsedBy::Station, {}, "", {"Shrink tape width", "Width of the tape in inches.", FieldUnit::Inches}},
+    {"txtHSTWidthMM", &Fields::txtHSTWidthMM, Kind::Text, UsedBy::Station, {}, "", {"Shrink tape width, mm", "Width of the tape in millimetres.", FieldUnit::Millimetres}},
+    {"cmbHSTRPM", &Fields::cmbHSTRPM, Kind::List, UsedBy::Station, {}, "", {"Shrink tape RPM", "Turns of the mandrel a minute under the tape.", FieldUnit::Rpm}},
+    {"txtStepSize2Ax", &Fields::txtStepSize2Ax, Kind::Text, UsedBy::Station, {}, "", {"Step", "How far a press of an arrow shifts both stops.", FieldUnit::Length}},
+    {"txtStepSize4Ax", &Fields::txtStepSize4Ax, Kind::Text, UsedBy::Station, {}, "", {"Step", "How far a press of an arrow shifts the part or an offset.", FieldUnit::Length}},
     // Constants of the station
-    {"txtLimitSwitchApproachSpeed", &Fields::txtLimitSwitchApproachSpeed, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtMandrelAdvanceAfterPreWrapCarriageStop", &Fields::txtMandrelAdvanceAfterPreWrapCarriageStop, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtPreWrapFullLengthYN", &Fields::txtPreWrapFullLengthYN, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtMandrelRotateAfterLayerCompletion", &Fields::txtMandrelRotateAfterLayerCompletion, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtMandrelAdvanceAfterHSTCarriageStop", &Fields::txtMandrelAdvanceAfterHSTCarriageStop, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtHeatGunJustKeepGoingYN", &Fields::txtHeatGunJustKeepGoingYN, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtAddPasses", &Fields::txtAddPasses, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtAddExtra360AtFarEndYN", &Fields::txtAddExtra360AtFarEndYN, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtUseProportionalFilamentSpacingYN", &Fields::txtUseProportionalFilamentSpacingYN, Kind::Value, UsedBy::Both, {}, ""},
-    {"txt2AXAdd360YN", &Fields::txt2AXAdd360YN, Kind::Value, UsedBy::Both, {}, ""},
-    {"txt3AX1stPass360", &Fields::txt3AX1stPass360, Kind::Value, UsedBy::Both, {}, ""},
-    {"gMidAngle", &Fields::gMidAngle, Kind::Value, UsedBy::Both, {}, ""},
-    {"gSplitAngle", &Fields::gSplitAngle, Kind::Value, UsedBy::Both, {}, ""},
-    {"gDHYtoMandrelCenter", &Fields::gDHYtoMandrelCenter, Kind::Value, UsedBy::Both, {}, ""},
-    {"gDHStructureWidth", &Fields::gDHStructureWidth, Kind::Value, UsedBy::Both, {}, ""},
-    {"gCarriageOffsetFromRMPFace", &Fields::gCarriageOffsetFromRMPFace, Kind::Value, UsedBy::Both, {}, ""},
-    {"gPauseBeforeHoop", &Fields::gPauseBeforeHoop, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtMailServer", &Fields::txtMailServer, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtEmail1", &Fields::txtEmail1, Kind::Value, UsedBy::Both, {}, ""},
-    {"txtEmail2", &Fields::txtEmail2, Kind::Value, UsedBy::Both, {}, ""},
-    {"gCarriageBoardID", &Fields::gCarriageBoardID, Kind::Value, UsedBy::Both, {}, ""},
-    {"gMandrelBoardID", &Fields::gMandrelBoardID, Kind::Value, UsedBy::Both, {}, ""},
+    {"txtLimitSwitchApproachSpeed", &Fields::txtLimitSwitchApproachSpeed, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtMandrelAdvanceAfterPreWrapCarriageStop", &Fields::txtMandrelAdvanceAfterPreWrapCarriageStop, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtPreWrapFullLengthYN", &Fields::txtPreWrapFullLengthYN, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtMandrelRotateAfterLayerCompletion", &Fields::txtMandrelRotateAfterLayerCompletion, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtMandrelAdvanceAfterHSTCarriageStop", &Fields::txtMandrelAdvanceAfterHSTCarriageStop, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtHeatGunJustKeepGoingYN", &Fields::txtHeatGunJustKeepGoingYN, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtAddPasses", &Fields::txtAddPasses, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtAddExtra360AtFarEndYN", &Fields::txtAddExtra360AtFarEndYN, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtUseProportionalFilamentSpacingYN", &Fields::txtUseProportionalFilamentSpacingYN, Kind::Value, UsedBy::Station, {}, ""},
+    {"txt2AXAdd360YN", &Fields::txt2AXAdd360YN, Kind::Value, UsedBy::Station, {}, ""},
+    {"txt3AX1stPass360", &Fields::txt3AX1stPass360, Kind::Value, UsedBy::Station, {}, ""},
+    {"gMidAngle", &Fields::gMidAngle, Kind::Value, UsedBy::Station, {}, ""},
+    {"gSplitAngle", &Fields::gSplitAngle, Kind::Value, UsedBy::Station, {}, ""},
+    {"gDHYtoMandrelCenter", &Fields::gDHYtoMandrelCenter, Kind::Value, UsedBy::Station, {}, ""},
+    {"gDHStructureWidth", &Fields::gDHStructureWidth, Kind::Value, UsedBy::Station, {}, ""},
+    {"gCarriageOffsetFromRMPFace", &Fields::gCarriageOffsetFromRMPFace, Kind::Value, UsedBy::Station, {}, ""},
+    {"gPauseBeforeHoop", &Fields::gPauseBeforeHoop, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtMailServer", &Fields::txtMailServer, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtEmail1", &Fields::txtEmail1, Kind::Value, UsedBy::Station, {}, ""},
+    {"txtEmail2", &Fields::txtEmail2, Kind::Value, UsedBy::Station, {}, ""},
+    {"gCarriageBoardID", &Fields::gCarriageBoardID, Kind::Value, UsedBy::Station, {}, ""},
+    {"gMandrelBoardID", &Fields::gMandrelBoardID, Kind::Value, UsedBy::Station, {}, ""},
     {"chkDontShowVideoLinks", &Fields::chkDontShowVideoLinks, Kind::Check, UsedBy::Window, {}, "0", {"Don't Show These Links", "The start card leaves the links out.", FieldUnit::None, "Don't Show These Links"}},
     // The main window's place, in twips, and whether it fills the screen
     {"Me.Top", &Fields::meTop, Kind::Value, UsedBy::Window, {}, "400"},
@@ -286,7 +287,7 @@ bool IsUsed(const FieldRow& row, int index, Family family) {
     case UsedBy::LowIsFour:
       return fourAxes == (index <= 1);
     case UsedBy::Design:
-    case UsedBy::Both:
+    case UsedBy::Station:
       return true;
     case UsedBy::Window:
       return false;

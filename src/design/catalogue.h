@@ -29,7 +29,7 @@ enum class UsedBy : std::uint8_t {
   ByIndex,    // 0 two axes, 1 four
   LowIsFour,  // 0 and 1 four axes, above that two
   Design,     // both, and part of a design
-  Both,
+  Station,    // its constants and choices: neither undone nor recovered with a design
   Window,  // no part of a design or of the station's constants
 };
 
@@ -74,7 +74,7 @@ constexpr bool IsScheduleRow(const FieldRow& row) { return row.indexes.first == 
 
 // True of a design's own fields; false of the station's constants, choices and windows.
 constexpr bool IsOfDesign(const FieldRow& row) {
-  return row.usedBy != UsedBy::Both && row.usedBy != UsedBy::Window;
+  return row.usedBy != UsedBy::Station && row.usedBy != UsedBy::Window;
 }
 
 // Whether designs of a family use a field: the row of the catalogue and its index, 0 of a single one.

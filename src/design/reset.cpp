@@ -1,5 +1,7 @@
 #include "design/reset.h"
 
+#include "design/rows.h"
+
 namespace torvane {
 
 namespace {
@@ -35,14 +37,14 @@ void BlankTwoAxes(DesignState& s) {
   s.lblFilamentVOlume(0) = "";
   s.lblTotalGlueWgt(0) = "";
   s.lblEstWeight(0) = "";
-  for (int row = 1; row <= 15; ++row) {
+  for (int row = 1; row <= kMostLayers; ++row) {
     BlankTwoAxisRow(s, row);
     s.cmbExactAngle(row) = "select";
     s.cmb2AxisLayerType(row) = "select";
     s.cmbExactAngle(row).Show(false);
     s.cmb2AxisLayerType(row).Show(true);
   }
-  for (int row = 1; row <= 25; ++row) ShowTwoAxisRow(s, row, row <= 15);
+  for (int row = 1; row <= kLongRows; ++row) ShowTwoAxisRow(s, row, row <= kMostLayers);
   s.lblPassesToCover(IndexSet::kAllRows) = "";
   s.lblMinutesToCover(IndexSet::kAllRows) = "";
   s.lblLengthToCover(IndexSet::kAllRows) = "";
@@ -69,7 +71,7 @@ void BlankFourAxes(DesignState& s) {
   s.cmbRate = "MED";
   s.txtBandThicknessMM(1) = "0";
   s.txtBandWidthMM(1) = "0";
-  for (int row = 1; row <= 15; ++row) {
+  for (int row = 1; row <= kMostLayers; ++row) {
     s.cmb3D(row) = "";
     s.lblRPM(row) = "";
     s.cmbPattern(row) = "";
@@ -82,7 +84,7 @@ void BlankFourAxes(DesignState& s) {
     s.cmbPhiSplit(row) = kDefaultSplit;
   }
   const bool pauseOfFirstRow = s.chkPause(1).shown();
-  for (int row = 1; row <= 18; ++row) ShowFourAxisRow(s, row, row <= 15);
+  for (int row = 1; row <= kFieldRows; ++row) ShowFourAxisRow(s, row, row <= kMostLayers);
   s.chkPause(1).Show(pauseOfFirstRow);
   s.txtNumberOfLayers(0).SetMark(Mark::NeedsInput);
   s.txtNumberOfLayers(1).SetMark(Mark::NeedsInput);
@@ -124,17 +126,17 @@ void InitializeAsNew(DesignState& s) {
   s.txtSkirtRight = "";
   s.lblEstWeight(0) = "";
   s.lblEstWeight(1) = "";
-  for (int row = 1; row <= 25; ++row) BlankTwoAxisRow(s, row);
+  for (int row = 1; row <= kLongRows; ++row) BlankTwoAxisRow(s, row);
   for (FieldArray* total : {&s.lblPassesToCover, &s.lblMinutesToCover, &s.lblLengthToCover, &s.lblNPasses,
                             &s.lblMinutes, &s.lblLength})
     (*total)(IndexSet::kAllRows) = "";
   s.gDirty = false;
-  for (int row = 1; row <= 25; ++row) ShowTwoAxisRow(s, row, row <= 18);
+  for (int row = 1; row <= kLongRows; ++row) ShowTwoAxisRow(s, row, row <= kFieldRows);
   for (FieldArray* list : {&s.cmbSpeed, &s.cmbMethod}) {
     (*list)(IndexSet::kAllRows).Show(false);
     (*list)(IndexSet::kAllRows) = "";
   }
-  for (int row = 1; row <= 18; ++row) ShowFourAxisRow(s, row, row <= 15);
+  for (int row = 1; row <= kFieldRows; ++row) ShowFourAxisRow(s, row, row <= kMostLayers);
   for (FieldArray* list : {&s.cmb3D, &s.cmbPattern}) {
     (*list)(IndexSet::kAllRows).Show(true);
     (*list)(IndexSet::kAllRows) = "";

@@ -175,7 +175,7 @@ DesignRead ReadDesign(Reader& reader, std::string_view text) {
   FillRows(s);
   s.gGridSync = true;
   s.frmMain.SetCaption("Torvane Designer");
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
   s.lblStatusBar2.CopyFrom(s.gFileName);
   return DesignRead::Whole;
 }

@@ -36,12 +36,12 @@ TEST_F(TwoAxis, AddedPassesCountInHelicalRowsAlone) {
   TypeTube(station, 2, "45");
   s.txtWA(2) = "90";
   s.txtAddPasses = "2";
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
   EXPECT_EQ(s.lblPassesToCover(1).text(), "38");
   EXPECT_TRUE(s.lblPassesToCover(1).bold());
   EXPECT_EQ(s.lblPassesToCover(2).text(), "1");
   s.txtAddPasses = "0";
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
   EXPECT_EQ(s.lblPassesToCover(1).text(), "36");
   EXPECT_FALSE(s.lblPassesToCover(1).bold());
 }
@@ -52,7 +52,7 @@ TEST_F(TwoAxis, AStepWithoutItsNumberLeavesTheRest) {
   EXPECT_EQ(s.lblPassesToCover(1).text(), "36") << "without a band the passes stay";
   s.txtBandWidth(0) = "0.25";
   s.txtDiameterRight = "";
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
   // No mean diameter: the travel along the part is all that is left, there and back in 36 passes.
   EXPECT_EQ(s.lblLengthToCover(1).text(), "144.0");
   s.txtLengthTotal(0) = "long";
@@ -79,7 +79,7 @@ TEST_F(TwoAxis, ATypedMandrelSpeedStands) {
   TypeTube(station, 1, "45");
   s.gGridSync = false;
   s.txtMRPM(1) = "10";
-  RecalculateTwoAxisLayers(s, IndexSet::kAllRows);
+  RecalculateTwoAxisLayers(s, kSpeedsByMandrelSpeed);
   EXPECT_EQ(s.txtMRPM(1).text(), "10");
   EXPECT_EQ(s.txtCarriageSpeed(1).text(), "2.09");
   RecalculateTwoAxisLayers(s, 1);

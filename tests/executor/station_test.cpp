@@ -12,11 +12,23 @@
 
 #include "designs.h"
 #include "executor/proof/report.h"
+#include "persist/calibration.h"
+#include "persist/settings.h"
 #include "programs.h"
 #include "seeking.h"
+#include "stage/stores.h"
 
 namespace torvane::executor {
 namespace {
+
+// The proof reads the same store as the station, by tables of its own.
+TEST_F(Station, HasTheLimitsThatTheProofStartsWith) {
+  MemoryStore store;
+  for (const Setting& setting : Settings()) store.Write(kSettings, setting.key, setting.fallback);
+  for (const CalibrationKey& key : CalibrationKeys())
+    store.Write(key.ofFourAxes ? kFourAxisCalibration : kPointCalibration, key.key, key.fallback);
+  EXPECT_EQ(ReadLimits(store, '.'), Limits());
+}
 
 TEST_F(Station, ProvesItsSamplesAndSeeksInThem) {
   const std::map<std::string, Kinds> expected = {

@@ -17,7 +17,8 @@ BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), 
   desk.binder.BindAll(this, [this] {
     const QString sentence = Shown(OutlookOf(desk_.station).sentence);
     setAccessibleDescription(sentence);
-    setToolTip(PlainTip(sentence + QStringLiteral(" (F9)")));
+    setToolTip(PlainTip(
+        QStringLiteral("%1 (%2)").arg(sentence, Shown(desk_.station.WordsOf("mnuBeginWinding").keys))));
     update();
   });
 }

@@ -90,7 +90,7 @@ class SettingsDialog : public Window {
   using Window::SetModal;
 
   bool Run(std::string_view control, Event event, int index) override;
-  void Closing() override { RecalculateTwoAxisLayers(s(), -1); }
+  void Closing() override { RecalculateTwoAxisLayers(s(), kSpeedsByAngle); }
   void ShowTab(int index);
   // `tab` 0 the fields of the 4-axis tab, 1 those of the 2-axis tab.
   void MarkOffset(std::size_t tab, Mark mark);
@@ -300,7 +300,7 @@ void SettingsDialog::TakeOver() {
     const Number value = s().Read(*held.pending);
     if (value.good()) s().*std::get<double DesignState::*>(held.setting.target) = value.value();
   }
-  RecalculateTwoAxisLayers(s(), -1);
+  RecalculateTwoAxisLayers(s(), kSpeedsByAngle);
 }
 
 bool SettingsDialog::Click(std::string_view name, int index) {

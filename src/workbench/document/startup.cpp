@@ -2,6 +2,7 @@
 
 #include "calc/patterns.h"
 #include "design/reset.h"
+#include "design/rows.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 #include "workbench/build/checklist.h"
@@ -59,7 +60,7 @@ void FillChoiceLists(DesignState& s) {
   s.cmbRate.SetEntries({"SLOW", "MED", "FAST"});
   const auto wraps = WholeDegrees(111, 230);
   const auto splits = WholeDegrees(25, 75);
-  for (int i = 1; i <= 25; ++i) {
+  for (int i = 1; i <= kLongRows; ++i) {
     s.lbl4xLayerNo(i) = std::to_string(i);
     s.cmb3D(i).SetEntries({"REG", "HOOP"});
     s.cmb3D(i) = "REG";

@@ -15,7 +15,7 @@ namespace torvane {
 namespace {
 
 void RecalculateAfterStart(Station& station) {
-  if (station.StartGuardPassed()) RecalculateTwoAxisLayers(station.s, -1);
+  if (station.StartGuardPassed()) RecalculateTwoAxisLayers(station.s, kSpeedsByAngle);
 }
 
 void txtDia_Change(Station& station, int i) {

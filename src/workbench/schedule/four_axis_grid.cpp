@@ -123,7 +123,7 @@ void txtAdjust_Change(Station& station, int i) {
 }
 
 void DropEmphasis(DesignState& s, int butRow) {
-  for (int row = 1; row <= 18; ++row)
+  for (int row = 1; row <= kFieldRows; ++row)
     if (row != butRow) s.lbl4xLayerNo(row).SetBold(false);
 }
 
@@ -207,7 +207,7 @@ void ChangeFourAxisCount(Station& station) {
   DesignState& s = station.s;
   const Number rows = LayersOf(s.txtNumberOfLayers(1));
   const bool angles = s.IsNoWrap();
-  for (int row = 1; row <= 18 && rows.good(); ++row) {
+  for (int row = 1; row <= kFieldRows && rows.good(); ++row) {
     const bool shown = holds(row <= rows) && row <= kMostLayers;
     ShowFourAxisRow(s, row, shown);
     s.btn4XRow(row).Show(shown && !angles);

@@ -5,7 +5,8 @@
 
 namespace torvane {
 
-// A click beside the grids: no row of either stands out any more.
+// A click beside the grids: no row of either stands out any more, and the motors are those that the store
+// tells by now.
 void ClickBesideGrids(Station& station);
 
 // A press of a four-axis row's button: selects it and shows its preview, if it has one.

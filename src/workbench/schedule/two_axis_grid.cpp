@@ -81,7 +81,7 @@ void txtMRPM_Key(Station& station, int row) {
   s.gDirty = true;
   s.gGridSync = false;
   if (row == kAllRows) SpreadToAllRows(s, s.txtMRPM, mask::kCell);
-  RecalculateTwoAxisLayers(s, kAllRows);
+  RecalculateTwoAxisLayers(s, kSpeedsByMandrelSpeed);
   s.gGridSync = true;
   if (row == kAllRows && holds(number(s.txtMRPM(row)) > s.mMaxRPM) && station.StartGuardPassed())
     ShowMessageDialog(station, messages::kMandrelBeyondMaximum,
@@ -101,7 +101,7 @@ void List_Click(Station& station, FieldArray& column, int row) {
     const int rows = RowsOf(s.txtNumberOfLayers(0));
     for (int r = 1; r <= rows; ++r) column(r).CopyFrom(column(row));
   }
-  RecalculateTwoAxisLayers(s, -1);
+  RecalculateTwoAxisLayers(s, kSpeedsByAngle);
 }
 
 void cmbSpeed_Click(Station& station, int row) {
@@ -160,7 +160,7 @@ void LimitLayers(DesignState& s, int panel) {
 
 void ShowTwoAxisRows(DesignState& s) {
   const Number rows = LayersOf(s.txtNumberOfLayers(0));
-  for (int row = 1; row <= 18; ++row)
+  for (int row = 1; row <= kFieldRows; ++row)
     if (rows.good()) ShowTwoAxisRow(s, row, holds(row <= rows) && row <= kMostLayers);
   for (FieldArray* list : {&s.cmbSpeed, &s.cmbMethod}) {
     (*list)(kAllRows) = "";
@@ -175,7 +175,7 @@ void txtNumberOfLayers_Change(Station& station, int panel) {
   ShowTwoAxisRows(s);
   KeepAllRows(station);
   EstimateThickness(s, panel);
-  if (station.StartGuardPassed()) RecalculateTwoAxisLayers(s, -1);
+  if (station.StartGuardPassed()) RecalculateTwoAxisLayers(s, kSpeedsByAngle);
 }
 
 // A click or a key in either count takes the yellow off both.
@@ -186,7 +186,7 @@ void ClearCountMarks(Station& station, int) {
 void txtNumberOfLayers_Key(Station& station, int) { station.s.lblNumberOfLayers(0).SetBold(false); }
 
 void DropEmphasis(DesignState& s, int butRow = 0) {
-  for (int row = 1; row <= 25; ++row)
+  for (int row = 1; row <= kLongRows; ++row)
     if (row != butRow) s.lblL(row).SetBold(false);
 }
 
@@ -242,7 +242,7 @@ void mnuReCalcSpeeds_Click(Station& station, int) {
   RecalculateTwoAxisLayers(station.s, station.s.gCurrentRow);
 }
 
-void mnuRecalcAllRows_Click(Station& station, int) { RecalculateTwoAxisLayers(station.s, -1); }
+void mnuRecalcAllRows_Click(Station& station, int) { RecalculateTwoAxisLayers(station.s, kSpeedsByAngle); }
 
 void mnuAllRows_Click(Station& station, int) {
   station.allRowsShown = !station.allRowsShown;
@@ -316,7 +316,7 @@ constexpr Operation kOperations[] = {
 
 void ClickBesideGrids(Station& station) {
   DropEmphasis(station.s);
-  for (int row = 1; row <= 25; ++row) station.s.lbl4xLayerNo(row).SetBold(false);
+  for (int row = 1; row <= kLongRows; ++row) station.s.lbl4xLayerNo(row).SetBold(false);
   station.s.gIsNEMA34 = ReadsAsTrue(GetSetting(station.platform.store, kSettings, "gIsNEMA34", "False"));
 }
 

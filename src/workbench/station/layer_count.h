@@ -3,12 +3,10 @@
 
 #include <algorithm>
 
+#include "design/rows.h"
 #include "workbench/station/station.h"
 
 namespace torvane {
-
-// A machine winds no more layers in one go; what is typed above becomes this.
-inline constexpr int kMostLayers = 15;
 
 // How many rows the schedule in use has.
 inline int LayerRows(const DesignState& s) {
