@@ -37,10 +37,9 @@ check_lint() {
     while read -r file; do [ -f "$file" ] && echo "$file"; done | head -n "${LINT_FILES:-40}") || true
   say "clang-tidy over what changed since ${base:-the beginning}: ${changed:-nothing}"
   [ -n "$changed" ] || return 0
-  # It reads the headers themselves: those that the compiler keeps ready are of another compiler's kind.
-  mkdir -p build/lint
-  sed -E 's/ -Winvalid-pch//g; s/ -include [^ "]*cmake_pch\.hxx//g' build/release/compile_commands.json \
-    >build/lint/compile_commands.json
+  # Each file for itself, with the headers themselves: those that the compiler keeps ready are of another's kind.
+  cmake --preset release -B build/lint -DTORVANE_UNITY=OFF >/dev/null
+  sed -i -E 's/ -Winvalid-pch//g; s/ -include [^ "]*cmake_pch\.hxx//g' build/lint/compile_commands.json
   xargs -P "$(nproc)" -n 1 clang-tidy -p build/lint --quiet --extra-arg=-Wno-unknown-warning-option \
     <<<"$changed" || fail "clang-tidy found what stands above"
 }

@@ -14,12 +14,12 @@ using executor::RunState;
 
 namespace {
 
-constexpr int kRow = 22, kGutter = 67;
+constexpr int kLine = 22, kGutter = 67;
 
 }  // namespace
 
 ProgramList::ProgramList(Stand stand, QWidget* parent)
-    : RowPanel(stand, QStringLiteral("Program"), kRow, parent),
+    : RowPanel(stand, QStringLiteral("Program"), kLine, parent),
       mono_(MonoFont(12)),
       follow_(
           new PlainButton(stand.theme, ButtonLook::Flat, Icon::None, QStringLiteral("Follow the run"), this)),
@@ -82,7 +82,7 @@ void ProgramList::ShowLine(int line) {
   shown_ = line;
   SetFollows(false);
   scrolling_ = true;
-  verticalScrollBar()->setValue((line - 1) * kRow - (viewport()->height() - kRow) / 2);
+  verticalScrollBar()->setValue((line - 1) * kLine - (viewport()->height() - kLine) / 2);
   scrolling_ = false;
   viewport()->update();
 }
@@ -103,9 +103,9 @@ void ProgramList::SetFollows(bool follows) {
 void ProgramList::FollowRun() {
   if (!follows_) return;
   const int line = std::max(1, stand_.player().LineNow());
-  const int rows = viewport()->height() / kRow;
+  const int rows = viewport()->height() / kLine;
   scrolling_ = true;
-  verticalScrollBar()->setValue((line - 1 - rows / 2) * kRow);
+  verticalScrollBar()->setValue((line - 1 - rows / 2) * kLine);
   scrolling_ = false;
 }
 
@@ -117,7 +117,7 @@ void ProgramList::scrollContentsBy(int, int) {
 void ProgramList::FitLines() {
   const auto* program = stand_.player().program();
   scrolling_ = true;
-  Fit(program == nullptr ? 0 : program->Lines() * kRow);
+  Fit(program == nullptr ? 0 : program->Lines() * kLine);
   scrolling_ = false;
 }
 
@@ -159,7 +159,7 @@ void ProgramList::PaintLine(QPainter& p, const QRect& row, int number) const {
     PaintIcon(p, Icon::Play, Inset(glyph, 1), t[Token::OnAccent]);
   p.setFont(mono_);
   p.setPen(t[now ? Token::OnAccent : Token::Off]);
-  p.drawText(QRect(row.left(), row.top(), kGutter - 6, kRow), Qt::AlignRight | Qt::AlignVCenter,
+  p.drawText(QRect(row.left(), row.top(), kGutter - 6, kLine), Qt::AlignRight | Qt::AlignVCenter,
              QString::number(number));
   const std::string_view text = player.program()->Line(number);
   const auto bracket = std::min(text.find('['), text.size());
@@ -168,7 +168,7 @@ void ProgramList::PaintLine(QPainter& p, const QRect& row, int number) const {
   p.setPen(t[plain]);
   int x = row.left() + kGutter + 8;
   const auto draw = [&](const QString& words) {
-    p.drawText(QRect(x, row.top(), row.right() - x, kRow), Qt::AlignVCenter,
+    p.drawText(QRect(x, row.top(), row.right() - x, kLine), Qt::AlignVCenter,
                p.fontMetrics().elidedText(words, Qt::ElideRight, row.right() - x - 2));
   };
   draw(statement);

@@ -9,7 +9,7 @@ using executor::Stride;
 
 namespace {
 
-constexpr int kHeight = 34, kPlay = 128, kStep = 92, kNarrowStep = 44;
+constexpr int kBar = 34, kPlay = 128, kStep = 92, kNarrowStep = 44;
 
 struct StepLook {
   Icon back, on;
@@ -50,7 +50,7 @@ StepBar::StepBar(Stand stand, QWidget* parent)
     : QWidget(parent),
       stand_(stand),
       play_(new PlainButton(stand.theme, ButtonLook::Filled, Icon::Play, QStringLiteral("Play"), this)) {
-  setFixedHeight(kHeight);
+  setFixedHeight(kBar);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(6);

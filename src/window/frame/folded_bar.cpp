@@ -15,14 +15,14 @@ namespace torvane {
 
 namespace {
 
-constexpr int kHeight = 58;
+constexpr int kFolded = 58;
 constexpr int kMarks = 150;  // what the marks need at least
 
 }  // namespace
 
 FoldedBar::FoldedBar(Desk desk, QWidget* parent) : QWidget(parent), desk_(desk) {
   setObjectName(QStringLiteral("foldedRail"));
-  setFixedHeight(kHeight);
+  setFixedHeight(kFolded);
   row_ = new QHBoxLayout(this);
   row_->setContentsMargins(14, 0, 8, 0);
   row_->setSpacing(12);

@@ -13,7 +13,7 @@ namespace torvane {
 namespace {
 
 constexpr int kRow = 32;
-constexpr int kHead = 24;
+constexpr int kCaptions = 24;
 
 }  // namespace
 
@@ -33,7 +33,7 @@ ChecklistPanel::ChecklistPanel(Desk desk, QWidget* parent) : QWidget(parent), de
   for (const char* unit : {"RPM", "in", "mm"})
     grid->addWidget(head(QString::fromLatin1(unit), 12, Token::Second, Weight::Regular), 0, column++,
                     Qt::AlignRight);
-  grid->setRowMinimumHeight(0, kHead);
+  grid->setRowMinimumHeight(0, kCaptions);
   const Line lines[] = {
       {s.chkPreWrap1, "per turn", &s.cmbPreWrapRPM(1), &s.txtPreWrapAdvance(1), &s.txtPreWrapAdvanceMM(1)},
       {s.chkPreWrap2, "per turn", &s.cmbPreWrapRPM(2), &s.txtPreWrapAdvance(2), &s.txtPreWrapAdvanceMM(2)},
@@ -107,7 +107,7 @@ void ChecklistPanel::Arrange(Arrangement arrangement) {
   const bool large = arrangement == Arrangement::Large;
   for (QWidget* detail : details_) detail->setVisible(!large);
   auto* grid = static_cast<QGridLayout*>(layout());
-  grid->setRowMinimumHeight(0, large ? 0 : kHead);
+  grid->setRowMinimumHeight(0, large ? 0 : kCaptions);
   for (const int row : rows_) grid->setRowMinimumHeight(row, large ? desk_.theme.Figure(28) : kRow);
   for (QWidget* check : checks_) {
     if (!details_.back()->isAncestorOf(check)) check->setFixedHeight(large ? 46 : 32);

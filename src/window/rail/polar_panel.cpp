@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kTotals = 58;
 // What stands beside the picture: its column's width, with the margins, and its figures.
-constexpr int kBeside = 142, kBesideLines = 192, kFigures = 4;
+constexpr int kBesideView = 142, kBesideLines = 192, kFigures = 4;
 // A figure below its caption, and beside it in a low panel.
 constexpr int kFigureHeight = 34, kFigureLine = 17;
 constexpr int kFiguresTop = 36, kLinesTop = 30;
@@ -54,7 +54,7 @@ void PolarPanel::resizeEvent(QResizeEvent*) {
 }
 
 int PolarPanel::Side() const {
-  return std::min(width() - (FiguresInLines() ? kBesideLines : kBeside), height() - kTotals - 40);
+  return std::min(width() - (FiguresInLines() ? kBesideLines : kBesideView), height() - kTotals - 40);
 }
 
 bool PolarPanel::FiguresInLines() const { return enlarge_->y() - kFiguresTop < kFigures * kFigureHeight; }
