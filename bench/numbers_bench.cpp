@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-#include "text/number_text.h"
+#include "text/write_number.h"
 
 namespace torvane {
 namespace {
@@ -32,6 +32,31 @@ void FormatUnderMask(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(FormatNumberText({}, values[i++ % 1024], "##0.000"_mask));
 }
 BENCHMARK(FormatUnderMask);
+
+// As a program takes it: into the text of its line.
+void WriteUnderMask(benchmark::State& state) {
+  const auto values = Values();
+  std::array<char, kLongestNumberText> text;
+  std::size_t i = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(WriteNumberText(text.data(), {}, values[i++ % 1024], "##0.000"_mask));
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(WriteUnderMask);
+
+// The digits alone: neither sign nor point, and rounded as the machine does.
+void WriteScaledWholeNumber(benchmark::State& state) {
+  const auto values = Values();
+  std::array<char, 24> text;
+  std::size_t i = 0;
+  for (auto _ : state) {
+    const auto scaled = static_cast<std::int64_t>(values[i++ % 1024] * 1000 + 0.5);
+    benchmark::DoNotOptimize(std::to_chars(text.data(), text.data() + text.size(), scaled).ptr);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(WriteScaledWholeNumber);
 
 void FormatBySnprintf(benchmark::State& state) {
   const auto values = Values();

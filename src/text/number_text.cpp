@@ -4,17 +4,19 @@
 #include <array>
 #include <cassert>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <optional>
 
 #include "text/text.h"
+#include "text/write_number.h"
 
 namespace torvane {
 
 namespace {
 
 constexpr int kDigits = 15;
-// The largest double has 309 digits in front of the point; a mask adds at most nine behind it.
-constexpr std::size_t kLongestNumber = 340;
 
 // The first 15 significant digits of a value: 0.d1 d2 ... d15 times ten to the power `point`.
 struct Decimal {
@@ -79,6 +81,93 @@ char* WriteInteger(char* out, const Decimal& d, int atLeast) {
   for (int place = std::max(d.zero ? 0 : d.point, atLeast) - 1; place >= 0; --place)
     *out++ = DigitAt(d, place);
   return out;
+}
+
+constexpr std::array<double, 5> kPowersOfTen = {1e0, 1e1, 1e2, 1e3, 1e4};
+
+// A magnitude in units of a mask's last decimal, rounded as RoundTo does; nothing where a multiplication
+// cannot tell. Call it x in these units: its fifteenth digit is worth x / 1E15 at least and x / 1E14 at most.
+// What lies below a half by less than half of that digit becomes a half with it and goes up, so does all by
+// x * 5E-16; what lies below by more goes down, so does all by x * 5E-15. The product is off by x * 1.2E-16.
+std::optional<std::int64_t> InLastDecimals(double magnitude, int decimals) {
+  constexpr int kMostDecimals = 4;
+  constexpr double kMost = 1e13;  // up to there the fifteenth digit is a tenth at most
+  if (decimals > kMostDecimals) return std::nullopt;
+  const double product = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
+  if (!(product < kMost)) return std::nullopt;
+  const auto whole = static_cast<std::int64_t>(product);
+  const double belowHalf = 0.5 - (product - static_cast<double>(whole));
+  // Without a branch: which way the next number goes cannot be guessed.
+  const int up = belowHalf <= product * 3.5e-16 ? 1 : 0, notDown = belowHalf < product * 6e-15 ? 1 : 0;
+  if (up != notDown) return std::nullopt;
+  return whole + up;
+}
+
+constexpr auto kPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+// A number with so many digits, zeros in front of it too.
+template <int kCount>
+char* WriteDigits(char* out, std::uint32_t number) {
+  if constexpr (kCount == 1) *out = static_cast<char>('0' + number);
+  if constexpr (kCount >= 2) {
+    std::memcpy(out + kCount - 2, kPairs.data() + 2 * (number % 100), 2);
+    WriteDigits<kCount - 2>(out, number / 100);
+  }
+  return out + kCount;
+}
+
+// Without a `0` in the mask a 0 has no digit.
+char* WriteWhole(char* out, std::uint64_t number, int atLeast) {
+  int digits = 0;
+  for (std::uint64_t power = 1; number >= power; power *= 10) ++digits;
+  char* const end = out + std::max(digits, atLeast);
+  char* at = end;
+  for (; number >= 10; number /= 100) {
+    at -= 2;
+    std::memcpy(at, kPairs.data() + 2 * (number % 100), 2);
+  }
+  if (number > 0) *--at = static_cast<char>('0' + number);
+  std::fill(out, at, '0');
+  return end;
+}
+
+// A number in units of the mask's last decimal, of which there are so many.
+template <int kDecimals>
+char* WriteUnits(char* out, NumberSigns signs, std::uint64_t units, Mask mask) {
+  constexpr auto kUnits = static_cast<std::uint64_t>(kPowersOfTen[kDecimals]);
+  out = WriteWhole(out, units / kUnits, mask.integerZeros);
+  if (mask.point) *out++ = signs.decimal;
+  char* const end = WriteDigits<kDecimals>(out, static_cast<std::uint32_t>(units % kUnits));
+  constexpr unsigned kAllShown = (1U << kDecimals) - 1;
+  if (mask.zeroDecimals == kAllShown) return end;
+  int shown = kDecimals;  // behind it all are zeros, and a `#` prints none of them
+  while (shown > 0 && out[shown - 1] == '0') --shown;
+  out += shown;
+  for (int place = shown + 1; place <= kDecimals; ++place)
+    if ((mask.zeroDecimals >> (place - 1)) & 1U) *out++ = '0';
+  return out;
+}
+
+char* WriteUnits(char* out, NumberSigns signs, std::uint64_t units, Mask mask) {
+  switch (mask.decimals) {
+    case 0:
+      return WriteUnits<0>(out, signs, units, mask);
+    case 1:
+      return WriteUnits<1>(out, signs, units, mask);
+    case 2:
+      return WriteUnits<2>(out, signs, units, mask);
+    case 3:
+      return WriteUnits<3>(out, signs, units, mask);
+    default:
+      return WriteUnits<4>(out, signs, units, mask);
+  }
 }
 
 char* Write(char* out, NumberSigns signs, double value, Mask mask) {
@@ -200,9 +289,16 @@ Number ReadNumberText(NumberSigns signs, std::string_view text) {
   return value;
 }
 
+char* WriteNumberText(char* out, NumberSigns signs, double value, Mask mask) {
+  const auto rounded = InLastDecimals(std::fabs(value), mask.decimals);
+  if (!rounded) return Write(out, signs, value, mask);
+  if (value < 0 && *rounded != 0) *out++ = '-';
+  return WriteUnits(out, signs, static_cast<std::uint64_t>(*rounded), mask);
+}
+
 void AppendNumberText(std::string& out, NumberSigns signs, double value, Mask mask) {
-  std::array<char, kLongestNumber> text;
-  out.append(text.data(), static_cast<std::size_t>(Write(text.data(), signs, value, mask) - text.data()));
+  std::array<char, kLongestNumberText> text;
+  out.append(text.data(), WriteNumberText(text.data(), signs, value, mask));
 }
 
 std::string FormatNumberText(NumberSigns signs, double value, Mask mask) {
@@ -217,7 +313,7 @@ std::string FormatNumberText(NumberSigns signs, std::string_view text, Mask mask
 }
 
 void AppendPlainNumber(std::string& out, NumberSigns signs, double value) {
-  std::array<char, kLongestNumber> text;
+  std::array<char, kLongestNumberText> text;
   out.append(text.data(), static_cast<std::size_t>(WritePlain(text.data(), signs, value) - text.data()));
 }
 

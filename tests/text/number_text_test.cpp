@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -55,6 +59,76 @@ TEST(NumberText, RoundsTheFifteenDigitDecimalHalfAwayFromZero) {
   // Nine digits behind the point round the fifteenth digit first: 0.4999999999999999 is a half by then.
   EXPECT_EQ(FormatNumberText(kPoint, 0.4999999999999999, "####"_mask), "1");
 }
+
+// The rule in whole numbers: the fifteen digits, then half away from zero.
+std::uint64_t InLastDecimals(double value, int decimals) {
+  char text[32];  // "d.dddddddddddddde+XX"
+  const char* const end =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 14).ptr;
+  auto digits = static_cast<std::uint64_t>(text[0] - '0');
+  for (int i = 2; i < 16; ++i) digits = digits * 10 + static_cast<std::uint64_t>(text[i] - '0');
+  int power = 0;
+  std::from_chars(text + 18, end, power);
+  if (text[17] == '-') power = -power;
+  int dropped = 14 - power - decimals;
+  if (dropped > 17) return 0;
+  for (; dropped < 0; ++dropped) digits *= 10;
+  std::uint64_t unit = 1;
+  for (; dropped > 0; --dropped) unit *= 10;
+  return (digits + unit / 2) / unit;
+}
+
+struct Shown {
+  Mask mask;
+  int decimals;
+};
+constexpr Shown kShown[] = {
+    {"0"_mask, 0}, {"0.0"_mask, 1}, {"0.00"_mask, 2}, {"0.000"_mask, 3}, {"0.0000"_mask, 4}};
+
+// Whether the text has those digits, its point apart.
+bool ShowsByTheRule(double value, const Shown& shown, std::string& text) {
+  text.clear();
+  AppendNumberText(text, kPoint, value, shown.mask);
+  std::uint64_t digits = 0;
+  for (const char c : text)
+    if (c != '.') digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+  return digits == InLastDecimals(value, shown.decimals);
+}
+
+// Any magnitude that a program writes, of any number of digits, and so many of them.
+void ExpectTheRuleOfAnyValue(std::uint64_t seed, int values) {
+  std::mt19937_64 random(seed);
+  std::string text;
+  for (int i = 0; i < values; ++i) {
+    const Shown& shown = kShown[i % std::size(kShown)];
+    const auto bits = random();
+    // Half of them with few decimals, as typed; the others with all that a double has.
+    const double mantissa = static_cast<double>(bits >> 11);
+    const double value = (bits & 1) != 0 ? static_cast<double>(bits >> 34) / std::pow(10.0, (bits >> 1) % 7)
+                                         : std::ldexp(mantissa, -static_cast<int>((bits >> 1) % 60) - 10);
+    ASSERT_TRUE(ShowsByTheRule(value, shown, text)) << value << ' ' << text;
+  }
+}
+
+// Every half of a last decimal up to a length, and the doubles beside it.
+TEST(NumberText, RoundsEveryHalfAndWhatLiesBesideItByTheRule) {
+  constexpr int kHalves = 30'000, kBeside = 4;
+  std::string text;
+  for (const Shown& shown : kShown) {
+    const double unit = std::pow(10.0, shown.decimals);
+    for (int half = 1; half < 2 * kHalves; half += 2) {
+      double value = half / 2.0 / unit;
+      for (int i = 0; i < kBeside; ++i) value = std::nextafter(value, 0);
+      for (int i = -kBeside; i <= kBeside; ++i, value = std::nextafter(value, 1e9))
+        ASSERT_TRUE(ShowsByTheRule(value, shown, text)) << half << " halves, " << i << " beside: " << text;
+    }
+  }
+}
+
+TEST(NumberText, RoundsAnyValueByTheRule) { ExpectTheRuleOfAnyValue(1, 2'000'000); }
+
+// ./check --long runs it.
+TEST(NumberText, DISABLED_RoundsAHundredMillionValuesByTheRule) { ExpectTheRuleOfAnyValue(2, 100'000'000); }
 
 TEST(NumberText, LargeAndSmallAndSigned) {
   EXPECT_EQ(FormatNumberText(kPoint, 12345.678, "##.00"_mask), "12345.68");
