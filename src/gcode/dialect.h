@@ -1,5 +1,5 @@
 // The language of a program: every statement is spelled here, once. A comment runs to the end of its line.
-// Values keep the form that their writer gives them.
+// Values keep the form that their writer gives them; a slot in the place of one is filled at each repetition.
 #pragma once
 
 #include "gcode/program.h"
@@ -109,7 +109,8 @@ struct LayerDisplay {
   bool countsPasses = true;
   bool showsOffset = true;
 };
-inline void ShowLayer(Program& p, const LayerDisplay& d, int pass, const MaybeText* minutesLeft) {
+template <class Pass>
+void ShowLayer(Program& p, const LayerDisplay& d, const Pass& pass, const MaybeText* minutesLeft) {
   static const MaybeText nothing{true, {}};
   p.Line("D0 LA=", d.layer, "_of_", d.layers, " PA=", pass, d.countsPasses ? "_of_" : "",
          d.countsPasses ? d.passes : nothing, " RPM=", d.rpm, " CS=", d.carriageSpeed, " WA=", d.angle,
@@ -165,17 +166,26 @@ void MoveToHoop(Program& p, const Speed& speed, Number z, Number y) {
 
 // A straight move: a pair whose speed is 0 is left out.
 struct FourAxisMove {
-  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, s = 0, c = 0, a = 0;
+  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, s = 0, c = 0;
 };
-void MoveAxes(Program& p, const FourAxisMove& move, std::string_view comment);
+// Its words up to the running angle.
+std::string WordsOf(NumberSigns signs, const FourAxisMove& move);
+template <class Angle>
+void MoveAxes(Program& p, const FourAxisMove& move, const Angle& runningAngle, std::string_view comment) {
+  p.Line(WordsOf(p.signs(), move), "A", runningAngle, "  [", comment, "]");
+}
 
 // The two moves of an end wrap: the head goes round the end in an ellipse, then withdraws.
 enum class EndMoveKind { EllipseLeft = 2, EllipseRight = 3, WithdrawalLeft = 5, WithdrawalRight = 6 };
 struct EndMove {
   EndMoveKind kind{};
-  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, u = 0, v = 0, h = 0, w = 0, s = 0, c = 0, a = 0;
+  double f = 0, z = 0, e = 0, y = 0, r = 0, b = 0, u = 0, v = 0, h = 0, w = 0, s = 0, c = 0;
 };
-void MoveRoundEnd(Program& p, const EndMove& move, std::string_view comment);
+std::string WordsOf(NumberSigns signs, const EndMove& move);
+template <class Angle>
+void MoveRoundEnd(Program& p, const EndMove& move, const Angle& runningAngle, std::string_view comment) {
+  p.Line(WordsOf(p.signs(), move), "A", runningAngle, " [", comment, "]");
+}
 
 // A move or dwell with the head turning meanwhile.
 struct HeadTurn {

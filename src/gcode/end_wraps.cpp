@@ -71,7 +71,7 @@ Number TurnHead(GCodeSession& session, Number target) {
   return rotation;
 }
 
-void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, Number wrapAngle) {
+void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, const Slot& runningAngle) {
   const DesignState& s = session.s;
   const bool right = end == End::Right;
   session.gMoveZ = g.wrapZ;
@@ -109,8 +109,8 @@ void WriteEllipse(GCodeSession& session, int n, End end, const EndGeometry& g, N
   move.e = e.value();
   move.r = r.value();
   move.c = session.ellipseAngle.value();
-  move.a = (session.gMandrelAngle - (wrapAngle - session.ellipseAngle)).valueOr0();
-  dialect::MoveRoundEnd(session.program, move, right ? "CCW ELLIPSE AT RIGHT END" : "CW ELLIPSE AT LEFT END");
+  dialect::MoveRoundEnd(session.program, move, runningAngle,
+                        right ? "CCW ELLIPSE AT RIGHT END" : "CW ELLIPSE AT LEFT END");
 }
 
 std::string WithdrawalComment(const DesignState& s, End end, const std::optional<Number>& shift) {
@@ -121,7 +121,7 @@ std::string WithdrawalComment(const DesignState& s, End end, const std::optional
 }
 
 void WriteWithdrawal(GCodeSession& session, End end, const EndGeometry& g, Number wrapAngle,
-                     const std::optional<Number>& shift) {
+                     const std::optional<Number>& shift, const Slot& runningAngle) {
   const DesignState& s = session.s;
   const bool right = end == End::Right;
   const Number formerY = session.gMoveY;
@@ -149,16 +149,20 @@ void WriteWithdrawal(GCodeSession& session, End end, const EndGeometry& g, Numbe
   move.e = e.value();
   move.r = r.value();
   move.c = (shift ? split + *shift : split).valueOr0();
-  move.a = session.gMandrelAngle.value();
-  dialect::MoveRoundEnd(session.program, move, WithdrawalComment(s, end, shift));
+  dialect::MoveRoundEnd(session.program, move, runningAngle, WithdrawalComment(s, end, shift));
 }
 
 }  // namespace
 
-void WriteEndWrap(GCodeSession& session, int n, End end, Number wrapAngle, std::optional<Number> shift) {
+Number AngleBehindEllipse(const GCodeSession& session, Number behindWrap, Number wrapAngle) {
+  return (behindWrap - (wrapAngle - session.ellipseAngle)).valueOr0();
+}
+
+void WriteEndWrap(GCodeSession& session, int n, End end, Number wrapAngle, std::optional<Number> shift,
+                  const Slot& behindEllipse, const Slot& behindWithdrawal) {
   const EndGeometry g = GeometryOf(session.s, end);
-  WriteEllipse(session, n, end, g, wrapAngle);
-  WriteWithdrawal(session, end, g, wrapAngle, shift);
+  WriteEllipse(session, n, end, g, behindEllipse);
+  WriteWithdrawal(session, end, g, wrapAngle, shift, behindWithdrawal);
 }
 
 }  // namespace torvane

@@ -68,13 +68,12 @@ void WriteHoopLayer(GCodeSession& session, int n) {
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
   move.z = leftZ.value();
   move.b = headAngle.valueOr0();
-  move.a = session.gMandrelAngle.value();
-  dialect::MoveAxes(p, move, "MOVE LEFT END");
+  const auto runningAngle = [&session] { return Number(session.gMandrelAngle).as(dialect::kRunningAngle); };
+  dialect::MoveAxes(p, move, runningAngle(), "MOVE LEFT END");
   session.gMandrelAngle = session.gMandrelAngle + mandrelAngle;
   move.z = rightZ.value();
   move.b = -headAngle.valueOr0();
-  move.a = session.gMandrelAngle.value();
-  dialect::MoveAxes(p, move, "MOVE BACK RIGHT END");
+  dialect::MoveAxes(p, move, runningAngle(), "MOVE BACK RIGHT END");
 
   dialect::WaitForButton(p, "PAUSE AFTER HOOP WINDING");
   if (holds(LayersOf(s.txtNumberOfLayers(1)) != n)) {

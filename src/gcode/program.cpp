@@ -1,11 +1,12 @@
 #include "gcode/program.h"
 
+#include <cassert>
+
+#include "text/write_number.h"
+
 namespace torvane {
 
 namespace {
-
-// A line of a later pass is seldom shorter.
-constexpr double kBytesOfLine = 12;
 
 std::string Count(double number) {
   std::string digits = FormatNumberText({}, number, "#0"_mask);
@@ -16,21 +17,78 @@ std::string Count(double number) {
 
 }  // namespace
 
-Program::Program(NumberSigns signs, ProgramProgress* progress, ProgramLimits limits)
-    : signs_(signs), progress_(progress), limits_(limits) {}
+Program::Program(NumberSigns signs, ProgramProgress* progress, ProgramLimits limits, Taker taker)
+    : signs_(signs), progress_(progress), limits_(limits), taker_(std::move(taker)) {}
 
-std::string& Program::Room() {
-  if (blocks_.empty() || blocks_.back().size() > kBlock - kBlock / 8) {
-    blocks_.emplace_back();
-    blocks_.back().reserve(kBlock);
+char* Program::Room(std::size_t bytes) {
+  if (taker_ && !blocks_.empty() && blocks_.back().room - blocks_.back().size < bytes)
+    HandOver(blocks_.back());
+  if (blocks_.empty() || blocks_.back().room - blocks_.back().size < bytes) {
+    if (taker_) blocks_.clear();
+    blocks_.emplace_back(std::max(kBlock, bytes));
   }
-  return blocks_.back();
+  return blocks_.back().text.get() + blocks_.back().size;
 }
 
-void Program::Tame(std::string& out, std::size_t from) const {
-  bool inComment = out.find('[', lineStart_) < from;
-  for (std::size_t i = from; i < out.size(); ++i) {
-    char& c = out[i];
+void Program::Close(char* end, int lines) {
+  Block& block = blocks_.back();
+  const auto size = static_cast<std::size_t>(end - block.text.get());
+  bytes_ += static_cast<double>(size - block.size);
+  lines_ += lines;
+  block.size = size;
+}
+
+void Program::HandOver(Block& block) {
+  if (refusal_.empty() && block.size > 0 && !taker_({block.text.get(), block.size}))
+    refusal_ = "There is no room for the program.";
+  block.size = 0;
+}
+
+bool Program::End() {
+  if (taker_ && !blocks_.empty()) HandOver(blocks_.back());
+  return refusal_.empty();
+}
+
+void Program::TakeLine() {
+  if (spelled_ == nullptr) {
+    assert(gapsOfLine_.empty());
+    Close(std::copy(line_.begin(), line_.end(), Room(line_.size())), 1);
+    return;
+  }
+  const std::size_t line = spelled_->text_.size();
+  spelled_->text_ += line_;
+  ++spelled_->lines_;
+  for (const Passage::Gap& gap : gapsOfLine_)
+    spelled_->gaps_.push_back({gap.slot, line + gap.at, line, spelled_->text_.size()});
+}
+
+void Program::Repeat(const Passage& passage, std::span<const Number> numbers) {
+  const std::string& text = passage.text_;
+  char* out = Room(text.size() + passage.gaps_.size() * kLongestNumberText);
+  char* line = out;  // where the line of the last gap begins
+  std::size_t from = 0;
+  int lines = passage.lines_;
+  for (const Passage::Gap& gap : passage.gaps_) {
+    if (gap.at < from) continue;  // its line is left out
+    if (gap.line >= from) line = out + (gap.line - from);
+    out = std::copy(text.data() + from, text.data() + gap.at, out);
+    from = gap.at;
+    const Number number = numbers[gap.slot.number];
+    if (number.good()) {
+      out = WriteNumberText(out, signs_, number.value(), gap.slot.mask);
+    } else if (!gap.slot.blank) {
+      out = line;
+      from = gap.behindLine;
+      --lines;
+    }
+  }
+  Close(std::copy(text.data() + from, text.data() + text.size(), out), lines);
+}
+
+void Program::Tame(std::size_t from) {
+  bool inComment = line_.find('[') < from;
+  for (std::size_t i = from; i < line_.size(); ++i) {
+    char& c = line_[i];
     if (c != '[' && c != ']') {
       if (EndsItsPart(c)) c = ' ';
     } else if (inComment) {
@@ -41,11 +99,12 @@ void Program::Tame(std::string& out, std::size_t from) const {
   }
 }
 
-void Program::BeginLayer(int layer, Number passes, int linesOfPass) {
-  layer_ = layer;
+void Program::ExpectLayer(int layer, Number passes, int linesOfPass, double bytesOfPass) {
+  if (holds(passes < 1)) return;
   const Number lines = passes * linesOfPass;
-  if (!refusal_.empty() ||
-      (holds(lines_ + lines <= limits_.lines) && holds(bytes_ + lines * kBytesOfLine <= limits_.bytes)))
+  expectedLines_ = expectedLines_ + lines;
+  expectedBytes_ = expectedBytes_ + passes * bytesOfPass;
+  if (!refusal_.empty() || (holds(expectedLines_ <= limits_.lines) && holds(expectedBytes_ <= limits_.bytes)))
     return;
   refusal_ = "Layer " + std::to_string(layer) + " has ";
   refusal_ += lines.good() ? Count(passes.value()) + " passes and would make " + Count(lines.value()) +
@@ -71,6 +130,10 @@ bool Program::GoesOn(double share) {
   return false;
 }
 
-std::vector<std::string_view> Program::Text() const { return {blocks_.begin(), blocks_.end()}; }
+std::vector<std::string_view> Program::Text() const {
+  std::vector<std::string_view> text;
+  for (const Block& block : blocks_) text.emplace_back(block.text.get(), block.size);
+  return text;
+}
 
 }  // namespace torvane

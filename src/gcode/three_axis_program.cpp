@@ -1,5 +1,7 @@
 #include "gcode/three_axis_program.h"
 
+#include <array>
+
 #include "calc/four_axis.h"
 #include "design/units.h"
 #include "gcode/dialect.h"
@@ -15,6 +17,7 @@ using dialect::Register;
 
 // Lines of a pass whatever of it fails: an empty one and its head.
 constexpr int kLinesOfPass = 2;
+constexpr double kBytesOfPass = 24;
 constexpr Mask kMask = dialect::kFourAxisMask;
 
 // What the layers of one program share.
@@ -33,19 +36,21 @@ struct Layer {
   Number windingAngle = 0;
   MaybeText rpm{}, speed{};
   HeadTurn toFar{}, toHome{}, toMiddle{};
+  MandrelShift farShift, homeShift;
   dialect::LayerDisplay display{};
 };
 
 Layer LayerOf(Schedule& schedule, int n) {
   const DesignState& s = schedule.session.s;
-  Layer layer;
-  layer.number = n;
+  schedule.windingAngle = number(s.cmbPattern(n));
+  Layer layer{.number = n,
+              .windingAngle = schedule.windingAngle,
+              .farShift = {s, "F", schedule.windingAngle},
+              .homeShift = {s, "H", schedule.windingAngle}};
   layer.passes = number(s.lblNPasses(n));
   layer.rpm = PlainOf(s, s.lblRPM(n));
   layer.speed = PlainOf(s, s.lblcSpeed(n));
 
-  schedule.windingAngle = number(s.cmbPattern(n));
-  layer.windingAngle = schedule.windingAngle;
   const Number far = 90 - layer.windingAngle + 5;
   const Number home = -90 + layer.windingAngle - 5;
   const Number radius = number(s.txtAdjust(3)) + number(s.txtDia(0)) / 2;
@@ -74,7 +79,8 @@ void ExtraTurn(GCodeSession& session, const Field& setting) {
   if (setting.text() == "Y") dialect::Dwell(session.program, "360", "Add Extra 360 deg.");
 }
 
-void WritePassHead(Program& p, const Layer& layer, int pass) {
+template <class Pass>
+void WritePassHead(Program& p, const Layer& layer, const Pass& pass) {
   dialect::EmptyLine(p);
   dialect::CommentLine(p, "Layer ", layer.number, " : Pass ", pass);
 }
@@ -95,39 +101,45 @@ void WriteFirstPass(GCodeSession& session, const Layer& layer, const MaybeText& 
   ExtraTurn(session, s.txt3AX1stPass360);
   dialect::Save(p, Register::FarEnd, "Save Mandrel Ref Angle");
   dialect::MoveTurning(p, layer.speed, s.gHomeEndZ.text(), layer.toHome, "Move Home End");
-  dialect::DwellTurning(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, 1),
+  dialect::DwellTurning(p, Register::HomeEnd,
+                        TextOf(p.signs(), layer.homeShift.AngleAt(1).as(kShiftAngleMask)).text,
                         layer.toMiddle, "Dwell Home End");
   ExtraTurn(session, s.txt3AX1stPass360);
 }
 
-void WriteLaterPass(GCodeSession& session, const Layer& layer, int pass) {
+// What tells a later pass from the others of its layer.
+constexpr Slot kPass{0, "0"_mask};
+constexpr Slot kFarAngle{1, kShiftAngleMask, true}, kHomeAngle{2, kShiftAngleMask, true};
+
+void WriteLaterPass(GCodeSession& session, const Layer& layer) {
   const DesignState& s = session.s;
   Program& p = session.program;
-  WritePassHead(p, layer, pass);
-  dialect::ShowLayer(p, layer.display, pass, nullptr);
+  WritePassHead(p, layer, kPass);
+  dialect::ShowLayer(p, layer.display, kPass, nullptr);
   dialect::MoveTurningAtLastSpeed(p, s.gFarEndZ.text(), layer.toFar, "Move Far End");
-  dialect::DwellTurning(p, Register::FarEnd, MandrelShiftAngleText(s, "F", layer.windingAngle, pass - 1),
-                        layer.toMiddle, "Dwell Far End");
+  dialect::DwellTurning(p, Register::FarEnd, kFarAngle, layer.toMiddle, "Dwell Far End");
   ExtraTurn(session, s.txt2AXAdd360YN);
   dialect::MoveTurningAtLastSpeed(p, s.gHomeEndZ.text(), layer.toHome, "Move Home End");
-  dialect::DwellTurning(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, pass),
-                        layer.toMiddle, "Dwell Home End");
+  dialect::DwellTurning(p, Register::HomeEnd, kHomeAngle, layer.toMiddle, "Dwell Home End");
   ExtraTurn(session, s.txt2AXAdd360YN);
 }
 
 void WritePasses(Schedule& schedule, Layer& layer) {
   GCodeSession& session = schedule.session;
+  const DesignState& s = session.s;
   Program& p = session.program;
-  if (layer.passes.good()) p.BeginLayer(layer.number, layer.passes, kLinesOfPass);
+  p.BeginLayer(layer.number);
+  Passage laterPass;
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((layer.number - 1 + pass / layer.passes.value()) / schedule.layers)) return;
     if (pass == 1) {
-      WriteFirstPass(
-          session, layer,
-          MinutesLeft(p.signs(), session.s.lblMinutes, layer.number, schedule.layers, schedule.timeLeft));
-      layer.display.angle = {true, session.s.cmbPattern(layer.number).text()};
+      WriteFirstPass(session, layer,
+                     MinutesLeft(p.signs(), s.lblMinutes, layer.number, schedule.layers, schedule.timeLeft));
+      layer.display.angle = {true, s.cmbPattern(layer.number).text()};
+      laterPass = p.Spelled([&] { WriteLaterPass(session, layer); });
     } else {
-      WriteLaterPass(session, layer, pass);
+      p.Repeat(laterPass,
+               std::array<Number, 3>{pass, layer.farShift.AngleAt(pass - 1), layer.homeShift.AngleAt(pass)});
     }
   }
 }
@@ -160,6 +172,11 @@ void WriteThreeAxisProgram(GCodeSession& session) {
   dialect::ShowStage(p, "Winding Schedule");
   dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
   Schedule schedule{session, RowsOf(s.txtNumberOfLayers(1))};
+  for (int n = 1; n <= schedule.layers; ++n) {
+    const Number passes = number(s.lblNPasses(n));
+    if (passes.good() && s.cmbPattern(n).text() != "HOOP")
+      p.ExpectLayer(n, passes, kLinesOfPass, kBytesOfPass);
+  }
   for (int n = 1; n <= schedule.layers && p.refusal().empty(); ++n) {
     Layer layer = LayerOf(schedule, n);
     if (s.cmbPattern(n).text() == "HOOP")

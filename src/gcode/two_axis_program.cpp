@@ -1,5 +1,8 @@
 #include "gcode/two_axis_program.h"
 
+#include <array>
+#include <vector>
+
 #include "design/units.h"
 #include "gcode/dialect.h"
 #include "text/text.h"
@@ -15,7 +18,6 @@ struct Layer {
   const DesignState& s;
   Program& p;
   int number = 0;
-  Number windingAngle = 0;  // degrees
   Number passes = Number::Failure();
   bool mandrelShift = false;   // the method is "ms"
   bool carriageShift = false;  // the method is "cs"
@@ -26,6 +28,11 @@ struct Layer {
   // The operator's own wrap at the ends of a pass, degrees.
   bool hasAddedWrap = false;
   Number addedWrap = Number::Failure();
+
+  MandrelShift farShift, homeShift;
+  Number bandOnAxis = Number::Failure();
+  Number far = Number::Failure(), home = Number::Failure();  // Z at which a carriage shift begins
+  Passage laterPass{};
 };
 
 // A wrap of a fraction of a degree shows nothing under the mask; the dwell is written all the same.
@@ -69,46 +76,71 @@ void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
   AddedWrap(layer, "User Added Add'l Wrap Angle=");
   ExtraTurnOfFirstPass(layer);
   if (layer.mandrelShift)
-    dialect::DwellBehind(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, 1),
+    dialect::DwellBehind(p, Register::HomeEnd,
+                         TextOf(p.signs(), layer.homeShift.AngleAt(1).as(kShiftAngleMask)).text,
                          "Carriage Dwell Home End");
   else
     dialect::DwellTo(p, Register::HomeEnd, "Carriage Dwell Home End");
 }
 
-// The mandrel always comes back to the same angle, and the carriage reverses one band further along.
-void WriteCarriageShiftPass(const Layer& layer, int pass) {
-  const DesignState& s = layer.s;
-  Program& p = layer.p;
-  Kept shift;
-  shift = CarriageShift(s, layer.windingAngle, pass);
-  const Number right = number(s.txtRight(layer.number));
-  const Number left = number(s.txtLeft(layer.number));
+// What tells a later pass from the others of its layer: its number, and for either end the Z or the mandrel
+// angle at which it reverses. An angle that cannot be worked out stays empty.
+constexpr Slot kPass{0, "0"_mask};
+constexpr Slot kFarZ{1, "######.#0"_mask}, kHomeZ{2, "######.#0"_mask};
+constexpr Slot kFarAngle{1, kShiftAngleMask, true}, kHomeAngle{2, kShiftAngleMask, true};
+using PassNumbers = std::array<Number, 3>;
 
-  dialect::MoveAtLastSpeed(p, (number(s.Length_Total) - right + shift).as("######.#0"_mask), "Move to L",
-                           layer.number, " Far End Right Offset Plus Carriage Shift Distance");
+// The mandrel always comes back to the same angle, and the carriage reverses one band further along.
+void WriteCarriageShiftPass(const Layer& layer) {
+  Program& p = layer.p;
+  dialect::MoveAtLastSpeed(p, kFarZ, "Move to L", layer.number,
+                           " Far End Right Offset Plus Carriage Shift Distance");
   PositiveAddedWrap(layer, "Carriage Dwell Far End by User Defined Add'l Angle=");
   dialect::DwellTo(p, Register::FarEnd, "Dwell Far End to Mandrel Ref. Angle");
-  dialect::MoveAtLastSpeed(p, (left + shift).as("######.#0"_mask), "Move to L", layer.number,
+  dialect::MoveAtLastSpeed(p, kHomeZ, "Move to L", layer.number,
                            " Home End Right Offset Plus Carriage Shift Distance");
   PositiveAddedWrap(layer, "Carriage Dwell Home End by User Defined Add'l Angle=");
   dialect::DwellTo(p, Register::HomeEnd, "Dwell Home End to Mandrel Ref. Angle");
 }
 
-// The carriage always reverses at the same Z, and the mandrel dwells one step further. The far end lags a
-// step behind: the home dwell of the first pass was step 1.
-void WriteMandrelShiftPass(const Layer& layer, int pass) {
+// The carriage always reverses at the same Z, and the mandrel dwells one step further.
+void WriteMandrelShiftPass(const Layer& layer) {
   const DesignState& s = layer.s;
   Program& p = layer.p;
   dialect::MoveAtLastSpeed(p, s.gFarEndZ.text(), "Move to Z=", s.gFarEndZ.text());
   AddedWrap(layer, "Add User Defined Add'l Angle=");
   ExtraTurnOfEveryPass(layer);
-  dialect::DwellBehind(p, Register::FarEnd, MandrelShiftAngleText(s, "F", layer.windingAngle, pass - 1),
-                       "Dwell Until Mandrel Shift Angle Reached");
+  dialect::DwellBehind(p, Register::FarEnd, kFarAngle, "Dwell Until Mandrel Shift Angle Reached");
   dialect::MoveAtLastSpeed(p, s.gHomeEndZ.text(), "Move to Z=", s.gHomeEndZ.text());
   AddedWrap(layer, "Carriage Dwell Home End by User Defined Add'l Angle=");
   ExtraTurnOfEveryPass(layer);
-  dialect::DwellBehind(p, Register::HomeEnd, MandrelShiftAngleText(s, "H", layer.windingAngle, pass),
-                       "Dwell Home End To Mandrel Shift Angle");
+  dialect::DwellBehind(p, Register::HomeEnd, kHomeAngle, "Dwell Home End To Mandrel Shift Angle");
+}
+
+void WriteLaterPass(const Layer& layer) {
+  dialect::EmptyLine(layer.p);
+  dialect::ShowLayer(layer.p, layer.display, kPass, nullptr);
+  if (layer.carriageShift)
+    WriteCarriageShiftPass(layer);
+  else
+    WriteMandrelShiftPass(layer);
+}
+
+// It shows the angle as the operator's window does.
+Passage LaterPassOf(Layer layer) {
+  const Field& angle = layer.s.txtWA(layer.number);
+  layer.display.angle = {angle.exists(), angle.text()};
+  return layer.p.Spelled([&layer] { WriteLaterPass(layer); });
+}
+
+PassNumbers NumbersOf(const Layer& layer, int pass) {
+  if (layer.carriageShift) {
+    Kept shift;
+    shift = (pass - 1) * layer.bandOnAxis;
+    return {pass, layer.far + shift, layer.home + shift};
+  }
+  // The far end lags a step behind: the home dwell of the first pass was step 1.
+  return {pass, layer.farShift.AngleAt(pass - 1), layer.homeShift.AngleAt(pass)};
 }
 
 void WriteLayerHead(const Layer& layer) {
@@ -126,7 +158,11 @@ Layer LayerOf(GCodeSession& session, int n, Number windingAngle) {
   const DesignState& s = session.s;
   const auto plain = [&s](const Field& field) { return PlainOf(s, field); };
   const std::string& method = s.cmbMethod(n).text();
-  Layer layer{.s = s, .p = session.program, .number = n, .windingAngle = windingAngle};
+  Layer layer{.s = s,
+              .p = session.program,
+              .number = n,
+              .farShift = {s, "F", windingAngle},
+              .homeShift = {s, "H", windingAngle}};
   layer.passes = number(s.lblPassesToCover(n));
   layer.mandrelShift = EqualNoCase(method, "ms");
   layer.carriageShift = EqualNoCase(method, "cs");
@@ -144,52 +180,55 @@ Layer LayerOf(GCodeSession& session, int n, Number windingAngle) {
                    plain(s.txtLeft(n))};
   layer.hasAddedWrap = !Trim(s.txtAddRevs(n).text()).empty();
   layer.addedWrap = number(s.txtAddRevs(n));
+  layer.bandOnAxis = BandOnAxis(s, windingAngle);
+  layer.far = number(s.Length_Total) - number(s.txtRight(n));
+  layer.home = number(s.txtLeft(n));
+  layer.laterPass = LaterPassOf(layer);
   return layer;
 }
-
-// Lines of a later pass, its empty line included, whatever of it fails.
-constexpr int kLinesOfPass = 3;
 
 // What the layers of one program share.
 struct Schedule {
   GCodeSession& session;
   int layers = 0;
-  Kept windingAngle{};
   Kept timeLeft{};  // minutes
 };
 
-void WriteLayer(Schedule& schedule, int n) {
-  GCodeSession& session = schedule.session;
-  const Field& angle = session.s.txtWA(n);
-  schedule.windingAngle = number(angle);
-  Layer layer = LayerOf(session, n, schedule.windingAngle);
-  Program& p = session.program;
+void WriteLayer(Schedule& schedule, const Layer& layer) {
+  const DesignState& s = layer.s;
+  Program& p = layer.p;
+  const int n = layer.number;
   WriteLayerHead(layer);
-  if (layer.passes.good()) p.BeginLayer(n, layer.passes, kLinesOfPass);
+  p.BeginLayer(n);
   for (int pass = 1; holds(pass <= layer.passes); ++pass) {
     if (!p.GoesOn((n - 1 + pass / layer.passes.value()) / schedule.layers)) return;
-    if (pass == 1) {
-      WriteFirstPass(
-          layer, MinutesLeft(p.signs(), session.s.lblMinutesToCover, n, schedule.layers, schedule.timeLeft));
-      // A later pass shows the angle as the operator's window does.
-      layer.display.angle = {angle.exists(), angle.text()};
-      continue;
-    }
-    dialect::EmptyLine(p);
-    dialect::ShowLayer(p, layer.display, pass, nullptr);
-    if (layer.carriageShift)
-      WriteCarriageShiftPass(layer, pass);
+    if (pass == 1)
+      WriteFirstPass(layer,
+                     MinutesLeft(p.signs(), s.lblMinutesToCover, n, schedule.layers, schedule.timeLeft));
     else
-      WriteMandrelShiftPass(layer, pass);
+      p.Repeat(layer.laterPass, NumbersOf(layer, pass));
   }
-  WriteAdvanceToNextLayer(session, n, layer.rpm, layer.mandrelShift);
+  WriteAdvanceToNextLayer(schedule.session, n, layer.rpm, layer.mandrelShift);
+}
+
+// All of them, so that a program that would be too long is refused before its first pass.
+std::vector<Layer> LayersOf(GCodeSession& session, int count) {
+  std::vector<Layer> layers;
+  Kept windingAngle;
+  for (int n = 1; n <= count; ++n) {
+    windingAngle = number(session.s.txtWA(n));
+    const Layer& layer = layers.emplace_back(LayerOf(session, n, windingAngle));
+    if (layer.passes.good())
+      session.program.ExpectLayer(n, layer.passes, layer.laterPass.lines(),
+                                  static_cast<double>(layer.laterPass.bytes()));
+  }
+  return layers;
 }
 
 }  // namespace
 
-Number CarriageShift(const DesignState& s, Number windingAngle, Number pass) {
-  const Number bandWidth = SpacingBandWidth(s);
-  return (pass - 1) * (bandWidth / Sin(windingAngle * kPi / 180));
+Number BandOnAxis(const DesignState& s, Number windingAngle) {
+  return SpacingBandWidth(s) / Sin(windingAngle * kPi / 180);
 }
 
 void SetPassEnds(DesignState& s) {
@@ -210,7 +249,8 @@ void WriteTwoAxisProgram(GCodeSession& session) {
   dialect::WaitForButton(p, "Wait for Button Press to Begin  Winding Schedule");
 
   Schedule schedule{session, RowsOf(s.txtNumberOfLayers(0))};
-  for (int n = 1; n <= schedule.layers && p.refusal().empty(); ++n) WriteLayer(schedule, n);
+  for (const Layer& layer : LayersOf(session, schedule.layers))
+    if (p.refusal().empty()) WriteLayer(schedule, layer);
 
   dialect::EmptyLine(p);
   dialect::ShowMessage(p, "Winding_Process_Complete");
@@ -245,20 +285,21 @@ MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, i
   return TextOf(signs, Number(timeLeft).plain());
 }
 
-std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
-                                  int stepCount) {
+MandrelShift::MandrelShift(const DesignState& s, std::string_view endCode, Number windingAngle)
+    : bandAround_(SpacingBandWidth(s) / Cos(windingAngle * kPi / 180)),
+      circumference_(0),
+      bandWidthSpacing_(s.txtUseProportionalFilamentSpacingYN.text() == "N") {
   // The right end is the home end but where the drive stands at the left. Three axes wind the four-axis part.
   const bool rightEnd = (endCode == "H") != s.gIsLHDrive;
   const Number diameter = s.gShow4Axis ? number(s.txtDia(rightEnd ? 1 : 0))
                                        : number(rightEnd ? s.Diameter_Right : s.Diameter_Left);
-  const Number bandWidth = SpacingBandWidth(s);
-  const Number bandAround = bandWidth / Cos(windingAngle * kPi / 180);
-  const Number circumference = diameter * kPi;
-  const bool bandWidthSpacing = s.txtUseProportionalFilamentSpacingYN.text() == "N";
-  const Number turns = Number(stepCount) * 360;
-  const Number angle =
-      bandWidthSpacing ? turns * bandAround / circumference : turns / (Int(circumference / bandAround) + 1);
-  return TextOf(s.signs, angle.as("###.00"_mask)).text;
+  circumference_ = diameter * kPi;
+}
+
+Number MandrelShift::AngleAt(int step) const {
+  const Number turns = Number(step) * 360;
+  return bandWidthSpacing_ ? turns * bandAround_ / circumference_
+                           : turns / (Int(circumference_ / bandAround_) + 1);
 }
 
 }  // namespace torvane

@@ -24,15 +24,25 @@ void WriteAdvanceToNextLayer(GCodeSession& session, int layer, const MaybeText& 
 // has left.
 MaybeText MinutesLeft(NumberSigns signs, const FieldArray& minutes, int layer, int layers, Kept& timeLeft);
 
-// How far along Z a pass of a carriage shift lies from the first one, design units: a band as it stands on
-// the axis, its width over the sine of its angle, for each pass between.
-Number CarriageShift(const DesignState& s, Number windingAngle, Number pass);
+// How far along Z the bands of a carriage shift lie from each other, design units: a band as it stands on the
+// axis, its width over the sine of its angle.
+Number BandOnAxis(const DesignState& s, Number windingAngle);
 
-// Mandrel angle in degrees, counted from the register of an end ("H" home, any other far), at which pass
-// `stepCount` reverses, so that its band comes to lie beside the last one. The step is the band's width
-// measured round the mandrel, or the equal part of the circle that holds one band more than fit whole.
-// Empty where it cannot be worked out.
-std::string MandrelShiftAngleText(const DesignState& s, std::string_view endCode, Number windingAngle,
-                                  int stepCount);
+// Where the passes of a mandrel shift reverse at an end ("H" home, any other far): each band comes to lie
+// beside the last one. The step is the band's width measured round the mandrel, or the equal part of the
+// circle that holds one band more than fit whole.
+class MandrelShift {
+ public:
+  MandrelShift(const DesignState& s, std::string_view endCode, Number windingAngle);
+
+  // Degrees from the register of the end.
+  Number AngleAt(int step) const;
+
+ private:
+  Number bandAround_, circumference_;
+  bool bandWidthSpacing_;
+};
+
+inline constexpr Mask kShiftAngleMask = "###.00"_mask;
 
 }  // namespace torvane

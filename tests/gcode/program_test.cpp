@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 #include "design/catalogue.h"
 #include "gcode/session.h"
@@ -27,21 +28,83 @@ TEST(Program, ALineWithAFailedPartIsLeftOut) {
   EXPECT_EQ(p.lines(), 2);
 }
 
-// Neither the passes that are to come nor what is written passes the limits, of lines or of characters.
+// Neither the passes that are to come, of all layers, nor what is written passes the limits, of lines or of
+// characters.
 TEST(Program, HoldsNoMoreThanItsLimits) {
   const auto goesOn = [](ProgramLimits limits, int passes, int lines) {
     Program p({}, nullptr, limits);
-    p.BeginLayer(1, passes, 2);
+    p.ExpectLayer(1, passes, 2, 24);
     for (int line = 0; line < lines; ++line) p.Line("12345678");
     return p.GoesOn(0);
   };
-  // A line has ten characters, and in a pass that is to come twelve.
+  // A line has ten characters; a pass that is to come has two of twelve.
   EXPECT_TRUE(goesOn({10, 1000}, 5, 10));
   EXPECT_FALSE(goesOn({10, 1000}, 6, 0));
   EXPECT_FALSE(goesOn({10, 1000}, 1, 11));
   EXPECT_TRUE(goesOn({1000, 120}, 5, 12));
   EXPECT_FALSE(goesOn({1000, 119}, 5, 0));
   EXPECT_FALSE(goesOn({1000, 120}, 1, 13));
+
+  Program p({}, nullptr, {10, 1000});
+  p.ExpectLayer(1, 3, 2, 24);
+  p.ExpectLayer(2, -7, 2, 24);
+  EXPECT_TRUE(p.GoesOn(0));
+  p.ExpectLayer(3, 3, 2, 24);
+  EXPECT_FALSE(p.GoesOn(0));
+  EXPECT_TRUE(p.refusal().starts_with("Layer 3 has 3 passes and would make 6 lines")) << p.refusal();
+}
+
+// A failed number costs the line of its slot, and that line alone; where the place may stay empty, nothing.
+TEST(Program, RepeatsAPassageWithOtherNumbersInItsSlots) {
+  Program p({',', '/', ':'});
+  const Slot first{0, "0.0"_mask}, second{1, "0.00"_mask}, blank{1, "0"_mask, true};
+  p.Line("before");
+  const Passage passage = p.Spelled([&] {
+    p.Line("G4 C", first, " D", second, " [a]");
+    p.Line("G4 E", (Number(1) / 0).plain(), " F", first);
+    p.Line("M5");
+    p.Line(second);
+    p.Line("G1 Z", blank, std::string("\n"), first);
+  });
+  const auto repeat = [&](Number one, Number two) { p.Repeat(passage, std::array{one, two}); };
+  EXPECT_EQ(TextOf(p), "before\r\n") << "what is spelled is not written yet";
+  EXPECT_EQ(passage.lines(), 4);
+  repeat(1.25, -2);
+  EXPECT_EQ(p.lines(), 5);
+  repeat(1, Number::Failure());
+  EXPECT_EQ(p.lines(), 7);
+  repeat(Number::Failure(), 3);
+  EXPECT_EQ(p.lines(), 9);
+  EXPECT_EQ(TextOf(p),
+            "before\r\n"
+            "G4 C1,3 D-2,00 [a]\r\nM5\r\n-2,00\r\nG1 Z-2 1,3\r\n"
+            "M5\r\nG1 Z 1,0\r\n"
+            "M5\r\n3,00\r\n");
+}
+
+// Full blocks do not stay, and the program ends where nobody takes them any more.
+TEST(Program, HandsItsBlocksOver) {
+  for (const bool room : {true, false}) {
+    std::string taken;
+    std::size_t longest = 0;
+    Program p({}, nullptr, {}, [&](std::string_view block) {
+      longest = std::max(longest, block.size());
+      taken += block;
+      return room || taken.empty();
+    });
+    std::string all;
+    for (int i = 0; i < 200'000 && p.GoesOn(0); ++i) {
+      p.Line("line ", i);
+      all += "line " + std::to_string(i) + "\r\n";
+    }
+    p.Line(std::string(1'000'000, 'x'));
+    all += std::string(1'000'000, 'x') + "\r\n";
+    EXPECT_EQ(p.End(), room);
+    EXPECT_EQ(p.refusal().empty(), room);
+    EXPECT_EQ(taken == all, room);
+    EXPECT_EQ(TextOf(p), "");
+    EXPECT_EQ(longest, room ? 1'000'002U : taken.size()) << "it hands over once what is not taken";
+  }
 }
 
 // A text stays within its part of its line.

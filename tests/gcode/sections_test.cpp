@@ -1,6 +1,8 @@
 // Lines of single sections whose numbers can be worked out on paper.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "gcode/dialect.h"
 #include "gcode/end_wraps.h"
 #include "gcode/hoop.h"
@@ -18,6 +20,11 @@ struct Sections : testing::Test {
     return text;
   }
 
+  std::string ShiftAngle(std::string_view endCode, Number windingAngle, int step) const {
+    return torvane::TextOf(s.signs, MandrelShift(s, endCode, windingAngle).AngleAt(step).as(kShiftAngleMask))
+        .text;
+  }
+
   StationOnStage onStage;
   Station& station = onStage.Started();
   DesignState& s = station.s;
@@ -30,25 +37,24 @@ TEST_F(Sections, DwellAnglesOfBothSpacings) {
   s.Diameter_Left = "4";
   s.Diameter_Right = "2";
   // 2 inches round: 6.2832; the band takes 0.7071 of it at 45 degrees, so eight whole bands and one more.
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 1), "40.00");
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 10), "400.00") << "no turn is taken off";
-  EXPECT_EQ(MandrelShiftAngleText(s, "F", 45, 1), "20.00");
+  EXPECT_EQ(ShiftAngle("H", 45, 1), "40.00");
+  EXPECT_EQ(ShiftAngle("H", 45, 10), "400.00") << "no turn is taken off";
+  EXPECT_EQ(ShiftAngle("F", 45, 1), "20.00");
   s.gIsLHDrive = true;
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 1), "20.00");
+  EXPECT_EQ(ShiftAngle("H", 45, 1), "20.00");
   s.gIsLHDrive = false;
   s.txtUseProportionalFilamentSpacingYN = "N";
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 1), "40.51");
+  EXPECT_EQ(ShiftAngle("H", 45, 1), "40.51");
   s.txtUseProportionalFilamentSpacingYN = "";
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 90, 1), "") << "a hoop has no bands beside each other";
+  EXPECT_EQ(ShiftAngle("H", 90, 1), "") << "a hoop has no bands beside each other";
   s.Band_Width = "wide";
-  EXPECT_EQ(MandrelShiftAngleText(s, "H", 45, 1), "");
+  EXPECT_EQ(ShiftAngle("H", 45, 1), "");
 }
 
-TEST_F(Sections, ACarriageShiftsByABandOnTheSlant) {
+TEST_F(Sections, ABandLiesOnTheSlantAlongTheAxis) {
   s.Band_Width = "0.5";
-  EXPECT_EQ(CarriageShift(s, 30, 1).value(), 0);
-  EXPECT_NEAR(CarriageShift(s, 30, 4).value(), 3, 1e-6);
-  EXPECT_FALSE(CarriageShift(s, 0, 4).good());
+  EXPECT_NEAR(BandOnAxis(s, 30).value(), 1, 1e-6);
+  EXPECT_FALSE(BandOnAxis(s, 0).good());
 }
 
 TEST_F(Sections, PreWrapFeedsShowTheirMask) {
@@ -91,11 +97,20 @@ struct Wrapped : Sections {
   }
 };
 
+// An end wrap of 180 degrees, which the running angle holds already.
+void WriteWrap(GCodeSession& session, End end, std::optional<Number> shift = std::nullopt) {
+  const Slot ellipse{0, dialect::kRunningAngle}, withdrawal{1, dialect::kRunningAngle};
+  const Passage passage =
+      session.program.Spelled([&] { WriteEndWrap(session, 1, end, 180, shift, ellipse, withdrawal); });
+  const Number behind = session.gMandrelAngle;
+  session.program.Repeat(passage, std::array{AngleBehindEllipse(session, behind, 180), behind});
+}
+
 // Wrap 180, split 45, S of 4, no delay, a span of 2 inches.
 TEST_F(Wrapped, EndWrapAtTheRight) {
   session.gMandrelAngle = 1000;
   session.gMoveB = -45;
-  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  WriteWrap(session, End::Right);
   const std::string text = Text();
   // A slope of 45 degrees is not quite 45 by the pi of machines: a rotation that shows as 0 keeps its words.
   EXPECT_TRUE(text.starts_with(
@@ -112,7 +127,7 @@ TEST_F(Wrapped, EndWrapAtTheRight) {
 TEST_F(Wrapped, AnEllipseWithoutRotationHasNoWordsForIt) {
   s.txtDia(0) = "0";
   session.gMoveB = -90;
-  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  WriteWrap(session, End::Right);
   const std::string ellipse = Text().substr(0, Text().find("\r\n"));
   EXPECT_EQ(ellipse.find(" R"), ellipse.find(" RIGHT END")) << ellipse;
   EXPECT_EQ(ellipse.find(" B"), std::string::npos) << ellipse;
@@ -123,7 +138,7 @@ TEST_F(Wrapped, AnEllipseWithoutRotationHasNoWordsForIt) {
 TEST_F(Wrapped, AnEllipseOnNoDiameterTakesAQuarterTurn) {
   s.txtDia(0) = "0";
   session.gMoveB = -45;
-  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  WriteWrap(session, End::Right);
   EXPECT_NE(Text().find(" R2.80 B-90.00 "), std::string::npos) << Text();
 }
 
@@ -132,14 +147,14 @@ TEST_F(Wrapped, AWrapAtTheEndOfTheTraverseTurnsTheHead) {
   s.txtZ4(2) = "4";
   s.txtAdjust(5) = "4";
   session.gMoveB = -45;
-  WriteEndWrap(session, 1, End::Right, 180, std::nullopt);
+  WriteWrap(session, End::Right);
   EXPECT_TRUE(Text().starts_with("G3 K40.00 F0.00 Z4.00 E1.68 Y2.00 R2.80 B-90.00 ")) << Text();
   EXPECT_NE(Text().find(" Y3.00 R16.00 B60.00 "), std::string::npos) << Text();
 }
 
 TEST_F(Wrapped, ShiftIsTurnedInTheSameTime) {
   session.gMandrelAngle = 1000;
-  WriteEndWrap(session, 1, End::Right, 180, Number(7.5));
+  WriteWrap(session, End::Right, Number(7.5));
   EXPECT_NE(Text().find("F1.07 Z4.00 E0.53 Y3.00"), std::string::npos) << Text();
   EXPECT_NE(Text().find("C52.50 A1000.00 [DH G6 WITHDRAWL RIGHT END + MANDREL SHIFT ANG=7.50 DEG.]"),
             std::string::npos)
@@ -162,7 +177,7 @@ TEST_F(Wrapped, SpeedsFollowRateAndMotors) {
     GCodeSession own{s, fresh};
     s.cmbRate = c.rate;
     s.gIsNEMA34 = c.large;
-    WriteEndWrap(own, 1, End::Left, 180, std::nullopt);
+    WriteWrap(own, End::Left);
     std::string text;
     for (const std::string_view block : fresh.Text()) text += block;
     const auto withdrawal = text.find("G5 ");

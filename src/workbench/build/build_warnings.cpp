@@ -233,7 +233,7 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
          "Choose ms: carriage shift needs ends that the row does not have.");
     return;
   }
-  const Number shift = CarriageShift(s_, number(s_.txtWA(layer)), passes);
+  const Number shift = (passes - 1) * BandOnAxis(s_, number(s_.txtWA(layer)));
   const Number home = left + shift, far = number(s_.Length_Total) - right + shift;
   const Number reach = !far.good() || holds(home > far) ? home : far;
   if (holds(reach > number(FarOf(s_, s_.txtZ2(0), s_.txtZ2(1)))))
