@@ -12,6 +12,13 @@ bin=$root/usr/bin samples=$root/usr/share/torvane/samples
 for notice in 'University of Cincinnati' 'Redistributions in binary form' 'Niels Lohmann' 'Permission is hereby'; do
   grep -q "$notice" "$root/usr/share/doc/torvane-designer/copyright" || fail "no notice of $notice"
 done
+# The station finds its guide, with the pictures that it names.
+if [ -x "$bin/Torvane_Designer" ]; then
+  guide=$root/usr/share/torvane/guide
+  for picture in $(grep -o '(pictures/[^)]*)' "$guide/operator-guide.md" | tr -d '()'); do
+    [ -s "$guide/$picture" ] || fail "the guide lacks $picture"
+  done
+fi
 unset TORVANE_HOME TORVANE_STORE XDG_CONFIG_HOME
 export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$root
 

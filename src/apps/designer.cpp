@@ -80,6 +80,7 @@ int Run(int& argc, char** argv, const std::string& file) {
   WindowProgram program(computer.AsPlatform(), theme);
   if (const auto dryRun = StationPath(folders.value().program + "/Torvane_Executor.exe"))
     program.dryRun = dryRun.value();
+  if (folders) program.guideFolder = QString::fromStdString(GuideFolder(folders.value().program));
   const Doorkeeper doorkeeper(place, std::move(taken),
                               [&program](const std::string& path) { return program.Open(path); });
   if (!file.empty()) program.Open(file);

@@ -87,6 +87,16 @@ class Pictures {
     std::printf("%s.png\n", qPrintable(name));
   }
 
+  // The guide at a heading.
+  void TakeGuide(const QString& name, QSize size, const char* heading, const char* word) {
+    GuideWindow guide(theme_, samples_ + "/../docs", nullptr);
+    guide.resize(size);
+    guide.ShowAt(QString::fromLatin1(heading), QString::fromLatin1(word));
+    for (int i = 0; i < 10; ++i) QApplication::processEvents();
+    guide.grab().save(folder_ + "/" + name + ".png");
+    std::printf("%s.png\n", qPrintable(name));
+  }
+
   const QString& samples() const { return samples_; }
 
   void TakeMessage(const QString& name, const Message& message) {
@@ -190,6 +200,9 @@ int main(int argc, char** argv) {
   for (const bool dark : {false, true}) {
     const QString end = dark ? QStringLiteral("-dark") : QString();
     Pictures pictures(folder, samples, dark);
+    pictures.TakeGuide("guide" + end, wide, "The schedule", "Add'l Wrap");
+    pictures.TakeGuide("guide-smallest" + end, {800, 600}, "A part for four axes", "");
+    pictures.TakeGuide("guide-tables" + end, {800, 600}, "Faults and notes", "");
     TakeSizes(pictures, end);
     pictures.Take("2axis-marks" + end, "Tube-4x24.t2d", wide, 4, [](WindowProgram& program) {
       Station& station = program.station();

@@ -14,8 +14,18 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPrograms[] = {"Torvane_Designer", "torvane", "Torvane_Executor.exe"};
 
-fs::path SamplesOf(const fs::path& programFolder) {
-  return programFolder.parent_path() / "share" / "torvane" / "samples";
+// Of a system-wide installation.
+fs::path Shared(const fs::path& programFolder, const char* name) {
+  return programFolder.parent_path() / "share" / "torvane" / name;
+}
+
+fs::path SamplesOf(const fs::path& programFolder) { return Shared(programFolder, "samples"); }
+
+std::string FirstFolder(std::initializer_list<fs::path> folders) {
+  std::error_code error;
+  for (const fs::path& folder : folders)
+    if (fs::is_directory(folder, error)) return HostText(folder);
+  return {};
 }
 
 bool IsInstalled(const fs::path& programFolder) {
@@ -73,10 +83,12 @@ Result<std::string> StationFolder(std::string_view asked, std::string_view progr
 
 std::string SampleFolder(std::string_view programFolder) {
   const fs::path program = SystemPath(programFolder);
-  std::error_code error;
-  for (const fs::path& samples : {SamplesOf(program), program / "samples"})
-    if (fs::is_directory(samples, error)) return HostText(samples);
-  return {};
+  return FirstFolder({SamplesOf(program), program / "samples"});
+}
+
+std::string GuideFolder(std::string_view programFolder) {
+  const fs::path program = SystemPath(programFolder);
+  return FirstFolder({Shared(program, "guide"), program / "docs"});
 }
 
 Outcome PrepareStationFolder(std::string_view folder, std::string_view programFolder) {

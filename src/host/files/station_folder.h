@@ -18,6 +18,10 @@ Result<std::string> StationFolder(std::string_view asked, std::string_view progr
 // installation, else `samples` beside the program; empty where there is neither.
 std::string SampleFolder(std::string_view programFolder);
 
+// The folder of the operator's guide and its pictures, likewise: ../share/torvane/guide, or `docs` beside the
+// program; empty where there is neither.
+std::string GuideFolder(std::string_view programFolder);
+
 // Makes the folder hold what a station looks for: links to the programs of the installation, the folders of
 // designs and of G-code files, and the samples as long as there is no design. What the user has put there
 // stays, an executor of his own too. Nothing where the program is not installed. Two may do it at once.

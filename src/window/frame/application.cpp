@@ -49,6 +49,7 @@ WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
   Form_Load(station_);
   live_ = std::make_unique<LiveWatch>(station_, binder_);
   main_ = std::make_unique<MainWindow>(desk());
+  help_ = std::make_unique<HelpKeys>(desk(), *main_, guideFolder);
   dialogs_ = std::make_unique<DialogHost>(desk(), main_.get());
   binder_.BindAll(this, [this] {
     WindClock();

@@ -17,6 +17,7 @@
 #include "window/dialog/program_dialog.h"
 #include "window/dialog/station_dialog.h"
 #include "window/door/file_drops.h"
+#include "window/frame/help_keys.h"
 #include "window/frame/main_window.h"
 #include "window/frame/splash.h"
 
@@ -49,12 +50,15 @@ class WindowProgram : public QObject {
   // What shows a program that is to be opened, as a station path. Without one it is looked for where Build
   // finds the executor.
   std::string dryRun = "Torvane_Executor.exe";
+  // Where the operator's guide lies, as a path of the computer.
+  QString guideFolder;
 
   Station& station() { return station_; }
   Binder& binder() { return binder_; }
   Desk desk() { return {station_, binder_, theme_, nullptr, live_.get()}; }
   MainWindow& mainWindow() { return *main_; }
   const DialogHost& dialogs() const { return *dialogs_; }
+  const HelpKeys& help() const { return *help_; }
 
  private:
   void WindClock();
@@ -73,6 +77,7 @@ class WindowProgram : public QObject {
   std::unique_ptr<LiveWatch> live_;
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainWindow> main_;
+  std::unique_ptr<HelpKeys> help_;
   std::unique_ptr<DialogHost> dialogs_;
 };
 

@@ -127,7 +127,7 @@ void AddMenus(QMainWindow& window, Desk desk, const std::function<void(QMenu& vi
   AddMenu(window, desk, "&Machine", kMachine);
   AddMenu(window, desk, "&Build", kBuild);
   AddMenu(window, desk, "&Settings", kSettings);
-  AddMenu(window, desk, "&Help", kHelp);
+  AddMenu(window, desk, "&Help", kHelp)->setObjectName(QStringLiteral("menuHelp"));
 }
 
 void OpenRowMenu(QWidget& parent, Desk desk, const QPoint& at) {
