@@ -40,8 +40,9 @@ Json LayerJson(const LayerFigures& layer) {
                {"tow", Pair(layer.tow)}};
   AddMass(json, layer.mass);
   AddAngle(json, layer);
-  if (layer.twofoldDwells > 0)
-    json["twofoldDwells"] = {{"count", layer.twofoldDwells}, {"line", layer.twofoldLine}};
+  if (layer.twofoldLine > 0)
+    json["twofold"] = {
+        {"dwells", layer.twofoldDwells}, {"swings", layer.twofoldSwings}, {"line", layer.twofoldLine}};
   if (!layer.judged) return json;
   json.update({{"windingAngle", layer.pattern.windingAngle},
                {"band", layer.band},

@@ -326,6 +326,25 @@ TEST(Dwells, ThatAreJustReachedAreReadBothWays) {
   EXPECT_EQ(twofold(-1e-4 - near), 0);
 }
 
+// A hemisphere's swing is told two thirds of its way: at 3 in/s the carriage needs 2 s, the mandrel turns
+// for 1.
+TEST(Swings, MayTakeTheCarriagesTime) {
+  const auto layer = [](const std::string& feed) {
+    std::string text = Begun() + PassLine(1, 1);
+    text.replace(text.find("T2 Z1.875"), 9, "T4 Z1.875 Y4.4375");
+    text += "G1 F6 Z28 S28 C225\nG2 F" + feed + " Z34 S30 C180\nG5 F1 Z28 S30 C45\nG1 F6 Z4 S28 C225\n";
+    return Prove(text + Ended(), Limits()).layers.at(0);
+  };
+  const LayerFigures slow = layer("3");
+  EXPECT_EQ(slow.twofoldSwings, 1);
+  EXPECT_EQ(slow.twofoldDwells, 0);
+  EXPECT_NEAR(slow.time.high - slow.time.low, 1, 1e-9);
+  EXPECT_EQ(slow.time.low, slow.seconds);
+  EXPECT_EQ(slow.tow.low, slow.tow.high);
+  EXPECT_NE(TwofoldText(slow, false).find("1 swing round an end of layer 1"), std::string::npos);
+  EXPECT_EQ(layer("6").twofoldSwings, 0) << "in time";
+}
+
 TEST(Axes, AreToldInShareOfTheirLimits) {
   Limits limits;
   limits.carriageTravel = 0;

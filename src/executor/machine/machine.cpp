@@ -12,6 +12,9 @@ constexpr double kPauseUnit = 1e-4;   // P10000 is a second
 // A mandrel this close to the angle that is waited for has reached it.
 constexpr double kSame = 1e-6;
 
+// A carriage that is later than the mandrel by less than its speed is rounded to is in time.
+constexpr double kSlower = 1.02;
+
 // The way on to an angle, at most a turn.
 double WayTo(double angle, double from) {
   double way = std::fmod(angle - from, 360);
@@ -35,7 +38,7 @@ Motion Machine::Run(const Statement& statement) {
       return Move(words);
     case Command::Ellipse:
     case Command::Withdraw:
-      return EndWrap(words);
+      return EndWrap(words, statement.command == Command::Ellipse);
     case Command::Dwell:
       return Dwell(words);
     case Command::Home:
@@ -196,7 +199,7 @@ Motion Machine::Dwell(const Words& words) {
 
 // The head's path round an end is the machine's own affair: known are where it ends and how far the mandrel
 // turns meanwhile.
-Motion Machine::EndWrap(const Words& words) {
+Motion Machine::EndWrap(const Words& words, bool swings) {
   Motion motion;
   Plan plan;
   plan.to = at_;
@@ -205,8 +208,16 @@ Motion Machine::EndWrap(const Words& words) {
   if (words.Has('B')) plan.to.rotation = words.At('B');
   const double speed = MandrelSpeed(words);
   TurnBy(TurnTo(words, motion), speed, plan, motion);
-  plan.carriage = plan.head = plan.rotation = plan.end = plan.mandrel;
+  plan.end = plan.mandrel;
   if (words.Has('F')) feed_ = std::abs(words.At('F'));
+  Plan alone = plan;
+  const double carriage = TimeFor(DrivenAxis::Carriage, plan.to.carriage - at_.carriage, feed_, alone);
+  motion.slowSwing = swings && carriage > kSlower * plan.mandrel;
+  if (motion.slowSwing && drive_.reading == Drive::Reading::Late) {
+    plan.end = carriage;
+    plan.lost = alone.lost;
+  }
+  plan.carriage = plan.head = plan.rotation = plan.end;
   Finish(plan, speed, motion);
   return motion;
 }

@@ -40,7 +40,8 @@ struct Drive {
   // Degrees by which a mandrel may miss an angle that it is sent to, and inches of the carriage.
   double mandrelClick = 0, carriageClick = 0;
   // A dwell against an angle that the mandrel has just reached goes on at once, or turns a whole revolution;
-  // exactly, it does what its figures say.
+  // exactly, it does what its figures say. A swing round an end takes as long as the mandrel turns; late, it
+  // takes the carriage's time where that is longer.
   enum class Reading : std::uint8_t { Exact, Early, Late } reading = Reading::Exact;
 
   bool Accelerates() const { return carriage > 0 || head > 0 || mandrel > 0 || rotation > 0; }
@@ -56,7 +57,8 @@ struct Motion {
   bool ownTurn = false;        // the turn is told by the statement: C
   double feed = 0, rpm = 0;    // the speeds in force
   double turn = 0;             // degrees the mandrel was told to go
-  bool justReached = false;    // it waits for an angle where the mandrel may be or may just have been
+  bool slowSwing = false;  // the carriage needs longer for its way round an end than the mandrel for its turn
+  bool justReached = false;  // it waits for an angle where the mandrel may be or may just have been
   DrivenAxis slowest = DrivenAxis::Mandrel;  // that the statement waits for
   double lost = 0;                           // seconds that its acceleration takes
 };
@@ -92,7 +94,7 @@ class Machine {
 
   Motion Move(const Words& words);
   Motion Dwell(const Words& words);
-  Motion EndWrap(const Words& words);
+  Motion EndWrap(const Words& words, bool swings);
   Motion Home(const Words& words);
   Motion Stop();
   double TimeFor(DrivenAxis axis, double way, double speed, Plan& plan) const;

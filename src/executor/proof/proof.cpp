@@ -62,7 +62,7 @@ class Prover {
   void JudgeTime();
   void Widen(std::string_view program);
   void WidenBy(const Rerun& run, const Drive& drive);
-  void TakeDwell(const Line& line);
+  void TakeTwofold(const Line& line, const Motion& motion);
   void TellAxes();
 
   int LayerNow() const { return winding_.OpenLayer() == nullptr ? 0 : winding_.OpenLayer()->number; }
@@ -81,9 +81,9 @@ class Prover {
   Proof proof_;
   Readiness readiness_{proof_.findings};
   std::map<Kind, double> most_;  // the fastest of each axis
-  // Of each layer, how many dwells may be read either way, and the first one's line.
+  // Of each layer, how many dwells and swings may be read either way, and the first one's line.
   struct Twofold {
-    int count = 0, line = 0;
+    int dwells = 0, swings = 0, line = 0;
   };
   std::map<std::size_t, Twofold> twofold_;
   bool ended_ = false, buildTime_ = false;
@@ -164,7 +164,7 @@ void Prover::TakeStatement(const Line& line) {
   const Motion motion = machine_.Run(line.statement);
   for (std::size_t i = 0; i < motion.count; ++i) proof_.seconds += motion.segments[i].seconds;
   winding_.Take(line, motion, machine_, before);
-  if (motion.justReached) TakeDwell(line);
+  if (motion.justReached || motion.slowSwing) TakeTwofold(line, motion);
   readiness_.Take(line, motion, PlaceNow());
   WatchSense(line, motion, PlaceNow(), machine_, limits_, proof_.findings);
   TakeTrouble(line, motion.trouble);
@@ -310,10 +310,11 @@ void Prover::JudgeTime() {
                           Fixed(announced / 60, 0) + " are announced.");
 }
 
-void Prover::TakeDwell(const Line& line) {
+void Prover::TakeTwofold(const Line& line, const Motion& motion) {
   if (winding_.OpenLayer() == nullptr) return;
   Twofold& twofold = twofold_[winding_.layers().size() - 1];
-  if (twofold.count++ == 0) twofold.line = line.number;
+  if (twofold.line == 0) twofold.line = line.number;
+  ++(motion.slowSwing ? twofold.swings : twofold.dwells);
 }
 
 void Take(Range& range, double value) {
@@ -333,7 +334,8 @@ void Prover::Widen(std::string_view program) {
     layer.tow = {layer.filament, layer.filament};
     layer.covered = {layer.coveredShare, layer.coveredShare};
     if (const auto twofold = twofold_.find(i); twofold != twofold_.end()) {
-      layer.twofoldDwells = twofold->second.count;
+      layer.twofoldDwells = twofold->second.dwells;
+      layer.twofoldSwings = twofold->second.swings;
       layer.twofoldLine = twofold->second.line;
     }
   }
@@ -368,7 +370,8 @@ void Prover::WidenBy(const Rerun& run, const Drive& drive) {
       const auto slowest = std::max_element(layer.lost.begin(), layer.lost.end());
       figures.slowed = *slowest > 0;
       figures.slowest = static_cast<DrivenAxis>(slowest - layer.lost.begin());
-    } else if (figures.twofoldDwells > 0 && figures.judged && !drive.Accelerates()) {
+    } else if (drive.reading == Drive::Reading::Late && figures.twofoldDwells > 0 && figures.judged &&
+               !drive.Accelerates()) {
       Take(figures.covered, CoveredShare(layer, mandrel, figures.zLow, figures.zHigh, figures.rows, stop_));
     }
   }

@@ -25,12 +25,14 @@ struct LayerFigures {
   double filament = 0;  // the length of the tow, with its turns at the ends and behind the layer
   TowMass mass;
   // Over machines that gain speed at once or as their accelerations let them, and over controllers that read
-  // a dwell against an angle just reached as over or as a revolution.
+  // a dwell against an angle just reached as over or as a revolution, and a swing round an end as led by the
+  // mandrel or by the carriage.
   Range time, tow, covered;
   bool slowed = false;  // an axis loses time to its acceleration
   DrivenAxis slowest = DrivenAxis::Mandrel;
   Reversal reversal;
-  int twofoldDwells = 0, twofoldLine = 0;
+  int twofoldDwells = 0, twofoldSwings = 0;
+  int twofoldLine = 0;  // the first of them
   bool hoop = false;
   double askedAngle = 0;  // by the display; 0 where none is told, and of a hoop
   LaidAngle angle;

@@ -66,14 +66,19 @@ std::string ReversalText(const LayerFigures& layer, bool millimetres) {
 }
 
 std::string TwofoldText(const LayerFigures& layer, bool millimetres) {
-  if (layer.twofoldDwells == 0) return {};
+  if (layer.twofoldLine == 0) return {};
   const auto from = [](const std::string& low, const std::string& high) {
     return low == high ? low : low + " to " + high;
   };
-  return Counted(layer.twofoldDwells, "dwell waits", "dwells wait") + " for an angle of layer " +
-         std::to_string(layer.number) +
-         " that is just reached: a controller goes on at once or turns a whole revolution, " +
-         TimeText(layer.time) + ", " +
+  const std::string name = "layer " + std::to_string(layer.number);
+  std::string text;
+  if (layer.twofoldDwells > 0)
+    text += Counted(layer.twofoldDwells, "dwell waits", "dwells wait") + " for an angle of " + name +
+            " that is just reached: a controller goes on at once or turns a whole revolution; ";
+  if (layer.twofoldSwings > 0)
+    text += Counted(layer.twofoldSwings, "swing", "swings") + " round an end of " + name +
+            " may take the mandrel's time or the carriage's, which is longer; ";
+  return text + TimeText(layer.time) + ", " +
          from(FilamentText(layer.tow.low, millimetres), FilamentText(layer.tow.high, millimetres)) +
          (layer.judged ? ", " + from(Fixed(100 * layer.covered.low, 2), Fixed(100 * layer.covered.high, 2)) +
                              " % covered"

@@ -28,7 +28,8 @@ std::string TimeText(const Range& seconds);
 // What the machine's accelerations make of a layer, in a sentence; empty where they are not known.
 std::string ReversalText(const LayerFigures& layer, bool millimetres);
 
-// The dwells of a layer that a controller may read either way, in a sentence; empty where there are none.
+// The dwells and swings of a layer that a controller may read either way, in a sentence; empty where there
+// are none.
 std::string TwofoldText(const LayerFigures& layer, bool millimetres);
 
 // How far the axes are used, and which are not checked; empty where nothing moves.
