@@ -43,7 +43,8 @@ struct SpelledPass {
   Passage passage;
 };
 
-// Of the layers in turn.
+// Of the layers in turn, as the program counts them: its groups are the circuits of the window's pattern, and
+// a group has as many passes as the pattern has groups.
 struct PassCounts {
   Kept passes{};  // of a group
   Kept groups{};  // of a layer
