@@ -48,7 +48,7 @@ void AddDesignOptions(CLI::App& app, CommonOptions& options) {
 struct Arguments {
   CommonOptions common;
   std::vector<std::string> designs;
-  std::string design;
+  std::string design, other;
   std::string out;
   bool json = false;
   bool brief = false;
@@ -57,6 +57,7 @@ struct Arguments {
   bool trace = false;
   int row = 0;
   PatternOptions patterns;
+  RestartOptions restart;
   std::string shell;
 };
 
@@ -96,6 +97,24 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
                         [&a](Computer& c) { return RunProve(c, a.designs, a.json); });
   AddDesigns(*prove, a);
   prove->add_flag("--json", a.json, "All figures as one JSON object a design");
+
+  CLI::App* diff = add(app, "diff", "Tell what two designs or programs wind differently",
+                       [&a](Computer& c) { return RunDiff(c, a.design, a.other, a.json); });
+  AddDesignOptions(*diff, a.common);
+  diff->add_option("BEFORE", a.design, "A design or a program")->required()->type_name(kFileName);
+  diff->add_option("AFTER", a.other, "Another one")->required()->type_name(kFileName);
+  diff->add_flag("--json", a.json, "As one JSON object");
+
+  CLI::App* restart = add(app, "restart", "Write the program that winds on from a pass of another",
+                          [&a](Computer& c) { return RunRestart(c, a.restart); });
+  restart->add_option("PROGRAM", a.restart.program, "The program that was wound")
+      ->required()
+      ->type_name(kFileName);
+  restart->add_option("--layer", a.restart.layer, "The layer to begin with")->required();
+  restart->add_option("--pass", a.restart.pass, "Its pass to begin with")->required();
+  restart
+      ->add_option("--out", a.restart.out, "The file to write [NAME-RESTART beside the station's programs]")
+      ->type_name(kFileName);
 
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });

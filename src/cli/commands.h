@@ -15,6 +15,19 @@ int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool t
 // has a fault.
 int RunProve(Computer& computer, const std::vector<std::string>& designs, bool json);
 
+// Tells what of two designs or programs winds differently, layer by layer; as text or as one JSON object. Done if
+// nothing does, failed if something does.
+int RunDiff(Computer& computer, const std::string& before, const std::string& after, bool json);
+
+struct RestartOptions {
+  std::string program;
+  int layer = 0, pass = 0;
+  std::string out;  // empty: beside the station's programs
+};
+// Writes the program that goes on from a pass of another, and prints its path. What cannot be gone on with is a
+// wrong use.
+int RunRestart(Computer& computer, const RestartOptions& options);
+
 enum class InfoForm { Table, Brief, Json };
 // Prints the part, its layers and its totals, a line, or every field of each design.
 int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);

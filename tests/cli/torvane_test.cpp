@@ -1,6 +1,7 @@
 // The program itself, as a user starts it: its output and exit status.
 #include "cli/torvane_program.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -57,6 +58,74 @@ TEST_F(Torvane, ProvesDesigns) {
   EXPECT_GT(other["seconds"][1].get<double>(), usual["seconds"][1].get<double>());
   EXPECT_EQ(other["layers"][1]["slowest"], "carriage");
   EXPECT_NEAR(other["resinGrams"].get<double>(), usual["resinGrams"].get<double>() / 2, 1e-6);
+}
+
+TEST_F(Torvane, WindsOnFromAPass) {
+  const std::string tube = Quoted((fs::path(SOURCE_FOLDER) / "samples" / "Tube-4x24.t2d").string());
+  ASSERT_EQ(Start("gcode " + tube).status, 0);
+  const fs::path programs = home() / "TV_G-Code_Files";
+  const std::string program = Quoted((programs / "Tube-4x24.T2G").string());
+  const Ended run = Start("restart " + program + " --layer 3 --pass 17");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(Lines(run.out), (programs / "Tube-4x24-RESTART.T2G").string() + "\n");
+  const std::string restart = Bytes(programs / "Tube-4x24-RESTART.T2G");
+  EXPECT_EQ(restart.find("[RESTART OF Tube-4x24.T2G AT LAYER 3 PASS 17]"), 0U);
+  EXPECT_EQ(Start("restart " + program + " --layer 3 --pass 99").status, 2);
+  EXPECT_EQ(Bytes(programs / "Tube-4x24-RESTART.T2G"), restart) << "the former restart stays";
+  const std::string out = (folder_ / "on.T2G").string();
+  EXPECT_EQ(Start("restart " + program + " --layer 1 --pass 1 --out " + Quoted(out)).status, 0);
+  EXPECT_TRUE(fs::exists(out));
+}
+
+// A design against itself retyped, against its own program, and against that program with one figure changed.
+TEST_F(Torvane, TellsWhatIsWoundDifferently) {
+  const fs::path samples = fs::path(SOURCE_FOLDER) / "samples";
+  const std::string tube = Quoted((samples / "Tube-4x24.t2d").string());
+  const auto differences = [&](const std::string& one, const std::string& other, int status) {
+    const Ended run = Start("diff --json " + one + " " + other);
+    EXPECT_EQ(run.status, status) << run.err;
+    const nlohmann::json told = nlohmann::json::parse(run.out);
+    std::vector<std::string> lines;
+    for (const auto& each : told["differences"])
+      lines.push_back(std::to_string(each["layer"].get<int>()) + " " + each["what"].get<std::string>() + " " +
+                      each["from"].get<std::string>() + ">" + each["to"].get<std::string>() +
+                      each["unit"].get<std::string>());
+    return lines;
+  };
+  const auto has = [](const std::vector<std::string>& lines, const std::string& line) {
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+  };
+  EXPECT_TRUE(differences(tube, tube, 0).empty());
+
+  std::string design = Bytes(samples / "Tube-4x24.t2d");
+  const auto put = [&](const std::string& tag, const std::string& text) {
+    const auto at = design.find("<" + tag + ">") + tag.size() + 2;
+    design.replace(at, design.find('<', at) - at, text);
+  };
+  put("Winding_Angles", "90;45;50;30;60;90");
+  put("Band_Width", "0.2500");
+  std::ofstream(folder_ / "steeper.t2d", std::ios::binary) << design;
+  const auto steeper = differences(tube, Quoted((folder_ / "steeper.t2d").string()), 1);
+  EXPECT_TRUE(has(steeper, "3 Winding Angle 45.0>50.0deg")) << testing::PrintToString(steeper);
+  EXPECT_TRUE(has(steeper, "3 Angle as laid 45.0>50.0deg")) << testing::PrintToString(steeper);
+  EXPECT_FALSE(has(steeper, "0 Band width 0.250>0.2500in")) << "the same number";
+  for (const std::string& line : steeper) EXPECT_TRUE(line[0] == '0' || line[0] == '3') << line;
+
+  ASSERT_EQ(Start("gcode " + tube).status, 0);
+  const fs::path program = home() / "TV_G-Code_Files" / "Tube-4x24.T2G";
+  EXPECT_TRUE(differences(tube, Quoted(program.string()), 0).empty()) << "its own program";
+  std::string damaged = Bytes(program);
+  const auto at = damaged.find("G1 F6 ");
+  ASSERT_NE(at, std::string::npos);
+  damaged.replace(at, 6, "G1 F3 ");
+  std::ofstream(folder_ / "slower.T2G", std::ios::binary) << damaged;
+  const auto slower = differences(Quoted(program.string()), Quoted((folder_ / "slower.T2G").string()), 1);
+  EXPECT_TRUE(has(slower, "0 First other statement line 40: G1 F6 Z28.00>line 40: G1 F3 Z28.00"))
+      << testing::PrintToString(slower);
+
+  EXPECT_EQ(Start("diff " + tube + " " + Quoted((folder_ / "missing.t2d").string())).status, 2);
+  std::ofstream(folder_ / "noise.T2G") << "nothing";
+  EXPECT_EQ(Start("diff " + Quoted((folder_ / "noise.T2G").string()) + " " + tube).status, 2);
 }
 
 TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
