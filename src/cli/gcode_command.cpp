@@ -14,22 +14,24 @@ namespace torvane {
 
 namespace {
 
+// Printed as it is formed; what its passes tell to be too long is refused before the first block.
 bool PrintProgram(Station& station) {
-  Program program(station.s.signs);
-  const Formed formed = FormProgram(station.s, station.platform, program);
-  if (!formed) return false;
-  if (formed.angleUndefined) TellOfUndefinedAngle(station);
-  if (!program.refusal().empty()) {
-    Complain(ToUtf8(program.refusal()));
-    return false;
-  }
 #ifdef _WIN32
   _setmode(_fileno(stdout), _O_BINARY);
 #endif
-  for (const std::string_view block : program.Text()) std::fwrite(block.data(), 1, block.size(), stdout);
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return true;
-  Complain("standard output could not be written");
-  return false;
+  Program program(station.s.signs, nullptr, {}, [](std::string_view block) {
+    return std::fwrite(block.data(), 1, block.size(), stdout) == block.size();
+  });
+  const Formed formed = FormProgram(station.s, station.platform, program);
+  if (!formed) return false;
+  if (formed.angleUndefined) TellOfUndefinedAngle(station);
+  const bool whole = program.End();
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    Complain("standard output could not be written");
+    return false;
+  }
+  if (!whole) Complain(ToUtf8(program.refusal()));
+  return whole;
 }
 
 bool WriteProgramFile(Station& station) {

@@ -35,6 +35,12 @@ bool NameProgram(DesignState& s, const std::string& folder) {
   return true;
 }
 
+bool Prepare(DesignState& s, const std::string& folder) {
+  SetDefaultStops(s);
+  SetPassEnds(s);
+  return NameProgram(s, folder);
+}
+
 void WriteGCodeHeader(GCodeSession& session, Moment formed) {
   using dialect::CommentLine;
   const DesignState& s = session.s;
@@ -141,9 +147,7 @@ std::string ProgramName(const DesignState& s) {
 }
 
 Formed FormProgram(DesignState& s, const ProgramPlace& place, Program& program) {
-  SetDefaultStops(s);
-  SetPassEnds(s);
-  if (!NameProgram(s, place.folder)) return {};
+  if (!Prepare(s, place.folder)) return {};
   GCodeSession session{s, program};
   s.gWindAngle = 0;
   WriteGCodeHeader(session, place.now);
@@ -160,14 +164,23 @@ Formed FormProgram(DesignState& s, const Platform& platform, Program& program) {
 }
 
 Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress) {
-  Program program(s.signs, progress);
-  const Formed formed = FormProgram(s, platform, program);
-  if (!formed) return {};
-  if (program.cancelled()) return {Written::Cancelled, formed.angleUndefined};
-  if (!program.refusal().empty()) return {Written::No, formed.angleUndefined, std::string(program.refusal())};
+  const ProgramPlace place{platform.files.ProgramFolder(), platform.clock.Now()};
+  if (!Prepare(s, place.folder)) return {};
+  Written::How how = Written::No;
+  Formed formed;
   // A power cut brings back the former program, whole; the design builds this one again.
-  const Outcome written = platform.files.WriteWhole(s.gGCodeFilePath.text(), program.Text(), Lasting::Later);
+  const Outcome written = platform.files.WriteWhole(
+      s.gGCodeFilePath.text(),
+      [&](const Program::Taker& take) -> Outcome {
+        Program program(s.signs, progress, {}, take);
+        formed = FormProgram(s, place, program);
+        how = program.cancelled() ? Written::Cancelled : Written::No;
+        if (program.End()) return Done{};
+        return Refusal{program.refusal()};
+      },
+      Lasting::Later);
   if (written) return {Written::Whole, formed.angleUndefined};
+  if (how == Written::Cancelled) return {Written::Cancelled, formed.angleUndefined};
   return {Written::No, formed.angleUndefined, written.reason()};
 }
 

@@ -77,8 +77,8 @@ struct Written {
   bool operator==(How other) const { return how == other; }
 };
 
-// Forms the program and writes it under `TV_G-Code_Files`, replacing the former one. The former file stays
-// unless the new one is whole.
+// Writes the program under `TV_G-Code_Files` while it is formed, replacing the former one. The former file
+// stays unless the new one is whole.
 Written WriteGCode(DesignState& s, const Platform& platform, ProgramProgress* progress = nullptr);
 
 // Has the executor tell the operator that the winding is complete, where the operator wants to be told.

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/result.h"
@@ -15,9 +17,22 @@ namespace torvane {
 // The most that a design or a settings file holds, in bytes. What is larger is none.
 inline constexpr std::uint64_t kLargestText = std::uint64_t{16} * 1024 * 1024;
 
+// Hands the bytes of a file over, block by block and from the first one whenever it is called, as long as
+// `take` wants more. Refuses if they will not be whole.
+using FileContent = std::function<Outcome(const std::function<bool(std::string_view)>& take)>;
+
 // When a new file has outlived a power cut: at once, or within the seconds that the system takes to sync its
 // folder. Until then such a cut brings the former file back, whole.
 enum class Lasting { Now, Later };
+
+// The parts one behind the other; what they view must outlive it.
+inline FileContent ContentOf(std::vector<std::string_view> parts) {
+  return [parts = std::move(parts)](const std::function<bool(std::string_view)>& take) -> Outcome {
+    for (const std::string_view part : parts)
+      if (!take(part)) break;
+    return Done{};
+  };
+}
 
 class Files {
  public:
@@ -40,12 +55,13 @@ class Files {
   virtual Result<std::string> ReadWhole(std::string_view path) const = 0;
   // The same, but a file of more than `limit` bytes is refused before it is read; the reason says the limit.
   virtual Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const = 0;
-  // Replaces or makes the file with the parts one behind the other, in one step: whenever the computer stops,
-  // the file holds what it held or all the parts. Follows links. A refusal leaves the file as it was.
-  virtual Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts,
-                             Lasting lasting) = 0;
+  // Replaces or makes the file with the content, in one step: whenever the computer stops, the file holds
+  // what it held or all of the content. Follows links. A refusal, the content's own too, leaves the file as
+  // it was.
+  virtual Outcome WriteWhole(std::string_view path, const FileContent& content, Lasting lasting) = 0;
+  // The parts one behind the other.
   Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts) {
-    return WriteWhole(path, parts, Lasting::Now);
+    return WriteWhole(path, ContentOf(parts), Lasting::Now);
   }
   // Makes `copy` keep the bytes and rights of the other for when WriteWhole replaces that, in the same way; a
   // link under its name is replaced.

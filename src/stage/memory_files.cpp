@@ -55,13 +55,17 @@ bool MemoryFiles::AreOne(std::string_view path, std::string_view other) const {
   return Exists(path) && Full(path) == Full(other);
 }
 
-Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts, Lasting) {
+Outcome MemoryFiles::WriteWhole(std::string_view path, const FileContent& content, Lasting) {
   const std::string full = Full(path);
   if (const auto refusal = refusals_.find(full); refusal != refusals_.end()) return Refusal{refusal->second};
   if (path.empty() || path.back() == '\\' || IsFolder(full)) return Refusal{"Not a file"};
   if (!IsFolder(full.substr(0, full.rfind('\\')))) return Refusal{"No such folder"};
   std::string bytes;
-  for (const auto part : parts) bytes += part;
+  const Outcome given = content([&bytes](std::string_view block) {
+    bytes += block;
+    return true;
+  });
+  if (!given) return given;
   std::size_t others = 0;
   for (const auto& [name, held] : files_)
     if (name != full) others += held.size();
@@ -73,14 +77,14 @@ Outcome MemoryFiles::WriteWhole(std::string_view path, const std::vector<std::st
 Outcome MemoryFiles::Copy(std::string_view path, std::string_view copy) {
   const Result<std::string> bytes = ReadWhole(path);
   if (!bytes) return Refusal{bytes.reason()};
-  return WriteWhole(copy, {bytes.value()});
+  return Files::WriteWhole(copy, {bytes.value()});
 }
 
 Result<std::shared_ptr<void>> MemoryFiles::Lock(std::string_view path) {
   const std::string full = Full(path);
   if (!locks_[full].expired()) return std::shared_ptr<void>();
   if (!Exists(path)) {
-    const Outcome made = WriteWhole(path, {});
+    const Outcome made = Files::WriteWhole(path, {});
     if (!made) return Refusal{made.reason()};
   }
   const auto lock = std::make_shared<int>();

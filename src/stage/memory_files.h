@@ -27,7 +27,7 @@ class MemoryFiles : public Files {
   bool AreOne(std::string_view path, std::string_view other) const override;
   // Refused also where the file's folder is missing.
   using Files::WriteWhole;
-  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts, Lasting) override;
+  Outcome WriteWhole(std::string_view path, const FileContent& content, Lasting) override;
   Outcome Copy(std::string_view path, std::string_view copy) override;
   void RemoveLeftovers(std::string_view) override {}
   Result<std::shared_ptr<void>> Lock(std::string_view path) override;

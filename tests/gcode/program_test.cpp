@@ -299,9 +299,10 @@ struct Impatient : ProgramProgress {
 TEST_F(ProgramOfTube, CanBeCancelled) {
   s.gGridSync = false;
   s.lblPassesToCover(1) = "5000";
+  onStage.stage.files.Put(kPath, "former");
   Impatient progress;
   EXPECT_EQ(WriteGCode(s, station.platform, &progress), Written::Cancelled);
-  EXPECT_FALSE(onStage.stage.files.Exists(kPath));
+  EXPECT_EQ(Written(), "former");
   ASSERT_EQ(progress.shares.size(), 3U);
   EXPECT_LT(progress.shares[1], progress.shares[2]);
   EXPECT_LT(progress.shares[2], 0.5);

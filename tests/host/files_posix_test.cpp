@@ -129,6 +129,24 @@ TEST_F(HostFilesTest, FormerFileStaysWhereItMayNotBeWritten) {
   chmod(folder.path.c_str(), 0755);
 }
 
+// What is formed while it is written, and does not become whole; also where it would be written in place.
+TEST_F(HostFilesTest, ContentThatRefusesLeavesTheFormerFileAndNothingBeside) {
+  const auto content = [](const std::function<bool(std::string_view)>& take) -> Outcome {
+    EXPECT_TRUE(take(std::string(100'000, 'x')));
+    return Refusal{"Cancelled."};
+  };
+  ASSERT_TRUE(files.WriteWhole("a.T2G", {"former"}));
+  ASSERT_EQ(chmod((folder.path / "a.T2G").c_str(), 0666), 0);
+  for (const mode_t rights : {0777U, 0555U}) {
+    ASSERT_EQ(chmod(folder.path.c_str(), rights), 0);
+    const Somebody somebody;
+    EXPECT_EQ(files.WriteWhole("a.T2G", content, Lasting::Later).reason(), "Cancelled.") << rights;
+    EXPECT_EQ(files.ReadWhole("a.T2G").value(), "former");
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 1);
+  chmod(folder.path.c_str(), 0755);
+}
+
 // The last resort: a folder that takes no second file, and a file that is mounted itself.
 TEST_F(HostFilesTest, WritesInPlaceOnlyWhereTheFolderTakesNoSecondFile) {
   std::vector<std::string> told;

@@ -34,6 +34,14 @@ TEST(Stage, FilesBehaveLikeADisk) {
   files.FailWrites("\\station\\sub\\a", "full");
   EXPECT_EQ(files.WriteWhole("sub\\a", {"z"}).reason(), "full");
   EXPECT_EQ(files.ReadWhole("sub\\a").value(), "xy");
+  const auto refuses = [](const std::function<bool(std::string_view)>& take) -> Outcome {
+    take("z");
+    return Refusal{"Cancelled."};
+  };
+  ASSERT_TRUE(files.WriteWhole("sub\\b", {"former"}));
+  EXPECT_EQ(files.WriteWhole("sub\\b", refuses, Lasting::Now).reason(), "Cancelled.");
+  EXPECT_EQ(files.ReadWhole("sub\\b").value(), "former");
+  EXPECT_TRUE(files.Remove("sub\\b"));
   files.Put("D:\\far\\b", "q");
   EXPECT_EQ(files.NamesIn("sub"), std::vector<std::string>{"a"});
   EXPECT_TRUE(files.NamesIn("D:\\").empty());

@@ -47,10 +47,10 @@ struct Replacement {
 // refusal leaves the former file and nothing beside it.
 //
 // Where rights or a mount keep the folder from taking a second file, the former one is written over: only
-// then can a kill leave a part, and a refusal says so if the former bytes are lost.
-Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Lasting lasting = Lasting::Now,
-                                 Links links = Links::Followed);
+// then can a kill leave a part, and a refusal says so if the former bytes are lost. The content is in memory
+// as a whole then, so that its own refusal loses nothing.
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content,
+                                 Lasting lasting = Lasting::Now, Links links = Links::Followed);
 
 // Makes `copy` keep the bytes of the file, with its rights, for when ReplaceWhole takes its name: until then
 // both names may lead to one file. A link under the name of the copy is replaced.

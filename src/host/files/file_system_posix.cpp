@@ -64,13 +64,10 @@ int TakeRoom(const Descriptor& file, off_t from, off_t to) {
   return error == EOPNOTSUPP || error == ENOSYS || error == EINVAL ? 0 : error;
 }
 
-int Overwrite(const Descriptor& file, off_t formerSize, const std::vector<std::string_view>& parts) {
-  off_t size = 0;
-  for (const auto part : parts) size += static_cast<off_t>(part.size());
+int Overwrite(const Descriptor& file, off_t formerSize, std::string_view bytes) {
+  const auto size = static_cast<off_t>(bytes.size());
   if (const int error = TakeRoom(file, formerSize, size)) return error;
-  for (const auto part : parts) {
-    if (const int error = WriteAll(file, part)) return error;
-  }
+  if (const int error = WriteAll(file, bytes)) return error;
   return ftruncate(file.Number(), size) == 0 ? 0 : errno;
 }
 
@@ -88,13 +85,13 @@ struct Former {
 };
 
 // The last resort. The path is no link.
-Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
+Outcome WriteInPlace(const std::filesystem::path& path, std::string_view bytes) {
   struct stat former {};
   Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
   if (!file || fstat(file.Number(), &former) != 0) return Refused(errno);
   if (!S_ISREG(former.st_mode)) return Refusal{kNotAFile};
 
-  int error = Overwrite(file, former.st_size, parts);
+  int error = Overwrite(file, former.st_size, bytes);
   const bool overwritten = error != 0 && former.st_size > 0 && lseek(file.Number(), 0, SEEK_CUR) > 0;
   const bool lengthLost = error != 0 && ftruncate(file.Number(), former.st_size) != 0;
   int closing = fsync(file.Number()) == 0 ? 0 : errno;
@@ -173,9 +170,10 @@ class Beside {
   bool placed_ = false;
 };
 
-// 0 or the system's error number, the target being as it was.
-int PutWhole(const std::filesystem::path& target, const Former& rights,
-             const std::vector<std::string_view>& parts, Lasting lasting) {
+// 0 or the system's error number, the target being as it was; so it is if `given`, what became of the
+// content, is a refusal.
+int PutWhole(const std::filesystem::path& target, const Former& rights, const FileContent& content,
+             Lasting lasting, Outcome& given) {
   const auto parent = target.parent_path();
   const auto folder = parent.empty() ? std::filesystem::path(".") : parent;
   Beside beside(folder, rights.IsFile() ? 0600 : 0666);
@@ -183,7 +181,12 @@ int PutWhole(const std::filesystem::path& target, const Former& rights,
   if (rights.IsFile()) {
     if (const int error = TakeRights(beside.File(), rights)) return error;
   }
-  if (const int error = Overwrite(beside.File(), 0, parts)) return error;
+  int written = 0;
+  given = content([&](std::string_view bytes) {
+    written = WriteAll(beside.File(), bytes);
+    return written == 0;
+  });
+  if (written != 0 || !given) return written;
   if (const int error = beside.PutInPlaceOf(target)) return error;
   if (lasting == Lasting::Later) return 0;
   // Not every file system can be asked for this; the new file stands in any case.
@@ -211,18 +214,26 @@ bool KeepAs(const std::filesystem::path& file, const std::filesystem::path& copy
 }
 
 Result<Replacement> Replace(const std::filesystem::path& target, const Former& former, const Former& rights,
-                            const std::vector<std::string_view>& parts, Lasting lasting) {
+                            const FileContent& content, Lasting lasting) {
   if (former.error != 0 && former.error != ENOENT) return Refused(former.error);
   if (former.error == 0 && !former.IsFile() && !S_ISLNK(former.found.st_mode)) return Refusal{kNotAFile};
   if (former.IsFile()) {
     const Descriptor file(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
     if (!file) return Refused(errno);
   }
-  const int error = PutWhole(target, rights, parts, lasting);
-  if (error == 0) return Replacement{};
+  Outcome given = Done{};
+  const int error = PutWhole(target, rights, content, lasting, given);
+  if (error == 0 && given) return Replacement{};
+  if (error == 0) return Refusal{given.reason()};
   const bool forbidden = error == EACCES || error == EPERM || error == EBUSY;
   if (!forbidden || !former.IsFile()) return Refused(error);
-  const Outcome written = WriteInPlace(target, parts);
+  std::string whole;
+  given = content([&whole](std::string_view bytes) {
+    whole += bytes;
+    return true;
+  });
+  if (!given) return Refusal{given.reason()};
+  const Outcome written = WriteInPlace(target, whole);
   if (!written) return Refusal{written.reason()};
   return Replacement{Refused(error).reason};
 }
@@ -247,11 +258,11 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
   }
 }
 
-Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Lasting lasting, Links links) {
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content,
+                                 Lasting lasting, Links links) {
   const std::filesystem::path target = links == Links::Followed ? LinksFollowed(path) : path;
   const Former former(target, links);
-  return Replace(target, former, former, parts, lasting);
+  return Replace(target, former, former, content, lasting);
 }
 
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
@@ -259,8 +270,8 @@ Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::file
   const auto bytes = ReadRegularFile(path);
   if (!bytes) return Refusal{bytes.reason()};
   // What the copy is made for, a write of the file, brings the folder to the disk.
-  return Replace(copy, Former(copy, Links::Replaced), Former(path, Links::Followed), {bytes.value()},
-                 Lasting::Later);
+  return Replace(copy, Former(copy, Links::Replaced), Former(path, Links::Followed),
+                 ContentOf({bytes.value()}), Lasting::Later);
 }
 
 void RemoveLeftovers(const std::filesystem::path& folder) {

@@ -63,29 +63,25 @@ DWORD SetSize(const Handle& file, LONGLONG size) {
 }
 
 // `overwritten`: something of the former file is written over, or would be but for the failure.
-DWORD Overwrite(const Handle& file, LONGLONG formerSize, const std::vector<std::string_view>& parts,
-                bool& overwritten) {
-  LONGLONG size = 0;
-  for (const auto part : parts) size += static_cast<LONGLONG>(part.size());
+DWORD Overwrite(const Handle& file, LONGLONG formerSize, std::string_view bytes, bool& overwritten) {
+  const auto size = static_cast<LONGLONG>(bytes.size());
   // A longer end takes the room at once.
   if (const DWORD error = size > formerSize ? SetSize(file, size) : 0) return error;
   if (!SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN)) return GetLastError();
   overwritten = formerSize > 0;
-  for (const auto part : parts) {
-    if (const DWORD error = WriteAll(file, part)) return error;
-  }
+  if (const DWORD error = WriteAll(file, bytes)) return error;
   return SetSize(file, size);
 }
 
 // The last resort: a file that is there.
-Outcome WriteInPlace(const std::filesystem::path& path, const std::vector<std::string_view>& parts) {
+Outcome WriteInPlace(const std::filesystem::path& path, std::string_view bytes) {
   Handle file(Opened(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING));
   if (!file) return Refused(GetLastError());
   LARGE_INTEGER former{};
   if (!GetFileSizeEx(file.Get(), &former)) return Refused(GetLastError());
 
   bool overwritten = false;
-  DWORD error = Overwrite(file, former.QuadPart, parts, overwritten);
+  DWORD error = Overwrite(file, former.QuadPart, bytes, overwritten);
   const bool lengthLost = error != 0 && SetSize(file, former.QuadPart) != 0;
   if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
   const DWORD closing = file.Close();
@@ -124,22 +120,25 @@ DWORD PutInPlaceOf(const std::filesystem::path& target, const std::filesystem::p
   }
 }
 
-// 0 or the system's error number, the target being as it was.
-DWORD PutWhole(const std::filesystem::path& target, const std::vector<std::string_view>& parts,
-               bool takesRights) {
+// 0 or the system's error number, the target being as it was; so it is if `given`, what became of the
+// content, is a refusal.
+DWORD PutWhole(const std::filesystem::path& target, const FileContent& content, bool takesRights,
+               Outcome& given) {
   DWORD error = ERROR_FILE_EXISTS;
   for (int attempt = 1; error == ERROR_FILE_EXISTS; ++attempt) {
     const auto beside = target.parent_path() / NameBeside(GetCurrentProcessId(), attempt);
     Handle file(Opened(beside, GENERIC_WRITE, 0, CREATE_NEW));
     error = file ? 0 : GetLastError();
     if (!file) continue;
-    bool overwritten = false;
-    error = Overwrite(file, 0, parts, overwritten);
-    if (error == 0 && !FlushFileBuffers(file.Get())) error = GetLastError();
+    given = content([&](std::string_view bytes) {
+      error = WriteAll(file, bytes);
+      return error == 0;
+    });
+    if (error == 0 && given && !FlushFileBuffers(file.Get())) error = GetLastError();
     const DWORD closing = file.Close();
     if (error == 0) error = closing;
-    if (error == 0) error = PutInPlaceOf(target, beside, takesRights);
-    if (error != 0) DeleteFileW(beside.c_str());
+    if (error == 0 && given) error = PutInPlaceOf(target, beside, takesRights);
+    if (error != 0 || !given) DeleteFileW(beside.c_str());
     return error;
   }
   return error;
@@ -173,8 +172,8 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
   }
 }
 
-Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
-                                 const std::vector<std::string_view>& parts, Lasting, Links links) {
+Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content, Lasting,
+                                 Links links) {
   const auto target = links == Links::Followed ? LinksFollowed(path) : path;
   const DWORD attributes = GetFileAttributesW(target.c_str());
   const bool there = attributes != INVALID_FILE_ATTRIBUTES;
@@ -183,10 +182,18 @@ Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
     const Outcome may = MayBeReplaced(target, attributes);
     if (!may) return Refusal{may.reason()};
   }
-  const DWORD error = PutWhole(target, parts, there && !link);
-  if (error == 0) return Replacement{};
+  Outcome given = Done{};
+  const DWORD error = PutWhole(target, content, there && !link, given);
+  if (error == 0 && given) return Replacement{};
+  if (error == 0) return Refusal{given.reason()};
   if (error != ERROR_ACCESS_DENIED || !there || link) return Refused(error);
-  const Outcome written = WriteInPlace(target, parts);
+  std::string whole;
+  given = content([&whole](std::string_view bytes) {
+    whole += bytes;
+    return true;
+  });
+  if (!given) return Refusal{given.reason()};
+  const Outcome written = WriteInPlace(target, whole);
   if (!written) return Refusal{written.reason()};
   return Replacement{Refused(error).reason};
 }
@@ -195,7 +202,7 @@ Result<Replacement> ReplaceWhole(const std::filesystem::path& path,
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {
   const auto bytes = ReadRegularFile(path);
   if (!bytes) return Refusal{bytes.reason()};
-  return ReplaceWhole(copy, {bytes.value()}, Lasting::Now, Links::Replaced);
+  return ReplaceWhole(copy, ContentOf({bytes.value()}), Lasting::Now, Links::Replaced);
 }
 
 void RemoveLeftovers(const std::filesystem::path& folder) {

@@ -76,12 +76,11 @@ bool HostFiles::AreOne(std::string_view path, std::string_view other) const {
   return file && another && std::filesystem::equivalent(file.value(), another.value(), error);
 }
 
-Outcome HostFiles::WriteWhole(std::string_view path, const std::vector<std::string_view>& parts,
-                              Lasting lasting) {
+Outcome HostFiles::WriteWhole(std::string_view path, const FileContent& content, Lasting lasting) {
   const auto file = Found(path);
   if (!file) return Refusal{file.reason()};
   Tidy(LinksFollowed(file.value()).parent_path());
-  return Told(path, file.value(), ReplaceWhole(file.value(), parts, lasting));
+  return Told(path, file.value(), ReplaceWhole(file.value(), content, lasting));
 }
 
 void HostFiles::Tidy(const std::filesystem::path& folder) {

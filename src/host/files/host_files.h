@@ -33,8 +33,7 @@ class HostFiles : public Files {
   Result<std::string> ReadAtMost(std::string_view path, std::uint64_t limit) const override;
   bool AreOne(std::string_view path, std::string_view other) const override;
   using Files::WriteWhole;
-  Outcome WriteWhole(std::string_view path, const std::vector<std::string_view>& parts,
-                     Lasting lasting) override;
+  Outcome WriteWhole(std::string_view path, const FileContent& content, Lasting lasting) override;
   Outcome Copy(std::string_view path, std::string_view copy) override;
   void RemoveLeftovers(std::string_view folder) override;
   Result<std::shared_ptr<void>> Lock(std::string_view path) override;

@@ -95,7 +95,7 @@ Outcome IniStore::WriteAll(const std::vector<Entry>& entries) {
     return refused("The file would be larger than what is read.");
   }
   RemoveLeftovers(target.parent_path());
-  const Result<Replacement> replaced = ReplaceWhole(target, {text.Bytes()});
+  const Result<Replacement> replaced = ReplaceWhole(target, ContentOf({text.Bytes()}));
   if (!replaced) {
     seen_.reset();
     return refused(replaced.reason());
