@@ -8,6 +8,7 @@
 #include "design/catalogue.h"
 #include "on_stage.h"
 #include "window/reader/guide_topics.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 
@@ -37,6 +38,9 @@ class HelpOnScreen : public QObject {
   void TheGuideIsSearchedAndWalkedByKeys();
   void AQuestionHasItsGuideToo();
   void EveryFieldSaysWhatItIs();
+  void AProgramFoldsByLayerAndIsSearched();
+  void WithoutAnEditorTheProgramIsShown();
+  void AMillionLinesAreReadAtOnce();
 };
 
 void HelpOnScreen::EveryFieldHasItsPlaceInTheGuide() {
@@ -191,6 +195,99 @@ void HelpOnScreen::EveryFieldSaysWhatItIs() {
       QVERIFY2(widget->whatsThis().contains(QString::fromLatin1(WordsOf(field).sentence)), qPrintable(name));
     }
   });
+}
+
+void HelpOnScreen::AProgramFoldsByLayerAndIsSearched() {
+  ProgramText text(
+      "[made by hand]\r\nG20 [Units]\r\n[BEGIN LAYER 1 of 2 ----]\r\nM4 S30 [CW]\r\nG1 F0.13 Z28.00\r\n"
+      "[START LAYER #2 ----]\r\nD0 LA=2_of_2 RPM=28.6 [Layer]\r\n\r\n[HEAT GUN ----]\r\nM30\r\n");
+  QCOMPARE(text.Lines(), 10);
+  text.FoldLayers(true);
+  QCOMPARE(text.Rows(), 6);  // the heat gun is no layer
+  QCOMPARE(text.LineAt(2), 3);
+  QCOMPARE(text.LineAt(3), 6);
+  QCOMPARE(text.LineAt(5), 10);
+  QCOMPARE(text.RowOf(5), 2);
+  QCOMPARE(text.Away(3), 2);
+  text.Fold(4, false);
+  QCOMPARE(text.Rows(), 8);
+  QVERIFY(text.IsFolded(7) && !text.IsFolded(4));
+  QCOMPARE(text.Find("layer", 6, true), std::optional(7));
+  QCOMPARE(text.Find("UNITS", 6, true), std::optional(2));
+  QCOMPARE(text.Find("z28", 3, false), std::optional(5));
+  QVERIFY(!text.Find("nowhere", 1, true));
+  // A statement's pieces have their colours: command, letters, figures, comment.
+  const auto inks = [](std::string_view line) {
+    std::string said;
+    for (const Piece& piece : PiecesOf(line))
+      said += std::string(line.substr(piece.at, piece.length)) + "CLF[H"[static_cast<int>(piece.ink)] + ' ';
+    return said;
+  };
+  QCOMPARE(inks("G1 F0.13 Z-28,00 [a b]"), std::string("G1C FL 0.13F ZL -28,00F [a b][ "));
+  QCOMPARE(inks("D0 LA=2_of_2 ST=Go"), std::string("D0C LAL =2_of_2F STL =GoF "));
+  QCOMPARE(inks("[BEGIN ----]"), std::string("[BEGIN ----]H "));
+  QCOMPARE(inks(""), std::string());
+}
+
+void HelpOnScreen::WithoutAnEditorTheProgramIsShown() {
+  WindowOnStage station;
+  QFile sample(QStringLiteral(SOURCE_FOLDER "/samples/Tube-4x24.t2d"));
+  QVERIFY(sample.open(QIODevice::ReadOnly));
+  station.stage.files.Put(std::string(kDesigns) + "Tube.t2d", sample.readAll().toStdString());
+  station.program->binder().Do([&] { OpenDesign(station.station(), std::string(kDesigns) + "Tube.t2d"); });
+  station.program->binder().Run("Command2");
+  QVERIFY(station.program->viewer().window() == nullptr);  // the editor has started
+  station.stage.launcher.FailNext("there is no editor");
+  station.program->binder().Run("Command2");
+  QVERIFY(station.stage.messageBox.shown.empty());
+  ProgramWindow* window = station.program->viewer().window();
+  QVERIFY(window != nullptr && WindowOnStage::Activate(*window));
+  QCOMPARE(window->windowTitle(), QStringLiteral("Tube.T2G"));
+  const ProgramView& view = window->view();
+  const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
+    QTest::keyClick(window->windowHandle(), pressed, with);
+  };
+  const auto keys = [&](const char* text) {
+    for (; *text != '\0'; ++text) QTest::keyClick(window->windowHandle(), *text);
+  };
+  key(Qt::Key_G, Qt::ControlModifier);
+  keys("25\r");
+  QCOMPARE(view.line(), 25);
+  key(Qt::Key_Left);  // folds the section, so its first line is the present one
+  QVERIFY(view.text().BeginsSection(view.line()) && view.line() < 25);
+  key(Qt::Key_F, Qt::ControlModifier);
+  keys("begin layer 3");
+  QVERIFY(view.text().Line(view.line()).starts_with("[BEGIN LAYER 3"));
+  key(Qt::Key_Escape);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  QCOMPARE(view.Chosen().count(QLatin1Char('\n')), 2);
+  QVERIFY(view.accessibleName().contains(QStringLiteral("D0")));
+  key(Qt::Key_Escape);
+  QVERIFY(!window->isVisible());
+  // A design's text in the same window; what cannot be read leaves the system's own message.
+  station.stage.launcher.FailNext("there is no editor");
+  station.program->binder().Run("mnuViewDesignFile");
+  QCOMPARE(window->windowTitle(), QStringLiteral("Tube.t2d"));
+  QVERIFY(window->isVisible());
+  station.stage.files.Remove(std::string(kDesigns) + "Tube.t2d");
+  station.stage.launcher.FailNext("there is no editor");
+  station.program->binder().Run("mnuViewDesignFile");
+  QCOMPARE(station.stage.messageBox.shown.size(), std::size_t{1});
+}
+
+// Each paint asks for the lines in view alone; what runs through all of them does so once.
+void HelpOnScreen::AMillionLinesAreReadAtOnce() {
+  std::string bytes;
+  for (int i = 0; i < 1'000'000; ++i) bytes += i % 1000 == 0 ? "[BEGIN LAYER 1 ----]\n" : "G1 F6 Z28.00\n";
+  Theme theme{true};
+  ProgramWindow window(theme);
+  window.Show("C:\\Torvane\\Long.T2G", std::move(bytes));
+  QVERIFY(WindowOnStage::Activate(window));
+  QTest::keyClick(window.windowHandle(), Qt::Key_End, Qt::ControlModifier);
+  QCOMPARE(window.view().line(), 1'000'000);
+  QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("foldLayers")), Qt::LeftButton);
+  QCOMPARE(window.view().text().Rows(), 1000);
+  QVERIFY(window.view().text().BeginsSection(window.view().line()));
 }
 
 }  // namespace torvane

@@ -97,6 +97,19 @@ class Pictures {
     std::printf("%s.png\n", qPrintable(name));
   }
 
+  // A program as text, one layer folded.
+  void TakeProgram(const QString& name, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return;
+    ProgramWindow window(theme_);
+    window.resize(800, 600);
+    window.Show("\\TV_G-Code_Files\\Tube-4x24.T2G", file.readAll().toStdString());
+    const_cast<ProgramView&>(window.view()).Fold(28, true);
+    const_cast<ProgramView&>(window.view()).Find(QStringLiteral("mandrel"), true);
+    QApplication::processEvents();
+    window.grab().save(folder_ + "/" + name + ".png");
+  }
+
   const QString& samples() const { return samples_; }
 
   void TakeMessage(const QString& name, const Message& message) {
@@ -200,6 +213,7 @@ int main(int argc, char** argv) {
   for (const bool dark : {false, true}) {
     const QString end = dark ? QStringLiteral("-dark") : QString();
     Pictures pictures(folder, samples, dark);
+    pictures.TakeProgram("program" + end, folder + "/Tube-4x24.T2G");
     pictures.TakeGuide("guide" + end, wide, "The schedule", "Add'l Wrap");
     pictures.TakeGuide("guide-smallest" + end, {800, 600}, "A part for four axes", "");
     pictures.TakeGuide("guide-tables" + end, {800, 600}, "Faults and notes", "");

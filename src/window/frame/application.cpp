@@ -35,7 +35,9 @@ Platform WindowComputer::AsPlatform() {
 
 WindowProgram::WindowProgram(const Platform& platform, Theme& theme)
     : theme_(theme),
-      station_(platform),
+      viewer_(platform.launcher, platform.files, theme),
+      station_({platform.store, platform.clock, platform.locale, platform.files, platform.messageDialog,
+                platform.messageBox, platform.fileDialog, viewer_}),
       programDialog_(theme),
       binder_(station_),
       drops_([this](const std::string& path) { Open(path); }) {

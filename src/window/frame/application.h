@@ -20,6 +20,7 @@
 #include "window/frame/help_keys.h"
 #include "window/frame/main_window.h"
 #include "window/frame/splash.h"
+#include "window/reader/program_window.h"
 
 namespace torvane {
 
@@ -59,6 +60,7 @@ class WindowProgram : public QObject {
   MainWindow& mainWindow() { return *main_; }
   const DialogHost& dialogs() const { return *dialogs_; }
   const HelpKeys& help() const { return *help_; }
+  const ViewingLauncher& viewer() const { return viewer_; }
 
  private:
   void WindClock();
@@ -68,6 +70,7 @@ class WindowProgram : public QObject {
   void OpenWaiting();
 
   Theme& theme_;
+  ViewingLauncher viewer_;
   WholeStation station_;
   ProgramDialog programDialog_;
   Binder binder_;

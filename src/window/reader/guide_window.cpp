@@ -76,7 +76,7 @@ QWidget* GuideWindow::MakeBar() {
   back_ = AddButton("guideBack", Icon::Left, QStringLiteral("Back"),
                     QStringLiteral("To where you have read before (Alt+Left)"), [this] { Step(-1); });
   on_ = AddButton("guideForward", Icon::Right, QStringLiteral("Forward"),
-                  QStringLiteral("On again (Alt+Right)"), [this] { Step(1); });
+                  QStringLiteral("Forward again (Alt+Right)"), [this] { Step(1); });
   row->addWidget(back_);
   row->addWidget(on_);
   row->addStretch(1);
