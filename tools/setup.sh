@@ -4,7 +4,7 @@
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "$0: $*"; exit 1; }
 
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev libbenchmark-dev locales
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libeigen3-dev libgtest-dev libbenchmark-dev locales
   qt6-base-dev fonts-roboto)
 
 install_packages() {

@@ -3,7 +3,7 @@
 # check_windows: torvane, the executor and their tests by mingw-w64. Under wine the first writes the program of each
 # sample as the release build does, which stands, and the tests run.
 check_windows() {
-  packages=(g++-mingw-w64-x86-64-posix googletest libcli11-dev nlohmann-json3-dev wine64)
+  packages=(g++-mingw-w64-x86-64-posix googletest libcli11-dev nlohmann-json3-dev libeigen3-dev wine64)
   install_packages
   configure windows
   cmake --build build/windows --target torvane_tests >&2 || fail "the windows build failed"

@@ -329,6 +329,8 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const 
   figures.hoop = layer.hoop;
   figures.askedAngle = layer.askedAngle;
   figures.band = layer.band;
+  figures.mandrel = proof.mandrel;
+  figures.thickness = comments.thicknessInches * unitsPerInch;
   const double margin = proof.mandrel.TurnMargin(layer.band);
   figures.zLow = proof.mandrel.zRight + margin;
   figures.zHigh = proof.mandrel.zLeft - margin;
