@@ -58,6 +58,8 @@ struct Arguments {
   int row = 0;
   PatternOptions patterns;
   RestartOptions restart;
+  LaminateOptions laminate;
+  std::string problem;
   std::string shell;
 };
 
@@ -71,6 +73,24 @@ void AddDesigns(CLI::App& command, Arguments& a) {
 void AddDesign(CLI::App& command, Arguments& a) {
   AddDesignOptions(command, a.common);
   command.add_option("DESIGN", a.design, "The design file")->required()->type_name(kDesignName);
+}
+
+void AddLaminate(CLI::App* command, Arguments& a) {
+  AddDesignOptions(*command, a.common);
+  CLI::Option* design = command->add_option("DESIGN", a.design, "The design file")->type_name(kDesignName);
+  LaminateOptions& l = a.laminate;
+  command->add_option("--pressure", l.pressure, "Inner pressure to bear, such as 20bar [MPa or psi]");
+  command->add_option("--force", l.force, "Axial pull, such as 5kN; a push is negative [N or lbf]");
+  command->add_option("--torque", l.torque, "Torque to bear [Nm or lbf ft]");
+  command->add_option("--moment", l.moment, "Bending moment to bear [Nm or lbf ft]");
+  command->add_flag("--open", l.open, "The pressure does not pull at the ends");
+  command->add_option("--tow", l.tow, "A tow of the materials in the place of the design's");
+  command->add_option("--resin", l.resin, "A resin, likewise");
+  command->add_option("--ply", l.ply, "A ply measured as a whole, in the place of both");
+  command->add_flag("--json", l.json, "All figures as one JSON object, in the SI's base units");
+  command->add_option("--case", a.problem, "Work out the laminate problem of this JSON file instead")
+      ->type_name(kFileName)
+      ->excludes(design);
 }
 
 void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
@@ -115,6 +135,14 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   restart
       ->add_option("--out", a.restart.out, "The file to write [NAME-RESTART beside the station's programs]")
       ->type_name(kFileName);
+
+  AddLaminate(add(app, "laminate", "Tell what a design's part will be: wall, mass, stiffness, strength",
+                  [&a](Computer& c) {
+                    if (!a.problem.empty()) return RunLaminateCase(c, a.problem);
+                    if (a.design.empty()) throw UsageError{"laminate takes a design, or a problem by --case"};
+                    return RunLaminate(c, a.design, a.laminate);
+                  }),
+              a);
 
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });

@@ -28,6 +28,20 @@ struct RestartOptions {
 // wrong use.
 int RunRestart(Computer& computer, const RestartOptions& options);
 
+// Works out the laminate problem of a JSON file (docs/laminate.md); wrong usage where it cannot be.
+int RunLaminateCase(Computer& computer, const std::string& file);
+
+// What a part is to bear, as typed, each with its unit or in the design's; and other materials than its own.
+struct LaminateOptions {
+  std::string pressure, force, torque, moment;
+  bool open = false;  // the ends let the pressure out along the axis
+  std::string tow, resin, ply;
+  bool json = false;
+};
+// Tells what the part of a design will be: wall, mass, stiffness, strength. Makes the table of materials in
+// the station's folder where there is none.
+int RunLaminate(Computer& computer, const std::string& design, const LaminateOptions& options);
+
 enum class InfoForm { Table, Brief, Json };
 // Prints the part, its layers and its totals, a line, or every field of each design.
 int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);

@@ -128,6 +128,63 @@ TEST_F(Torvane, TellsWhatIsWoundDifferently) {
   EXPECT_EQ(Start("diff " + Quoted((folder_ / "noise.T2G").string()) + " " + tube).status, 2);
 }
 
+TEST_F(Torvane, TellsWhatThePartWillBe) {
+  const std::string tube = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
+  const std::string materials = " --tow \"T300 (NASA)\" --resin \"Epoxy IMHS (NASA)\"";
+  const Ended first = Start("laminate " + tube);
+  EXPECT_EQ(first.status, 0) << first.err;
+  EXPECT_NE(first.err.find("TV_Materials.csv is made"), std::string::npos) << first.err;
+  EXPECT_NE(first.out.find("Missing: the design names no tow"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("unverified by tests of real tubes"), std::string::npos);
+  EXPECT_TRUE(fs::exists(home() / "TV_Materials.csv"));
+
+  const auto json = [&](const std::string& options) {
+    const Ended run = Start("laminate --json " + tube + options);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err.find("is made"), std::string::npos) << "the table is not made again";
+    return nlohmann::json::parse(run.out);
+  };
+  const nlohmann::json plain = json(materials), loaded = json(materials + " --pressure 10bar");
+  EXPECT_TRUE(plain["missing"].empty()) << plain["missing"];
+  const nlohmann::json& layers = plain["middle"]["layers"];
+  ASSERT_EQ(layers.size(), 6U);
+  EXPECT_NEAR(layers[0]["angle"].get<double>(), layers[0]["asked"].get<double>(), 0.5);
+  double wall = 0;
+  for (const nlohmann::json& layer : layers) wall += layer["thickness"].get<double>();
+  EXPECT_NEAR(wall, plain["middle"]["wall"].get<double>(), 1e-12);
+  EXPECT_FALSE(plain.contains("margins"));
+  double least = 1e9;
+  for (const nlohmann::json& margin : loaded["margins"])
+    least = std::min(least, margin["tsaiWu"].get<double>());
+  EXPECT_NEAR(least * 1e6, plain["firstPlyFailure"][0]["tsaiWu"]["load"].get<double>(), 1);
+
+  // The design's own materials stand beside it.
+  const fs::path part = folder_ / "part.t2d";
+  fs::copy_file(fs::path(SOURCE_FOLDER) / "samples" / "Tube-4x24.t2d", part);
+  std::ofstream(folder_ / "part.t2d.materials.csv")
+      << "Item,Value\nTow,T300 (NASA)\nResin,Epoxy IMHS (NASA)\nResin share (% of volume),40\n";
+  const Ended own = Start("laminate --json " + Quoted(part.string()));
+  EXPECT_DOUBLE_EQ(nlohmann::json::parse(own.out)["fibreShare"].get<double>(), 0.6);
+  std::ofstream(home() / "TV_Materials.csv", std::ios::app) << "rope,bad\r\n";
+  EXPECT_NE(Start("laminate " + tube).err.find("line 32: \"bad\" is no kind"), std::string::npos);
+
+  EXPECT_EQ(Start("laminate " + Quoted((folder_ / "missing.t2d").string())).status, 1);
+  std::ofstream(folder_ / "case.json") << R"({"kind": "tube", "inputs": {"radius": 0.1, "pressure": 100}})";
+  const Ended answer = Start("laminate --case " + Quoted((folder_ / "case.json").string()));
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_DOUBLE_EQ(nlohmann::json::parse(answer.out)["N2"].get<double>(), 10);
+  std::ofstream(folder_ / "bad.json") << R"({"kind": "tube", "inputs": {"radius": -1}})";
+  const std::string bad = "--case " + Quoted((folder_ / "bad.json").string());
+  for (const std::string& arguments :
+       {std::string(), bad, bad + " " + tube, "--case " + Quoted(folder_.string()), tube + " --pressure much",
+        tube + " --pressure 5parsec"}) {
+    const Ended run = Start("laminate " + arguments);
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_NE(run.err, "") << arguments;
+    EXPECT_EQ(run.out, "") << arguments;
+  }
+}
+
 TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {
   const std::string sample = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
   for (const std::string& arguments :
