@@ -3,9 +3,9 @@
 
 #include "cli/commands.h"
 #include "cli/designs.h"
-#include "cli/laminate_report.h"
 #include "host/files/paths.h"
 #include "laminate/cases/case.h"
+#include "laminate/report/report.h"
 #include "live/live_proof.h"
 #include "text/code_page.h"
 
@@ -62,6 +62,19 @@ laminate::Choice ChoiceOf(const Files& files, const std::string& design, const L
   return choice;
 }
 
+laminate::TubeLoad LoadOf(const LaminateOptions& options, const laminate::ShownUnits& units) {
+  const auto figure = [](const char* option, const std::string& text, const laminate::ShownUnit& usual) {
+    const Result<double> read = laminate::LoadOf(option, text, usual);
+    if (!read) throw UsageError{read.reason()};
+    return read.value();
+  };
+  return {.pressure = figure("--pressure", options.pressure, units.pressure),
+          .force = figure("--force", options.force, units.force),
+          .torque = figure("--torque", options.torque, units.torque),
+          .moment = figure("--moment", options.moment, units.torque),
+          .closed = !options.open};
+}
+
 // Throws BadCase for what cannot be worked out.
 std::string AnswerOfFile(Computer& computer, const std::string& file) {
   const Result<std::string> path = AbsoluteStationPath(file);
@@ -91,12 +104,7 @@ int RunLaminate(Computer& computer, const std::string& design, const LaminateOpt
   OpenedDesign opened(computer, design);
   if (!opened) return kFailed;
   Station& station = opened.station();
-  const ShownUnits& units = UnitsOf(!station.s.InInches());
-  const laminate::TubeLoad load{.pressure = LoadOf("--pressure", options.pressure, units.pressure),
-                                .force = LoadOf("--force", options.force, units.force),
-                                .torque = LoadOf("--torque", options.torque, units.torque),
-                                .moment = LoadOf("--moment", options.moment, units.torque),
-                                .closed = !options.open};
+  const laminate::TubeLoad load = LoadOf(options, laminate::UnitsOf(!station.s.InInches()));
   Files& files = station.platform.files;
   const laminate::Materials materials = MaterialsOf(files);
   const laminate::Choice choice = ChoiceOf(files, design, options);
@@ -112,12 +120,12 @@ int RunLaminate(Computer& computer, const std::string& design, const LaminateOpt
   const laminate::Stock stock = StockOf(materials, choice, missing);
   laminate::Estimate estimate = EstimateOf(result.proof, stock, choice, limits, load);
   estimate.missing.insert(estimate.missing.begin(), missing.begin(), missing.end());
-  const Named named{choice.tow, choice.resin, choice.ply};
+  const laminate::Named named{choice.tow, choice.resin, choice.ply};
   // A table in the code page of an old spreadsheet is no UTF-8.
   const std::string text =
       options.json
           ? JsonOf(estimate, named).dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + '\n'
-          : Printable(design) + "\n" + LaminateReport(estimate, named, result.proof.millimetres);
+          : Printable(design) + "\n" + laminate::Report(estimate, named, result.proof.millimetres);
   std::fwrite(text.data(), 1, text.size(), stdout);
   return kDone;
 }

@@ -1,19 +1,14 @@
-#include "cli/laminate_report.h"
+#include "laminate/report/report.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <map>
 
-#include "cli/computer.h"
-
-namespace torvane {
+namespace torvane::laminate {
 
 namespace {
 
-using laminate::Estimate;
-using laminate::Known;
 using Json = nlohmann::ordered_json;
 
 constexpr double kInch = 0.0254, kPound = 4.4482216152605;
@@ -48,9 +43,9 @@ std::string Line(const std::string& text) { return "  " + text + '\n'; }
 
 std::string Degrees(double angle) { return Figure(angle) + " deg"; }
 
-void AddLayers(const laminate::LayUp& layUp, const ShownUnits& units, std::string& text) {
+void AddLayers(const LayUp& layUp, const ShownUnits& units, std::string& text) {
   text += Line(" Layer      Asked       Laid  Bands  Covered   Thickness");
-  for (const laminate::LaidLayer& layer : layUp.Middle().layers) {
+  for (const LaidLayer& layer : layUp.Middle().layers) {
     std::string row = Padded(std::to_string(layer.number), 6);
     row += Padded(layer.hoop ? "hoop" : layer.asked > 0 ? Degrees(layer.asked) : "-", 11);
     row += Padded(Degrees(layer.angle), 11) + Padded(std::to_string(layer.bands), 7);
@@ -59,22 +54,22 @@ void AddLayers(const laminate::LayUp& layUp, const ShownUnits& units, std::strin
   }
 }
 
-void AddSections(const laminate::LayUp& layUp, const ShownUnits& units, std::string& text) {
-  const laminate::Section& middle = layUp.Middle();
+void AddSections(const LayUp& layUp, const ShownUnits& units, std::string& text) {
+  const Section& middle = layUp.Middle();
   text += Line("Wall " + With(middle.wall, units.length) + " on a mandrel of " +
                With(2 * middle.mandrelRadius, units.length) + ", outside " +
                With(2 * (middle.mandrelRadius + middle.wall), units.length));
   if (layUp.sections.size() == 1) return;
-  for (const laminate::Section& section : layUp.sections) {
+  for (const Section& section : layUp.sections) {
     std::string row = "at Z " + With(section.z, units.length) + ": mandrel " +
                       With(2 * section.mandrelRadius, units.length) + ", wall " +
                       With(section.wall, units.length) + ", angles";
-    for (const laminate::LaidLayer& layer : section.layers) row += ' ' + Figure(layer.angle);
+    for (const LaidLayer& layer : section.layers) row += ' ' + Figure(layer.angle);
     text += Line("  " + row);
   }
 }
 
-void AddAmounts(const laminate::Amounts& amounts, std::string& text) {
+void AddAmounts(const Amounts& amounts, std::string& text) {
   const auto grams = [](double kilograms) { return Figure(1000 * kilograms) + " g"; };
   text += Line("Fibre " + grams(amounts.fibre) + ", resin " + grams(amounts.resin) + " on the part");
   std::string mix = "Mix " + grams(amounts.toMix) + " of resin with its waste";
@@ -104,8 +99,7 @@ void AddStiffness(const Estimate& e, const ShownUnits& units, std::string& text)
                  With(e.columnBuckling, units.force));
 }
 
-const ShownUnit& UnitOf(laminate::LoadCase loadCase, const ShownUnits& units) {
-  using laminate::LoadCase;
+const ShownUnit& UnitOf(LoadCase loadCase, const ShownUnits& units) {
   switch (loadCase) {
     case LoadCase::ClosedPressure:
     case LoadCase::OpenPressure:
@@ -118,7 +112,7 @@ const ShownUnit& UnitOf(laminate::LoadCase loadCase, const ShownUnits& units) {
   }
 }
 
-std::string FailureText(const laminate::FirstFailure& failure, const ShownUnit& unit) {
+std::string FailureText(const FirstFailure& failure, const ShownUnit& unit) {
   return With(failure.load, unit) + " in layer " + std::to_string(failure.layer);
 }
 
@@ -126,25 +120,25 @@ std::string FactorText(double factor) { return std::isinf(factor) ? "never" : Fi
 
 void AddStrength(const Estimate& e, const ShownUnits& units, std::string& text) {
   text += Line("The first ply fails, by Tsai-Wu and by maximum stress:");
-  for (std::size_t i = 0; i < laminate::kLoadCases; ++i) {
-    const laminate::FailureLoad& failure = e.failures[i];
-    const ShownUnit& unit = UnitOf(static_cast<laminate::LoadCase>(i), units);
+  for (std::size_t i = 0; i < kLoadCases; ++i) {
+    const FailureLoad& failure = e.failures[i];
+    const ShownUnit& unit = UnitOf(static_cast<LoadCase>(i), units);
     text += Line("  " + std::string(failure.name) + ": " + FailureText(failure.tsaiWu, unit) + "; " +
                  FailureText(failure.maxStress, unit));
   }
   if (e.margins.empty()) return;
   text += Line("Factors on the load that is given:");
-  for (const laminate::LayerMargin& margin : e.margins)
+  for (const LayerMargin& margin : e.margins)
     text += Line("  layer " + std::to_string(margin.layer) + ": " + FactorText(margin.tsaiWu) + "; " +
                  FactorText(margin.maxStress));
 }
 
 Json FigureJson(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
 
-Json SectionJson(const laminate::Section& section) {
+Json SectionJson(const Section& section) {
   Json json = {{"z", section.z}, {"mandrelRadius", section.mandrelRadius}, {"wall", section.wall}};
   json["layers"] = Json::array();
-  for (const laminate::LaidLayer& layer : section.layers) {
+  for (const LaidLayer& layer : section.layers) {
     json["layers"].push_back({{"layer", layer.number},
                               {"hoop", layer.hoop},
                               {"angle", layer.angle},
@@ -158,7 +152,7 @@ Json SectionJson(const laminate::Section& section) {
   return json;
 }
 
-Json AmountsJson(const laminate::Amounts& amounts) {
+Json AmountsJson(const Amounts& amounts) {
   Json json = {
       {"tow", amounts.tow}, {"fibre", amounts.fibre}, {"resin", amounts.resin}, {"toMix", amounts.toMix}};
   for (const auto& [name, figure] :
@@ -186,10 +180,10 @@ Json PlyJson(const Estimate& e) {
 
 Json FailuresJson(const Estimate& e) {
   Json json = Json::array();
-  const auto failure = [](const laminate::FirstFailure& f) {
+  const auto failure = [](const FirstFailure& f) {
     return Json{{"load", FigureJson(f.load)}, {"layer", f.layer}};
   };
-  for (const laminate::FailureLoad& f : e.failures)
+  for (const FailureLoad& f : e.failures)
     json.push_back({{"load", f.name}, {"tsaiWu", failure(f.tsaiWu)}, {"maxStress", failure(f.maxStress)}});
   return json;
 }
@@ -217,18 +211,18 @@ const ShownUnits& UnitsOf(bool millimetres) {
   return millimetres ? kSi : kInches;
 }
 
-double LoadOf(const std::string& option, const std::string& text, const ShownUnit& usual) {
+Result<double> LoadOf(const std::string& option, const std::string& text, const ShownUnit& usual) {
   static const std::map<std::string, std::map<std::string, double>> kUnits = {
       {"--pressure",
        {{"Pa", 1}, {"kPa", 1e3}, {"MPa", 1e6}, {"bar", 1e5}, {"psi", kPound / (kInch * kInch)}}},
       {"--force", {{"N", 1}, {"kN", 1e3}, {"lbf", kPound}}},
       {"--torque", {{"Nm", 1}, {"N m", 1}, {"lbf ft", kPound * 12 * kInch}, {"lbf in", kPound * kInch}}},
       {"--moment", {{"Nm", 1}, {"N m", 1}, {"lbf ft", kPound * 12 * kInch}, {"lbf in", kPound * kInch}}}};
-  if (text.empty()) return 0;
+  if (text.empty()) return 0.0;
   double number = 0;
   const auto [stopped, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || !std::isfinite(number) || std::abs(number) > 1e15)
-    throw UsageError{option + " is a number and its unit, not \"" + text + "\""};
+    return Refusal{option + " is a number and its unit, not \"" + text + "\""};
   std::string unit(stopped, text.data() + text.size());
   unit.erase(0, unit.find_first_not_of(' ') == std::string::npos ? unit.size() : unit.find_first_not_of(' '));
   if (unit.empty()) return number * usual.si;
@@ -237,10 +231,10 @@ double LoadOf(const std::string& option, const std::string& text, const ShownUni
   if (found != known.end()) return number * found->second;
   std::string names;
   for (const auto& [name, si] : known) names += (names.empty() ? "" : ", ") + name;
-  throw UsageError{option + " knows no unit \"" + unit + "\"; there are " + names};
+  return Refusal{option + " knows no unit \"" + unit + "\"; there are " + names};
 }
 
-std::string LaminateReport(const Estimate& e, const Named& named, bool millimetres) {
+std::string Report(const Estimate& e, const Named& named, bool millimetres) {
   const ShownUnits& units = UnitsOf(millimetres);
   std::string text;
   if (!named.ply.empty())
@@ -276,8 +270,7 @@ Json JsonOf(const Estimate& e, const Named& named) {
                  {"amounts", AmountsJson(e.layUp.amounts)},
                  {"middle", SectionJson(e.layUp.Middle())}});
     json["sections"] = Json::array();
-    for (const laminate::Section& section : e.layUp.sections)
-      json["sections"].push_back(SectionJson(section));
+    for (const Section& section : e.layUp.sections) json["sections"].push_back(SectionJson(section));
   }
   json["plyConstants"] = PlyJson(e);
   if (e.stiff) {
@@ -288,7 +281,7 @@ Json JsonOf(const Estimate& e, const Named& named) {
                         {"column", FigureJson(e.columnBuckling)}};
   }
   if (e.strong) json["firstPlyFailure"] = FailuresJson(e);
-  for (const laminate::LayerMargin& m : e.margins)
+  for (const LayerMargin& m : e.margins)
     json["margins"].push_back(
         {{"layer", m.layer}, {"tsaiWu", FigureJson(m.tsaiWu)}, {"maxStress", FigureJson(m.maxStress)}});
   json["missing"] = e.missing;
@@ -296,4 +289,4 @@ Json JsonOf(const Estimate& e, const Named& named) {
   return json;
 }
 
-}  // namespace torvane
+}  // namespace torvane::laminate
