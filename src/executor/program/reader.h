@@ -25,6 +25,9 @@ class Reader {
   Reader() = default;
   explicit Reader(std::string_view program) : rest_(program) {}
 
+  // What comes behind the text read so far, for a program that is not in memory as a whole; whole lines.
+  void GoOn(std::string_view lines) { rest_ = lines; }
+
   // False at the end.
   bool Next(Line& line);
   // Of the last line read; 0 before the first.

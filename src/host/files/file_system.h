@@ -36,6 +36,9 @@ bool HoldsJust(const std::filesystem::path& path, std::string_view bytes);
 // What a symbolic link under the name of a file is to a write: the way to the file, or what it takes away.
 enum class Links { Followed, Replaced };
 
+// Whether a file that has been written may take its name.
+using Acceptance = std::function<Outcome(const std::filesystem::path& written)>;
+
 struct Replacement {
   // Why the folder took no second file, so that the former one was written over; empty where it was not.
   std::string inPlace;
@@ -49,8 +52,12 @@ struct Replacement {
 // Where rights or a mount keep the folder from taking a second file, the former one is written over: only
 // then can a kill leave a part, and a refusal says so if the former bytes are lost. The content is in memory
 // as a whole then, so that its own refusal loses nothing.
+//
+// `accept` reads the new file where it lies, before it takes the name: its refusal leaves the former one, and
+// so does a folder that takes no second file.
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content,
-                                 Lasting lasting = Lasting::Now, Links links = Links::Followed);
+                                 Lasting lasting = Lasting::Now, Links links = Links::Followed,
+                                 const Acceptance& accept = {});
 
 // Makes `copy` keep the bytes of the file, with its rights, for when ReplaceWhole takes its name: until then
 // both names may lead to one file. A link under the name of the copy is replaced.

@@ -148,6 +148,7 @@ class Beside {
 
   int Error() const { return error_; }
   const Descriptor& File() const { return *file_; }
+  const std::filesystem::path& Path() const { return path_; }
 
   // 0 or the system's error number.
   int PutInPlaceOf(const std::filesystem::path& target) {
@@ -173,7 +174,7 @@ class Beside {
 // 0 or the system's error number, the target being as it was; so it is if `given`, what became of the
 // content, is a refusal.
 int PutWhole(const std::filesystem::path& target, const Former& rights, const FileContent& content,
-             Lasting lasting, Outcome& given) {
+             Lasting lasting, const Acceptance& accept, Outcome& given) {
   const auto parent = target.parent_path();
   const auto folder = parent.empty() ? std::filesystem::path(".") : parent;
   Beside beside(folder, rights.IsFile() ? 0600 : 0666);
@@ -186,6 +187,7 @@ int PutWhole(const std::filesystem::path& target, const Former& rights, const Fi
     written = WriteAll(beside.File(), bytes);
     return written == 0;
   });
+  if (written == 0 && given && accept) given = accept(beside.Path());
   if (written != 0 || !given) return written;
   if (const int error = beside.PutInPlaceOf(target)) return error;
   if (lasting == Lasting::Later) return 0;
@@ -214,7 +216,7 @@ bool KeepAs(const std::filesystem::path& file, const std::filesystem::path& copy
 }
 
 Result<Replacement> Replace(const std::filesystem::path& target, const Former& former, const Former& rights,
-                            const FileContent& content, Lasting lasting) {
+                            const FileContent& content, Lasting lasting, const Acceptance& accept = {}) {
   if (former.error != 0 && former.error != ENOENT) return Refused(former.error);
   if (former.error == 0 && !former.IsFile() && !S_ISLNK(former.found.st_mode)) return Refusal{kNotAFile};
   if (former.IsFile()) {
@@ -222,11 +224,11 @@ Result<Replacement> Replace(const std::filesystem::path& target, const Former& f
     if (!file) return Refused(errno);
   }
   Outcome given = Done{};
-  const int error = PutWhole(target, rights, content, lasting, given);
+  const int error = PutWhole(target, rights, content, lasting, accept, given);
   if (error == 0 && given) return Replacement{};
   if (error == 0) return Refusal{given.reason()};
   const bool forbidden = error == EACCES || error == EPERM || error == EBUSY;
-  if (!forbidden || !former.IsFile()) return Refused(error);
+  if (!forbidden || !former.IsFile() || accept) return Refused(error);
   std::string whole;
   given = content([&whole](std::string_view bytes) {
     whole += bytes;
@@ -259,10 +261,10 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
 }
 
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content,
-                                 Lasting lasting, Links links) {
+                                 Lasting lasting, Links links, const Acceptance& accept) {
   const std::filesystem::path target = links == Links::Followed ? LinksFollowed(path) : path;
   const Former former(target, links);
-  return Replace(target, former, former, content, lasting);
+  return Replace(target, former, former, content, lasting, accept);
 }
 
 Result<Replacement> CopyWhole(const std::filesystem::path& path, const std::filesystem::path& copy) {

@@ -123,7 +123,7 @@ DWORD PutInPlaceOf(const std::filesystem::path& target, const std::filesystem::p
 // 0 or the system's error number, the target being as it was; so it is if `given`, what became of the
 // content, is a refusal.
 DWORD PutWhole(const std::filesystem::path& target, const FileContent& content, bool takesRights,
-               Outcome& given) {
+               const Acceptance& accept, Outcome& given) {
   DWORD error = ERROR_FILE_EXISTS;
   for (int attempt = 1; error == ERROR_FILE_EXISTS; ++attempt) {
     const auto beside = target.parent_path() / NameBeside(GetCurrentProcessId(), attempt);
@@ -137,6 +137,7 @@ DWORD PutWhole(const std::filesystem::path& target, const FileContent& content, 
     if (error == 0 && given && !FlushFileBuffers(file.Get())) error = GetLastError();
     const DWORD closing = file.Close();
     if (error == 0) error = closing;
+    if (error == 0 && given && accept) given = accept(beside);
     if (error == 0 && given) error = PutInPlaceOf(target, beside, takesRights);
     if (error != 0 || !given) DeleteFileW(beside.c_str());
     return error;
@@ -173,7 +174,7 @@ Outcome ReadBlocks(const std::filesystem::path& path, const std::function<bool(s
 }
 
 Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileContent& content, Lasting,
-                                 Links links) {
+                                 Links links, const Acceptance& accept) {
   const auto target = links == Links::Followed ? LinksFollowed(path) : path;
   const DWORD attributes = GetFileAttributesW(target.c_str());
   const bool there = attributes != INVALID_FILE_ATTRIBUTES;
@@ -183,10 +184,10 @@ Result<Replacement> ReplaceWhole(const std::filesystem::path& path, const FileCo
     if (!may) return Refusal{may.reason()};
   }
   Outcome given = Done{};
-  const DWORD error = PutWhole(target, content, there && !link, given);
+  const DWORD error = PutWhole(target, content, there && !link, accept, given);
   if (error == 0 && given) return Replacement{};
   if (error == 0) return Refusal{given.reason()};
-  if (error != ERROR_ACCESS_DENIED || !there || link) return Refused(error);
+  if (error != ERROR_ACCESS_DENIED || !there || link || accept) return Refused(error);
   std::string whole;
   given = content([&whole](std::string_view bytes) {
     whole += bytes;

@@ -91,6 +91,11 @@ std::string GuideFolder(std::string_view programFolder) {
   return FirstFolder({Shared(program, "guide"), program / "docs"});
 }
 
+std::string MachineFolder(std::string_view programFolder) {
+  const fs::path program = SystemPath(programFolder);
+  return FirstFolder({Shared(program, "machines"), program / "machines"});
+}
+
 Outcome PrepareStationFolder(std::string_view folder, std::string_view programFolder) {
   const fs::path installed = SystemPath(programFolder), station = SystemPath(folder);
   if (!IsInstalled(installed)) return Done{};

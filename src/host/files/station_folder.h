@@ -22,6 +22,10 @@ std::string SampleFolder(std::string_view programFolder);
 // program; empty where there is neither.
 std::string GuideFolder(std::string_view programFolder);
 
+// The same of the files that describe machines: ../share/torvane/machines, else `machines` beside the
+// program.
+std::string MachineFolder(std::string_view programFolder);
+
 // Makes the folder hold what a station looks for: links to the programs of the installation, the folders of
 // designs and of G-code files, and the samples as long as there is no design. What the user has put there
 // stays, an executor of his own too. Nothing where the program is not installed. Two may do it at once.
