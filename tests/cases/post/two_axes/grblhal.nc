@@ -1,0 +1,17 @@
+G21 G90 G94 G17 G40 G49 G54
+G92 A0
+G0 X0
+G93
+G4 P1.000
+G1 X-8 F60
+(MSG,Wait for the button)
+M0
+(MSG,Winding Schedule)
+(MSG,Layer 1 of 2)
+G1 X-16 A120 F30
+G1 X-8 A240 F30
+G1 A450 F17.143
+G1 X-16 A570 F30
+G1 A850 F12.857
+(MSG,Winding Process Complete)
+M2
