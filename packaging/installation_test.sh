@@ -60,6 +60,9 @@ program=$("$bin/torvane" gcode "$station/TV_Design_Files/Tube-4x24.t2d")
 [ "$program" = "$station/TV_G-Code_Files/Tube-4x24.T2G" ] || fail "the program is $program"
 (cd "$station" && ./Torvane_Executor.exe --check "$program") | grep -q "$program" || fail "no proof of $program"
 
+# The same program for another winder: the machine files are found where they are installed.
+"$bin/torvane" post "$program" --machine grbl | grep -qx "${program%.T2G}.grbl.nc" || fail "nothing is posted"
+
 for program in "$bin"/*; do
   name=$(basename "$program")
   [ "$("$program" --version)" = "$name $version" ] || fail "$name --version says $("$program" --version)"

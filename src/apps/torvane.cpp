@@ -60,6 +60,7 @@ struct Arguments {
   RestartOptions restart;
   LaminateOptions laminate;
   std::string problem;
+  PostOptions post;
   std::string shell;
 };
 
@@ -143,6 +144,18 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
                     return RunLaminate(c, a.design, a.laminate);
                   }),
               a);
+
+  CLI::App* post = add(app, "post", "Write a program for another winder's controller",
+                       [&a](Computer&) { return RunPost(a.post); });
+  post->add_option("PROGRAM", a.post.program, "The station's program (.T2G, .T4G)")
+      ->required()
+      ->type_name(kFileName);
+  post->add_option("--machine", a.post.machine, "linuxcnc, grbl, grblhal, marlin, or a file (.json)")
+      ->required()
+      ->type_name(kFileName);
+  post->add_option("--out", a.post.out, "The file to write [beside the program]")->type_name(kFileName);
+  post->add_option("--endless", a.post.endlessTurns, "Turns to and fro of a run without end [10]")
+      ->check(CLI::Range(1, 10000));
 
   CLI::App* convert = add(app, "convert", "Open a design and save it under another name",
                           [&a](Computer& c) { return RunConvert(c, a.design, a.out); });

@@ -42,6 +42,16 @@ struct LaminateOptions {
 // the station's folder where there is none.
 int RunLaminate(Computer& computer, const std::string& design, const LaminateOptions& options);
 
+struct PostOptions {
+  std::string program;
+  std::string machine;    // the name of one that came with the program, or a file
+  std::string out;        // empty: beside the program
+  int endlessTurns = 10;  // of a run without end
+};
+// Writes a program for another winder's controller, and takes its name only once it has been read back and
+// does what the program does.
+int RunPost(const PostOptions& options);
+
 enum class InfoForm { Table, Brief, Json };
 // Prints the part, its layers and its totals, a line, or every field of each design.
 int RunInfo(Computer& computer, const std::vector<std::string>& designs, InfoForm form);
