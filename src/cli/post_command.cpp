@@ -76,25 +76,24 @@ struct Written {
 };
 
 Outcome Write(const PostOptions& options, const fs::path& program, const post::Machine& machine,
-              const Append& append, Written& written) {
+              const std::function<bool(std::string_view)>& take, Written& written) {
   // Handed over in blocks of a size that the system takes at once.
   constexpr std::size_t kBlock = 65536;
   std::string block;
-  Outcome appended = Done{};
   const auto put = [&](std::string_view bytes) {
     block += bytes;
     if (block.size() < kBlock) return true;
-    appended = append(block);
+    const bool taken = take(block);
     block.clear();
-    return static_cast<bool>(appended);
+    return taken;
   };
   post::Writer writer(machine, HostText(program.filename()), put);
   post::Motions motions(writer, options.endlessTurns);
-  if (Outcome followed = Follow(program, motions, writer); !followed || !appended)
-    return appended ? followed : appended;
+  if (Outcome followed = Follow(program, motions, writer); !followed) return followed;
   written.notes = motions.LeftOut();
   for (std::string& note : writer.Notes()) written.notes.push_back(std::move(note));
-  return append(block);
+  take(block);
+  return Done{};
 }
 
 Outcome Prove(const PostOptions& options, const fs::path& program, const post::Machine& machine,
@@ -123,9 +122,13 @@ int RunPost(const PostOptions& options) {
   if (fs::equivalent(program, out, error)) throw UsageError{options.out + ": this is the program itself"};
   Written written;
   Outcome outcome = Done{};
-  const Outcome replaced = ReplaceByPieces(
-      out, [&](const Append& append) { return outcome = Write(options, program, machine, append, written); },
-      [&](const fs::path& file) { return outcome = Prove(options, program, machine, file, written); });
+  const auto write = [&](const std::function<bool(std::string_view)>& take) {
+    return outcome = Write(options, program, machine, take, written);
+  };
+  const auto prove = [&](const fs::path& file) {
+    return outcome = Prove(options, program, machine, file, written);
+  };
+  const Result<Replacement> replaced = ReplaceWhole(out, write, Lasting::Now, Links::Followed, prove);
   if (!replaced) {
     // Of the program where that is to blame, else of the file.
     Complain(Because(outcome ? HostText(out) : options.program, replaced.reason()));
