@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <set>
 
+#include "designs.h"
 #include "executor/proof/cover.h"
 #include "executor/proof/report.h"
 #include "host/temporary_folder.h"
@@ -289,6 +290,29 @@ TEST(Cover, LooksAtAllBands) {
   const Mandrel mandrel{0, 24, 2, 2};
   EXPECT_EQ(CoveredShare(layer, mandrel, 0, 24, kMostRows, {}),
             CoveredShare(EvenLayer(36), mandrel, 0, 24, kMostRows, {}));
+}
+
+// On an even part the bands of a direction are taken together; on a taper, be it one of nothing, each by
+// itself.
+TEST(Cover, IsThatOfEachBandByItself) {
+  constexpr double kNearlyTwo = 2.0000000000000004;
+  Dice dice(7);
+  for (int i = 0; i < 300; ++i) {
+    Layer layer = EvenLayer(1 + dice.To(60));
+    layer.band = dice.Of({0.25, 0.02, 3.0, 9.0});
+    for (Stroke& stroke : layer.strokes) {
+      // Beside another band, nearly on top of it or anywhere; alike, or across the others in many ways.
+      stroke.m0 = dice.Of({dice.To(72) * 5.0, dice.To(3) * 1e-11, dice.To(100) * 0.1 - 5});
+      const double turn = dice.Of({687.5, 687.5, 687.5 + dice.To(3) * 1e-11, 700.0, -687.5, 687.5 + 360});
+      stroke.z0 = dice.Of({0, 0, 0, 6});
+      stroke.z1 = dice.Of({24, 24, 24, 12});
+      stroke.m1 = stroke.m0 + turn * (stroke.z1 - stroke.z0) / 24;
+      if (dice.To(2) == 0) std::swap(stroke.z0, stroke.z1), std::swap(stroke.m0, stroke.m1);
+    }
+    EXPECT_EQ(CoveredShare(layer, {0, 24, 2, 2}, 0, 24, 200, {}),
+              CoveredShare(layer, {0, 24, 2, kNearlyTwo}, 0, 24, 200, {}))
+        << i;
+  }
 }
 
 // What was stopped says nothing, at once.

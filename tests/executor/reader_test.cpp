@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
+
+#include "designs.h"
 #include "executor/program/number.h"
 #include "executor/program/program.h"
 #include "executor/proof/report.h"
@@ -37,6 +41,25 @@ TEST(Number, TakesWhatMasksWrite) {
        {"", "0,13", "1.2.3", "1-2", "E5", "1E", "nan", "inf", "0x10", "1e300", " 1", "1 ", "10000000000001"})
     EXPECT_FALSE(ReadNumber(text, '.')) << text;
   EXPECT_EQ(Fixed(-0.001, 2), "0.00");
+}
+
+// As its digits say, to the last bit: of however many digits, wherever the sign stands.
+TEST(Reader, NumbersAreTheNearestOnes) {
+  Dice dice(3);
+  for (int i = 0; i < 20'000; ++i) {
+    std::string text = dice.To(2) == 0 ? "-" : "";
+    const int digits = 1 + dice.To(18), point = dice.To(digits + 1);
+    for (int digit = 0; digit < digits; ++digit) {
+      if (digit == point) text += '.';
+      text += static_cast<char>('0' + dice.To(10));
+    }
+    double value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    if (std::abs(value) > 1e13 || std::abs(value) < 1e-9) continue;
+    const auto read = ReadNumber(text, '.');
+    ASSERT_TRUE(read) << text;
+    EXPECT_EQ(*read, value) << text;
+  }
 }
 
 TEST(Reader, KnowsEveryForm) {

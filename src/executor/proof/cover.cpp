@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <tuple>
 
 namespace torvane::executor {
 
@@ -87,6 +88,54 @@ struct Track {
     const double degrees = BandDegrees(band, tangent, r);
     width = degrees < 360 ? PhaseOf(degrees) : ~Phase{0};
   }
+  // Where its band begins and ends.
+  Phase Near(std::size_t row) const { return At(row) - width / 2; }
+  Phase Far(std::size_t row) const { return Near(row) + width; }
+};
+
+// Tracks whose bands overlap on every row, as one band from the first one's near edge to the last one's far
+// edge. What it covers is what each of them would.
+class Sheet {
+ public:
+  explicit Sheet(const Track& track) : first_(track), last_(track) {}
+
+  bool Crosses(std::size_t row) const { return row >= first_.firstRow && row < first_.behindRow; }
+  void WidenFor(double radius, double band) {
+    first_.WidenFor(radius, band);
+    last_.WidenFor(radius, band);
+  }
+  void Cover(Ring& ring, std::size_t row) const {
+    const Phase near = first_.Near(row);
+    ring.Cover(near, last_.Far(row) - near);
+  }
+
+  // Takes a track in, if it overlaps this sheet and neither edge goes from the one to the other on the way.
+  // The ways between edges change in proportion to the row, so that the first row and the last one tell.
+  bool Take(const Track& track) {
+    if (track.firstRow != first_.firstRow || track.behindRow != first_.behindRow || track.width >= kQuarter ||
+        Turns(track, first_) || Turns(track, last_))
+      return false;
+    int further = 0;
+    for (const std::size_t row : {track.firstRow, track.behindRow - 1}) {
+      const Phase far = last_.Far(row);
+      if (track.Near(row) - first_.Near(row) >= kQuarter || far - track.Near(row) >= 2 * kQuarter)
+        return false;
+      further += track.Far(row) - far < 2 * kQuarter ? 1 : -1;
+    }
+    if (further > 0) last_ = track;
+    return further != 0;
+  }
+
+ private:
+  static constexpr Phase kQuarter = Phase{1} << 62;
+
+  // One turns against the other by a quarter of a turn or more.
+  static bool Turns(const Track& a, const Track& b) {
+    const Phase way = a.step - b.step;
+    return std::min(way, Phase{0} - way) >= kQuarter / (a.behindRow - a.firstRow);
+  }
+
+  Track first_, last_;
 };
 
 std::size_t Within(double count, double low, double high) {
@@ -114,6 +163,25 @@ struct Raster {
   }
 };
 
+// Where the radius is the same all along, a band is as wide on every row, and those that lie side by side go
+// together. A taper's have a row each time.
+std::vector<Sheet> SheetsOf(std::vector<Track>& tracks, const Mandrel& mandrel, double band) {
+  std::erase_if(tracks, [](const Track& track) { return track.firstRow >= track.behindRow; });
+  const bool even = mandrel.leftRadius == mandrel.rightRadius;
+  if (even) {
+    for (Track& track : tracks) track.WidenFor(mandrel.leftRadius, band);
+    const auto place = [](const Track& track) {
+      return std::tuple(track.firstRow, track.behindRow, track.step >> 63U, track.Near(track.firstRow));
+    };
+    std::sort(tracks.begin(), tracks.end(),
+              [&place](const Track& a, const Track& b) { return place(a) < place(b); });
+  }
+  std::vector<Sheet> sheets;
+  for (const Track& track : tracks)
+    if (!even || sheets.empty() || !sheets.back().Take(track)) sheets.emplace_back(track);
+  return sheets;
+}
+
 }  // namespace
 
 double CoveredShare(const Layer& layer, const Mandrel& mandrel, double zLow, double zHigh, int rowsAtMost,
@@ -138,19 +206,20 @@ double CoveredShare(const Layer& layer, const Mandrel& mandrel, double zLow, dou
     tracks.push_back(raster.Lay(stroke));
   }
 
+  std::vector<Sheet> sheets = SheetsOf(tracks, mandrel, layer.band);
+
   std::size_t covered = 0;
   for (std::size_t row = 0; row < rows; ++row) {
     const double radius = mandrel.RadiusAt(raster.MiddleOf(row));
     ring.Clear();
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
       if (i % kTracksAtOnce == kTracksAtOnce - 1) {
         if (stop.stop_requested()) return 0;
         if (ring.Covered() == ring.Places()) break;
       }
-      Track& track = tracks[i];
-      if (row < track.firstRow || row >= track.behindRow) continue;
-      track.WidenFor(radius, layer.band);
-      ring.Cover(track.At(row) - track.width / 2, track.width);
+      if (!sheets[i].Crosses(row)) continue;
+      sheets[i].WidenFor(radius, layer.band);
+      sheets[i].Cover(ring, row);
     }
     if (stop.stop_requested()) return 0;
     covered += ring.Covered();
