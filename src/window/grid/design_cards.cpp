@@ -1,5 +1,6 @@
 #include "window/grid/design_cards.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 
 #include "look/text.h"
@@ -52,6 +53,38 @@ QString SentenceOf(const DesignCard& card, NumberSigns signs) {
   part += QStringLiteral(" by ") + figure(card.length) + QLatin1Char(' ') + Shown(card.unit);
   if (domes) part += QStringLiteral(" with hemispherical ends");
   return part + QStringLiteral(", ") + layers;
+}
+
+DesignButton::DesignButton(Desk desk, const QString& name,
+                           std::function<void(Station&, const std::string& path)> opens, QWidget* parent)
+    : QAbstractButton(parent), desk_(desk) {
+  setObjectName(name);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  connect(this, &QAbstractButton::clicked, this, [this, opens = std::move(opens)] {
+    const std::string path = path_;
+    desk_.binder.Do([&] { opens(desk_.station, path); });
+  });
+}
+
+void DesignButton::ShowDesign(const std::string& path, const std::optional<DesignCard>* card) {
+  path_ = path;
+  card_ = card == nullptr ? std::nullopt : *card;
+  update();
+}
+
+void DesignButton::Say(const QString& spoken, const QString& sentence, const QString& head) {
+  setAccessibleName(spoken);
+  setAccessibleDescription(sentence);
+  setStatusTip(sentence);
+  setToolTip(PlainTip(head + QLatin1Char('\n') + sentence));
+}
+
+void DesignButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    click();
+  else
+    QAbstractButton::keyPressEvent(event);
 }
 
 }  // namespace torvane

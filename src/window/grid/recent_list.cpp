@@ -1,8 +1,6 @@
 #include "window/grid/recent_list.h"
 
-#include <QAbstractButton>
 #include <QBoxLayout>
-#include <QKeyEvent>
 
 #include "look/icons.h"
 #include "look/paint.h"
@@ -16,34 +14,23 @@
 namespace torvane {
 
 // A design of the list; one that is gone is pale.
-class RecentRow : public QAbstractButton {
+class RecentRow : public DesignButton {
  public:
-  RecentRow(Desk desk, int place, QWidget* parent) : QAbstractButton(parent), desk_(desk) {
-    setObjectName(QStringLiteral("recent%1").arg(place));
+  RecentRow(Desk desk, int place, QWidget* parent)
+      : DesignButton(desk, QStringLiteral("recent%1").arg(place), OpenRecentDesign, parent) {
     setAccessibleName(QStringLiteral("Recent design"));
-    setFocusPolicy(Qt::TabFocus);
     setFixedHeight(RecentList::kRowHeight);
-    setAttribute(Qt::WA_Hover);
-    connect(this, &QAbstractButton::clicked, this, [this] {
-      const std::string path = path_;
-      desk_.binder.Do([&] { OpenRecentDesign(desk_.station, path); });
-    });
   }
 
   // `card` is null while it is not read.
   void Show(const std::string& path, bool there, const std::optional<DesignCard>* card) {
-    path_ = path;
+    ShowDesign(path, card);
     there_ = there;
-    card_ = card == nullptr ? std::nullopt : *card;
     setText(Shown(BehindLastBackslash(path)));
     const QString sentence = !there ? QStringLiteral("It is not there any more. A click offers to forget it.")
                              : card_ ? SentenceOf(*card_, desk_.station.s.signs)
                                      : QStringLiteral("Opens this design again.");
-    setAccessibleName(there ? text() : text() + QStringLiteral(", not found"));
-    setAccessibleDescription(sentence);
-    setStatusTip(sentence);
-    setToolTip(PlainTip(Shown(path) + QLatin1Char('\n') + sentence));
-    update();
+    Say(there ? text() : text() + QStringLiteral(", not found"), sentence, Shown(path));
   }
 
  protected:
@@ -82,18 +69,9 @@ class RecentRow : public QAbstractButton {
     p.drawText(QRectF(from, 0, room, height()), Qt::AlignLeft | Qt::AlignVCenter,
                p.fontMetrics().elidedText(text(), Qt::ElideMiddle, static_cast<int>(room)));
   }
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-      click();
-    else
-      QAbstractButton::keyPressEvent(event);
-  }
 
  private:
-  Desk desk_;
-  std::string path_;
   bool there_ = true;
-  std::optional<DesignCard> card_;
 };
 
 RecentList::RecentList(Desk desk, DesignCards& cards, QWidget* parent)

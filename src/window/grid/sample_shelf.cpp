@@ -1,7 +1,5 @@
 #include "window/grid/sample_shelf.h"
 
-#include <QAbstractButton>
-#include <QKeyEvent>
 #include <algorithm>
 
 #include "look/paint.h"
@@ -21,37 +19,26 @@ constexpr int kMostCards = 24;
 }  // namespace
 
 // A sample: its part, its name, how it is wound and how long that takes.
-class SampleCard : public QAbstractButton {
+class SampleCard : public DesignButton {
  public:
-  SampleCard(Desk desk, int place, QWidget* parent) : QAbstractButton(parent), desk_(desk) {
-    setObjectName(QStringLiteral("sample%1").arg(place));
+  SampleCard(Desk desk, int place, QWidget* parent)
+      : DesignButton(desk, QStringLiteral("sample%1").arg(place), OpenSample, parent) {
     setAccessibleName(QStringLiteral("Sample"));
-    setFocusPolicy(Qt::TabFocus);
-    setAttribute(Qt::WA_Hover);
     hide();
-    connect(this, &QAbstractButton::clicked, this, [this] {
-      const std::string path = path_;
-      desk_.binder.Do([&] { OpenSample(desk_.station, path); });
-    });
   }
 
   // `card` is null while it is not read.
   void Show(const std::string& path, const std::string& name, const std::optional<DesignCard>* card) {
-    path_ = path;
-    card_ = card == nullptr ? std::nullopt : *card;
+    ShowDesign(path, card);
     setText(Shown(name.substr(0, name.rfind('.'))));
-    QString sentence = QStringLiteral("Opens as a design of yours, without a name.");
+    QString sentence = QStringLiteral("Opens as a new design; Save asks for a name.");
     QString told = QStringLiteral("Sample ") + text();
     if (card_) {
       sentence = SentenceOf(*card_, desk_.station.s.signs) + QLatin1Char(' ') + sentence;
       told += QStringLiteral(", ") + KindOf(*card_, QStringLiteral(", "));
       if (!card_->minutes.empty()) told += QStringLiteral(", %1 min").arg(Shown(card_->minutes));
     }
-    setAccessibleName(told);
-    setAccessibleDescription(sentence);
-    setStatusTip(sentence);
-    setToolTip(PlainTip(text() + QLatin1Char('\n') + sentence));
-    update();
+    Say(told, sentence, text());
   }
 
  protected:
@@ -87,17 +74,6 @@ class SampleCard : public QAbstractButton {
     p.setPen(t[Token::Figures]);
     p.drawText(under, Qt::AlignRight | Qt::AlignVCenter, Shown(card_->minutes) + QStringLiteral(" min"));
   }
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-      click();
-    else
-      QAbstractButton::keyPressEvent(event);
-  }
-
- private:
-  Desk desk_;
-  std::string path_;
-  std::optional<DesignCard> card_;
 };
 
 SampleShelf::SampleShelf(Desk desk, DesignCards& cards, QWidget* parent)
@@ -105,8 +81,8 @@ SampleShelf::SampleShelf(Desk desk, DesignCards& cards, QWidget* parent)
       desk_(desk),
       cards_(cards),
       title_(new Word(desk, QStringLiteral("Samples"), 15, Token::Text, Weight::Medium, this)),
-      second_(new Word(desk, QStringLiteral("each opens as a copy of yours"), 12, Token::Second,
-                       Weight::Regular, this)),
+      second_(new Word(desk, QStringLiteral("each opens as a new design"), 12, Token::Second, Weight::Regular,
+                       this)),
       count_(new Word(desk, {}, 12, Token::Second, Weight::Regular, this)),
       back_(new Button(desk, ButtonLook::Outline, Icon::Left, {}, this)),
       on_(new Button(desk, ButtonLook::Outline, Icon::Right, {}, this)) {
