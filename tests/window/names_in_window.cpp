@@ -1,6 +1,7 @@
 // Every field of the station is bound once, every control has its name, and the keyboard reaches the fields
 // in their order.
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTextDocument>
@@ -11,7 +12,10 @@
 #include "look/text.h"
 #include "on_stage.h"
 #include "window/field/field_widgets.h"
+#include "window/field/help.h"
 #include "window/field/segments.h"
+#include "window/field/stepper.h"
+#include "workbench/build/marks.h"
 #include "workbench/dialog/links.h"
 #include "workbench/dialog/machine_dialog.h"
 #include "workbench/dialog/preview.h"
@@ -102,6 +106,9 @@ class NamesInWindow : public QObject {
   void TabGoesInTheOrderOfTheWork();
   void TabGoesCellByCell();
   void EveryStopHasAName();
+  void EveryFieldIsSpokenWithItsUnitAndMark();
+  void KeysReachEveryControl_data();
+  void KeysReachEveryControl();
   void TipsShowTextsAsTheyStand();
 };
 
@@ -316,6 +323,112 @@ void NamesInWindow::EveryStopHasAName() {
                       widget->objectName();
     }
   QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(QStringLiteral(", "))));
+}
+
+void NamesInWindow::EveryFieldIsSpokenWithItsUnitAndMark() {
+  WindowOnStage station;
+  const auto check = [&](const Field& field, const char* inches, const char* millimetres) {
+    const QString name = QString::fromStdString(NameOf(field));
+    for (QWidget* widget : station.window().findChildren<QWidget*>(name)) {
+      const QString spoken = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+      const QString own = HelpOf(field).name.section(QStringLiteral(", mm"), 0, 0);
+      const bool caption = widget->property("text").toString() == spoken.section(QStringLiteral(", "), 0, 0);
+      QVERIFY2(spoken.contains(own) || caption, qPrintable(name + ": " + spoken));
+      const FieldUnit unit = WordsOf(field).unit;
+      const char* words = station.s().InInches() ? inches : millimetres;
+      if (unit == FieldUnit::Length)
+        QVERIFY2(spoken.contains(QString::fromLatin1(words)), qPrintable(name + ": " + spoken));
+      if (unit == FieldUnit::Inches || unit == FieldUnit::Millimetres)
+        QVERIFY2(spoken.contains(QLatin1String(unit == FieldUnit::Inches ? "inches" : "millimetres")),
+                 qPrintable(name + ": " + spoken));
+      const bool marked = ShownMark(field) != Mark::Plain;
+      QVERIFY2(spoken.contains(QString::fromLatin1(WordsOf(Mark::NeedsInput))) ==
+                   (marked && ShownMark(field) == Mark::NeedsInput),
+               qPrintable(name + ": " + spoken));
+    }
+  };
+  const auto all = [&] {
+    int marked = 0;
+    ForEachField(station.s(), [&](const Field& field) {
+      if (field.row().kind == Kind::Control || field.row().kind == Kind::Caption) return;
+      check(field, "inches", "millimetres");
+      marked += ShownMark(field) == Mark::NeedsInput ? 1 : 0;
+    });
+    return marked;
+  };
+  const int before = all();
+  QVERIFY(before > 3);
+  station.Type("txtDiameterLeft", "4");
+  QVERIFY(all() < before);
+  station.stage.messageDialog.answers.push_back({true, false});
+  station.program->binder().Run("mnuMM");
+  QVERIFY(!station.s().InInches());
+  all();
+  // A cell of the schedule says it before its text.
+  station.Type("txtNumberOfLayers(0)", "1");
+  station.GoToCell(station.s().txtWA(1));
+  QCOMPARE(station.Grid()->currentIndex().data(Qt::AccessibleTextRole).toString().left(31),
+           QStringLiteral("Winding Angle, layer 1, degrees"));
+}
+
+void NamesInWindow::KeysReachEveryControl_data() {
+  QTest::addColumn<QString>("window");
+  QTest::addColumn<QString>("opener");
+  QTest::addColumn<bool>("fourAxes");
+  QTest::newRow("two axes") << ""
+                            << "" << false;
+  QTest::newRow("four axes") << ""
+                             << "" << true;
+  QTest::newRow("settings") << "frmSettings"
+                            << "mnuProperties" << false;
+  QTest::newRow("machine") << "frmMachine"
+                           << "mnuMachine" << false;
+  QTest::newRow("about") << "frmAbout"
+                         << "mnuAbout" << false;
+  QTest::newRow("preview") << "frmPolar"
+                           << "" << true;
+}
+
+// By Tab, by a menu's entry of the same name, or by the keys of the field that a small button stands beside.
+void NamesInWindow::KeysReachEveryControl() {
+  QFETCH(QString, window);
+  QFETCH(QString, opener);
+  QFETCH(bool, fourAxes);
+  WindowOnStage station(StoreEntries{{"mnu2Axis", fourAxes ? "0" : "1"}});
+  const char* sample = fourAxes ? "Hemi-Vessel-150mm.t4d" : "Tube-4x24.t2d";
+  QFile file(QStringLiteral(SOURCE_FOLDER "/samples/") + QString::fromLatin1(sample));
+  QVERIFY(file.open(QIODevice::ReadOnly));
+  station.stage.files.Put(std::string(kDesigns) + sample, file.readAll().toStdString());
+  station.program->binder().Do([&] {
+    OpenDesign(station.station(), std::string(kDesigns) + sample);
+    if (window == QStringLiteral("frmPolar")) ShowPreviewOfRow(station.station(), 1);
+  });
+  if (!opener.isEmpty()) station.program->binder().Run(opener.toStdString());
+  QWidget* top = &station.window();
+  if (!window.isEmpty()) top = station.DialogOf(window.toLatin1().constData());
+  QVERIFY(top != nullptr && WindowOnStage::Activate(*top));
+  std::set<const QWidget*> reached;
+  for (int step = 0; step < 400; ++step) {
+    QTest::keyClick(top->windowHandle(), Qt::Key_Tab);
+    const QWidget* here = QApplication::focusWidget();
+    QVERIFY2(here != nullptr && here->window() == top, "the keys have left the window");
+    reached.insert(here);
+  }
+  QStringList missed;
+  for (const QWidget* widget : top->findChildren<QWidget*>()) {
+    const bool isControl = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                           qobject_cast<const QLineEdit*>(widget) != nullptr ||
+                           qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+    if (!isControl || !widget->isVisibleTo(top) || !widget->isEnabled() || reached.contains(widget)) continue;
+    if (top->findChild<QAction*>(widget->objectName()) != nullptr) continue;
+    const auto* stepper = dynamic_cast<const Stepper*>(widget->parentWidget());
+    if (stepper != nullptr && std::any_of(reached.begin(), reached.end(),
+                                          [&](const QWidget* at) { return stepper->isAncestorOf(at); }))
+      continue;
+    missed << QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') +
+                  widget->objectName() + QLatin1Char('/') + widget->accessibleName();
+  }
+  QVERIFY2(missed.isEmpty(), qPrintable(missed.join(QStringLiteral(", "))));
 }
 
 // Paths, names and fields may look like markup; a tip of theirs shows each character.

@@ -10,6 +10,7 @@
 #include "window/dialog/station_dialog.h"
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
+#include "window/field/help.h"
 
 namespace torvane {
 
@@ -97,7 +98,7 @@ class MachineWindow : public StationDialog {
     grid.addWidget(new Word(desk_, sentence, 14, Token::Text), row, 0);
     auto* edit = new FieldEdit(desk_, field);
     edit->setObjectName(QString::fromStdString(line.field));
-    edit->setAccessibleName(sentence);
+    Explain(desk_, *edit, field, sentence);
     edit->setFixedWidth(line.calibration ? 120 : 260);
     if (!line.calibration) edit->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     grid.addWidget(edit, row, 1, Qt::AlignRight);

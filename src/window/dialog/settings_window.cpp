@@ -11,6 +11,7 @@
 #include "window/dialog/station_dialog.h"
 #include "window/field/button.h"
 #include "window/field/field_widgets.h"
+#include "window/field/help.h"
 #include "window/field/link.h"
 #include "window/field/segments.h"
 #include "workbench/dialog/settings_lines.h"
@@ -251,7 +252,7 @@ class SettingsWindow : public StationDialog {
     const int y = (line->height() - 31) / 2;
     if (shown.yesNo()) {
       auto* choice = new ChoiceSegments(desk_, Of(setting.field), {"Y", "N"}, {49, 34}, line);
-      choice->setAccessibleName(Shown(setting.sentence));
+      Explain(desk_, *choice, Of(setting.field), Shown(setting.sentence));
       choice->setWhatsThis(Shown(setting.sentence));
       choice->move(kFieldX, y - 2);
       return line;
@@ -272,9 +273,10 @@ class SettingsWindow : public StationDialog {
     if (head_ != nullptr && head_->setting.tab == shown.setting.tab)
       over = x == kFieldX ? head_->head : head_->twinHead;
     const QString sentence = Shown(shown.setting.sentence);
-    figure->setAccessibleName(over.empty() ? sentence + QStringLiteral(", ") + Shown(unit)
-                                           : Shown(over) + QStringLiteral(", ") + sentence);
-    figure->setWhatsThis(over.empty() ? sentence : figure->accessibleName());
+    const QString name = over.empty() ? sentence + QStringLiteral(", ") + Shown(unit)
+                                      : Shown(over) + QStringLiteral(", ") + sentence;
+    Explain(desk_, *figure, Of(field), name);
+    figure->setWhatsThis(over.empty() ? sentence : name);
     figure->setGeometry(x, y, 72, 30);
     if (unit.empty()) return;
     auto* word = new Word(desk_, Shown(unit), 12, Token::Second, Weight::Regular, &line);

@@ -16,7 +16,7 @@ namespace torvane {
 FieldEdit::FieldEdit(Desk desk, Field& field, Place place, QWidget* parent)
     : QLineEdit(parent), desk_(desk), field_(field), place_(place) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  Explain(*this, field);
+  Explain(desk, *this, field);
   moves_ = DrivesMachine(field);
   setAttribute(Qt::WA_Hover, moves_);
   setFrame(false);

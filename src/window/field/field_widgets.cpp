@@ -15,7 +15,7 @@ namespace torvane {
 FieldList::FieldList(Desk desk, Field& field, QWidget* parent)
     : QAbstractButton(parent), desk_(desk), field_(field) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  Explain(*this, field);
+  Explain(desk, *this, field);
   setFocusPolicy(Qt::StrongFocus);
   setFixedHeight(30);
   connect(this, &QAbstractButton::pressed, this, [this] { Open(); });
@@ -61,8 +61,7 @@ FieldCheck::FieldCheck(Desk desk, Field& field, const QString& caption, QWidget*
     : QAbstractButton(parent), desk_(desk), field_(field) {
   setObjectName(QString::fromStdString(NameOf(field)));
   setText(caption);
-  Explain(*this, field);
-  if (!caption.isEmpty()) setAccessibleName(caption);
+  Explain(desk, *this, field, caption);
   setToolTip(HelpOf(field).sentence);
   setCheckable(true);
   setFocusPolicy(Qt::StrongFocus);
@@ -117,7 +116,7 @@ void FieldCheck::paintEvent(QPaintEvent*) {
 ReadOut::ReadOut(Desk desk, const Field& field, int size, QWidget* parent)
     : QWidget(parent), desk_(desk), field_(field), size_(size) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  Explain(*this, field);
+  Explain(desk, *this, field);
   desk.binder.Bind(field, this, [this] {
     ShowAs(*this, field_.shown());
     setToolTip(PlainTip(TipOf(field_, desk_.station.s.signs)));

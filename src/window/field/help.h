@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "design/field.h"
+#include "window/desk/binder.h"
 
 namespace torvane {
 
@@ -20,7 +21,13 @@ Help HelpOf(const Field& field);
 // own tip, or its help.
 QString TipOf(const Field& field, NumberSigns signs);
 
-// Gives a field's widget its accessible name, and its what's-this with all that is known of the field.
+// What a screen reader says of a field: its name, or another one in its place, its unit in words, and what
+// its mark says.
+QString Spoken(const Field& field, bool inches, const QString& name = {});
+
+// Gives a field's widget its what's-this with all that is known of the field.
 void Explain(QWidget& widget, const Field& field);
+// That, and an accessible name that follows the field's mark and the design's unit.
+void Explain(Desk desk, QWidget& widget, const Field& field, const QString& name = {});
 
 }  // namespace torvane

@@ -18,7 +18,7 @@ ChoiceSegments::ChoiceSegments(Desk desk, Field& field, std::vector<std::string>
                                const QSize& segment, QWidget* parent)
     : QWidget(parent), desk_(desk), field_(field), choices_(std::move(choices)), segment_(segment.width()) {
   setObjectName(QString::fromStdString(NameOf(field)));
-  setAccessibleName(HelpOf(field).name);
+  Explain(desk, *this, field);
   setFocusPolicy(Qt::StrongFocus);
   setFixedSize(segment.width() * static_cast<int>(choices_.size()) + 2, segment.height());
   desk.binder.Bind(field, this, [this] {

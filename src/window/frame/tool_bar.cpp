@@ -6,6 +6,7 @@
 #include "look/paint.h"
 #include "look/text.h"
 #include "window/field/button.h"
+#include "window/field/help.h"
 #include "workbench/document/design_commands.h"
 
 namespace torvane {
@@ -240,6 +241,7 @@ QWidget* ToolBar::MakeFamily() {
   for (int i = 0; i <= 1; ++i) {
     Button* button = segments->Add(Shown(s.optX(i).caption()), 53);
     button->setObjectName(QStringLiteral("optX(%1)").arg(i));
+    Explain(*button, s.optX(i));
     button->setToolTip(i == 0 ? QStringLiteral("Carriage and mandrel")
                               : QStringLiteral("Carriage, mandrel and delivery head"));
     connect(button, &QAbstractButton::clicked, this, [this, &s, i] { desk_.binder.Check(s.optX(i), true); });

@@ -61,7 +61,7 @@ QVariant LayersModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole)
     return field == nullptr ? QString::number(LayerOf(index)) : Shown(field->text());
   if (role == Qt::AccessibleTextRole && field != nullptr)
-    return QString(HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()));
+    return QString(Spoken(*field, desk_.station.s.InInches()) + QStringLiteral(": ") + Shown(field->text()));
   if (role == Qt::WhatsThisRole && field != nullptr)
     return QString(HelpOf(*field).name + QStringLiteral("\n") + HelpOf(*field).sentence);
   if (role == Qt::ToolTipRole && field != nullptr) return TipOf(*field, desk_.station.s.signs);
