@@ -63,6 +63,14 @@ void ChooseFamilyOf(Station& station, const std::string& path) {
   if (ending == ".T4D") ChooseFamily(station, Family::FourAxes);
 }
 
+// A design of the other family has been opened past the operator's own switch: the lists of what closes on
+// the former mandrel go with that.
+void ForgetPatterns(DesignState& s) {
+  if (!s.mnu2Axis) return;
+  for (int row = 1; row <= 26; ++row) s.cmbPattern(row).SetEntries({});
+  s.lblGrazeAngle = "";
+}
+
 bool IsTwoAxisName(std::string_view name) { return UpperCase(name).ends_with("T2D"); }
 
 }  // namespace
@@ -261,8 +269,9 @@ void OpenNamedDesign(Station& station, const std::string& path) {
     return;
   }
   if (!AskToSaveFirst(station)) return;
+  const bool fourAxesBefore = station.s.mnu4Axis;
   ChooseFamilyOf(station, path);
-  OpenDesign(station, path);
+  if (OpenDesign(station, path) != Opened::No && fourAxesBefore) ForgetPatterns(station.s);
   FollowWithRecovery(station, false);
 }
 
@@ -278,12 +287,14 @@ void OpenRecentDesign(Station& station, const std::string& path) {
 
 void OpenSample(Station& station, const std::string& path) {
   if (!AskToSaveFirst(station)) return;
-  ChooseFamilyOf(station, path);
   DesignState& s = station.s;
+  const bool fourAxesBefore = s.mnu4Axis;
+  ChooseFamilyOf(station, path);
   const std::string formerLast = s.gLastFileInUse.text();
   s.gMirrorOnChange = true;
   BlankEndView(station);
   OpenFile(station, path, s.mnu2Axis);
+  if (fourAxesBefore) ForgetPatterns(s);
   station.onDisk = {};
   s.gFileName = "";
   s.gFilePath = "";
