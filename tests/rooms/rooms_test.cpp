@@ -16,7 +16,8 @@ using Names = std::set<std::string>;
 
 // Elsewhere no header of the windows' toolkit is included, and in the core only the standard library's.
 bool MayUseLibraries(const std::string& room) {
-  return room == "cli" || room == "apps" || room.starts_with("host/") || room.starts_with("laminate/");
+  return room.starts_with("cli") || room == "apps" || room == "post/machine" || room.starts_with("host/") ||
+         room.starts_with("laminate/");
 }
 
 class Rooms : public testing::Test {
