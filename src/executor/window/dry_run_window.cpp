@@ -174,7 +174,13 @@ void DryRunWindow::Refresh() {
   for (QShortcut* key : manualKeys_) key->setEnabled(manual);
   timeline_->setVisible(!manual);
   leftStack_->setCurrentIndex(manual ? 1 : 0);
-  const QString name = stand_.session.name();
+  QString name = stand_.session.name();
+  // The desktop's bar of windows shows it while another window is in front.
+  if (player.State() == RunState::Waiting) name += QStringLiteral(", waits for the button");
+  if (player.State() == RunState::Running && player.EndlessNow())
+    name += QStringLiteral(", runs until stopped");
+  if (player.State() == RunState::Stopped) name += QStringLiteral(", stopped");
+  if (player.State() == RunState::Finished) name += QStringLiteral(", finished");
   setWindowTitle(name.isEmpty() ? QStringLiteral("Torvane dry run")
                                 : QStringLiteral("%1 - Torvane dry run").arg(name));
 }
