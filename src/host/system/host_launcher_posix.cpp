@@ -65,10 +65,7 @@ Result<fs::path> FindProgram(std::string_view name, const fs::path& folder) {
   return Refusal{std::string(name) + ": " + ReasonOf(std::make_error_code(reason))};
 }
 
-bool IsViewer(std::string_view name) {
-  const std::string_view file = name.substr(name.rfind('\\') + 1);
-  return SameName(file, "Notepad2.exe") || SameName(file, "Explorer.exe");
-}
+bool IsExplorer(std::string_view name) { return SameName(name.substr(name.rfind('\\') + 1), "Explorer.exe"); }
 
 std::optional<Command> Opener(std::string_view shown) {
   const auto program = OnSearchPath("xdg-open");
@@ -91,7 +88,7 @@ Result<Command> Resolved(std::string_view name, std::string_view arguments, cons
   if (name.empty()) return Refusal{"There is no program to start."};
   const auto program = FindProgram(name, folder);
   if (program) return WithArguments(program.value(), arguments);
-  if (IsViewer(name) && !arguments.empty()) {
+  if (IsExplorer(name) && !arguments.empty()) {
     const auto shown = HostPath(arguments);
     const auto opener = shown ? Opener(shown.value()) : std::nullopt;
     if (opener) return *opener;
