@@ -17,9 +17,9 @@
 #include "window/dialog/program_dialog.h"
 #include "window/dialog/station_dialog.h"
 #include "window/door/file_drops.h"
-#include "window/frame/help_keys.h"
 #include "window/frame/main_window.h"
 #include "window/frame/splash.h"
+#include "window/reader/help_keys.h"
 #include "window/reader/program_window.h"
 
 namespace torvane {

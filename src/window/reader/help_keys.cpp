@@ -1,4 +1,4 @@
-#include "window/frame/help_keys.h"
+#include "window/reader/help_keys.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,7 +16,7 @@ namespace torvane {
 namespace {
 
 // A question or a dialog keeps the keyboard from every window that is not its own.
-QWidget* OwnerOfGuide(MainWindow& main) {
+QWidget* OwnerOfGuide(QMainWindow& main) {
   QWidget* modal = QApplication::activeModalWidget();
   return modal == nullptr ? &main : modal;
 }
@@ -34,7 +34,7 @@ std::string_view HeadingOf(const QWidget* widget) {
 
 }  // namespace
 
-HelpKeys::HelpKeys(Desk desk, MainWindow& main, const QString& guideFolder)
+HelpKeys::HelpKeys(Desk desk, QMainWindow& main, const QString& guideFolder)
     : desk_(desk), main_(main), guideFolder_(guideFolder) {
   auto* help = main.findChild<QMenu*>(QStringLiteral("menuHelp"));
   QAction* before = help->actions().value(0);
@@ -51,7 +51,7 @@ HelpKeys::HelpKeys(Desk desk, MainWindow& main, const QString& guideFolder)
       QStringLiteral("Opens the guide where it tells of what has the keyboard."),
       [this] { OpenGuide(QApplication::focusWidget()); });
   add("mnuSayWhat", QStringLiteral("&What's This\tShift+F1"),
-      QStringLiteral("Says of the next thing that you click what it is for."),
+      QStringLiteral("Then click anything in the window: it says what that is for."),
       [] { QWhatsThis::enterWhatsThisMode(); });
   help->insertSeparator(before);
   qApp->installEventFilter(this);

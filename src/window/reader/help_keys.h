@@ -1,10 +1,10 @@
 // F1 and Shift+F1, in every window of the station.
 #pragma once
 
+#include <QMainWindow>
 #include <QPointer>
 
 #include "window/desk/binder.h"
-#include "window/frame/main_window.h"
 #include "window/reader/guide_window.h"
 
 namespace torvane {
@@ -13,7 +13,7 @@ class HelpKeys : public QObject {
  public:
   // Puts its entries before those of the main window's Help menu. `guideFolder` is read when the guide is
   // opened.
-  HelpKeys(Desk desk, MainWindow& main, const QString& guideFolder);
+  HelpKeys(Desk desk, QMainWindow& main, const QString& guideFolder);
 
   // Opens the guide where it tells of a widget, which may be null.
   void OpenGuide(QWidget* about);
@@ -30,7 +30,7 @@ class HelpKeys : public QObject {
   const Field* FieldOf(QWidget* widget) const;
 
   Desk desk_;
-  MainWindow& main_;
+  QMainWindow& main_;
   const QString& guideFolder_;
   QPointer<GuideWindow> guide_;
 };
