@@ -51,7 +51,7 @@ void PlainButton::paintEvent(QPaintEvent*) {
   const QRectF box = Inset(rect(), 0.5);
   QColor ink = isEnabled() ? t[Token::Text] : t[Token::Off];
   const bool segment = look_ == ButtonLook::Segment;
-  if (filled_) {
+  if (filled_ && isEnabled()) {
     ink = t[Token::OnAccent];
     painter.setPen(Qt::NoPen);
     painter.setBrush(isDown() ? t[Token::Accent].darker(115)

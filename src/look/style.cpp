@@ -19,6 +19,12 @@ QIcon ProgramIcon() {
   return mark;
 }
 
+// What Enter means, while it can be pressed.
+bool IsFilled(const QStyleOptionButton& button) {
+  return (button.features & QStyleOptionButton::DefaultButton) != 0 &&
+         (button.state & QStyle::State_Enabled) != 0;
+}
+
 }  // namespace
 
 void Dress(const Theme& theme) {
@@ -46,9 +52,8 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
   }
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   if (element == CE_PushButtonLabel && button != nullptr) {
-    const bool filled = (button->features & QStyleOptionButton::DefaultButton) != 0;
     QStyleOptionButton label = *button;
-    label.palette.setColor(QPalette::ButtonText, theme_[filled ? Token::OnAccent : Token::Text]);
+    label.palette.setColor(QPalette::ButtonText, theme_[IsFilled(*button) ? Token::OnAccent : Token::Text]);
     if ((option->state & State_Enabled) == 0)
       label.palette.setColor(QPalette::ButtonText, theme_[Token::Off]);
     QProxyStyle::drawControl(element, &label, painter, widget);
@@ -69,14 +74,14 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       return;
     case PE_PanelButtonCommand: {
       const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-      const bool filled = button != nullptr && (button->features & QStyleOptionButton::DefaultButton) != 0;
+      const bool filled = button != nullptr && IsFilled(*button);
       painter->save();
       painter->setRenderHint(QPainter::Antialiasing);
       QColor ground = theme_[filled ? Token::Accent : Token::Panel];
       if (!filled && theme_.dark()) ground = theme_[Token::TableHead];
       if ((option->state & State_Sunken) != 0) ground = filled ? ground.darker(115) : theme_[Token::Selected];
       painter->setBrush(ground);
-      painter->setPen(QPen(theme_[filled ? Token::Accent : Token::FieldEdge], 1));
+      painter->setPen(QPen(theme_[filled ? Token::Accent : enabled ? Token::FieldEdge : Token::Hairline], 1));
       painter->drawRoundedRect(Inset(option->rect, 0.5), 4, 4);
       if (focused) {
         painter->setBrush(Qt::NoBrush);

@@ -1,6 +1,11 @@
 // The windows beside the main one: which of them holds it, whose buttons run, where they open.
 #include <QAbstractButton>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QScreen>
+#include <cmath>
 
+#include "look/button.h"
 #include "look/screen.h"
 #include "on_stage.h"
 
@@ -12,6 +17,18 @@ namespace {
 void ClickAt(QWidget& widget) {
   QWindow* window = widget.window()->windowHandle();
   QTest::mouseClick(window, Qt::LeftButton, {}, widget.mapTo(widget.window(), widget.rect().center()));
+}
+
+// How much lighter one colour is than another to the eye, from 1 on.
+double Contrast(const QColor& one, const QColor& other) {
+  const auto light = [](const QColor& colour) {
+    const auto part = [](double share) {
+      return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+  };
+  const auto [less, more] = std::minmax(light(one), light(other));
+  return (more + 0.05) / (less + 0.05);
 }
 
 }  // namespace
@@ -29,6 +46,8 @@ class DialogsOnScreen : public QObject {
   void TheWindowComesBackMaximized();
   void ThePreviewOpensAQuarterAndAnEighthIn();
   void EverySpeedHasItsCaption();
+  void ButtonsThatAreOffCanBeReadInTheDark();
+  void FileDialogsFitTheScreen();
 };
 
 void DialogsOnScreen::SettingsHoldTheMainWindow() {
@@ -159,6 +178,46 @@ void DialogsOnScreen::EverySpeedHasItsCaption() {
   QCOMPARE(named("txtcSpeed(0)"), QStringLiteral("Carriage Speed Limit (in/s), slow"));
   QCOMPARE(named("txtcSpeedmm(1)"), QStringLiteral("Carriage Speed Limit (mm/s), med"));
   QCOMPARE(named("txtmSpeed(2)"), QStringLiteral("Mandrel RPM Limit (1/min), fast"));
+}
+
+void DialogsOnScreen::ButtonsThatAreOffCanBeReadInTheDark() {
+  Theme theme{true};
+  QApplication::setStyle(new Style(theme));
+  const QString block(QChar(0x2588));  // a letter without thin strokes
+  QWidget ground;
+  ground.setPalette(theme.Palette());
+  QPushButton dialogs(block, &ground);
+  dialogs.setDefault(true);
+  PlainButton filled(theme, ButtonLook::Filled, Icon::None, block, &ground);
+  PlainButton outlined(theme, ButtonLook::Outline, Icon::None, block, &ground);
+  for (QAbstractButton* button :
+       {static_cast<QAbstractButton*>(&dialogs), static_cast<QAbstractButton*>(&filled),
+        static_cast<QAbstractButton*>(&outlined)}) {
+    button->setFixedSize(120, 42);
+    button->setEnabled(false);
+    const QImage seen = button->grab().toImage();
+    const QColor behind = seen.pixelColor(15, 21), letter = seen.pixelColor(60, 21);
+    QVERIFY2(Contrast(behind, letter) >= 3,
+             qPrintable(behind.name() + QStringLiteral(" behind ") + letter.name()));
+    // And it does not look like one that can be pressed.
+    QVERIFY(Contrast(behind, theme[Token::Accent]) > 1.5);
+  }
+  QApplication::setStyle(QStringLiteral("Fusion"));
+}
+
+void DialogsOnScreen::FileDialogsFitTheScreen() {
+  Theme theme{false};
+  QtMessageBox box(theme);
+  QtFileDialog files(box);
+  QSize shown;
+  WhenShown<QFileDialog>([&shown](QFileDialog& dialog) {
+    shown = dialog.size();
+    dialog.reject();
+  });
+  QVERIFY(!files.AskSave("Torvane 2-Ax Design File (*.t2d)|*.t2d|", "", "Tube"));
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  QVERIFY2(shown.isValid() && shown.width() < screen.width() && shown.height() < screen.height(),
+           qPrintable(QStringLiteral("%1 x %2").arg(shown.width()).arg(shown.height())));
 }
 
 }  // namespace torvane

@@ -10,7 +10,8 @@ namespace torvane {
 
 // Away from Windows: arguments that begin with a backslash reach the program as a path of the computer, and
 // in the place of Explorer.exe, where there is none, the desktop's own opener shows the folder. It does not
-// stand in for an editor of texts: designs and programs it would hand back to the station. On Windows the line reaches the program letter for letter.
+// stand in for an editor of texts: designs and programs it would hand back to the station. On Windows the
+// line reaches the program letter for letter.
 class HostLauncher : public Launcher {
  public:
   // Standard input of the program is empty.

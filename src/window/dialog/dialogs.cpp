@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "host/files/paths.h"
+#include "look/screen.h"
 #include "look/text.h"
 #include "workbench/station/messages.h"
 
@@ -190,8 +191,9 @@ void TellRefusedName(MessageBox& box, std::string_view reason) {
 }
 
 std::optional<std::string> QtFileDialog::Ask(QFileDialog& dialog) {
-  // Wide enough for sizes and dates beside the names.
+  // Wide enough for sizes and dates beside the names, as far as the screen is.
   dialog.resize(820, 520);
+  KeepOnScreen(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const Result<std::string> station = StationPath(dialog.selectedFiles().first().toStdString());
   if (station) return station.value();
