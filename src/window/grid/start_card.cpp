@@ -169,8 +169,9 @@ void StartCard::mouseReleaseEvent(QMouseEvent* event) {
 
 QWidget* StartCard::MakeCounts() {
   auto* owner = new QWidget(this);
-  auto* column = Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
-                        QStringLiteral("One row a layer, up to 15. It can change later."), seconds_);
+  auto* column =
+      Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
+             QStringLiteral("One row for each layer, up to 15. You can change it later."), seconds_);
   auto* grid = new QGridLayout;
   grid->setSpacing(6);
   for (int count = 1; count <= kMostLayers; ++count) {
@@ -247,8 +248,8 @@ QWidget* StartCard::MakeOffset(Family family) {
   words->addWidget(new Word(
       desk_, QStringLiteral("Before your first winding, you need to measure the carriage Z-offset distance."),
       13, Token::Text, Weight::Medium));
-  seconds_.push_back(new Word(
-      desk_, QStringLiteral("Designs can be written without it. The build asks for it."), 12, Token::Second));
+  seconds_.push_back(new Word(desk_, QStringLiteral("You can design without it. Build will ask for it."), 12,
+                              Token::Second));
   words->addWidget(seconds_.back());
   words->addStretch(1);
   row->addLayout(words, 1);
