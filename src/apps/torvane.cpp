@@ -49,7 +49,7 @@ struct Arguments {
   CommonOptions common;
   std::vector<std::string> designs;
   std::string design, other;
-  std::string out;
+  std::string out, map;
   bool json = false;
   bool brief = false;
   std::string section, key, value;
@@ -115,9 +115,11 @@ void AddCommands(CLI::App& app, Arguments& a, Command& chosen) {
   info->add_flag("--brief", a.brief, "A line for each design");
 
   CLI::App* prove = add(app, "prove", "Prove the programs of designs without a machine",
-                        [&a](Computer& c) { return RunProve(c, a.designs, a.json); });
+                        [&a](Computer& c) { return RunProve(c, a.designs, a.json, a.map); });
   AddDesigns(*prove, a);
   prove->add_flag("--json", a.json, "All figures as one JSON object a design");
+  prove->add_option("--map", a.map, "The bands on each place of the part: a .csv or a .vtk file")
+      ->type_name(kFileName);
 
   CLI::App* diff = add(app, "diff", "Tell what two designs or programs wind differently",
                        [&a](Computer& c) { return RunDiff(c, a.design, a.other, a.json); });

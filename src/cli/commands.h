@@ -12,8 +12,9 @@ namespace torvane {
 int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool toStandardOutput);
 
 // Proves the program of each design without writing it; as text, or each as one JSON object. Fails where one
-// has a fault.
-int RunProve(Computer& computer, const std::vector<std::string>& designs, bool json);
+// has a fault. `map` is empty, or the .csv or .vtk file for the bands on each place of a single design's
+// part.
+int RunProve(Computer& computer, const std::vector<std::string>& designs, bool json, const std::string& map);
 
 // Tells what of two designs or programs winds differently, layer by layer; as text or as one JSON object. Done if
 // nothing does, failed if something does.

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <ostream>
 
+#include "advice/repairs.h"
 #include "cli/computer.h"
 #include "design/catalogue.h"
 #include "handoff/launch.h"
@@ -169,6 +170,7 @@ void Script::Start(const std::string&) {
   if (station_) throw ScriptError{"the station is started already"};
   prepare();
   station_ = std::make_unique<WholeStation>(computer_);
+  station_->Add(RepairOperations());
   if (traces_) station_->s.skips = &skips_;
   station_->settingsOpened = [this](int tab) { out_ << "settings tab " << tab << "\n"; };
   Form_Load(*station_);

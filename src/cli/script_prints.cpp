@@ -1,11 +1,11 @@
 // What a script has printed: fields, values, files and pictures as they stand.
 #include <ostream>
 
+#include "advice/advice.h"
 #include "cli/computer.h"
 #include "cli/script.h"
 #include "design/catalogue.h"
 #include "persist/tagged_text.h"
-#include "workbench/build/build_warnings.h"
 #include "workbench/build/marks.h"
 #include "workbench/dialog/preview.h"
 #include "workbench/station/number_hint.h"
@@ -126,12 +126,21 @@ void Script::Drawing(const std::string&) {
   }
 }
 
+// What the proof finds stands among them, in the words of the window's list.
 void Script::Warnings(const std::string&) {
-  const std::vector<BuildWarning> warnings = BuildWarnings(Running());
-  if (warnings.empty()) out_ << "no warnings\n";
-  for (const BuildWarning& warning : warnings)
-    out_ << "warning " << NameOf(*warning.field) << ": " << WithoutHome(warning.what + ". " + warning.why)
-         << "\n";
+  const Station& station = Running();
+  const Platform& platform = station.platform;
+  DesignState copy(station.s.signs);
+  copy.TakeFrom(station.s);
+  const LiveResult proven = ProveDesign(copy, {platform.files.ProgramFolder(), platform.clock.Now()},
+                                        executor::ReadLimits(platform.store, copy.signs.decimal));
+  const std::vector<Advice> all = AdviceInWords(station, &proven);
+  if (all.empty()) out_ << "no warnings\n";
+  for (const Advice& advice : all) {
+    const std::string_view what = advice.level ? NameOf(*advice.level) : "warning";
+    out_ << what << " " << (advice.field == nullptr ? std::string("program") : NameOf(*advice.field)) << ": "
+         << WithoutHome(advice.title + ". " + advice.text) << "\n";
+  }
 }
 
 void Script::Hint(const std::string& rest) { Print(rest, NumberHint(FieldOf(rest), Running().s.signs)); }

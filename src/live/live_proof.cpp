@@ -42,7 +42,7 @@ const executor::LayerFigures* LiveResult::LayerOf(int row) const {
 }
 
 LiveResult ProveDesign(DesignState& s, const ProgramPlace& place, const executor::Limits& limits,
-                       const std::stop_token& stop) {
+                       const std::stop_token& stop, MapFor map) {
   LiveResult result;
   if (RowsOf(s.txtNumberOfLayers(s.Panel())) == 0) return result;
   if (s.gFileName.text().size() < kUnnamed.size() - kUnnamed.rfind('.')) s.gFilePath = kUnnamed;
@@ -57,6 +57,12 @@ LiveResult ProveDesign(DesignState& s, const ProgramPlace& place, const executor
   executor::JudgeTow(result.proof, AnnouncedTow(s));
   for (executor::Remark& remark : executor::RemarksOf(result.proof))
     if (remark.level != executor::Level::Ok) result.remarks.push_back(std::move(remark));
+  if (map != MapFor::Nobody) {
+    const bool picture = map == MapFor::Picture;
+    result.map = std::make_shared<executor::CoverMap>(
+        executor::MapOf(text, limits, result.proof.millimetres, picture ? executor::kMapRows : 0,
+                        picture ? executor::kMapPlaces : 0, stop));
+  }
   result.formed = true;
   return result;
 }
@@ -68,6 +74,7 @@ struct LiveProof::Job {
   ProgramPlace place;
   executor::Limits limits;
   std::uint64_t asking = 0;
+  MapFor map = MapFor::Nobody;
 };
 
 LiveProof::LiveProof(NumberSigns signs, std::function<void()> done)
@@ -82,13 +89,16 @@ LiveProof::~LiveProof() {
   under_.request_stop();
 }
 
-void LiveProof::Ask(const DesignState& s, const ProgramPlace& place, const executor::Limits& limits) {
+void LiveProof::Ask(const DesignState& s, const ProgramPlace& place, const executor::Limits& limits,
+                    MapFor map) {
   const std::lock_guard lock(guard_);
   // The state itself stays in `next_` until the next asking; the thread works on what it was given.
   const bool changed = next_->s.TakeFrom(s);
-  if (!changed && asked_ > 0 && limits == next_->limits) return;
+  const bool mapped = map == MapFor::Nobody || map == next_->map;
+  if (!changed && asked_ > 0 && limits == next_->limits && mapped) return;
   next_->place = place;
   next_->limits = limits;
+  next_->map = map;
   next_->asking = ++asked_;
   waits_ = true;
   under_.request_stop();
@@ -116,10 +126,12 @@ void LiveProof::Work(const std::stop_token& end) {
       spare_->s.TakeFrom(next_->s);
       spare_->place = next_->place;
       spare_->limits = next_->limits;
+      spare_->map = next_->map;
       spare_->asking = next_->asking;
       stop = under_.get_token();
     }
-    auto result = std::make_shared<LiveResult>(ProveDesign(spare_->s, spare_->place, spare_->limits, stop));
+    auto result = std::make_shared<LiveResult>(
+        ProveDesign(spare_->s, spare_->place, spare_->limits, stop, spare_->map));
     result->asking = spare_->asking;
     {
       const std::lock_guard lock(guard_);

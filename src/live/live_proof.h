@@ -13,6 +13,7 @@
 
 #include "design/state.h"
 #include "executor/machine/limits.h"
+#include "executor/measure/cover_map.h"
 #include "executor/proof/remarks.h"
 #include "gcode/session.h"
 
@@ -26,16 +27,20 @@ struct LiveResult {
   std::string refusal;
   bool angleUndefined = false;  // see Formed
   executor::Proof proof;
-  std::vector<executor::Remark> remarks;  // findings alone, faults first
+  std::vector<executor::Remark> remarks;          // findings alone, faults first
+  std::shared_ptr<const executor::CoverMap> map;  // null where none was wanted
 
   // What the row of a layer came to; null if the program winds no such layer.
   const executor::LayerFigures* LayerOf(int row) const;
 };
 
+// For whom the bands are counted on each place of the part as well.
+enum class MapFor : std::uint8_t { Nobody, Picture, File };
+
 // The program of a design as Build would write it, and its proof. `s` is filled like a station's state when a
 // program is formed; an asked stop ends it early, and the result says nothing then.
 LiveResult ProveDesign(DesignState& s, const ProgramPlace& place, const executor::Limits& limits,
-                       const std::stop_token& stop = {});
+                       const std::stop_token& stop = {}, MapFor map = MapFor::Nobody);
 
 // One proof at a time, on a thread of its own, always of the state asked for last. It touches nothing of the
 // station: it works on a copy of its own.
@@ -49,8 +54,9 @@ class LiveProof {
   ~LiveProof();
 
   // Takes the design as it stands and cancels the proof of any former state. Nothing happens if it is as it
-  // was at the last asking.
-  void Ask(const DesignState& s, const ProgramPlace& place, const executor::Limits& limits);
+  // was at the last asking and no map is wanted that was not wanted then.
+  void Ask(const DesignState& s, const ProgramPlace& place, const executor::Limits& limits,
+           MapFor map = MapFor::Nobody);
 
   // The last state asked for is not proven yet.
   bool Proving() const;

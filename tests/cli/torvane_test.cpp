@@ -5,6 +5,12 @@
 #include <cmath>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <thread>
+
+#include "cli/proof_json.h"
+#include "live/live_proof.h"
+#include "support/station_on_stage.h"
+#include "workbench/document/design_commands.h"
 
 namespace torvane {
 namespace {
@@ -183,6 +189,38 @@ TEST_F(Torvane, TellsWhatThePartWillBe) {
     EXPECT_NE(run.err, "") << arguments;
     EXPECT_EQ(run.out, "") << arguments;
   }
+}
+
+// What the window proves beside the typing is what the command prints, byte for byte.
+TEST_F(Torvane, ProvesWhatTheWindowProves) {
+  for (const char* name : {"Tube-100x600-mm.t2d", "Taper-Mast.t2d", "Hemi-Vessel-150mm.t4d"}) {
+    const fs::path sample = fs::path(SOURCE_FOLDER) / "samples" / name;
+    StationOnStage onStage;
+    Station& station = onStage.Started();
+    const std::string path = std::string("C:\\Torvane\\TV_Design_Files\\") + name;
+    onStage.stage.files.Put(path, Bytes(sample));
+    OpenNamedDesign(station, path);
+    LiveProof live(station.s.signs, [] {});
+    live.Ask(station.s, {station.platform.files.ProgramFolder(), station.platform.clock.Now()},
+             executor::ReadLimits(station.platform.store, '.'));
+    while (live.Proving()) std::this_thread::yield();
+    EXPECT_EQ(Lines(Start("prove --json " + Quoted(sample.string())).out),
+              JsonOf(live.Result()->proof).dump(2) + "\n")
+        << name;
+  }
+}
+
+TEST_F(Torvane, WritesAMapOfTheBands) {
+  const std::string sample = Quoted(std::string(SOURCE_FOLDER) + "/samples/Tube-4x24.t2d");
+  const std::string csv = (folder_ / "map.csv").string(), vtk = (folder_ / "map.vtk").string();
+  EXPECT_EQ(Start("prove " + sample + " --map " + Quoted(csv)).status, 0);
+  EXPECT_EQ(Lines(Bytes(csv)).substr(0, 49), "z_in,angle_deg,bands,thickness_in,layer1,layer2,l");
+  EXPECT_EQ(Start("prove " + sample + " --map " + Quoted(vtk)).status, 0);
+  EXPECT_NE(Bytes(vtk).find("SCALARS layer6 int 1"), std::string::npos);
+  for (const std::string& arguments :
+       {sample + " --map map.txt", sample + " " + sample + " --map " + Quoted(csv)})
+    EXPECT_EQ(Start("prove " + arguments).status, 2) << arguments;
+  EXPECT_EQ(Start("prove " + sample + " --map " + Quoted((folder_ / "none" / "map.csv").string())).status, 1);
 }
 
 TEST_F(Torvane, SaysWhatIsWrongWithItsArguments) {

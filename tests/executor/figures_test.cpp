@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "executor/measure/cover_map.h"
 #include "executor/measure/run.h"
 #include "executor/proof/report.h"
 #include "programs.h"
@@ -343,6 +344,47 @@ TEST(Swings, MayTakeTheCarriagesTime) {
   EXPECT_EQ(slow.tow.low, slow.tow.high);
   EXPECT_NE(TwofoldText(slow, false).find("1 swing round an end of layer 1"), std::string::npos);
   EXPECT_EQ(layer("6").twofoldSwings, 0) << "in time";
+}
+
+// Bands of 0.25 over cos 45 degrees, out and back in 36 passes, on a circumference of 4 pi.
+TEST(Map, CountsTheBandsOnEachPlace) {
+  const CoverMap whole = MapOf(ProgramOf({}), Limits(), false, 96, 720);
+  ASSERT_EQ(whole.layers.size(), 1U);
+  EXPECT_EQ(whole.zLow, 4);
+  EXPECT_EQ(whole.zHigh, 28);
+  EXPECT_EQ(whole.Meant(), 2);
+  const auto meanOf = [](const CoverMap& map, int row) {
+    double sum = 0;
+    for (int place = 0; place < map.places; ++place) sum += map.BandsAt(row, place);
+    return sum / map.places;
+  };
+  for (const int row : {0, 40, 95})
+    EXPECT_NEAR(meanOf(whole, row), 72 * 0.25 * std::sqrt(2) / (4 * kTestPi), 0.05) << row;
+  EXPECT_EQ(whole.layers[0].covered, 1);
+  const CoverMap half = MapOf(ProgramOf({.passes = 18, .step = 20}), Limits(), true, 96, 720);
+  EXPECT_NEAR(meanOf(half, 40), 36 * 0.25 * std::sqrt(2) / (4 * kTestPi), 0.05);
+  EXPECT_LT(half.layers[0].covered, 0.85);
+  // A band that went out with the first pass lies where the mandrel stood: at 0 degrees from Z 4 on.
+  EXPECT_GT(MapOf(ProgramOf({.passes = 1}), Limits(), false, 96, 720).BandsAt(0, 5), 0);
+  EXPECT_EQ(MapOf(ProgramOf({.passes = 1}), Limits(), false, 96, 720).BandsAt(0, 360), 0);
+  EXPECT_TRUE(MapOf("G20\n", Limits(), false, 96, 720).empty());
+}
+
+TEST(Map, IsWrittenForOtherPrograms) {
+  const std::string head = "[GENERAL PART DESCRIPTION: FilaThickness=0.010 ]\n";
+  const CoverMap map = MapOf(head + ProgramOf({}), Limits(), false, 3, 4);
+  const std::string csv = MapAsCsv(map);
+  EXPECT_EQ(csv.substr(0, csv.find('\n')), "z_in,angle_deg,bands,thickness_in,layer1");
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 1 + 3 * 4);
+  EXPECT_NE(csv.find("\n8.0000,45.000,"), std::string::npos) << csv;
+  const std::string vtk = MapAsVtk(map);
+  EXPECT_EQ(vtk.substr(0, 26), "# vtk DataFile Version 3.0");
+  EXPECT_NE(vtk.find("DATASET STRUCTURED_GRID\nDIMENSIONS 5 3 1\nPOINTS 15 float\n1.41421 1.41421 8.00000\n"),
+            std::string::npos)
+      << vtk;
+  EXPECT_NE(vtk.find("POINT_DATA 15\nSCALARS bands int 1\nLOOKUP_TABLE default\n"), std::string::npos);
+  // Points, and three figures at each.
+  EXPECT_EQ(std::count(vtk.begin(), vtk.end(), '\n'), 6 + 15 + 1 + 3 * (2 + 15));
 }
 
 TEST(Axes, AreToldInShareOfTheirLimits) {

@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdlib>
+#include <random>
 #include <thread>
 
 #include "support/station_on_stage.h"
@@ -90,6 +92,48 @@ TEST_F(LiveProofTest, ALongProofIsLeftForTheNextState) {
     live.Ask(s, Place(), Limits());
   }
   EXPECT_EQ(done, 1) << "its end waits for no proof";
+}
+
+// Also under the thread sanitizer, with TORVANE_EDITS=10000.
+TEST_F(LiveProofTest, KeepsUpWithAnyTyping) {
+  TypeTube(station, 4, "45");
+  const char* asked = std::getenv("TORVANE_EDITS");
+  const int edits = asked == nullptr ? 300 : std::atoi(asked);
+  std::mt19937 dice(5);
+  const auto of = [&dice](int count) { return static_cast<int>(dice() % static_cast<unsigned>(count)); };
+  std::atomic<int> done = 0;
+  LiveProof live(s.signs, [&done] { ++done; });
+  for (int edit = 0; edit < edits; ++edit) {
+    const int row = 1 + of(4);
+    switch (of(6)) {
+      case 0:
+        station.Type(s.txtDiameterLeft, std::to_string(2 + of(5)));
+        break;
+      case 1:
+        station.Type(s.txtNumberOfLayers(0), std::to_string(of(9)));
+        break;
+      case 2:
+        station.Choose(s.cmbSpeed(row), of(2) == 0 ? "slow" : "fast");
+        break;
+      case 3:
+        station.Undo();
+        break;
+      default:
+        station.Type(s.txtWA(row), of(5) == 0 ? "" : std::to_string(25 + of(60)));
+    }
+    live.Ask(s, Place(), Limits(), of(3) == 0 ? MapFor::Picture : MapFor::Nobody);
+    if (of(20) == 0) Settled(live);
+  }
+  station.Type(s.txtNumberOfLayers(0), "3");
+  live.Ask(s, Place(), Limits());
+  const LiveResult& last = Settled(live);
+  DesignState copy(s.signs);
+  copy.TakeFrom(s);
+  const LiveResult offline = ProveDesign(copy, Place(), Limits());
+  EXPECT_EQ(last.proof.statements, offline.proof.statements);
+  EXPECT_EQ(last.proof.windingSeconds, offline.proof.windingSeconds);
+  EXPECT_EQ(last.remarks.size(), offline.remarks.size());
+  EXPECT_GT(done, 0);
 }
 
 TEST_F(LiveProofTest, SaysWhyThereIsNoProgram) {

@@ -21,7 +21,8 @@ std::string SubjectOf(const Finding& finding) {
 }
 
 Remark RemarkOf(const Finding& finding) {
-  return {LevelOf(finding.kind), finding.layer, SubjectOf(finding), SentenceOf(finding), finding.line};
+  return {LevelOf(finding.kind), finding.layer, SubjectOf(finding),
+          SentenceOf(finding),   finding.line,  finding.kind};
 }
 
 Remark RemarkOf(const LayerFigures& layer) {

@@ -79,20 +79,4 @@ Icon GlyphOf(Mark mark) {
   return Icon::None;
 }
 
-const char* WordsOf(Mark mark) {
-  switch (mark) {
-    case Mark::NeedsInput:
-      return "needs input";
-    case Mark::TooHigh:
-      return "Blinking Red Values Seem Too High.";
-    case Mark::StopTooLow:
-      return "Carriage will slam Limit Switch.";
-    case Mark::NoNumber:
-      return "This is no number.";
-    case Mark::Plain:
-      break;
-  }
-  return "";
-}
-
 }  // namespace torvane

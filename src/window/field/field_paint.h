@@ -27,7 +27,4 @@ QString FigureOf(const Field& field);
 // What a marked field shows inside at its left.
 Icon GlyphOf(Mark mark);
 
-// What a mark says, in the system's words.
-const char* WordsOf(Mark mark);
-
 }  // namespace torvane

@@ -24,12 +24,7 @@ constexpr std::pair<std::string_view, const char*> kUnitsInWords[] = {
 }  // namespace
 
 Help HelpOf(const Field& field) {
-  const FieldWords& words = WordsOf(field);
-  if (words.name.empty()) return {QString::fromStdString(NameOf(field)), {}};
-  QString name = Shown(words.name);
-  if (IsScheduleRow(field.row()) && field.index() != IndexSet::kAllRows)
-    name += QStringLiteral(", layer %1").arg(field.index());
-  return {name, Shown(words.sentence)};
+  return {Shown(CalledName(field)), Shown(WordsOf(field).sentence)};
 }
 
 QString TipOf(const Field& field, NumberSigns signs) {

@@ -37,7 +37,7 @@ std::vector<BuildWarning> WarningsBesideMarks(const Station& station) {
   });
   if (LayerRows(station.s) > 0 && !IsCarriageOffsetConfirmed(station.platform.store))
     warnings.push_back({&station.s.gCarriageOffsetFromRMPFace, "The carriage offset is not measured",
-                        "Build asks for it first. It stands in the settings."});
+                        "Build asks for it first. It stands in the settings.", Concern::OffsetNotMeasured});
   return warnings;
 }
 

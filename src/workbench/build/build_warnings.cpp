@@ -39,13 +39,14 @@ class Warnings {
     LookAtSettings();
     LookAtNumbers(layers);
     if (!station_.recovery.refusal.empty())
-      Warn(s_.gFilePath, "Save soon: there is no recovery copy", station_.recovery.refusal);
+      Warn(s_.gFilePath, "Save soon: there is no recovery copy", station_.recovery.refusal, Concern::Unsaved);
     return std::move(found_);
   }
 
  private:
-  void Warn(const Field& field, std::string what, std::string why) {
-    found_.push_back({&field, std::move(what), std::move(why)});
+  void Warn(const Field& field, std::string what, std::string why, Concern concern = Concern::Other,
+            int layer = 0) {
+    found_.push_back({&field, std::move(what), std::move(why), concern, layer});
   }
   static std::string LayerName(int layer) { return "Layer " + std::to_string(layer); }
 
@@ -83,7 +84,8 @@ class Warnings {
 void Warnings::LookAtFile() {
   const Files& files = station_.platform.files;
   if (s_.gFileName.empty()) {
-    Warn(s_.gFileName, "The design has no file", "Save it first: the program takes its name.");
+    Warn(s_.gFileName, "The design has no file", "Save it first: the program takes its name.",
+         Concern::Unsaved);
     return;
   }
   const std::string program = files.ProgramFolder() + std::string(kProgramFolder) + ProgramName(s_);
@@ -115,7 +117,7 @@ void Warnings::LookAtBand() {
 void Warnings::LookAtCopy(const Field& copy, const Field& shown) {
   if (holds(number(copy) != number(shown)))
     Warn(shown, "The other family's value stands for " + shown.text(),
-         "The program would take " + copy.text() + ": type the value anew.");
+         "The program would take " + copy.text() + ": type the value anew.", Concern::OtherFamily);
 }
 
 void Warnings::LookAtTwoAxes(int layers) {
@@ -157,13 +159,16 @@ void Warnings::LookAtAngle(const Field& angle, int layer) {
 
 void Warnings::LookAtSpeeds(const Field& mandrel, const Field& carriage, int layer, const char* whyItStands) {
   if (holds(number(mandrel) <= 0))
-    Warn(mandrel, "The mandrel would stand in layer " + std::to_string(layer), "Its speed is 0.");
+    Warn(mandrel, "The mandrel would stand in layer " + std::to_string(layer), "Its speed is 0.",
+         Concern::Stands, layer);
   if (s_.mMaxRPM > 0 && holds(number(mandrel) > s_.mMaxRPM))
     Warn(mandrel, LayerName(layer) + " turns faster than the machine can",
          "Its highest mandrel speed is " + FormatNumberText(s_.signs, s_.mMaxRPM, mask::kMandrelSpeed) +
-             " RPM.");
+             " RPM.",
+         Concern::TooFast, layer);
   if (holds(number(carriage) <= 0))
-    Warn(carriage, "The carriage would stand in layer " + std::to_string(layer), whyItStands);
+    Warn(carriage, "The carriage would stand in layer " + std::to_string(layer), whyItStands, Concern::Stands,
+         layer);
 }
 
 // A typed mandrel speed goes into the program alone, and takes the carriage speed of every row from its
@@ -176,7 +181,7 @@ void Warnings::LookAtTypedSpeed(int layer) {
                    : "Its speed is 0.");
   if (holds(number(mandrel) != s_.Read(s_.LayerTable2Ax(layer, 7))))
     Warn(mandrel, LayerName(layer) + "'s typed mandrel speed is not in the file",
-         "The program winds with it; the saved design keeps the former one.");
+         "The program winds with it; the saved design keeps the former one.", Concern::TypedSpeed, layer);
 }
 
 // False if there is nothing to wind.
@@ -230,7 +235,7 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
   const Number right = number(s_.txtRight(layer)), left = number(s_.txtLeft(layer));
   if (!left.good() || !right.good()) {
     Warn(method, LayerName(layer) + " would not move behind its first pass",
-         "Choose ms: carriage shift needs ends that the row does not have.");
+         "Choose ms: carriage shift needs ends that the row does not have.", Concern::CarriageShift, layer);
     return;
   }
   const Number shift = (passes - 1) * BandOnAxis(s_, number(s_.txtWA(layer)));
@@ -238,7 +243,8 @@ void Warnings::LookAtCarriageShift(int layer, Number passes) {
   const Number reach = !far.good() || holds(home > far) ? home : far;
   if (holds(reach > number(FarOf(s_, s_.txtZ2(0), s_.txtZ2(1)))))
     Warn(method, LayerName(layer) + " would run to Z=" + FormatNumberText(s_.signs, reach.value(), kReach),
-         "Choose ms: carriage shift goes a band further with each pass, past the far stop.");
+         "Choose ms: carriage shift goes a band further with each pass, past the far stop.",
+         Concern::CarriageShift, layer);
 }
 
 // A design typed from scratch has no ends in its rows; its file gives them the design's stops.
@@ -254,7 +260,8 @@ void Warnings::NameHiddenEnds() {
   layers += first == last ? " shows" : " show";
   Warn(s_.txtLeft(first), layers + " nothing on the machine",
        first == last && LosesDecimals() ? "Its row has no ends yet; saved and opened again it loses decimals."
-                                        : "Save the design and open it again: its rows have no ends yet.");
+                                        : "Save the design and open it again: its rows have no ends yet.",
+       Concern::NoEnds);
 }
 
 // Each end is wrapped by a head that swings round it, at the speeds of the machine's motors.
@@ -271,7 +278,7 @@ void Warnings::LookAtHead() {
   const bool larger = ReadsAsTrue(GetSetting(station_.platform.store, kSettings, "gIsNEMA34", "False"));
   if (larger && !s_.gIsNEMA34)
     Warn(s_.cmbRate, "End wraps would run at the smaller motors' speeds",
-         "Click beside the layers first: the station then knows of the larger ones.");
+         "Click beside the layers first: the station then knows of the larger ones.", Concern::SmallMotors);
 }
 
 void Warnings::LookAtFourAxes(int layers) {
@@ -341,7 +348,8 @@ void Warnings::LookAtBuildTime() {
   if (holds(Abs(number(minutes) - declared) > 1))
     Warn(minutes,
          "The program would declare a build time of " + NumberToText(s_.signs, declared.value()) + " min",
-         "The layers take " + minutes.text() + ": a new figure of any layer sets it right.");
+         "The layers take " + minutes.text() + ": a new figure of any layer sets it right.",
+         Concern::BuildTime);
 }
 
 // What a program takes from the settings as it stands there: a store may hold any text.

@@ -14,6 +14,30 @@ Mark ShownMark(const Field& field) {
   return field.mark() == Mark::Plain && unreadable ? Mark::NoNumber : field.mark();
 }
 
+const char* WordsOf(Mark mark) {
+  switch (mark) {
+    case Mark::NeedsInput:
+      return "needs input";
+    case Mark::TooHigh:
+      return "Blinking Red Values Seem Too High.";
+    case Mark::StopTooLow:
+      return "Carriage will slam Limit Switch.";
+    case Mark::NoNumber:
+      return "This is no number.";
+    case Mark::Plain:
+      break;
+  }
+  return "";
+}
+
+std::string CalledName(const Field& field) {
+  std::string name(torvane::WordsOf(field).name);
+  if (name.empty()) return NameOf(field);
+  if (IsScheduleRow(field.row()) && field.index() != IndexSet::kAllRows)
+    name += ", layer " + std::to_string(field.index());
+  return name;
+}
+
 std::vector<const Field*> MarkedFields(const DesignState& s) {
   std::vector<const Field*> marked;
   const int rows = LayerRows(s);
