@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/computer.h"
-#include "cli/script.h"
+#include "cli/computer/computer.h"
+#include "cli/script/script.h"
 #include "text/code_page.h"
 #include "workbench/document/design_commands.h"
 

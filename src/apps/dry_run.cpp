@@ -10,7 +10,7 @@
 #ifdef TORVANE_DRYRUN_WINDOW
 #include "executor/window/start.h"
 #endif
-#include "cli/proof_json.h"
+#include "cli/command/proof_json.h"
 #include "executor/player/request.h"
 #include "executor/proof/report.h"
 #include "host/files/environment.h"

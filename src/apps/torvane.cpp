@@ -6,7 +6,7 @@
 #include <iostream>
 
 #include "apps/completion.h"
-#include "cli/commands.h"
+#include "cli/command/commands.h"
 #include "host/files/environment.h"
 #include "host/system/command_line.h"
 

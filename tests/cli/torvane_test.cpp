@@ -7,7 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <thread>
 
-#include "cli/proof_json.h"
+#include "cli/command/proof_json.h"
 #include "live/live_proof.h"
 #include "support/station_on_stage.h"
 #include "workbench/document/design_commands.h"

@@ -2,8 +2,8 @@
 #include <ostream>
 
 #include "advice/advice.h"
-#include "cli/computer.h"
-#include "cli/script.h"
+#include "cli/computer/computer.h"
+#include "cli/script/script.h"
 #include "design/catalogue.h"
 #include "persist/tagged_text.h"
 #include "workbench/build/marks.h"

@@ -3,7 +3,7 @@
 
 #include "calc/four_axis.h"
 #include "calc/patterns.h"
-#include "cli/commands.h"
+#include "cli/command/commands.h"
 #include "design/units.h"
 #include "handoff/launch.h"
 #include "persist/settings.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "cli/computer.h"
+#include "cli/computer/computer.h"
 #include "workbench/station/station.h"
 
 namespace torvane {

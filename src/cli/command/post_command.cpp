@@ -1,7 +1,7 @@
 #include <cstdio>
 #include <fstream>
 
-#include "cli/commands.h"
+#include "cli/command/commands.h"
 #include "host/files/file_system.h"
 #include "host/files/paths.h"
 #include "host/files/station_folder.h"

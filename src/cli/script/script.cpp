@@ -1,4 +1,4 @@
-#include "cli/script.h"
+#include "cli/script/script.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <ostream>
 
 #include "advice/repairs.h"
-#include "cli/computer.h"
+#include "cli/computer/computer.h"
 #include "design/catalogue.h"
 #include "handoff/launch.h"
 #include "text/code_page.h"

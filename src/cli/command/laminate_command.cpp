@@ -1,8 +1,8 @@
 #include <cstdio>
 #include <functional>
 
-#include "cli/commands.h"
-#include "cli/designs.h"
+#include "cli/command/commands.h"
+#include "cli/computer/designs.h"
 #include "host/files/paths.h"
 #include "laminate/cases/case.h"
 #include "laminate/report/report.h"

@@ -1,7 +1,7 @@
 #include <cstdio>
 
-#include "cli/commands.h"
-#include "cli/designs.h"
+#include "cli/command/commands.h"
+#include "cli/computer/designs.h"
 #include "host/files/paths.h"
 #include "text/code_page.h"
 #include "workbench/document/design_commands.h"

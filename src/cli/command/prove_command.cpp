@@ -1,8 +1,8 @@
 #include <cstdio>
 
-#include "cli/commands.h"
-#include "cli/designs.h"
-#include "cli/proof_json.h"
+#include "cli/command/commands.h"
+#include "cli/command/proof_json.h"
+#include "cli/computer/designs.h"
 #include "executor/proof/report.h"
 #include "host/files/paths.h"
 #include "live/live_proof.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/computer.h"
+#include "cli/computer/computer.h"
 
 namespace torvane {
 
@@ -16,8 +16,8 @@ int RunGCode(Computer& computer, const std::vector<std::string>& designs, bool t
 // part.
 int RunProve(Computer& computer, const std::vector<std::string>& designs, bool json, const std::string& map);
 
-// Tells what of two designs or programs winds differently, layer by layer; as text or as one JSON object. Done if
-// nothing does, failed if something does.
+// Tells what of two designs or programs winds differently, layer by layer; as text or as one JSON object.
+// Done if nothing does, failed if something does.
 int RunDiff(Computer& computer, const std::string& before, const std::string& after, bool json);
 
 struct RestartOptions {
@@ -25,8 +25,8 @@ struct RestartOptions {
   int layer = 0, pass = 0;
   std::string out;  // empty: beside the station's programs
 };
-// Writes the program that goes on from a pass of another, and prints its path. What cannot be gone on with is a
-// wrong use.
+// Writes the program that goes on from a pass of another, and prints its path. What cannot be gone on with is
+// a wrong use.
 int RunRestart(Computer& computer, const RestartOptions& options);
 
 // Works out the laminate problem of a JSON file (docs/laminate.md); wrong usage where it cannot be.

@@ -1,4 +1,4 @@
-#include "cli/computer.h"
+#include "cli/computer/computer.h"
 
 #include <cstdio>
 

@@ -2,8 +2,8 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "cli/commands.h"
-#include "cli/designs.h"
+#include "cli/command/commands.h"
+#include "cli/computer/designs.h"
 #include "compare/compare.h"
 #include "gcode/session.h"
 #include "host/files/file_system.h"

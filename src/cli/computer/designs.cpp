@@ -1,4 +1,4 @@
-#include "cli/designs.h"
+#include "cli/computer/designs.h"
 
 #include <chrono>
 

@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "cli/commands.h"
+#include "cli/command/commands.h"
 #include "persist/calibration.h"
 #include "persist/settings.h"
 #include "text/code_page.h"

@@ -4,8 +4,8 @@
 #include <io.h>
 #endif
 
-#include "cli/commands.h"
-#include "cli/designs.h"
+#include "cli/command/commands.h"
+#include "cli/computer/designs.h"
 #include "host/files/paths.h"
 #include "text/code_page.h"
 #include "workbench/document/design_commands.h"

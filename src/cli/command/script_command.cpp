@@ -3,8 +3,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "cli/commands.h"
-#include "cli/script.h"
+#include "cli/command/commands.h"
+#include "cli/script/script.h"
 #include "host/files/paths.h"
 
 namespace torvane {

@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "cli/commands.h"
+#include "cli/command/commands.h"
 #include "gcode/session.h"
 #include "host/files/file_system.h"
 #include "host/files/paths.h"

@@ -2,8 +2,8 @@
 #include <nlohmann/json.hpp>
 #include <span>
 
-#include "cli/commands.h"
-#include "cli/designs.h"
+#include "cli/command/commands.h"
+#include "cli/computer/designs.h"
 #include "design/catalogue.h"
 #include "text/code_page.h"
 #include "workbench/schedule/totals.h"

@@ -1,4 +1,4 @@
-#include "cli/proof_json.h"
+#include "cli/command/proof_json.h"
 
 #include "text/code_page.h"
 
