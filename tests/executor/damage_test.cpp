@@ -297,13 +297,13 @@ TEST(Cover, LooksAtAllBands) {
 TEST(Cover, IsThatOfEachBandByItself) {
   constexpr double kNearlyTwo = 2.0000000000000004;
   Dice dice(7);
-  for (int i = 0; i < 300; ++i) {
-    Layer layer = EvenLayer(1 + dice.To(60));
-    layer.band = dice.Of({0.25, 0.02, 3.0, 9.0});
+  for (int i = 0; i < 600; ++i) {
+    Layer layer = EvenLayer(1 + dice.To(dice.Of({5, 5, 60})));
+    layer.band = dice.Of({0.25, 0.02, 3.0, 3.0, 9.0});
     for (Stroke& stroke : layer.strokes) {
       // Beside another band, nearly on top of it or anywhere; alike, or across the others in many ways.
       stroke.m0 = dice.Of({dice.To(72) * 5.0, dice.To(3) * 1e-11, dice.To(100) * 0.1 - 5});
-      const double turn = dice.Of({687.5, 687.5, 687.5 + dice.To(3) * 1e-11, 700.0, -687.5, 687.5 + 360});
+      const double turn = dice.Of({687.5, 687.5 + dice.To(3) * 1e-11, 692.0, 700.0, -687.5, 687.5 + 360});
       stroke.z0 = dice.Of({0, 0, 0, 6});
       stroke.z1 = dice.Of({24, 24, 24, 12});
       stroke.m1 = stroke.m0 + turn * (stroke.z1 - stroke.z0) / 24;
