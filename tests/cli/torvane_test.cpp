@@ -154,7 +154,7 @@ TEST_F(Torvane, TellsWhatThePartWillBe) {
   EXPECT_TRUE(plain["missing"].empty()) << plain["missing"];
   const nlohmann::json& layers = plain["middle"]["layers"];
   ASSERT_EQ(layers.size(), 6U);
-  EXPECT_NEAR(layers[0]["angle"].get<double>(), layers[0]["asked"].get<double>(), 0.5);
+  EXPECT_NEAR(layers[1]["angle"].get<double>(), layers[1]["asked"].get<double>(), 0.5);
   double wall = 0;
   for (const nlohmann::json& layer : layers) wall += layer["thickness"].get<double>();
   EXPECT_NEAR(wall, plain["middle"]["wall"].get<double>(), 1e-12);
