@@ -22,6 +22,7 @@ class AtHand : public QObject {
   void NotesWrapAndAreReachedByKeys();
   void WhatCanBeReachedHasAnOperatorsName();
   void TheProofStandsBesideTheTyping();
+  void TheDrawingShowsTheBands();
 };
 
 namespace {
@@ -171,6 +172,45 @@ void AtHand::TheProofStandsBesideTheTyping() {
   QTRY_VERIFY(notes(ProofState::Fault) > 0);
   QTRY_VERIFY(minutes() != before);
   QVERIFY(!desktop.stage.files.Exists(kPrograms + std::string("tube.T2G")));
+
+  // What mends a finding stands beside it, and is one step of undo.
+  desktop.Type("txtZ2(0)", "28");
+  desktop.program->binder().Type(*desktop.station().FindField("txtMRPM(2)"), QStringLiteral("60"));
+  QTRY_COMPARE(notes(ProofState::Fault), std::ptrdiff_t{1});
+  const auto mend = [&] {
+    return desktop.window().findChild<QAbstractButton*>(QStringLiteral("btnRecalculate"));
+  };
+  QTRY_VERIFY(mend() != nullptr);
+  QCOMPARE(mend()->text(), QStringLiteral("ReCalc All Rows"));
+  QTest::mouseClick(mend(), Qt::LeftButton);
+  QTRY_COMPARE(notes(ProofState::Fault), std::ptrdiff_t{0});
+  QTRY_VERIFY(mend() == nullptr);
+  desktop.program->binder().Do([&] { desktop.station().Undo(); });
+  QCOMPARE(desktop.station().FindField("txtMRPM(2)")->text(), std::string("60"));
+}
+
+void AtHand::TheDrawingShowsTheBands() {
+  Desktop desktop;
+  QFile sample(QStringLiteral(SOURCE_FOLDER "/samples/Taper-Mast.t2d"));
+  QVERIFY(sample.open(QIODevice::ReadOnly));
+  const std::string path = kDesigns + std::string("mast.t2d");
+  desktop.stage.files.Put(path, sample.readAll().toStdString());
+  desktop.program->binder().Do([&] { OpenDesign(desktop.station(), path); });
+  QWidget* drawing = desktop.Find(QStringLiteral("drawing2Axis"));
+  const QImage pattern = drawing->grab().toImage();
+  QTest::keyClick(&desktop.window(), Qt::Key_2, Qt::ControlModifier);
+  QTRY_VERIFY(drawing->accessibleDescription().contains(QStringLiteral("% covered")));
+  QVERIFY(drawing->grab().toImage() != pattern);
+  QTest::mouseClick(desktop.Find(QStringLiteral("unroll")), Qt::LeftButton);
+  const QWidget* unrolled = desktop.Find(QStringLiteral("unrolled"));
+  QVERIFY(unrolled->isVisible());
+  QVERIFY(unrolled->accessibleDescription().contains(QStringLiteral("% covered")));
+  QTest::mouseClick(desktop.Find(QStringLiteral("showThickness")), Qt::LeftButton);
+  QVERIFY(unrolled->isVisible());
+  QTest::keyClick(&desktop.window(), Qt::Key_1, Qt::ControlModifier);
+  QVERIFY(!unrolled->isVisible());
+  QVERIFY(drawing->accessibleDescription().isEmpty());
+  QCOMPARE(drawing->grab().toImage(), pattern);
 }
 
 }  // namespace torvane

@@ -123,6 +123,8 @@ void Layout::NothingIsCutOffOrCovered() {
   std::vector<const QWidget*> inputs;
   for (const QWidget* widget : shown.window().findChildren<QWidget*>()) {
     if (!widget->isVisible() || !IsInputWidget(widget)) continue;
+    // What mends a finding scrolls with its line.
+    if (qobject_cast<const QAbstractScrollArea*>(widget->parentWidget()->parentWidget()) != nullptr) continue;
     // Inside everything that it stands on.
     const QWidget* inner = widget;
     QRect box = widget->rect();
@@ -211,6 +213,15 @@ void Layout::TheFoldedChecklistOpensUpward() {
   QVERIFY(shown.s().chkPreWrap1.checked());
   QTest::keyClick(first, Qt::Key_Escape);
   QVERIFY(shown.Find("checklist") == nullptr);
+  // So does the proof; one of the two is open.
+  auto* proof = shown.Find<QAbstractButton>("foldedProof");
+  QTest::mouseClick(button, Qt::LeftButton);
+  QTest::mouseClick(proof, Qt::LeftButton);
+  QVERIFY(shown.Find("checklist") == nullptr && shown.Find("marks") != nullptr);
+  QVERIFY(shown.window().rect().contains(shown.Place(shown.Find("marks"))));
+  QVERIFY(shown.Place(shown.Find("marks")).bottom() < shown.Place(shown.Find("foldedRail")).top());
+  QTest::keyClick(&shown.window(), Qt::Key_P, Qt::ControlModifier);
+  QVERIFY(shown.Find("marks") == nullptr);
   // A wider window takes it back into the rail.
   QTest::mouseClick(button, Qt::LeftButton);
   shown.Resize({1280, 800});

@@ -66,8 +66,8 @@ void OperationsOnScreen::WarningsAreListedAndStopNothing() {
   desktop.Save("tube.t2d");
   QStringList titles;
   for (const Note& note : NotesOf(desktop.program->desk())) titles << note.title;
-  QCOMPARE(titles, (QStringList{QStringLiteral("Layer 2 has no winding angle"),
-                                QStringLiteral("Layer 1 shows nothing on the machine")}));
+  QVERIFY(titles.contains(QStringLiteral("Layer 2 has no winding angle")));
+  QVERIFY(titles.contains(QStringLiteral("Layer 1 shows nothing on the machine")));
   QWidget* build = desktop.Find(QStringLiteral("imgBUILD"));
   QVERIFY(build->isEnabled());
   QVERIFY(build->accessibleDescription().contains(QStringLiteral("2 warnings")));

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTemporaryDir>
+#include <QThread>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -133,6 +134,44 @@ void FillRecent(WindowProgram& program, const QString& samples) {
   for (int i = 0; i < 40; ++i) QApplication::processEvents();
 }
 
+// Until the proof of the design stands, and what mends it has been tried.
+void AwaitProof(WindowProgram& program) {
+  const LiveWatch& live = *program.desk().live;
+  for (int i = 0; i < 400 && (i < 60 || live.result() == nullptr || !live.result()->formed); ++i) {
+    QApplication::processEvents();
+    QThread::msleep(5);
+  }
+}
+
+// Bare strips, as colours and unrolled, and what mends them.
+void TakeCover(Pictures& pictures, const QString& end) {
+  const auto turned = [](WindowProgram& p) {
+    DesignState& s = p.station().s;
+    p.binder().Type(s.txtDiameterLeft, QStringLiteral("1.5"));
+    p.binder().Type(s.txtDiameterRight, QStringLiteral("3"));
+    AwaitProof(p);
+  };
+  for (const QSize window : {QSize(1280, 800), QSize(1100, 720)}) {
+    const QString of = QString::number(window.width()) + end;
+    pictures.Take(QStringLiteral("cover-faults-") + of, "Taper-Mast.t2d", window, 1, turned);
+    for (const char* view : {"viewCoverage", "viewThickness"})
+      pictures.Take(QStringLiteral("cover-") + QString::fromLatin1(view + 4) + of, "Taper-Mast.t2d", window,
+                    1, [&](WindowProgram& p) {
+                      turned(p);
+                      p.mainWindow().findChild<QAction*>(QString::fromLatin1(view))->trigger();
+                      AwaitProof(p);
+                      p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("unroll"))->click();
+                      p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("nextBare"))->click();
+                      AwaitProof(p);
+                    });
+  }
+  pictures.Take(QStringLiteral("cover-folded") + end, "Taper-Mast.t2d", {800, 600}, 1, [&](WindowProgram& p) {
+    turned(p);
+    p.mainWindow().findChild<QAbstractButton*>(QStringLiteral("foldedProof"))->click();
+    AwaitProof(p);
+  });
+}
+
 // The main window at every size, of both families.
 void TakeSizes(Pictures& pictures, const QString& end) {
   constexpr struct {
@@ -217,6 +256,7 @@ int main(int argc, char** argv) {
     pictures.TakeGuide("guide" + end, wide, "The schedule", "Add'l Wrap");
     pictures.TakeGuide("guide-smallest" + end, {800, 600}, "A part for four axes", "");
     pictures.TakeGuide("guide-tables" + end, {800, 600}, "Faults and notes", "");
+    TakeCover(pictures, end);
     TakeSizes(pictures, end);
     pictures.Take("2axis-marks" + end, "Tube-4x24.t2d", wide, 4, [](WindowProgram& program) {
       Station& station = program.station();

@@ -11,10 +11,23 @@ constexpr int kNoticed = 300;  // milliseconds
 }  // namespace
 
 LiveWatch::LiveWatch(Station& station, Binder& binder)
-    : station_(station), binder_(binder), proof_(station.s.signs, [this] {
+    : station_(station),
+      binder_(binder),
+      proof_(station.s.signs,
+             [this] {
+               QMetaObject::invokeMethod(
+                   this, [this] { Take(); }, Qt::QueuedConnection);
+             }),
+      trials_(station, [this] {
         QMetaObject::invokeMethod(
-            this, [this] { Take(); }, Qt::QueuedConnection);
+            this,
+            [this] {
+              trials_.Take();
+              binder_.Do([] {});
+            },
+            Qt::QueuedConnection);
       }) {
+  station.Add(RepairOperations());
   slow_.setSingleShot(true);
   slow_.setInterval(kNoticed);
   connect(&slow_, &QTimer::timeout, this, [this] {
@@ -26,10 +39,16 @@ LiveWatch::LiveWatch(Station& station, Binder& binder)
 
 void LiveWatch::Ask() {
   if (station_.ended) return;
-  const Platform& platform = station_.platform;
-  proof_.Ask(station_.s, {platform.files.ProgramFolder(), platform.clock.Now()},
-             executor::ReadLimits(platform.store, station_.s.signs.decimal));
+  proof_.Ask(station_.s, Place(), Limits(), view_.mapped() ? MapFor::Picture : MapFor::Nobody);
   if (proof_.Proving() && !slow_.isActive() && !proving_) slow_.start();
+}
+
+ProgramPlace LiveWatch::Place() const {
+  return {station_.platform.files.ProgramFolder(), station_.platform.clock.Now()};
+}
+
+executor::Limits LiveWatch::Limits() const {
+  return executor::ReadLimits(station_.platform.store, station_.s.signs.decimal);
 }
 
 void LiveWatch::Take() {
@@ -38,6 +57,7 @@ void LiveWatch::Take() {
     proving_ = false;
   }
   result_ = proof_.Result();
+  if (!proof_.Proving() && !station_.ended) trials_.Begin(result_, Place(), Limits());
   binder_.Do([] {});
 }
 

@@ -1,10 +1,11 @@
-// The rail of a small window as a bar: totals, marks, the checklist's switch, and room for Build.
+// The rail of a small window as a bar: totals, the switches of proof and checklist, and room for Build.
 #pragma once
 
 #include <QWidget>
 
 #include "window/desk/binder.h"
 
+class QAbstractButton;
 class QHBoxLayout;
 
 namespace torvane {
@@ -18,20 +19,19 @@ class FoldedBar : public QWidget {
   // Takes the build button in, at the right.
   void Take(QWidget* build);
   Button* checklist() const { return checklist_; }
-  // Told when the operator wants to see a marked field.
-  std::function<void(const Field&)> goTo;
+  // With the worst that it has to say, and how many of that.
+  QAbstractButton* proof() const { return proof_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
 
  private:
-  // Paints what is marked between two places.
-  void PaintMarks(QPainter& p, int from, int to) const;
+  void PaintProven(QPainter& p, int from, int to) const;
 
   Desk desk_;
   QHBoxLayout* row_;
   Button* checklist_;
+  QAbstractButton* proof_;
 };
 
 }  // namespace torvane

@@ -40,6 +40,7 @@ namespace {
 constexpr int kRail = 326, kNarrowRail = 324, kWideRail = 380;
 constexpr int kLargeRail = 370, kNarrowLargeRail = 250;
 constexpr int kGap = 8;
+constexpr int kProof = 264;  // height of the proof above the folded rail
 // Pages of the totals.
 constexpr int kEndView = 2, kLargeTotals = 3;
 
@@ -51,7 +52,8 @@ MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(de
   AddMenus(*this, desk, [this](QMenu& view) {
     FillViewMenu(
         view, desk_,
-        {[this](bool large) { UseLargeFigures(large); }, [this](Appearance appearance) { Use(appearance); }});
+        {[this](bool large) { UseLargeFigures(large); }, [this](Appearance appearance) { Use(appearance); },
+         [this] { ShowProof(); }, [this] { marks_->GoToNext(); }});
   });
   // The keys of the menu bar work where large figures leave it out.
   for (QAction* action : menuBar()->findChildren<QAction*>())
@@ -71,8 +73,9 @@ MainWindow::MainWindow(Desk desk) : desk_(desk), appearance_(StoredAppearance(de
   rows->addLayout(body, 1);
   barRow_ = new QHBoxLayout;
   bar_ = new FoldedBar(desk, centre);
-  bar_->goTo = [this](const Field& field) { GoTo(field); };
-  connect(bar_->checklist(), &QAbstractButton::clicked, this, [this] { OpenChecklist(!checklistOpen_); });
+  connect(bar_->checklist(), &QAbstractButton::clicked, this,
+          [this] { OpenFolded(folded_ == checklist_ ? nullptr : checklist_); });
+  connect(bar_->proof(), &QAbstractButton::clicked, this, [this] { ShowProof(); });
   barRow_->addWidget(bar_);
   rows->addLayout(barRow_);
   status_ = new StatusLine(desk, centre);
@@ -125,14 +128,10 @@ QWidget* MainWindow::MakeRail() {
   checklist_ = new ChecklistPanel(desk_);
   checklist_->setObjectName(QStringLiteral("checklist"));
   checklist_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  auto* close = new QShortcut(QKeySequence(Qt::Key_Escape), checklist_);
-  close->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(close, &QShortcut::activated, this, [this] {
-    if (!checklistOpen_) return;
-    OpenChecklist(false);
-    bar_->checklist()->setFocus();
-  });
   marks_ = new ProofPanel(desk_);
+  for (QWidget* panel : {static_cast<QWidget*>(checklist_), static_cast<QWidget*>(marks_)})
+    new QShortcut(
+        QKeySequence(Qt::Key_Escape), panel, this, [this] { CloseFolded(); }, Qt::WidgetWithChildrenShortcut);
   marks_->goTo = [this](const Field& field) { GoTo(field); };
   build_ = new BuildButton(desk_);
   blank_ = new QSpacerItem(0, 0);
@@ -151,16 +150,16 @@ void MainWindow::OrderTabs() {
     order.push_back(layers_[panel]->view());
     add(parts_[panel]->laterStops());
   }
-  if (arrangement_ == Arrangement::Folded) order.push_back(bar_->checklist());
+  if (arrangement_ == Arrangement::Folded) order.insert(order.end(), {bar_->proof(), bar_->checklist()});
   order.insert(order.end(), checklist_->stops().begin(), checklist_->stops().end());
-  order.push_back(marks_->stop());
+  order.insert(order.end(), {marks_->spools(), marks_->stop()});
   order.push_back(build_);
   for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void MainWindow::MoveRail(Arrangement arrangement) {
   const bool folded = arrangement == Arrangement::Folded, large = arrangement == Arrangement::Large;
-  OpenChecklist(false);
+  OpenFolded(nullptr);
   // What is hidden hands the keys on to whatever comes next, and that could be a tool that moves the machine.
   const QWidget* focus = focusWidget();
   if (focus != nullptr && focus->isVisible() && (large || checklist_->isAncestorOf(focus)))
@@ -170,6 +169,9 @@ void MainWindow::MoveRail(Arrangement arrangement) {
     railColumn_->removeWidget(checklist_);
     checklist_->setParent(centralWidget());
     checklist_->hide();
+    railColumn_->removeWidget(marks_);
+    marks_->setParent(centralWidget());
+    marks_->hide();
     bar_->Take(build_);
   } else {
     railColumn_->addWidget(checklist_);
@@ -211,29 +213,50 @@ void MainWindow::Arrange() {
   rail_->setFixedWidth(rail);
   // In a low window of large figures time, marks and Build are left.
   if (large) checklist_->setVisible(height() >= 700);
-  marks_->setVisible(!large || checklist_->isHidden() || height() >= 780);
+  if (arrangement != Arrangement::Folded)
+    marks_->setVisible(!large || checklist_->isHidden() || height() >= 780);
   const int bars = tools_->height() + (large ? 0 : menuBar()->sizeHint().height() + status_->height());
   const QSize column(width() - 2 * kGap - (arrangement == Arrangement::Folded ? 0 : rail + kGap),
                      height() - bars - 2 * kGap - (bar_->isHidden() ? 0 : bar_->height() + kGap));
   for (PartPanel* part : parts_) part->Arrange(arrangement, column);
   centralWidget()->layout()->activate();
-  if (checklistOpen_) PlaceChecklist();
+  PlaceFolded();
 }
 
-void MainWindow::PlaceChecklist() {
-  const QSize wanted = checklist_->sizeHint().expandedTo({kRail, 0});
-  checklist_->setGeometry(centralWidget()->width() - kGap - wanted.width(),
-                          std::max(0, bar_->y() - kGap - wanted.height()), wanted.width(), wanted.height());
-  checklist_->raise();
+void MainWindow::PlaceFolded() {
+  if (folded_ == nullptr) return;
+  const bool proof = folded_ == marks_;
+  const QSize size = proof ? QSize(kRail, std::min(kProof, bar_->y() - 2 * kGap))
+                           : folded_->sizeHint().expandedTo({kRail, 0});
+  const int right = proof ? bar_->x() + bar_->proof()->geometry().right() : centralWidget()->width() - kGap;
+  folded_->setGeometry(
+      {{std::max(kGap, right - size.width()), std::max(0, bar_->y() - kGap - size.height())}, size});
+  folded_->raise();
 }
 
-void MainWindow::OpenChecklist(bool open) {
-  if (open == checklistOpen_) return;
-  checklistOpen_ = open;
-  checklist_->setVisible(open || arrangement_ != Arrangement::Folded);
-  if (!open) return;
-  PlaceChecklist();
-  checklist_->stops().front()->setFocus(Qt::TabFocusReason);
+void MainWindow::OpenFolded(QWidget* panel) {
+  if (panel == folded_) return;
+  QWidget* const former = std::exchange(folded_, panel);
+  if (panel != nullptr) {
+    panel->show();
+    PlaceFolded();
+    (panel == marks_ ? marks_->stop() : checklist_->stops().front())->setFocus(Qt::TabFocusReason);
+  }
+  // Last: what hides hands the keys on, and they are to be in the other one by then.
+  if (former != nullptr) former->setVisible(arrangement_ != Arrangement::Folded);
+}
+
+void MainWindow::CloseFolded() {
+  const QWidget* panel = folded_;
+  OpenFolded(nullptr);
+  if (panel != nullptr) (panel == marks_ ? bar_->proof() : bar_->checklist())->setFocus();
+}
+
+void MainWindow::ShowProof() {
+  if (arrangement_ == Arrangement::Folded)
+    OpenFolded(folded_ == marks_ ? nullptr : marks_);
+  else if (marks_->isVisible())
+    marks_->stop()->setFocus(Qt::ShortcutFocusReason);
 }
 
 void MainWindow::UseLargeFigures(bool large) {
@@ -262,10 +285,10 @@ void MainWindow::FollowState() {
 
 void MainWindow::FollowFocus(QWidget* now) {
   const Field* field = nullptr;
-  // The checklist of a small window closes when the keys go elsewhere.
-  if (checklistOpen_ && now != nullptr && isAncestorOf(now) && !checklist_->isAncestorOf(now) &&
-      now != bar_->checklist())
-    OpenChecklist(false);
+  // What stands open in a small window closes when the keys go elsewhere.
+  if (folded_ != nullptr && now != nullptr && isAncestorOf(now) && !folded_->isAncestorOf(now) &&
+      now != bar_->checklist() && now != bar_->proof())
+    OpenFolded(nullptr);
   if (now != nullptr && isAncestorOf(now))
     field = FindField(desk_.station.s, now->objectName().toStdString());
   if (field != nullptr) {
@@ -296,7 +319,7 @@ void MainWindow::GoTo(const Field& field) {
   const QString name = QString::fromStdString(NameOf(field));
   for (QWidget* widget : findChildren<QWidget*>(name)) {
     parts_[desk_.station.s.Panel()]->Reveal(*widget);
-    if (arrangement_ == Arrangement::Folded && checklist_->isAncestorOf(widget)) OpenChecklist(true);
+    if (arrangement_ == Arrangement::Folded && checklist_->isAncestorOf(widget)) OpenFolded(checklist_);
     if (!widget->isVisibleTo(this)) continue;
     widget->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();

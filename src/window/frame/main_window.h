@@ -51,8 +51,13 @@ class MainWindow : public QMainWindow {
   // Lays the window out for its size.
   void Arrange();
   void MoveRail(Arrangement arrangement);
-  void PlaceChecklist();
-  void OpenChecklist(bool open);
+  void PlaceFolded();
+  // The checklist or the proof above the folded rail; null closes what stands open.
+  void OpenFolded(QWidget* panel);
+  // By Esc: the keys go back to its switch.
+  void CloseFolded();
+  // Opens it above the folded rail or closes it, else puts the keyboard to it.
+  void ShowProof();
   void FollowFocus(QWidget* now);
   // Says in the status line what a field is.
   void Describe(const Field& field);
@@ -72,7 +77,7 @@ class MainWindow : public QMainWindow {
   QSpacerItem* blank_ = nullptr;
   QStackedWidget* totals_ = nullptr;
   ChecklistPanel* checklist_ = nullptr;
-  bool checklistOpen_ = false;  // above the folded rail
+  QWidget* folded_ = nullptr;  // what stands open above the folded rail
   ProofPanel* marks_ = nullptr;
   QWidget* build_ = nullptr;
   QPointer<QWidget> focusOfSmall_;  // where the keys were before the large figures

@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "look/text.h"
+#include "window/cover/part_switch.h"
 
 namespace torvane {
 
@@ -14,6 +15,39 @@ QAction* AddSwitch(QMenu& menu, const QString& caption, const QString& name, con
   action->setObjectName(name);
   action->setCheckable(true);
   action->setToolTip(tip);
+  return action;
+}
+
+// What the drawing of the part shows.
+void AddPartViews(QMenu& menu, const Desk& desk) {
+  constexpr struct {
+    PartShows shows;
+    const char *caption, *name, *keys;
+  } kViews[] = {{PartShows::Pattern, "Part: Pa&ttern", "viewPattern", "Ctrl+1"},
+                {PartShows::Coverage, "Part: &Coverage", "viewCoverage", "Ctrl+2"},
+                {PartShows::Thickness, "Part: T&hickness", "viewThickness", "Ctrl+3"}};
+  auto* group = new QActionGroup(&menu);
+  for (const auto& view : kViews) {
+    QAction* action = AddSwitch(menu, QString::fromLatin1(view.caption), QString::fromLatin1(view.name),
+                                QStringLiteral("What the drawing of a two-axis part shows."));
+    action->setShortcut(QKeySequence(QString::fromLatin1(view.keys)));
+    group->addAction(action);
+    QObject::connect(action, &QAction::triggered, &menu, [desk, shows = view.shows] {
+      PartView now = desk.live->view();
+      now.shows = shows;
+      ShowPart(desk, now);
+    });
+    desk.binder.BindAll(
+        action, [action, desk, shows = view.shows] { action->setChecked(desk.live->view().shows == shows); });
+  }
+  menu.addSeparator();
+}
+
+QAction* AddCommand(QMenu& menu, const char* caption, const char* name, const char* keys, const char* tip) {
+  QAction* action = menu.addAction(QString::fromLatin1(caption));
+  action->setObjectName(QString::fromLatin1(name));
+  action->setShortcut(QKeySequence(QString::fromLatin1(keys)));
+  action->setToolTip(QString::fromLatin1(tip));
   return action;
 }
 
@@ -35,6 +69,15 @@ void FillViewMenu(QMenu& menu, Desk desk, const ViewChoices& choices) {
     rows->setEnabled(desk.station.IsUsable("mnuAllRows"));
     rows->setChecked(desk.station.allRowsShown);
   });
+
+  if (desk.live != nullptr) AddPartViews(menu, desk);
+  QObject::connect(
+      AddCommand(menu, "P&roof", "viewProof", "Ctrl+P", "What the program would do, and what mends it."),
+      &QAction::triggered, &menu, [choices] { choices.proof(); });
+  QObject::connect(
+      AddCommand(menu, "&Next Finding", "nextFinding", "F8", "Goes to what is to be looked at next."),
+      &QAction::triggered, &menu, [choices] { choices.nextFinding(); });
+  menu.addSeparator();
 
   QMenu* looks = menu.addMenu(QStringLiteral("A&ppearance"));
   auto* group = new QActionGroup(looks);

@@ -13,6 +13,7 @@ namespace torvane {
 struct ViewChoices {
   std::function<void(bool)> largeFigures;
   std::function<void(Appearance)> appearance;
+  std::function<void()> proof, nextFinding;
 };
 
 void FillViewMenu(QMenu& menu, Desk desk, const ViewChoices& choices);

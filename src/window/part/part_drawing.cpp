@@ -1,5 +1,8 @@
 #include "window/part/part_drawing.h"
 
+#include <QMouseEvent>
+#include <QToolTip>
+
 namespace torvane {
 
 namespace {
@@ -18,7 +21,10 @@ PartDrawing::PartDrawing(Desk desk, QWidget* parent) : QWidget(parent), desk_(de
   stops_ = {left_.diameter.field, left_.stop.field, right_.diameter.field, right_.stop.field};
   lines_.emplace(desk, std::vector{&desk.station.s.txtZ2(0), &desk.station.s.txtZ2(1)}, this,
                  [this] { FollowScene(); });
+  if (desk.live != nullptr) switch_ = new PartSwitch(desk, this);
+  setMouseTracking(true);
   desk.binder.BindAll(this, [this] {
+    FollowCover();
     PartScene scene = SceneOfTwoAxes(desk_.station);
     if (scene == scene_) return;
     scene_ = std::move(scene);
@@ -27,13 +33,42 @@ PartDrawing::PartDrawing(Desk desk, QWidget* parent) : QWidget(parent), desk_(de
 }
 
 PartPainter PartDrawing::Painter() const {
-  return {desk_.theme, scene_, size(), arrangement_, lines_->heldScale()};
+  return {desk_.theme, scene_, size(), arrangement_, lines_->heldScale(), cover()};
 }
 
 void PartDrawing::FollowScene() {
   const PartPainter painter = Painter();
   // Where large figures are to be read from the machine, nobody means to change them by a touch.
   lines_->Follow(painter.sketch(), painter.LinesTop(), arrangement_ != Arrangement::Large);
+  update();
+  if (coverFollows) coverFollows();
+}
+
+void PartDrawing::FollowCover() {
+  const bool mapped = desk_.live != nullptr && desk_.live->view().mapped();
+  if (mapped == cover_.has_value() && (!mapped || cover_->IsOf(desk_))) return;
+  cover_.reset();
+  if (mapped) cover_.emplace(desk_);
+  pointed_.reset();
+  setAccessibleDescription(mapped && cover_->Known()
+                               ? cover_->Title() +
+                                     QStringLiteral(", %1 % covered").arg(100 * cover_->Covered(), 0, 'f', 2)
+                               : QString());
+  if (coverFollows) coverFollows();
+  update();
+}
+
+void PartDrawing::mouseMoveEvent(QMouseEvent* event) {
+  pointed_.reset();
+  if (cover_ && cover_->Known()) pointed_ = Painter().PlaceAt(event->position());
+  const QString tip = pointed_ ? cover_->TipAt(*pointed_) : QString();
+  if (tip.isEmpty()) pointed_.reset();
+  QToolTip::showText(event->globalPosition().toPoint() + QPoint(8, 8), tip, this);
+  update();
+}
+
+void PartDrawing::leaveEvent(QEvent*) {
+  pointed_.reset();
   update();
 }
 
@@ -71,6 +106,9 @@ void PartDrawing::PlaceEnd(const End& end, bool left) {
 void PartDrawing::PlaceEnds() {
   PlaceEnd(left_, true);
   PlaceEnd(right_, false);
+  if (switch_ == nullptr) return;
+  switch_->setVisible(arrangement_ == Arrangement::Open);
+  switch_->PlaceAt(width() - 122, 0);
 }
 
 void PartDrawing::Arrange(Arrangement arrangement) {
@@ -86,7 +124,14 @@ void PartDrawing::resizeEvent(QResizeEvent*) {
 
 void PartDrawing::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  Painter().Paint(painter);
+  const PartPainter part = Painter();
+  part.Paint(painter);
+  if (!pointed_) return;
+  if (const auto at = part.PointOf(*pointed_)) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(desk_.theme[Token::Text], 1.5));
+    painter.drawEllipse(*at, 5, 5);
+  }
 }
 
 }  // namespace torvane

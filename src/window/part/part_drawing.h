@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "window/cover/part_switch.h"
 #include "window/desk/arrangement.h"
 #include "window/desk/binder.h"
 #include "window/field/placed_field.h"
@@ -20,9 +21,17 @@ class PartDrawing : public QWidget {
   const std::vector<QWidget*>& stops() const { return stops_; }
   // The lines of both stops, which come behind the grid.
   const std::vector<QWidget*>& lineStops() const { return lines_->stops(); }
+  PartSwitch* partSwitch() const { return switch_; }
   void Arrange(Arrangement arrangement);
+  // Where a Z stands, from the drawing's left edge.
+  double XOf(double z) const { return Painter().sketch().XOf(z); }
+  // Null where the pattern is shown. `coverFollows` is told of each new one, and of another scale.
+  const CoverPicture* cover() const { return cover_ ? &*cover_ : nullptr; }
+  std::function<void()> coverFollows;
 
  protected:
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -38,6 +47,7 @@ class PartDrawing : public QWidget {
   void PlaceEnds();
   PartPainter Painter() const;
   void FollowScene();
+  void FollowCover();
 
   Desk desk_;
   Arrangement arrangement_ = Arrangement::Open;
@@ -45,6 +55,9 @@ class PartDrawing : public QWidget {
   End left_{}, right_{};
   std::vector<QWidget*> stops_;
   std::optional<PartLines> lines_;
+  PartSwitch* switch_ = nullptr;
+  std::optional<CoverPicture> cover_;
+  std::optional<SurfacePlace> pointed_;
 };
 
 }  // namespace torvane

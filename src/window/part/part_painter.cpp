@@ -10,6 +10,8 @@ namespace torvane {
 namespace {
 
 constexpr double kBesideMandrel = 15;  // from a mandrel's end to the line of its diameter
+constexpr double kLegendLeft = 116,
+                 kSwitch = 346;        // what the right end and the switch take of the first line
 constexpr double kRadiusForText = 28;  // what a diameter's text on the mandrel needs above the axis
 
 }  // namespace
@@ -44,13 +46,14 @@ SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size) {
 }
 
 PartPainter::PartPainter(const Theme& theme, const PartScene& scene, const QSize& size,
-                         Arrangement arrangement, std::optional<double> heldScale)
+                         Arrangement arrangement, std::optional<double> heldScale, const CoverPicture* cover)
     : t_(theme),
       scene_(scene),
       arrangement_(arrangement),
       size_(size),
       f_(TwoAxisFrame(arrangement, size)),
-      sketch_(theme, f_, arrangement, scene.homeRight, scene.zGrowsLeft()) {
+      sketch_(theme, f_, arrangement, scene.homeRight, scene.zGrowsLeft()),
+      cover_(cover) {
   double far = kExampleFar, length = kExampleFar - kExampleHome;
   double leftDiameter = kExampleDiameter, rightDiameter = kExampleDiameter;
   if (scene.complete()) {
@@ -88,7 +91,10 @@ void PartPainter::Paint(QPainter& p) const {
   outline.closeSubpath();
   sketch_.PaintMandrel(p, outline, Radius(), scene_.complete());
   if (scene_.complete()) {
-    if (scene_.angle) PaintBand(p);
+    if (cover_ != nullptr)
+      PaintCover(p);
+    else if (scene_.angle)
+      PaintBand(p);
     if (arrangement_ == Arrangement::Open) sketch_.PaintAxis(p, mandrelLeft_, mandrelRight_);
   }
   sketch_.PaintRuler(p);
@@ -100,7 +106,7 @@ void PartPainter::Paint(QPainter& p) const {
   switch (arrangement_) {
     case Arrangement::Open:
       sketch_.PaintChips(p, {70, 5}, {size_.width() - 78.0, 5});
-      PaintLegend(p);
+      cover_ == nullptr ? PaintLegend(p) : PaintCoverLegend(p);
       PaintDimensions(p);
       break;
     case Arrangement::Folded:
@@ -109,6 +115,59 @@ void PartPainter::Paint(QPainter& p) const {
     case Arrangement::Large:
       sketch_.PaintLargeEnds(p, scene_.leftStopText, scene_.rightStopText);
       break;
+  }
+}
+
+// Where the drawing lays a band at an angle of the mandrel, see LayHelix.
+std::optional<SurfacePlace> PartPainter::PlaceAt(const QPointF& at) const {
+  if (!scene_.complete() || at.x() < mandrelLeft_ || at.x() > mandrelRight_) return std::nullopt;
+  const double share = (f_.axisY - at.y()) / std::max(RadiusAt(at.x()), 1.0);
+  if (std::abs(share) > 1) return std::nullopt;
+  const double z = (sketch_.zGrowsLeft() ? XOf(0) - at.x() : at.x() - XOf(0)) / sketch_.scale();
+  return SurfacePlace{z, std::asin(share) * 180 / std::numbers::pi};
+}
+
+std::optional<QPointF> PartPainter::PointOf(const SurfacePlace& place) const {
+  const double turn = place.degrees * std::numbers::pi / 180;
+  if (std::cos(turn) < 0) return std::nullopt;
+  const double x = XOf(place.z);
+  return QPointF(x, f_.axisY - RadiusAt(x) * std::sin(turn));
+}
+
+void PartPainter::PaintCover(QPainter& p) const {
+  if (!cover_->Known()) return;
+  const QRectF box(mandrelLeft_, f_.axisY - Radius(), mandrelRight_ - mandrelLeft_, 2 * Radius());
+  const double ratio = p.device()->devicePixelRatioF();
+  const QSize pixels(std::max(1, static_cast<int>(box.width() * ratio)),
+                     std::max(1, static_cast<int>(box.height() * ratio)));
+  p.drawImage(box, cover_->Draw(pixels, [&](int x, int y) {
+    return PlaceAt(box.topLeft() + QPointF((x + 0.5) / ratio, (y + 0.5) / ratio));
+  }));
+}
+
+void PartPainter::PaintCoverLegend(QPainter& p) const {
+  p.setFont(t_.Font(12, Weight::Medium));
+  p.setPen(t_[Token::Text]);
+  double x = kLegendLeft;
+  const auto word = [&](const QString& text, double behind) {
+    p.drawText(QPointF(x, 15), text);
+    x += p.fontMetrics().horizontalAdvance(text) + behind;
+  };
+  word(cover_->Title(), 12);
+  if (!cover_->Known()) {
+    p.setFont(t_.Font(12));
+    p.setPen(t_[Token::Second]);
+    return word(QStringLiteral("not proven"), 0);
+  }
+  p.setFont(t_.Font(12));
+  for (const CoverPicture::Key& key : cover_->Keys()) {
+    if (x + 30 + p.fontMetrics().horizontalAdvance(key.text) > size_.width() - kSwitch) return;
+    p.setPen(Qt::NoPen);
+    p.setBrush(key.colour);
+    p.drawRoundedRect(QRectF(x, 5, 15, 11), 2, 2);
+    x += 20;
+    p.setPen(t_[Token::Second]);
+    word(key.text, 10);
   }
 }
 
@@ -122,8 +181,12 @@ void PartPainter::PaintLegend(QPainter& p) const {
   const bool lines = scene_.angle && *scene_.angle < 90;
   const double keys =
       lines ? 20 + 26 + plain.horizontalAdvance(out) + 10 + 26 + plain.horizontalAdvance(back) : 0;
-  const double tail = plain.horizontalAdvance(scene_.bandText);
-  double x = std::max(124.0, (size_.width() - title - keys - 14 - tail) / 2);
+  // Left of the switch; what has no room leaves from the end.
+  const double room = size_.width() - kSwitch - kLegendLeft;
+  const QString bandText =
+      title + keys + 14 + plain.horizontalAdvance(scene_.bandText) <= room ? scene_.bandText : QString();
+  const double all = title + keys + 14 + plain.horizontalAdvance(bandText);
+  double x = std::clamp((size_.width() - all) / 2, kLegendLeft, kLegendLeft + std::max(0.0, room - all));
   p.setPen(t_[Token::Text]);
   p.drawText(QPointF(x, 15), scene_.legend);
   x += title + 20;
@@ -133,7 +196,7 @@ void PartPainter::PaintLegend(QPainter& p) const {
   }
   p.setFont(t_.Font(12));
   p.setPen(t_[Token::Second]);
-  p.drawText(QPointF(x + 4, 15), scene_.bandText);
+  p.drawText(QPointF(x + 4, 15), bandText);
 }
 
 void PartPainter::PaintBand(QPainter& p) const {

@@ -1,6 +1,7 @@
 // Scales and strokes a two-axis part.
 #pragma once
 
+#include "window/cover/cover_picture.h"
 #include "window/part/part_scene.h"
 #include "window/part/part_sketch.h"
 
@@ -12,17 +13,24 @@ SketchFrame TwoAxisFrame(Arrangement arrangement, const QSize& size);
 class PartPainter {
  public:
   PartPainter(const Theme& theme, const PartScene& scene, const QSize& size,
-              Arrangement arrangement = Arrangement::Open, std::optional<double> heldScale = {});
+              Arrangement arrangement = Arrangement::Open, std::optional<double> heldScale = {},
+              const CoverPicture* cover = nullptr);
 
   void Paint(QPainter& painter) const;
   const PartSketch& sketch() const { return sketch_; }
   // Where the lines of the stops begin; they end on the ruler.
   double LinesTop() const;
+  // What stands at a point of the mandrel's near side.
+  std::optional<SurfacePlace> PlaceAt(const QPointF& at) const;
+  // The near side's point of a place; nothing if it is turned away.
+  std::optional<QPointF> PointOf(const SurfacePlace& place) const;
 
  private:
   double XOf(double z) const { return sketch_.XOf(z); }
 
   void PaintLegend(QPainter& p) const;
+  void PaintCover(QPainter& p) const;
+  void PaintCoverLegend(QPainter& p) const;
   void PaintBand(QPainter& p) const;
   // Where the carriage cannot go: hatched, from the post to its offset.
   void PaintOffset(QPainter& p) const;
@@ -40,6 +48,7 @@ class PartPainter {
   PartSketch sketch_;
   double mandrelLeft_ = 0, mandrelRight_ = 0;
   double leftRadius_ = 0, rightRadius_ = 0;  // pixels
+  const CoverPicture* cover_;                // null: the pattern is shown
 };
 
 }  // namespace torvane

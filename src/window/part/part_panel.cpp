@@ -6,6 +6,7 @@
 #include "design/catalogue.h"
 #include "look/paint.h"
 #include "look/text.h"
+#include "window/cover/unrolled_map.h"
 #include "window/field/placed_field.h"
 #include "window/field/stepper.h"
 #include "window/part/four_axis_part.h"
@@ -44,22 +45,46 @@ PartPanel::PartPanel(Desk desk, int panel, QWidget* parent) : QWidget(parent), d
     twoAxes_ = add(new PartDrawing(desk, this));
   else
     fourAxes_ = add(new FourAxisPart(desk, this));
+  if (twoAxes_ != nullptr && desk.live != nullptr) {
+    unrolled_ = new UnrolledMap(
+        desk, [this](double z) { return twoAxes_->XOf(z); }, this);
+    unrolled_->hide();
+    column->addWidget(unrolled_);
+    twoAxes_->coverFollows = [this] { unrolled_->Follow(twoAxes_->cover()); };
+    desk.binder.BindAll(this, [this] {
+      if (IsUnrolled() == unrolled_->isHidden() && column_.isValid()) Arrange(arrangement_, column_);
+    });
+  }
   if (fourAxes_ != nullptr) laterStops_ = fourAxes_->headStops();
   const std::vector<QWidget*>& lines = panel == 0 ? twoAxes_->lineStops() : fourAxes_->lineStops();
   laterStops_.insert(laterStops_.end(), lines.begin(), lines.end());
+  if (unrolled_ == nullptr) return;
+  for (const std::vector<QWidget*>& stops : {twoAxes_->partSwitch()->stops(), unrolled_->stops()})
+    laterStops_.insert(laterStops_.end(), stops.begin(), stops.end());
 }
 
 void PartPanel::Reveal(const QWidget& field) {
   if (fourAxes_ != nullptr) fourAxes_->Reveal(field);
 }
 
+bool PartPanel::IsUnrolled() const {
+  const PartView& view = desk_.live->view();
+  return view.mapped() && view.unrolled && arrangement_ == Arrangement::Open && column_.height() >= 560;
+}
+
 void PartPanel::Arrange(Arrangement arrangement, const QSize& column) {
+  arrangement_ = arrangement;
+  column_ = column;
   int height = arrangement == Arrangement::Large ? kLarge : kOpen[panel_];
   // A mandrel that is as long as the drawing is wide needs no more height.
   const int usual = arrangement == Arrangement::Large ? kUsualLargeColumn : kUsualColumn;
   height +=
       std::clamp(static_cast<int>((column.height() - usual) * kDrawingShare), 0, column.width() * 3 / 10);
   if (arrangement == Arrangement::Folded) height = kFolded[panel_];
+  if (unrolled_ != nullptr) {
+    unrolled_->setVisible(IsUnrolled());
+    if (IsUnrolled()) height += kUnrolled;
+  }
   setFixedHeight(height);
   // In a low window of large figures the schedule takes it all.
   setVisible(arrangement != Arrangement::Large || column.height() >= 600);

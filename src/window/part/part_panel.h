@@ -13,6 +13,7 @@ namespace torvane {
 
 class FourAxisPart;
 class PartDrawing;
+class UnrolledMap;
 
 class PartPanel : public QWidget {
  public:
@@ -41,6 +42,7 @@ class PartPanel : public QWidget {
     Widths widths;
   };
 
+  bool IsUnrolled() const;
   QWidget* MakeRow();
   // A caption over a line; the line.
   QHBoxLayout* AddGroup(QHBoxLayout& boxes, const QString& caption, const Field* field = nullptr);
@@ -53,6 +55,9 @@ class PartPanel : public QWidget {
   QWidget* row_ = nullptr;
   PartDrawing* twoAxes_ = nullptr;
   FourAxisPart* fourAxes_ = nullptr;
+  UnrolledMap* unrolled_ = nullptr;
+  Arrangement arrangement_ = Arrangement::Open;
+  QSize column_;
   std::vector<Sized> sized_;
   std::vector<QSpacerItem*> gaps_;
   std::vector<QWidget*> stops_, laterStops_;

@@ -3,9 +3,17 @@
 #include "look/icons.h"
 #include "look/paint.h"
 #include "look/text.h"
-#include "workbench/build/build_outlook.h"
+#include "window/desk/live_watch.h"
 
 namespace torvane {
+
+namespace {
+
+BuildAdvice AdviceNow(const Desk& desk) {
+  return BuildAdviceOf(desk.station, desk.live == nullptr ? nullptr : desk.live->result());
+}
+
+}  // namespace
 
 BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), desk_(desk) {
   setObjectName(QStringLiteral("imgBUILD"));
@@ -15,7 +23,7 @@ BuildButton::BuildButton(Desk desk, QWidget* parent) : QAbstractButton(parent), 
   setFocusPolicy(Qt::TabFocus);
   connect(this, &QAbstractButton::clicked, this, [this] { desk_.binder.Run("imgBUILD"); });
   desk.binder.BindAll(this, [this] {
-    const QString sentence = Shown(OutlookOf(desk_.station).sentence);
+    const QString sentence = Shown(AdviceNow(desk_).sentence);
     setAccessibleDescription(sentence);
     setToolTip(PlainTip(
         QStringLiteral("%1 (%2)").arg(sentence, Shown(desk_.station.WordsOf("mnuBeginWinding").keys))));
@@ -27,7 +35,7 @@ void BuildButton::paintEvent(QPaintEvent*) {
   const Theme& t = desk_.theme;
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  const BuildOutlook outlook = OutlookOf(desk_.station);
+  const BuildAdvice outlook = AdviceNow(desk_);
   const QString sentence = Shown(outlook.sentence);
   QColor ink = t[Token::OnAccent];
   if (outlook.ready) {

@@ -8,44 +8,58 @@
 #include "look/icons.h"
 #include "look/paint.h"
 #include "look/text.h"
+#include "window/field/button.h"
 #include "window/field/field_paint.h"
 #include "window/field/help.h"
-#include "workbench/build/build_outlook.h"
-#include "workbench/build/marks.h"
+#include "window/rail/spool_line.h"
 #include "workbench/station/layer_count.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int kBeside = 48, kRight = 12, kBetween = 10;
+constexpr int kBeside = 48, kRight = 12, kBetween = 10, kButton = 30;
 constexpr int kScrollBar = 12;
 constexpr int kHead = 34, kLimits = 34, kSpools = 22;
 
-struct Heights {
-  int title, second;
-  int whole() const { return std::max(title + second, 26) + kBetween; }
+// Where a note's parts stand in a panel of a width, from the line's top left. A button that would take more
+// than half of the width goes below the text.
+struct Parts {
+  QRect title, second, button;
+  int height = 0;
 };
 
-// The wrapped lines of a note in a panel of a width.
-Heights HeightsOf(const Theme& t, const Note& note, int width) {
-  const QRect room(0, 0, std::max(40, width - kBeside - kRight), 1000);
-  const auto height = [&room](const QFont& font, const QString& text) {
-    return text.isEmpty() ? 0 : QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, text).height();
+Parts PartsOf(const Theme& t, const Note& note, int width) {
+  const int all = std::max(40, width - kBeside - kRight);
+  const int button = note.button.isEmpty()
+                         ? 0
+                         : QFontMetrics(t.Font(13, Weight::Medium)).horizontalAdvance(note.button) + 26;
+  const bool below = 2 * button > width;
+  const int room = button == 0 || below ? all : all - button - 8;
+  const auto height = [room](const QFont& font, const QString& text) {
+    const QRect box(0, 0, room, 1000);
+    return text.isEmpty() ? 0 : QFontMetrics(font).boundingRect(box, Qt::TextWordWrap, text).height();
   };
-  return {height(t.FigureFont(13, Weight::Medium), note.title), height(t.FigureFont(12), note.second)};
+  Parts parts;
+  parts.title = {kBeside, 3, room, height(t.FigureFont(13, Weight::Medium), note.title)};
+  parts.second = {kBeside, parts.title.bottom() + 1, room, height(t.FigureFont(12), note.second)};
+  parts.height = std::max(parts.title.height() + parts.second.height(), 26) + kBetween;
+  if (button > 0) {
+    parts.button = below ? QRect(kBeside, parts.height - 2, all, kButton)
+                         : QRect(kBeside + all - button, 3, button, kButton);
+    parts.height = std::max(parts.height, parts.button.bottom() + 1 + kBetween);
+  }
+  return parts;
 }
 
 void PaintNote(QPainter& p, const Theme& t, const Note& note, const QRect& box) {
-  const Heights heights = HeightsOf(t, note, box.width());
-  const int room = box.width() - kBeside - kRight;
+  const Parts parts = PartsOf(t, note, box.width());
   p.setFont(t.FigureFont(13, Weight::Medium));
   p.setPen(t[Token::Text]);
-  p.drawText(QRect(box.x() + kBeside, box.y() + 3, room, heights.title), Qt::TextWordWrap, note.title);
+  p.drawText(parts.title.translated(box.topLeft()), Qt::TextWordWrap, note.title);
   p.setFont(t.FigureFont(12));
   p.setPen(t[Token::Second]);
-  p.drawText(QRect(box.x() + kBeside, box.y() + 3 + heights.title, room, heights.second), Qt::TextWordWrap,
-             note.second);
+  p.drawText(parts.second.translated(box.topLeft()), Qt::TextWordWrap, note.second);
 }
 
 // "Carriage" of "carriage speed"; the travel goes by its own name.
@@ -66,11 +80,13 @@ class ProofPanel::Lines : public QAbstractListModel {
   using QAbstractListModel::QAbstractListModel;
 
   const std::vector<Note>& notes() const { return notes_; }
-  void Take(std::vector<Note> notes) {
-    if (notes == notes_) return;
+  // False if they are the same as before.
+  bool Take(std::vector<Note> notes) {
+    if (notes == notes_) return false;
     beginResetModel();
     notes_ = std::move(notes);
     endResetModel();
+    return true;
   }
 
   int rowCount(const QModelIndex& parent) const override {
@@ -98,7 +114,12 @@ class NoteDelegate : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
     // Beside the scroll bar, whether it is there or not: the lines must not wrap anew when it comes.
     const int width = view_.width() - kScrollBar;
-    return {width, HeightsOf(desk_.theme, NoteAt(index), width).whole()};
+    return {width, PartsOf(desk_.theme, NoteAt(index), width).height};
+  }
+  void updateEditorGeometry(QWidget* button, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const override {
+    const int width = view_.width() - kScrollBar;
+    button->setGeometry(PartsOf(desk_.theme, NoteAt(index), width).button.translated(option.rect.topLeft()));
   }
   void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const Theme& t = desk_.theme;
@@ -119,61 +140,19 @@ class NoteDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-namespace {
-
-// What a finding says, without the number of its own layer: alike ones of several layers are told as one.
-QString SentenceOf(const executor::Remark& remark) {
-  return Shown(remark.text)
-      .replace(QStringLiteral("layer %1").arg(remark.layer), QStringLiteral("the layer"));
-}
-
-// "Layers 1, 2 and 6".
-QString LayersText(const std::vector<int>& layers) {
-  QString text = layers.size() == 1 ? QStringLiteral("Layer ") : QStringLiteral("Layers ");
-  for (std::size_t i = 0; i < layers.size(); ++i) {
-    if (i > 0) text += i + 1 == layers.size() ? QStringLiteral(" and ") : QStringLiteral(", ");
-    text += QString::number(layers[i]);
-  }
-  return text;
-}
-
-void AddFindings(std::vector<Note>& notes, const Desk& desk, executor::Level level) {
-  const LiveResult* result = desk.live == nullptr ? nullptr : desk.live->result();
-  if (result == nullptr) return;
-  const DesignState& s = desk.station.s;
-  std::vector<std::pair<const executor::Remark*, std::vector<int>>> groups;
-  for (const executor::Remark& remark : result->remarks) {
-    if (remark.level != level) continue;
-    const auto alike = std::find_if(groups.begin(), groups.end(), [&remark](const auto& group) {
-      return remark.layer > 0 && group.first->layer > 0 && SentenceOf(*group.first) == SentenceOf(remark);
-    });
-    if (alike == groups.end())
-      groups.push_back({&remark, {remark.layer}});
-    else
-      alike->second.push_back(remark.layer);
-  }
-  for (const auto& [remark, layers] : groups) {
-    const bool ofRow = remark->layer > 0 && remark->layer <= kMostLayers;
-    const Field* field =
-        ofRow ? &(s.gShow4Axis ? s.cmbPattern(remark->layer) : s.txtWA(remark->layer)) : nullptr;
-    notes.push_back({field, Mark::Plain, StateOf(level),
-                     remark->layer > 0 ? LayersText(layers) : Shown(remark->subject), SentenceOf(*remark)});
-  }
-}
-
-}  // namespace
-
 std::vector<Note> NotesOf(const Desk& desk) {
   std::vector<Note> notes;
-  AddFindings(notes, desk, executor::Level::Fault);
-  for (const Field* field : MarkedFields(desk.station.s))
-    notes.push_back({field, ShownMark(*field), ProofState::NotJudged,
-                     HelpOf(*field).name + QStringLiteral(" ") + Shown(field->text()),
-                     QString::fromLatin1(WordsOf(ShownMark(*field)))});
-  for (const BuildWarning& warning : WarningsBesideMarks(desk.station))
-    notes.push_back(
-        {warning.field, Mark::Plain, ProofState::NotJudged, Shown(warning.what), Shown(warning.why)});
-  AddFindings(notes, desk, executor::Level::Note);
+  for (const Advice& advice : AdviceOf(desk.station, desk.live == nullptr ? nullptr : desk.live->result())) {
+    Note note{advice.field, advice.mark, advice.level ? StateOf(*advice.level) : ProofState::NotJudged,
+              Shown(advice.title), Shown(advice.text)};
+    RepairOutcome outcome;
+    if (const Repair* repair = desk.live == nullptr ? nullptr : desk.live->OfferOf(advice, outcome)) {
+      note.repair = *repair;
+      note.button = Shown(repair->button);
+      if (!outcome.words.empty()) note.second += QStringLiteral(" ") + Shown(outcome.words);
+    }
+    notes.push_back(std::move(note));
+  }
   return notes;
 }
 
@@ -187,7 +166,11 @@ void PaintNoteIcon(QPainter& p, const Theme& t, const QPointF& at, const Note& n
 }
 
 ProofPanel::ProofPanel(Desk desk, QWidget* parent)
-    : QWidget(parent), desk_(desk), lines_(new Lines(this)), view_(new QListView(this)) {
+    : QWidget(parent),
+      desk_(desk),
+      lines_(new Lines(this)),
+      view_(new QListView(this)),
+      spools_(new SpoolLine(desk, this)) {
   setObjectName(QStringLiteral("marks"));
   setMinimumHeight(80);
   auto* room = new QVBoxLayout(this);
@@ -209,11 +192,41 @@ ProofPanel::ProofPanel(Desk desk, QWidget* parent)
   connect(view_, &QListView::clicked, this, go);
   connect(view_, &QListView::activated, this, go);
   desk.binder.BindAll(this, [this] {
-    lines_->Take(NotesOf(desk_));
+    if (lines_->Take(NotesOf(desk_))) PlaceButtons();
     PlaceList();
     view_->setVisible(!lines_->notes().empty());
     update();
   });
+}
+
+void ProofPanel::PlaceButtons() {
+  QWidget* before = view_;
+  for (int row = 0; row < static_cast<int>(lines_->notes().size()); ++row) {
+    const Note& note = lines_->notes()[static_cast<std::size_t>(row)];
+    if (!note.repair) continue;
+    auto* button = new Button(desk_, ButtonLook::Outline, Icon::None, note.button);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setToolTip(PlainTip(note.second));
+    const Repair repair = *note.repair;
+    button->setObjectName(Shown(repair.control));
+    connect(button, &QAbstractButton::clicked, this,
+            [this, repair] { desk_.binder.Run(repair.control, Event::Click, repair.index); });
+    view_->setIndexWidget(lines_->index(row), button);
+    setTabOrder(before, button);
+    before = button;
+  }
+}
+
+void ProofPanel::GoToNext() {
+  const int count = static_cast<int>(lines_->notes().size());
+  for (int i = 1, row = view_->currentIndex().row(); i <= count; ++i) {
+    row = (row + 1) % count;
+    const Field* field = lines_->notes()[static_cast<std::size_t>(row)].field;
+    if (field == nullptr) continue;
+    view_->setCurrentIndex(lines_->index(row));
+    if (goTo) goTo(*field);
+    return;
+  }
 }
 
 QWidget* ProofPanel::stop() const { return view_; }
@@ -221,12 +234,14 @@ QWidget* ProofPanel::stop() const { return view_; }
 int ProofPanel::LimitsHeight() const {
   const LiveResult* result = desk_.live == nullptr ? nullptr : desk_.live->result();
   if (result == nullptr || !result->formed || height() < 150) return 0;
-  return kLimits + (result->proof.spoolLength > 0 ? kSpools : 0);
+  return kLimits + kSpools;
 }
 
 void ProofPanel::PlaceList() {
   layout()->setContentsMargins(1, kHead + LimitsHeight() + 3, 1, 5);
   layout()->activate();
+  spools_->setVisible(LimitsHeight() > 0);
+  spools_->setGeometry(14, kHead + kLimits, width() - 28, kSpools - 2);
 }
 
 void ProofPanel::resizeEvent(QResizeEvent*) { PlaceList(); }
@@ -260,19 +275,6 @@ void ProofPanel::PaintLimits(QPainter& p) const {
     p.fillRect(QRect(x, kHead + 23, static_cast<int>(wide * std::min(1.0, share)), 3),
                t[share > 1 ? Token::Fault : Token::Accent]);
     x += wide + gap;
-  }
-  if (proof.spoolLength > 0) {
-    const QRect line(14, kHead + kLimits, room, kSpools - 2);
-    p.setFont(t.Font(12));
-    p.setPen(t[Token::Second]);
-    p.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Spools"));
-    QString text = QString::number(proof.spools.Count());
-    if (const auto& splices = proof.spools.splices(); !splices.empty())
-      text +=
-          QStringLiteral(", splice in layer %1, pass %2").arg(splices[0].layer).arg(qRound(splices[0].pass));
-    p.setFont(t.Font(12, Weight::Medium));
-    p.setPen(t[pale ? Token::Off : Token::Figures]);
-    p.drawText(line, Qt::AlignRight | Qt::AlignVCenter, text);
   }
   p.setPen(t[Token::Hairline]);
   p.drawLine(1, kHead + LimitsHeight(), width() - 2, kHead + LimitsHeight());

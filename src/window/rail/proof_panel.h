@@ -18,23 +18,27 @@ struct Note {
   Mark mark = Mark::Plain;
   ProofState state = ProofState::NotJudged;  // of a finding
   QString title, second;
+  std::optional<Repair> repair = {};  // proven already, or one that asks
+  QString button = {};
 
   bool operator==(const Note&) const = default;
 };
-// Faults of the proof, marked fields, warnings that hang on no marked field, notes of the proof. Alike
-// findings of several layers are one.
+// What AdviceOf tells, as it is shown.
 std::vector<Note> NotesOf(const Desk& desk);
 // In front of a line, 26 pixels each way.
 void PaintNoteIcon(QPainter& p, const Theme& t, const QPointF& at, const Note& note);
 
 // The list below its head. Its lines wrap, and it scrolls. A click or Enter goes to the field; arrow keys go
-// through the lines.
+// through the lines. What mends a line stands beside it as a button, which leaves the focus where it is.
 class ProofPanel : public QWidget {
  public:
   explicit ProofPanel(Desk desk, QWidget* parent = nullptr);
 
   // Where the keys go through the lines.
   QWidget* stop() const;
+  QWidget* spools() const { return spools_; }
+  // On to the field of the next line that has one, from the last line to the first.
+  void GoToNext();
 
   // Told when the operator wants to see a field.
   std::function<void(const Field&)> goTo;
@@ -51,10 +55,12 @@ class ProofPanel : public QWidget {
   // Spools and the use of the axes; only where there is room for the list as well.
   int LimitsHeight() const;
   void PlaceList();
+  void PlaceButtons();
 
   Desk desk_;
   Lines* lines_;
   QListView* view_;
+  QWidget* spools_;
 };
 
 }  // namespace torvane

@@ -23,6 +23,21 @@ std::vector<Total> AllTotals(const DesignState& s, Family family) {
 
 }  // namespace
 
+QString ProvenText(const Desk& desk, bool minutes) {
+  const LiveResult* result = desk.live == nullptr ? nullptr : desk.live->result();
+  if (result == nullptr || !result->formed) return {};
+  const executor::Proof& proof = result->proof;
+  const bool metric = proof.millimetres;
+  const executor::Range& range = minutes ? proof.winding : proof.tow;
+  const double unitOf = minutes ? 60 : metric ? 1000 : 12;
+  QString text = Shown(executor::Fixed(range.low / unitOf, 1));
+  if (const QString high = Shown(executor::Fixed(range.high / unitOf, 1)); high != text)
+    text += QStringLiteral(" to ") + high;
+  text.replace(QLatin1Char('.'), QLatin1Char(desk.station.s.signs.decimal));
+  const char* unit = minutes ? "min" : metric ? "m" : "ft";
+  return QStringLiteral("proven %1 %2").arg(text, QString::fromLatin1(unit));
+}
+
 TotalsPanel::TotalsPanel(Desk desk, Family family, QWidget* parent) : QWidget(parent), desk_(desk) {
   DesignState& s = desk.station.s;
   setMinimumHeight(family == Family::FourAxes ? 190 : 170);
@@ -63,20 +78,9 @@ QWidget* TotalsPanel::CaptionOf(const Total& total, std::size_t place) {
   proven->setObjectName(place == 0 ? QStringLiteral("provenMinutes") : QStringLiteral("provenTow"));
   column->addWidget(proven);
   desk_.binder.BindAll(proven, [this, proven, place] {
-    const LiveResult* result = desk_.live->result();
-    const bool stands = result != nullptr && result->formed;
-    proven->setVisible(stands);
-    if (!stands) return;
-    const executor::Proof& proof = result->proof;
-    const bool metric = proof.millimetres;
-    const executor::Range& range = place == 0 ? proof.winding : proof.tow;
-    const double unitOf = place == 0 ? 60 : metric ? 1000 : 12;
-    QString text = Shown(executor::Fixed(range.low / unitOf, 1));
-    if (const QString high = Shown(executor::Fixed(range.high / unitOf, 1)); high != text)
-      text += QStringLiteral(" to ") + high;
-    text.replace(QLatin1Char('.'), QLatin1Char(desk_.station.s.signs.decimal));
-    const char* unit = place == 0 ? "min" : metric ? "m" : "ft";
-    const QString words = QStringLiteral("proven %1 %2").arg(text, QString::fromLatin1(unit));
+    const QString words = ProvenText(desk_, place == 0);
+    proven->setVisible(!words.isEmpty());
+    if (words.isEmpty()) return;
     proven->SetText(words);
     proven->setAccessibleName(words);
   });

@@ -9,6 +9,9 @@
 
 namespace torvane {
 
+// "proven 34.6 to 40.2 min", of the winding's time or of its tow; empty before the proof.
+QString ProvenText(const Desk& desk, bool minutes);
+
 class TotalsPanel : public QWidget {
  public:
   TotalsPanel(Desk desk, Family family, QWidget* parent = nullptr);
