@@ -5,6 +5,7 @@
 #include "executor/designs.h"
 #include "executor/measure/run.h"
 #include "executor/programs.h"
+#include "executor/proof/proof.h"
 
 namespace torvane {
 namespace {
@@ -56,6 +57,20 @@ void ExpectSameBands(std::string_view original, RestartPlace place) {
   }
 }
 
+// What lies on the part already counts as wound.
+void ExpectProven(std::string_view original, RestartPlace place) {
+  const auto kinds = [](std::string_view program, int fromLayer) {
+    std::set<std::string> told;
+    for (const executor::Finding& finding : executor::Prove(program, {}).findings.all())
+      if (finding.layer == 0 || finding.layer >= fromLayer)
+        told.insert(std::to_string(finding.layer) + " " + std::string(NameOf(finding.kind)));
+    return told;
+  };
+  const auto before = kinds(original, place.layer);
+  for (const std::string& told : kinds(RestartProgram(original, "PART.T2G", place).value(), place.layer))
+    EXPECT_TRUE(before.contains(told)) << told << ", layer " << place.layer << " pass " << place.pass;
+}
+
 class Restart : public executor::Sweep {};
 
 TEST_F(Restart, GoesOnWithEverySample) {
@@ -71,7 +86,7 @@ TEST_F(Restart, GoesOnWithEverySample) {
     for (const Layer& layer : run.winding.layers()) {
       const int passes = static_cast<int>(layer.passes.size());
       for (const int pass : std::set<int>{1, std::min(2, passes), passes / 2 + 1, passes})
-        ExpectSameBands(program, {layer.number, pass});
+        for (const auto& holds : {ExpectSameBands, ExpectProven}) holds(program, {layer.number, pass});
     }
   }
 }

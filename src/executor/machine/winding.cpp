@@ -39,6 +39,10 @@ double CommentValue(std::string_view comment, std::string_view key) {
 }  // namespace
 
 void Winding::TakeComment(std::string_view comment) {
+  if (comment.starts_with("[RESTART OF ")) {
+    comments_.restartLayer = WholeNumber(CommentValue(comment, " AT LAYER "));
+    comments_.restartPass = CommentValue(comment, " PASS ");
+  }
   if (comment.find("PART DESCRIPTION") == std::string_view::npos) return;
   const auto take = [&](std::string_view key, double& value) {
     if (value == 0) value = CommentValue(comment, key);

@@ -92,6 +92,10 @@ struct Layer {
 struct HeadComments {
   double leftDiameter = 0, rightDiameter = 0;
   double thicknessInches = 0, bandInches = 0;
+  // The first layer and pass of a program that winds on where another one was stopped: what comes before lies
+  // on the part already. 0 for a program that winds it all.
+  int restartLayer = 0;
+  double restartPass = 0;
 };
 
 class Winding {

@@ -60,7 +60,13 @@ constexpr KindRow kKinds[] = {
     {Kind::Unknown, Level::Note, "unknown"},
     {Kind::PreWrapStarts, Level::Note, "pre-wrap-starts"},
 };
-static_assert(std::size(kKinds) == static_cast<std::size_t>(Kind::PreWrapStarts) + 1);
+// A row for each kind, where its number says.
+static_assert([] {
+  std::size_t place = 0;
+  for (const KindRow& row : kKinds)
+    if (row.kind != static_cast<Kind>(place++)) return false;
+  return place == static_cast<std::size_t>(Kind::PreWrapStarts) + 1;
+}());
 
 const KindRow& RowOf(Kind kind) {
   const KindRow& row = kKinds[static_cast<std::size_t>(kind)];

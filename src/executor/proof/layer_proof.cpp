@@ -36,6 +36,7 @@ struct LayerProof {
   const std::stop_token& stop;
   LayerFigures figures;
   Mandrel mandrel;
+  double passesBefore = 0;  // that another program has laid, where this one winds on
 
   std::string LayerName() const { return "layer " + std::to_string(layer.number); }
   std::string Length(double value) const { return Fixed(value, unitsPerInch == 1 ? 3 : 2); }
@@ -67,7 +68,7 @@ struct LayerProof {
 void LayerProof::CountPasses() {
   const double announced = layer.passes.front().announced;
   figures.passesAnnounced = announced;
-  double expected = 1;
+  double expected = std::max(1.0, passesBefore + 1);
   for (const Pass& pass : layer.passes) {
     if (stop.stop_requested()) return;
     if (pass.moves == 2) ++figures.passesRun;
@@ -292,9 +293,9 @@ void LayerProof::JudgeGaps(bool few) {
   const bool gaps = pattern.largestGap > kSmallGap * band;
   const bool bare = gaps && figures.coveredShare < 1;
   const bool open = gaps && pattern.miss > half;
-  const bool bareByRounding = pattern.roundedGap <= kSmallGap * band;
-  const bool openByRounding = pattern.miss - pattern.drift <= half;
-  if ((bare || open) && (!bare || bareByRounding) && (!open || openByRounding)) {
+  const bool bareAnyhow = bare && pattern.roundedGap > kSmallGap * band;
+  const bool openAnyhow = open && pattern.miss - pattern.drift > half;
+  if ((bare || open) && !bareAnyhow && !openAnyhow) {
     Say(pattern.largestGap > band / 2 ? Kind::RoundedStrips : Kind::Rounding, layer.line,
         LayerName() + " closes to " + Fixed(pattern.miss, 2) + " degrees with gaps of up to " +
             Length(std::max(0.0, pattern.largestGap)) +
@@ -304,12 +305,12 @@ void LayerProof::JudgeGaps(bool few) {
             covered + ".");
     return;
   }
-  if (open && !openByRounding)
+  if (openAnyhow)
     Say(Kind::Open, layer.line,
         LayerName() + " does not close: the circuit behind its last one would begin " +
             Fixed(pattern.miss, 2) + " degrees before the next band; half a band is " +
             Fixed(pattern.bandDegrees / 2, 2) + " degrees.");
-  if (bare && !bareByRounding)
+  if (bareAnyhow)
     Say(Kind::BareStrips, layer.line,
         LayerName() + " leaves bare strips of up to " + Length(pattern.largestGap) + " between bands of " +
             Length(band) + "; " + covered + ".");
@@ -334,6 +335,7 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const 
   const double margin = proof.mandrel.TurnMargin(layer.band);
   figures.zLow = proof.mandrel.zRight + margin;
   figures.zHigh = proof.mandrel.zLeft - margin;
+  if (layer.number == comments.restartLayer) proof.passesBefore = comments.restartPass - 1;
   proof.CountPasses();
   proof.WatchStops();
   proof.AddTow(comments.thicknessInches);
@@ -364,6 +366,9 @@ LayerFigures ProveLayer(const Layer& layer, const HeadComments& comments, const 
                   " cannot be judged: its band width, diameter or length is not told.");
     return figures;
   }
+  // Of a layer that is begun already the cover is not known: its first bands lie on the part, not in the
+  // program.
+  if (proof.passesBefore > 0) return figures;
   figures.judged = true;
   figures.pattern = FindPattern(layer, proof.mandrel, figures.zLow, figures.zHigh, unitsPerInch, stop);
   const auto few = [&] { return 2 * figures.pattern.bands * figures.pattern.bandDegrees < 360; };

@@ -286,7 +286,8 @@ void Prover::JudgeLayers() {
     ForEachTow(layer, MandrelOf(layer, winding_.comments()), stop_,
                [&](const TowPiece& piece) { proof_.spools.Take(layer, piece); });
   }
-  if (static_cast<double>(seen.size()) < winding_.AnnouncedLayers())
+  const int before = std::max(0, winding_.comments().restartLayer - 1);
+  if (static_cast<double>(seen.size()) + before < winding_.AnnouncedLayers())
     proof_.findings.Add(Kind::Passes, winding_.layers().back().line, 0,
                         Fixed(winding_.AnnouncedLayers(), 0) + " layers are announced and " +
                             Counted(static_cast<long long>(seen.size()), "is", "are") + " there.");
@@ -303,6 +304,8 @@ void Prover::JudgeLayers() {
 // dwells come to none or, with an angle added, to two.
 void Prover::JudgeTime() {
   const double announced = proof_.announcedSeconds, run = proof_.windingSeconds;
+  // What is announced is the time of the whole winding.
+  if (winding_.comments().restartLayer > 0) return;
   if (!buildTime_ || run <= 0 || std::abs(run - announced) < kLeastSeconds) return;
   if (run < kTooMuch * announced && announced <= kTooLittle * run) return;
   proof_.findings.Add(Kind::Time, 0, 0,
