@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kBeside = 48, kRight = 12, kBetween = 10, kButton = 30;
 constexpr int kScrollBar = 12;
-constexpr int kHead = 34, kLimits = 34, kSpools = 22;
+constexpr int kHead = 34, kLimits = 34, kSpools = 26;
 
 // Where a note's parts stand in a panel of a width, from the line's top left. A button that would take more
 // than half of the width goes below the text.
