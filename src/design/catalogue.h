@@ -30,7 +30,7 @@ enum class UsedBy : std::uint8_t {
   LowIsFour,  // 0 and 1 four axes, above that two
   Design,     // both, and part of a design
   Station,    // its constants and choices: neither undone nor recovered with a design
-  Window,  // no part of a design or of the station's constants
+  Window,     // no part of a design or of the station's constants
 };
 
 // What stands behind a field's figure. The first three follow the design's unit.

@@ -72,8 +72,8 @@ void TakeDecimalComma(Reader& reader, const std::string& value) {
   ReadDecimalComma(reader.s, value);
 }
 
-// Reads a line by a family's table of tags; which one it was, null for a line of none. A tag's reader is given
-// the value in lower case, whose fields stand in `gTagFields`.
+// Reads a line by a family's table of tags; which one it was, null for a line of none. A tag's reader is
+// given the value in lower case, whose fields stand in `gTagFields`.
 template <class Tag, std::size_t count, class Reader>
 const Tag* ReadTagLine(const Tag (&tags)[count], Reader& reader, std::string_view line) {
   const std::string_view name = TagOf(line);

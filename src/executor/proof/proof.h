@@ -42,8 +42,8 @@ struct LayerFigures {
   bool fits = false;         // the bands run beside each other: the pattern says something
   double zLow = 0, zHigh = 0;
   double band = 0;
-  Mandrel mandrel;           // what it is wound on; its radii are 0 where they are not told
-  double thickness = 0;      // of the band, as the program's head tells; 0 where it does not
+  Mandrel mandrel;       // what it is wound on; its radii are 0 where they are not told
+  double thickness = 0;  // of the band, as the program's head tells; 0 where it does not
   double coveredShare = 0;
   int rows = 0;  // of the raster that showed it
   Pattern pattern;

@@ -24,7 +24,8 @@ class Answer {
     if (!std::isfinite(figure))
       Refuse("the inputs are too large or too far apart: " + name + " has no number");
     // Of a thousand plies there are too many names for this object to look through at each.
-    if (names_.insert(name).second) json_.get_ref<nlohmann::ordered_json::object_t&>().push_back({name, figure});
+    if (names_.insert(name).second)
+      json_.get_ref<nlohmann::ordered_json::object_t&>().push_back({name, figure});
   }
   // Of three members, each under its own name.
   void Add(const std::array<const char*, 3>& names, const Vector3& figures, const std::string& before = "") {

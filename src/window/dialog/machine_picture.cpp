@@ -8,7 +8,7 @@ namespace torvane {
 namespace {
 
 // Places in the picture's own measure.
-constexpr double kAxis = 62, kPostFace = 240, kHead = 186;  // head: where its middle stands
+constexpr double kAxis = 62, kPostFace = 240, kFigureHead = 186;  // head: where its middle stands
 constexpr double kHeadLeft = 136, kHeadRight = 188, kHeadMiddle = (kHeadLeft + kHeadRight) / 2;
 
 class Machine {
@@ -35,13 +35,13 @@ class Machine {
         Line({kHeadLeft, 200}, {kHeadLeft, 242});
         Line({kHeadRight, 200}, {kHeadRight, 242});
         Span({kHeadLeft, 234}, {kHeadRight, 234}, 'B');
-        Line({100, kHead}, {kHeadLeft - 4, kHead});
-        Span({108, kAxis}, {108, kHead}, 'C');
+        Line({100, kFigureHead}, {kHeadLeft - 4, kFigureHead});
+        Span({108, kAxis}, {108, kFigureHead}, 'C');
         break;
       case MachineLetters::Speeds:
-        Arrow({kHeadLeft - 12, kHead}, {kHeadLeft - 62, kHead});
-        Arrow({kHeadRight + 12, kHead}, {kHeadRight + 44, kHead});
-        Letter({kHeadLeft - 38, kHead}, 'A');
+        Arrow({kHeadLeft - 12, kFigureHead}, {kHeadLeft - 62, kFigureHead});
+        Arrow({kHeadRight + 12, kFigureHead}, {kHeadRight + 44, kFigureHead});
+        Letter({kHeadLeft - 38, kFigureHead}, 'A');
         Turn(36, 'B');
         break;
     }
@@ -74,17 +74,17 @@ class Machine {
     p_.setPen(QPen(head, 1.4));
     head.setAlphaF(0.3F);
     p_.setBrush(head);
-    p_.drawRoundedRect(QRectF(kHeadLeft, kHead - 10, kHeadRight - kHeadLeft, 20), 2, 2);
+    p_.drawRoundedRect(QRectF(kHeadLeft, kFigureHead - 10, kHeadRight - kHeadLeft, 20), 2, 2);
     p_.setBrush(t_[Token::BandOut]);
-    p_.drawEllipse(QPointF(kHeadMiddle, kHead), 2.4, 2.4);
+    p_.drawEllipse(QPointF(kHeadMiddle, kFigureHead), 2.4, 2.4);
     p_.setPen(t_.Pen(Token::DrawnEdge));
     p_.setBrush(t_[Token::Steel]);
-    p_.drawRect(QRectF(kHeadMiddle - 5, kHead + 10, 10, 28));
+    p_.drawRect(QRectF(kHeadMiddle - 5, kFigureHead + 10, 10, 28));
   }
 
   // From the head's middle to the face of the post.
   void Offset() {
-    Line({kHeadMiddle, 134}, {kHeadMiddle, kHead - 12});
+    Line({kHeadMiddle, 134}, {kHeadMiddle, kFigureHead - 12});
     Span({kHeadMiddle, 142}, {kPostFace, 142}, 'A');
   }
 

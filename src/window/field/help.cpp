@@ -23,9 +23,7 @@ constexpr std::pair<std::string_view, const char*> kUnitsInWords[] = {
 
 }  // namespace
 
-Help HelpOf(const Field& field) {
-  return {Shown(CalledName(field)), Shown(WordsOf(field).sentence)};
-}
+Help HelpOf(const Field& field) { return {Shown(CalledName(field)), Shown(WordsOf(field).sentence)}; }
 
 QString TipOf(const Field& field, NumberSigns signs) {
   if (const std::string hint = NumberHint(field, signs); !hint.empty()) return Shown(hint);

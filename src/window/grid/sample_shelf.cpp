@@ -13,7 +13,8 @@ namespace torvane {
 
 namespace {
 
-constexpr int kCardWidth = 168, kCardHeight = 104, kLowCardHeight = 34, kGap = 8, kHead = 28, kPicture = 54;
+constexpr int kCardWidth = 168, kCardHeight = 104, kLowCardHeight = 34, kGap = 8, kShelfHead = 28,
+              kPicture = 54;
 constexpr int kMostCards = 24;
 
 }  // namespace
@@ -137,7 +138,7 @@ void SampleShelf::Place() {
     if (!shown) continue;
     const std::string& name = names_[first_ + i];
     const std::string path = folder + '\\' + name;
-    places_[i]->setGeometry(static_cast<int>(i) * (kCardWidth + kGap), kHead, kCardWidth,
+    places_[i]->setGeometry(static_cast<int>(i) * (kCardWidth + kGap), kShelfHead, kCardWidth,
                             height() < kHeight ? kLowCardHeight : kCardHeight);
     places_[i]->Show(path, name, cards_.Find(path));
   }

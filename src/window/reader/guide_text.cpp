@@ -11,7 +11,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int kBeside = 24;  // the text's margin
+constexpr int kMargin = 24;  // the text's margin
 constexpr int kAbove = 8;    // a heading that was gone to
 
 template <class Visit>
@@ -52,7 +52,7 @@ bool GuideText::Read(const QString& folder) {
 void GuideText::Dress() {
   setFont(theme_.Font(14));
   document()->setDefaultFont(theme_.Font(14));
-  document()->setDocumentMargin(kBeside);
+  document()->setDocumentMargin(kMargin);
   QPalette colours = theme_.Palette();
   colours.setColor(QPalette::Base, theme_[Token::Panel]);
   setPalette(colours);
@@ -106,7 +106,7 @@ void GuideText::Dress() {
 void GuideText::FitPictures() {
   QTextCursor cursor(document());
   cursor.beginEditBlock();
-  const int room = std::max(200, viewport()->width() - 2 * kBeside);
+  const int room = std::max(200, viewport()->width() - 2 * kMargin);
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
     for (auto part = block.begin(); !part.atEnd(); ++part) {
       if (!part.fragment().charFormat().isImageFormat()) continue;
@@ -124,7 +124,7 @@ void GuideText::FitPictures() {
 }
 
 void GuideText::resizeEvent(QResizeEvent* event) {
-  const int first = cursorForPosition({kBeside, kAbove + 4}).position();
+  const int first = cursorForPosition({kMargin, kAbove + 4}).position();
   QTextBrowser::resizeEvent(event);
   FitPictures();
   document()->size();

@@ -16,7 +16,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int kBar = 50, kFoot = 26;
+constexpr int kTools = 50, kFoot = 26;
 
 }  // namespace
 
@@ -53,7 +53,7 @@ QLineEdit* ProgramWindow::AddInput(const char* name, const QString& words, const
 
 QWidget* ProgramWindow::MakeBar() {
   auto* bar = new QWidget(this);
-  bar->setFixedHeight(kBar);
+  bar->setFixedHeight(kTools);
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(10, 0, 12, 0);
   row->setSpacing(6);
@@ -152,7 +152,7 @@ void ProgramWindow::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.fillRect(rect(), theme_[Token::Bars]);
   p.setPen(theme_[Token::Hairline]);
-  p.drawLine(0, kBar - 1, width(), kBar - 1);
+  p.drawLine(0, kTools - 1, width(), kTools - 1);
   p.drawLine(0, height() - kFoot, width(), height() - kFoot);
 }
 
