@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "calc/patterns.h"
+#include "design/masks.h"
 #include "design/units.h"
 #include "text/text.h"
 #include "workbench/dialog/settings_dialog.h"
@@ -18,6 +19,10 @@ namespace torvane {
 namespace {
 
 using Found = executor::Kind;
+
+// What a button says of a carriage speed and of a pattern's angle.
+constexpr Mask kShownSpeed = "##0.0"_mask;
+constexpr Mask kShownAngle = "#0.00"_mask;
 
 template <class Doing>
 void ForEachLayer(int layers, Doing doing) {
@@ -88,7 +93,8 @@ void LowerCarriage(Station& station, int layers) {
   ForEachLayer(layers, [&](int layer) {
     const Number rpm = SpeedsAtLimit(station.s, layer).rpm;
     if (rpm.good())
-      station.Type(station.s.txtMRPM(layer), FormatNumberText(station.s.signs, rpm.value(), "##0.0"_mask));
+      station.Type(station.s.txtMRPM(layer),
+                   FormatNumberText(station.s.signs, rpm.value(), mask::kMandrelSpeed));
   });
 }
 
@@ -109,8 +115,7 @@ void MovePart(Station& station, int) {
   const Number way = WayIntoReach(s);
   if (!way.good()) return;
   for (const int end : {0, 1})
-    station.Type(s.txtZ2(end),
-                 FormatNumberText(s.signs, (number(s.txtZ2(end)) + way).value(), "##0.00"_mask));
+    station.Type(s.txtZ2(end), FormatNumberText(s.signs, (number(s.txtZ2(end)) + way).value(), mask::kStop));
 }
 
 // A pattern of a row's list.
@@ -183,7 +188,7 @@ void AppendMove(const DesignState& s, std::vector<Repair>& repairs) {
   const std::string unit = s.InInches() ? " in" : " mm";
   repairs.push_back({"btnMovePart", 0,
                      "Move the part to " +
-                         FormatNumberText(s.signs, (number(s.txtZ2(1)) + way).value(), "##0.00"_mask) + unit,
+                         FormatNumberText(s.signs, (number(s.txtZ2(1)) + way).value(), mask::kStop) + unit,
                      "Moved"});
 }
 
@@ -206,7 +211,7 @@ void AppendPatterns(const DesignState& s, int layer, std::vector<Repair>& repair
   others.resize(std::min(others.size(), kMostTried));
   for (const Listed& other : others) {
     const std::string passes = NumberToText(s.signs, other.passes) + " passes";
-    const std::string angle = FormatNumberText(s.signs, other.angle, "#0.00"_mask) + "\xB0";
+    const std::string angle = FormatNumberText(s.signs, other.angle, kShownAngle) + "\xB0";
     repairs.push_back(
         {"btnUsePattern", layer * kPlaces + other.place, "Use " + passes + ", " + angle, "With " + passes});
   }
@@ -255,7 +260,7 @@ std::vector<Repair> RepairsOf(const Station& station, Found kind, int layers) {
             (layers & LayerBit(layer)) != 0 && speed.good()) {
           repairs.push_back(
               {"btnLowerCarriage", layers,
-               "Lower the carriage speed to " + FormatNumberText(s.signs, speed.value(), "##0.0"_mask),
+               "Lower the carriage speed to " + FormatNumberText(s.signs, speed.value(), kShownSpeed),
                "So slow"});
           break;
         }

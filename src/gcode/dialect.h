@@ -6,6 +6,15 @@
 
 namespace torvane::dialect {
 
+// How a program's words show each quantity.
+inline constexpr Mask kCountMask = "0"_mask;       // of passes
+inline constexpr Mask kStopMask = "###0.00"_mask;  // the carriage at the part's ends
+inline constexpr Mask kHomeMask = "###0.000"_mask;
+inline constexpr Mask kShiftedMask = "######.#0"_mask;  // the carriage of a carriage shift
+inline constexpr Mask kFeedMask = "###.##"_mask;        // of pre-wraps and finishing passes
+inline constexpr Mask kAddedWrapMask = "####"_mask;
+inline constexpr Mask kShiftAngleMask = "###.00"_mask;
+
 // The two stores of a mandrel angle: 601 holds the far end of a layer's first pass, 602 its home end.
 enum class Register { FarEnd = 601, HomeEnd = 602 };
 

@@ -28,7 +28,7 @@ void WriteHeatShrinkTape(GCodeSession& session) {
   dialect::Turn(p, number(s.cmbHSTRPM).plain(), "Start Mandrel for HST Pass");
   SetEnds(s, true);
   const Number feed = number(s.cmbHSTRPM) / 60 * InUnits(s, number(s.txtHSTWidth), false);
-  dialect::Move(p, feed.as("###.##"_mask), s.gFarEndZ.text(),
+  dialect::Move(p, feed.as(dialect::kFeedMask), s.gFarEndZ.text(),
                 "Forward Pass for Heat Shrink Tape Application");
   dialect::Dwell(p, number(s.txtMandrelAdvanceAfterHSTCarriageStop).plain(),
                  "Additional User Defined Mandrel Angle After HST Pass");

@@ -19,7 +19,7 @@ constexpr int kLinesOfPass = 7;
 constexpr double kBytesOfPass = 400;
 
 // What tells a pass from the others of its layer: which it is, and where the mandrel stands behind its moves.
-constexpr Slot kGroup{0, "0"_mask}, kPass{1, "0"_mask}, kCount{2, "0"_mask};
+constexpr Slot kGroup{0, dialect::kCountMask}, kPass{1, dialect::kCountMask}, kCount{2, dialect::kCountMask};
 constexpr Slot kBehindLeft{3, dialect::kRunningAngle}, kBehindRight{6, dialect::kRunningAngle};
 constexpr Slot kBehindLeftEllipse{4, dialect::kRunningAngle}, kBehindRightEllipse{7, dialect::kRunningAngle};
 constexpr Slot kBehindLeftWrap{5, dialect::kRunningAngle}, kBehindRightWrap{8, dialect::kRunningAngle};

@@ -89,8 +89,8 @@ void WriteStartPosition(GCodeSession& session, int mark, int layer) {
     WriteFourAxisStart(session, mark, layer);
   } else {
     const Field& home = HomeOf(s, s.gLeftStopText, s.gRightStopText);
-    dialect::Move(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false), home.through("###0.000"_mask),
-                  "Move Carriage to Starting Position");
+    dialect::Move(p, FormatForUnits(s, s.txtLimitSwitchApproachSpeed, false),
+                  home.through(dialect::kHomeMask), "Move Carriage to Starting Position");
   }
   if (s.gShow4Axis ? mark == 1 : mark != 0) {
     dialect::WaitForButton(p, "Wait for Operator Button Press");
@@ -110,7 +110,7 @@ void WritePreWrap(GCodeSession& session, int n) {
   dialect::Turn(p, rpm.plain(), "Mandrel CW Rotation");
   if (holds(advance != 0)) {
     const Number feed = rpm / 60 * InUnits(s, advance, false);
-    dialect::Move(p, feed.as("###.##"_mask), FarStop(s).through("###0.00"_mask),
+    dialect::Move(p, feed.as(dialect::kFeedMask), FarStop(s).through(dialect::kStopMask),
                   "Carriage Move for Pre-Wrap");
   }
   dialect::Dwell(p, number(s.txtMandrelAdvanceAfterPreWrapCarriageStop).plain(),
@@ -122,7 +122,7 @@ void WritePreWrap(GCodeSession& session, int n) {
     return;
   }
   dialect::Move(p, InUnits(s, number(s.txtLimitSwitchApproachSpeed), false).plain(),
-                HomeStop(s).through("###0.00"_mask), "Carriage Back to Starting Position");
+                HomeStop(s).through(dialect::kStopMask), "Carriage Back to Starting Position");
   dialect::EmptyLine(p);
 }
 

@@ -102,14 +102,14 @@ void WriteFirstPass(GCodeSession& session, const Layer& layer, const MaybeText& 
   dialect::Save(p, Register::FarEnd, "Save Mandrel Ref Angle");
   dialect::MoveTurning(p, layer.speed, s.gHomeEndZ.text(), layer.toHome, "Move Home End");
   dialect::DwellTurning(p, Register::HomeEnd,
-                        TextOf(p.signs(), layer.homeShift.AngleAt(1).as(kShiftAngleMask)).text,
+                        TextOf(p.signs(), layer.homeShift.AngleAt(1).as(dialect::kShiftAngleMask)).text,
                         layer.toMiddle, "Dwell Home End");
   ExtraTurn(session, s.txt3AX1stPass360);
 }
 
 // What tells a later pass from the others of its layer.
-constexpr Slot kPass{0, "0"_mask};
-constexpr Slot kFarAngle{1, kShiftAngleMask, true}, kHomeAngle{2, kShiftAngleMask, true};
+constexpr Slot kPass{0, dialect::kCountMask};
+constexpr Slot kFarAngle{1, dialect::kShiftAngleMask, true}, kHomeAngle{2, dialect::kShiftAngleMask, true};
 
 void WriteLaterPass(GCodeSession& session, const Layer& layer) {
   const DesignState& s = session.s;
@@ -161,8 +161,8 @@ void WriteThreeAxisProgram(GCodeSession& session) {
   DesignState& s = session.s;
   Program& p = session.program;
   if (!s.chkWindingSchedule.checked()) return;
-  const std::string left = s.txtZ4(0).through("###0.00"_mask);
-  const std::string right = s.txtZ4(3).through("###0.00"_mask);
+  const std::string left = s.txtZ4(0).through(dialect::kStopMask);
+  const std::string right = s.txtZ4(3).through(dialect::kStopMask);
   s.gFarEndZ = FarOf(s, left, right);
   s.gHomeEndZ = HomeOf(s, left, right);
 

@@ -37,7 +37,8 @@ struct Layer {
 
 // A wrap of a fraction of a degree shows nothing under the mask; the dwell is written all the same.
 void WriteAddedWrap(const Layer& layer, std::string_view comment) {
-  dialect::Dwell(layer.p, layer.addedWrap.as("####"_mask), comment, layer.addedWrap.plain(), " deg.");
+  dialect::Dwell(layer.p, layer.addedWrap.as(dialect::kAddedWrapMask), comment, layer.addedWrap.plain(),
+                 " deg.");
 }
 
 void AddedWrap(const Layer& layer, std::string_view comment) {
@@ -77,7 +78,7 @@ void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
   ExtraTurnOfFirstPass(layer);
   if (layer.mandrelShift)
     dialect::DwellBehind(p, Register::HomeEnd,
-                         TextOf(p.signs(), layer.homeShift.AngleAt(1).as(kShiftAngleMask)).text,
+                         TextOf(p.signs(), layer.homeShift.AngleAt(1).as(dialect::kShiftAngleMask)).text,
                          "Carriage Dwell Home End");
   else
     dialect::DwellTo(p, Register::HomeEnd, "Carriage Dwell Home End");
@@ -85,9 +86,9 @@ void WriteFirstPass(const Layer& layer, const MaybeText& minutesLeft) {
 
 // What tells a later pass from the others of its layer: its number, and for either end the Z or the mandrel
 // angle at which it reverses. An angle that cannot be worked out stays empty.
-constexpr Slot kPass{0, "0"_mask};
-constexpr Slot kFarZ{1, "######.#0"_mask}, kHomeZ{2, "######.#0"_mask};
-constexpr Slot kFarAngle{1, kShiftAngleMask, true}, kHomeAngle{2, kShiftAngleMask, true};
+constexpr Slot kPass{0, dialect::kCountMask};
+constexpr Slot kFarZ{1, dialect::kShiftedMask}, kHomeZ{2, dialect::kShiftedMask};
+constexpr Slot kFarAngle{1, dialect::kShiftAngleMask, true}, kHomeAngle{2, dialect::kShiftAngleMask, true};
 using PassNumbers = std::array<Number, 3>;
 
 // The mandrel always comes back to the same angle, and the carriage reverses one band further along.
@@ -232,8 +233,8 @@ Number BandOnAxis(const DesignState& s, Number windingAngle) {
 }
 
 void SetPassEnds(DesignState& s) {
-  const std::string left = s.gLeftStopText.through("###0.00"_mask);
-  const std::string right = s.gRightStopText.through("###0.00"_mask);
+  const std::string left = s.gLeftStopText.through(dialect::kStopMask);
+  const std::string right = s.gRightStopText.through(dialect::kStopMask);
   s.gFarEndZ = FarOf(s, left, right);
   s.gHomeEndZ = HomeOf(s, left, right);
 }

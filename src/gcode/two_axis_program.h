@@ -43,6 +43,4 @@ class MandrelShift {
   bool bandWidthSpacing_;
 };
 
-inline constexpr Mask kShiftAngleMask = "###.00"_mask;
-
 }  // namespace torvane

@@ -61,7 +61,8 @@ void ExpectSameBands(std::string_view original, RestartPlace place) {
 void ExpectProven(std::string_view original, RestartPlace place) {
   const auto kinds = [](std::string_view program, int fromLayer) {
     std::set<std::string> told;
-    for (const executor::Finding& finding : executor::Prove(program, {}).findings.all())
+    const executor::Proof proof = executor::Prove(program, {});
+    for (const executor::Finding& finding : proof.findings.all())
       if (finding.layer == 0 || finding.layer >= fromLayer)
         told.insert(std::to_string(finding.layer) + " " + std::string(NameOf(finding.kind)));
     return told;

@@ -240,7 +240,10 @@ void NamesInWindow::TabGoesInTheOrderOfTheWork_data() {
                                            "txtDiameterRight",
                                            "txtZ2(1)",
                                            "txtNumberOfLayers(0)",
-                                           "pic2DGrid"} +
+                                           "pic2DGrid",
+                                           "showPattern",
+                                           "showCoverage",
+                                           "showThickness"} +
                                    checklist;
   QTest::newRow("four axes")
       << "0"
@@ -268,16 +271,18 @@ void NamesInWindow::TabGoesInTheOrderOfTheWork() {
   QStringList walked = {here()};
   while (walked.last() != order.last() && walked.size() < 60) {
     station.Key(Qt::Key_Tab);
+    // What mends a finding is a stop while the finding stands.
+    if (here() == QStringLiteral("btnSaveDesign")) continue;
     // The offsets stand between the grid and the checklist, where they are stops.
     if (here().startsWith(QStringLiteral("txtAdjust")))
       QVERIFY(walked.last() == QStringLiteral("pic3DGrid"));
     else
       walked << here();
   }
-  QCOMPARE(walked, order);
+  QVERIFY2(walked == order, qPrintable(walked.join(QStringLiteral(", "))));
   for (qsizetype i = order.size() - 2; i >= 0; --i) {
     do station.Key(Qt::Key_Backtab, Qt::ShiftModifier);
-    while (here().startsWith(QStringLiteral("txtAdjust")));
+    while (here().startsWith(QStringLiteral("txtAdjust")) || here() == QStringLiteral("btnSaveDesign"));
     QCOMPARE(here(), order[i]);
   }
 }
