@@ -6,6 +6,7 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <fstream>
+#include <set>
 
 #include "executor/program/number.h"
 #include "executor/window/start.h"
@@ -37,6 +38,7 @@ class DryRun : public QObject {
  private slots:
   void ObeysTheFourCommandLines();
   void FollowsTheStation();
+  void KeysReachEveryControl();
   void OpensEmpty();
   void RunsToItsEndByTheButton();
   void ChangesItsSpeedByKeys();
@@ -137,13 +139,45 @@ void DryRun::FollowsTheStation() {
   QVERIFY(IsDark(Appearance::Dark) && !IsDark(Appearance::Light));
   // A desktop that turns light does not take a chosen palette away.
   Theme dark(true);
-  DryRunWindow window(dark, comma, {}, Appearance::Dark);
+  Appearance chosen = Appearance::Dark;
+  DryRunWindow window(dark, comma, {}, [&chosen] { return chosen; });
   QEvent change(QEvent::ThemeChange);
   QApplication::sendEvent(&window, &change);
+  QVERIFY(dark.dark());
+  // Chosen in the station while the dry run is open: it follows when it comes to the front.
+  window.show();
+  window.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&window));
+  QEvent front(QEvent::ActivationChange);
+  chosen = Appearance::Light;
+  QApplication::sendEvent(&window, &front);
+  QVERIFY(!dark.dark());
+  QCOMPARE(QApplication::palette().color(QPalette::Window), dark.Palette().color(QPalette::Window));
+  chosen = Appearance::Dark;
+  QApplication::sendEvent(&window, &front);
   QVERIFY(dark.dark());
   DryRunWindow following(dark, comma, {});
   QApplication::sendEvent(&following, &change);
   QCOMPARE(dark.dark(), DesktopIsDark());
+}
+
+void DryRun::KeysReachEveryControl() {
+  Staged stage;
+  stage.Open(Write("short.T2G", kShort));
+  stage.window.show();
+  stage.window.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+  std::set<const QWidget*> reached;
+  for (int step = 0; step < 100; ++step) {
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Tab);
+    QVERIFY(QApplication::focusWidget() != nullptr);
+    reached.insert(QApplication::focusWidget());
+  }
+  QStringList left;
+  for (const auto* control : stage.window.findChildren<QAbstractButton*>())
+    if (control->isVisible() && control->isEnabled() && !reached.contains(control))
+      left << control->objectName();
+  QVERIFY2(left.isEmpty(), qPrintable(left.join(QStringLiteral(", "))));
 }
 
 void DryRun::OpensEmpty() {

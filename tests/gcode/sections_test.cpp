@@ -21,7 +21,8 @@ struct Sections : testing::Test {
   }
 
   std::string ShiftAngle(std::string_view endCode, Number windingAngle, int step) const {
-    return torvane::TextOf(s.signs, MandrelShift(s, endCode, windingAngle).AngleAt(step).as(kShiftAngleMask))
+    return torvane::TextOf(s.signs,
+                           MandrelShift(s, endCode, windingAngle).AngleAt(step).as(dialect::kShiftAngleMask))
         .text;
   }
 

@@ -176,7 +176,7 @@ void AtHand::TheProofStandsBesideTheTyping() {
   // What mends a finding stands beside it, and is one step of undo.
   desktop.Type("txtZ2(0)", "28");
   desktop.program->binder().Type(*desktop.station().FindField("txtMRPM(2)"), QStringLiteral("60"));
-  QTRY_COMPARE(notes(ProofState::Fault), std::ptrdiff_t{1});
+  QTRY_VERIFY(!live.proving() && notes(ProofState::Fault) > 0);
   const auto mend = [&] {
     return desktop.window().findChild<QAbstractButton*>(QStringLiteral("btnRecalculate"));
   };

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "executor/session/words.h"
 #include "look/screen.h"
@@ -22,11 +23,12 @@ constexpr int kStatus = 24, kMargin = 8, kLeft = 452, kFindings = 146;
 
 }  // namespace
 
-DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Appearance appearance)
+DryRunWindow::DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Wanted wanted)
     : theme_(theme),
       stand_{theme, session},
       ask_(std::move(ask)),
-      appearance_(appearance),
+      wanted_(std::move(wanted)),
+      appearance_(wanted_()),
       bar_(new RunBar(stand_, this)),
       timeline_(new Timeline(stand_, this)),
       list_(new ProgramList(stand_)),
@@ -226,11 +228,15 @@ void DryRunWindow::paintEvent(QPaintEvent*) {
              p.fontMetrics().elidedText(words, Qt::ElideMiddle, most));
 }
 
-// The desktop has changed its colours.
+// The desktop has changed its colours, or the operator comes from the station, where another appearance can
+// have been chosen.
 void DryRunWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::ThemeChange || appearance_ != Appearance::System) return;
-  theme_.SetDark(DesktopIsDark());
+  const bool front = event->type() == QEvent::ActivationChange && isActiveWindow();
+  if (!front && event->type() != QEvent::ThemeChange) return;
+  const Appearance former = std::exchange(appearance_, wanted_());
+  if (appearance_ == former && (front || appearance_ != Appearance::System)) return;
+  theme_.SetDark(IsDark(appearance_));
   QApplication::setPalette(theme_.Palette());
 }
 

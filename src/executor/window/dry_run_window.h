@@ -24,8 +24,12 @@ class DryRunWindow : public QWidget {
   // Asks the operator for a program: its path on the computer, empty for none.
   using AskForProgram = std::function<std::string(QWidget* parent)>;
 
-  // With the appearance of the system it follows the desktop's colours.
-  DryRunWindow(Theme& theme, Session& session, AskForProgram ask, Appearance appearance = Appearance::System);
+  using Wanted = std::function<Appearance()>;
+
+  // `wanted` is what the operator has chosen by now, asked for when the window comes to the front. With the
+  // appearance of the system it follows the desktop's colours.
+  DryRunWindow(
+      Theme& theme, Session& session, AskForProgram ask, Wanted wanted = [] { return Appearance::System; });
 
   // Opens a program and runs it. What cannot be opened is told in place.
   void Open(const std::string& hostPath);
@@ -53,6 +57,7 @@ class DryRunWindow : public QWidget {
   Theme& theme_;
   Stand stand_;
   AskForProgram ask_;
+  Wanted wanted_;
   Appearance appearance_;
   RunBar* bar_;
   Timeline* timeline_;

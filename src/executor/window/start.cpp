@@ -63,8 +63,10 @@ int ShowWindow(int& argc, char** argv, const Start& start) {
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Torvane dry run"));
   const std::unique_ptr<SettingsStore> store = StoreAt(start.store);
-  const Appearance appearance = AppearanceOf(store->Read(kAppearanceSection, kAppearanceKey).value_or(""));
-  Theme theme(IsDark(appearance));
+  const auto wanted = [&start] {
+    return AppearanceOf(StoreAt(start.store)->Read(kAppearanceSection, kAppearanceKey).value_or(""));
+  };
+  Theme theme(IsDark(wanted()));
   Dress(theme);
 
   const QDir station(QString::fromStdString(start.stationFolder));
@@ -73,7 +75,7 @@ int ShowWindow(int& argc, char** argv, const Start& start) {
   const char decimal = HostLocale().Signs().decimal;
   Session session(executor::ReadLimits(*store, decimal), decimal);
   DryRunWindow window(
-      theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); }, appearance);
+      theme, session, [programs](QWidget* parent) { return AskForFile(parent, programs); }, wanted);
   window.show();
   if (const Outcome readable = store->Readable(); !readable) {
     QMessageBox box(

@@ -50,8 +50,8 @@ class Writer : public Listener {
   const Dialect& dialect_;
   std::string title_;
   std::function<bool(std::string_view)> put_;
-  Counts at_{};
   double turnsBack_ = 0;   // whole turns that the mandrel's coordinate has been set back by
+  Counts at_;              // where the controller stands
   double resetAngle_ = 0;  // where it was set back last
   double mostAngle_ = 0;   // of the mandrel's coordinate
   double owed_ = 0;        // seconds of motions too small to be written

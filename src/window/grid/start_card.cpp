@@ -169,9 +169,8 @@ void StartCard::mouseReleaseEvent(QMouseEvent* event) {
 
 QWidget* StartCard::MakeCounts() {
   auto* owner = new QWidget(this);
-  auto* column =
-      Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
-             QStringLiteral("One row for each layer, up to 15. You can change it later."), seconds_);
+  auto* column = Column(owner, desk_, QStringLiteral("Please Specify Number of Layers"),
+                        QStringLiteral("One row each, up to 15. You can change it later."), seconds_);
   auto* grid = new QGridLayout;
   grid->setSpacing(6);
   for (int count = 1; count <= kMostLayers; ++count) {
