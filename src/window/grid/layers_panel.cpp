@@ -121,8 +121,8 @@ void LayersPanel::Place() {
   const int under = view_->headHeight() + rows * view_->rowHeight() + 1;
   const int bottom = AllRowsTop() - 30;
   add_->setGeometry(6, std::min(under + 4, bottom), add_->sizeHint().width(), 28);
-  // In a small window the rows have the room first.
-  if (arrangement_ == Arrangement::Folded && under > bottom) add_->hide();
+  // In a small window the rows have the room first, and the head above all.
+  if (under > bottom && (arrangement_ == Arrangement::Folded || bottom < view_->headHeight())) add_->hide();
   card_->setGeometry(1, view_->headHeight() + 1, width() - 2, height() - view_->headHeight() - 3);
   allRows_->setGeometry(1, AllRowsTop() + 1, width() - 2, kAllRowsHeight - 2);
   for (const auto& [column, cell] : allRowsCells_) {
