@@ -71,7 +71,9 @@ place() {
 targets_of() {
   case $1 in
     window) printf 'window_%s ' station_window designs_by_keys messages_on_screen settings_by_keys preview_on_screen \
-      drawings names_in_window layout operations_on_screen dialogs_on_screen rows_on_screen ;;
+      drawings names_in_window layout operations_on_screen dialogs_on_screen rows_on_screen at_hand help_on_screen \
+      start_on_screen lines_on_drawing files_from_outside ;;
+    compare) echo cli_tests ;;
     dryrun) printf '%s_tests ' dryrun timeline mandrel ;;
     *) echo "$1_tests" ;;
   esac
@@ -80,7 +82,8 @@ others_of() {
   case $1 in
     window) targets_of dryrun ;;
     dryrun) targets_of window ;;
-    *) printf '%s_tests ' text design calc gcode persist handoff executor rooms workbench host cli ;;
+    *) printf '%s_tests ' text design calc gcode persist handoff executor rooms workbench host live advice restart \
+      post laminate cli ;;
   esac
 }
 

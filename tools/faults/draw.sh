@@ -16,8 +16,9 @@ my ($seed, $count) = @ARGV;
 my %rooms = (
   text => 'text', design => 'design', calc => 'calc', gcode => 'gcode', persist => 'persist',
   workbench => 'workbench/*', handoff => 'handoff', host => 'host/*',
-  executor => 'executor/{program,machine,proof,player}', dryrun => 'executor/{session,panel,view,window}',
-  window => 'window/*');
+  executor => 'executor/{program,machine,measure,proof,player}', dryrun => 'executor/{session,panel,view,window}',
+  window => 'window/*', live => 'live', advice => 'advice', restart => 'restart', compare => 'compare',
+  post => 'post/*', laminate => 'laminate/*');
 
 my %swaps = (
   compare => {'<' => '<=', '<=' => '<', '>' => '>=', '>=' => '>', '==' => '!=', '!=' => '=='},
