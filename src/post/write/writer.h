@@ -50,12 +50,11 @@ class Writer : public Listener {
   const Dialect& dialect_;
   std::string title_;
   std::function<bool(std::string_view)> put_;
-  double turnsBack_ = 0;   // whole turns that the mandrel's coordinate has been set back by
-  Counts at_;              // where the controller stands
-  double resetAngle_ = 0;  // where it was set back last
-  double mostAngle_ = 0;   // of the mandrel's coordinate
-  double owed_ = 0;        // seconds of motions too small to be written
-  long long number_ = 0;   // of the last line
+  double turnsBack_ = 0;  // whole turns that the mandrel's coordinate has been set back by
+  Counts at_;             // where the controller stands
+  double mostAngle_ = 0;  // of the mandrel's coordinate
+  double owed_ = 0;       // seconds of motions too small to be written
+  long long number_ = 0;  // of the last line
   int slowed_ = 0, slowedLine_ = 0, resets_ = 0;
   double slowedBy_ = 0;  // most that one of them takes longer, as a factor
   Axis slowest_ = Axis::Carriage;
