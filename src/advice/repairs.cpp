@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 #include "calc/patterns.h"
 #include "design/masks.h"
@@ -212,8 +213,9 @@ void AppendPatterns(const DesignState& s, int layer, std::vector<Repair>& repair
   for (const Listed& other : others) {
     const std::string passes = NumberToText(s.signs, other.passes) + " passes";
     const std::string angle = FormatNumberText(s.signs, other.angle, kShownAngle) + "\xB0";
-    repairs.push_back(
-        {"btnUsePattern", layer * kPlaces + other.place, "Use " + passes + ", " + angle, "With " + passes});
+    std::string button = "Use " + passes;
+    (button += ", ") += angle;
+    repairs.push_back({"btnUsePattern", layer * kPlaces + other.place, std::move(button), "With " + passes});
   }
 }
 
