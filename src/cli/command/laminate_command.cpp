@@ -21,7 +21,7 @@ std::string InUtf8(std::string bytes) {
 }
 
 void ComplainOfEach(const std::string& file, const std::vector<std::string>& faults) {
-  for (const std::string& fault : faults) Complain(file + ": " + fault);
+  for (const std::string& fault : faults) Complain(Because(file, fault));
 }
 
 // The table in the station's folder, made where there is none.
