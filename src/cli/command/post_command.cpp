@@ -29,7 +29,7 @@ fs::path MachineFile(const std::string& machine) {
   const Result<std::string> program = RunningProgramFolder();
   if (!program) throw UsageError{ToUtf8(program.reason())};
   const fs::path folder = SystemPath(MachineFolder(program.value()));
-  const fs::path file = folder / SystemPath(machine + ".json");
+  fs::path file = folder / SystemPath(machine + ".json");
   std::error_code error;
   if (!folder.empty() && fs::is_regular_file(file, error)) return file;
   std::string known;
@@ -62,7 +62,7 @@ template <class Taker>
 Outcome Follow(const fs::path& program, post::Motions& motions, Taker& taker) {
   if (Outcome read = ReadBlocks(program, [&](std::string_view block) { return motions.Take(block); }); !read)
     return read;
-  const Outcome finished = motions.Finish();
+  Outcome finished = motions.Finish();
   if (Outcome taken = taker.Finish(); !taken) {
     // Its own breaking off is no news where the program itself does.
     return finished ? taken : finished;
