@@ -111,7 +111,8 @@ TEST(WrittenProgram, IsReadByTheRulesOfItsController) {
     ASSERT_FALSE(step) << rule.machine << ": " << rule.line;
     EXPECT_EQ(step.reason(), rule.says) << rule.line;
   }
-  Player player(MachineNamed("grbl"));
+  const Machine grbl = MachineNamed("grbl");
+  Player player(grbl);
   const Result<Step> early = player.Take("G1 X-1 F60");
   ASSERT_FALSE(early);
   EXPECT_EQ(early.reason(), "positions are not absolute yet");
