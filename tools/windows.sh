@@ -20,7 +20,7 @@ check_windows() {
 
 # A Windows of its own, without the parts that show web pages and run other machines' code.
 on_windows() {
-  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= timeout 600 /usr/lib/wine/wine64 "$@"
+  WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= timeout 900 /usr/lib/wine/wine64 "$@"
 }
 
 compare_programs() {
