@@ -16,7 +16,7 @@ TEST_F(ProgramsStore, OptionsWinOverTheEnvironment) {
                     vessel = Quoted(kSamples + "Hemi-Vessel-150mm.t4d");
   Put(Path("day.script"), "store Settings txtEmail1 me\nsetting Settings txtMailServer\n");
   const std::vector<std::string> commands = {
-      "gcode --out - " + tube,
+      "gcode --out - --now '2026-03-04 05:06:07' " + tube,  // its head tells the minute
       "info --json " + tube,
       "preview " + vessel + " --row 1 --out " + Quoted(Path("row.svg")),
       "patterns --diameter 4 --band 0.25 --length 24",
