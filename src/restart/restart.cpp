@@ -96,6 +96,15 @@ Result<Run> RunTo(std::string_view original, RestartPlace place) {
                  "; a hoop begins anew with its pass 1."};
 }
 
+// A name as a comment can hold it: what would end the comment or its line, and set off a statement, is a
+// blank.
+std::string Harmless(std::string_view name) {
+  std::string text(name);
+  for (char& c : text)
+    if (static_cast<unsigned char>(c) < ' ' || c == 0x7F || c == '[' || c == ']') c = ' ';
+  return text;
+}
+
 // The mandrel's speed where it stands until the pass itself turns it.
 double FirstSpeed(std::string_view rest) {
   Reader reader(rest);
@@ -115,7 +124,7 @@ class Writer {
   std::string Write(std::string_view name, RestartPlace place) {
     const std::string where = torvane::NameOf(place);
     text_.reserve(original_.size() - run_.rest + run_.preamble + 1000);
-    Add("[RESTART OF " + std::string(name) + " AT LAYER " + std::to_string(place.layer) + " PASS " +
+    Add("[RESTART OF " + Harmless(name) + " AT LAYER " + std::to_string(place.layer) + " PASS " +
         std::to_string(place.pass) + "]");
     text_ += original_.substr(0, run_.preamble);
     GoThere(where);

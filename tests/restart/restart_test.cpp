@@ -154,6 +154,11 @@ TEST_F(Restart, BeginsAtTheIndexMark) {
   EXPECT_LT(display, turns);
   EXPECT_EQ(text.find("PA=2_of_4"), std::string::npos);
   EXPECT_NE(text.find("G1 F6,0000 Z4,0000"), std::string::npos) << text;
+  // No name of a file sets off a statement.
+  const Result<std::string> hostile = RestartProgram(original, "a\r\nG1 Z99 [b].T2G", {1, 3});
+  ASSERT_TRUE(hostile) << hostile.reason();
+  EXPECT_EQ(hostile.value().substr(0, hostile.value().find("\r\n")),
+            "[RESTART OF a  G1 Z99  b .T2G AT LAYER 1 PASS 3]");
   EXPECT_EQ(RestartName("Tube.T2G"), "Tube-RESTART.T2G");
   EXPECT_EQ(RestartName("Tube"), "Tube-RESTART");
 }
